@@ -1,0 +1,17 @@
+#pragma once
+
+#include "System/KEPError.h"
+
+/// An error of the manufacturing framework, with the type of thing that it is about.
+class KEP_PLATFORM KEPMfgInternalError : public KEPError {
+ public:
+  KEPMfgInternalError(std::string_view messageKey, std::string_view catalogue);
+  ~KEPMfgInternalError() override;
+
+  /// 2 for an error of a table file, 3 for an error of finding one; 0 until set.
+  void SetInformationOnErrorType(int type) noexcept { type_ = type; }
+  [[nodiscard]] int GetInformationOnErrorType() const noexcept { return type_; }
+
+ private:
+  int type_ = 0;
+};

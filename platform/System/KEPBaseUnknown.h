@@ -1,0 +1,51 @@
+#pragma once
+
+#include <string_view>
+
+#include "System/KEPMetaClass.h"
+#include "System/KEPPlatform.h"
+
+/// Root of every object of the component model. A component is one object (the implementation)
+/// and the extension objects that belong to it; all share the implementation's reference count,
+/// and the component dies, extensions included, when the last reference is released.
+class KEP_PLATFORM KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPBaseUnknown";
+
+  /// An implementation with one reference, which belongs to whoever made it.
+  KEPBaseUnknown() noexcept : impl_(this) {}
+  KEPBaseUnknown(const KEPBaseUnknown&) = delete;
+  KEPBaseUnknown& operator=(const KEPBaseUnknown&) = delete;
+  virtual ~KEPBaseUnknown();
+
+  void AddRef() const noexcept { ++impl_->references_; }
+  void Release() const noexcept {
+    if (--impl_->references_ == 0) delete impl_;
+  }
+  /// The component's count, for tests and diagnostics.
+  [[nodiscard]] int GetReferenceCount() const noexcept { return impl_->references_; }
+
+  /// The implementation that this object extends; the object itself when it extends none.
+  [[nodiscard]] KEPBaseUnknown* GetImpl() const noexcept { return impl_; }
+
+  /// The component's object for an interface, carrying one reference that the caller releases;
+  /// null when the component does not offer the interface. Repeated queries give the same object.
+  [[nodiscard]] KEPBaseUnknown* QueryInterface(const KEPMetaClass* interfaceClass) const;
+
+  /// True when the component's late type, or one of its base types, has this name.
+  [[nodiscard]] bool IsAKindOf(std::string_view lateType) const { return impl_->HasType(lateType); }
+
+  /// The meta-object of the object's own class; null for a class that is not registered.
+  [[nodiscard]] virtual const KEPMetaClass* GetMetaObject() const { return nullptr; }
+
+  /// Makes this object an extension of `implementation`, which owns it from now on.
+  void BindTo(KEPBaseUnknown& implementation) noexcept { impl_ = implementation.impl_; }
+
+ private:
+  /// Asked of implementations only: the object for an interface, not counted, or null.
+  [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
+  [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
+
+  KEPBaseUnknown* impl_;
+  mutable int references_ = 1;
+};
