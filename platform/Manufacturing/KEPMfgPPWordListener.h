@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string_view>
+
+#include "System/KEPPlatform.h"
+
+/// What the module tells of its work: who answered a reference, what was dropped, what a table
+/// load did. Every operation does nothing until a listener overrides it. Texts are valid during
+/// the call only.
+class KEP_PLATFORM KEPMfgPPWordListener {
+ public:
+  /// Who gave the text of a parameter reference.
+  enum class Source { Evaluation, FormattedParameter, Parameter, Nobody };
+  /// The part of a table that an entry belongs to.
+  enum class Section { Command, Sequence, MultiList, Format };
+  /// What became of an entry of a table.
+  enum class Outcome { Created, Replaced, NeverLoaded, NameUnreadable, ContentUnreadable, NotDeclared };
+
+  KEPMfgPPWordListener() = default;
+  KEPMfgPPWordListener(const KEPMfgPPWordListener&) = delete;
+  KEPMfgPPWordListener& operator=(const KEPMfgPPWordListener&) = delete;
+  virtual ~KEPMfgPPWordListener();
+
+  /// A syntax line after the named pass.
+  virtual void LineAfterPass(std::string_view /*pass*/, std::string_view /*line*/) {}
+
+  /// A reference of a syntax line with its name as scanned, and the text that took its place. With
+  /// Source::Nobody the reference could not be evaluated.
+  virtual void ReferenceReplaced(std::string_view /*name*/, Source /*source*/,
+                                 std::string_view /*text*/) {}
+
+  /// Characters of a syntax line that stand in no output: the end of a name that was cut off.
+  virtual void TextDropped(std::string_view /*name*/, std::string_view /*text*/) {}
+
+  /// An entry of a table: its section, number (from 1; for a sequence its own), name (empty when it
+  /// cannot be read) and outcome.
+  virtual void TableEntry(Section /*section*/, int /*number*/, std::string_view /*name*/,
+                          Outcome /*outcome*/) {}
+
+  /// The listener of the session; null when nobody listens.
+  [[nodiscard]] static KEPMfgPPWordListener* Current() noexcept;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "System/KEPUnicodeString.h"
+
+/// A typed value: one of the members holds, as `kind` tells.
+struct KEPMfgParameterValue {
+  static constexpr int kInteger = 1;
+  static constexpr int kReal = 2;
+  static constexpr int kText = 3;
+
+  int kind = 0;
+  int integer = 0;
+  double real = 0.0;
+  KEPUnicodeString text;
+};

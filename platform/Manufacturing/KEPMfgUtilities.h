@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ObjectSpecsModeler/KEPIDocument.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "System/KEPList.h"
+#include "System/KEPPlatform.h"
+#include "System/KEPResult.h"
+
+/// General services of the manufacturing framework.
+class KEP_PLATFORM KEPMfgUtilities {
+ public:
+  /// True when the document must be brought up to date. A null handle raises the null-handle error.
+  [[nodiscard]] static bool IsUpgradeNecessary(const KEPIDocument_var& document);
+
+  /// Brings the attributes of one component up to date. `objects` collects the components changed
+  /// (null: nobody asks); `publish` 1 publishes the attributes; `recursive` 0 leaves aggregated
+  /// components alone.
+  static HRESULT UpgradeComponentAttributes(const KEPISpecAttrAccess_var& component,
+                                            KEPListVal<KEPBaseUnknown_var>* objects, int publish,
+                                            int recursive);
+};

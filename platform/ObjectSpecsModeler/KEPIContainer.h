@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "ObjectSpecsModeler/KEPIDocument.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "System/KEPVar.h"
+
+/// A container of a document: holds feature types and instances.
+class KEP_PLATFORM KEPIContainer : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIContainer";
+
+  /// The type of that name, carrying one reference that the caller releases; null when there is
+  /// none. Exact and case-sensitive.
+  [[nodiscard]] virtual KEPISpecObject* FindStartUp(std::string_view name) const = 0;
+
+  /// Makes a type under `base` (null: a root type), carrying one reference that the caller
+  /// releases. Null, and nothing made, when the name is empty or taken.
+  [[nodiscard]] virtual KEPISpecObject* CreateStartUp(std::string_view name,
+                                                      const KEPISpecObject_var& base) = 0;
+
+  /// Makes an instance of a type of this container, carrying one reference that the caller
+  /// releases. The name may be empty and need not be unique. A null type raises the null-handle
+  /// error.
+  [[nodiscard]] virtual KEPISpecObject* CreateInstance(const KEPISpecObject_var& type,
+                                                       std::string_view name) = 0;
+
+  /// The types and instances that answer an interface, in creation order.
+  [[nodiscard]] virtual std::vector<KEPBaseUnknown_var> ListMembersHere(
+      const KEPMetaClass* interfaceClass) const = 0;
+
+  /// The document that holds the container; null once it is closed.
+  [[nodiscard]] virtual KEPIDocument_var GetDocument() const = 0;
+};
+
+using KEPIContainer_var = KEPVar<KEPIContainer>;

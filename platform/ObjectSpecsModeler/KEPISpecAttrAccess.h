@@ -1,0 +1,40 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "ObjectSpecsModeler/KEPISpecAttribute.h"
+#include "System/KEPResult.h"
+#include "System/KEPVar.h"
+
+/// The attributes of a feature by name. Writing sets the feature's own value, which its instances
+/// and derived types inherit. Every operation on a name that is not declared on the feature or on
+/// a base type fails and changes nothing, as does writing a value of another kind.
+class KEP_PLATFORM KEPISpecAttrAccess : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPISpecAttrAccess";
+
+  /// Declares an attribute on the feature, behind those that it has. Declaring a name twice has no
+  /// effect and succeeds.
+  virtual HRESULT AddAttribute(std::string_view name, KEPISpecAttribute::Kind kind) = 0;
+
+  /// The attribute of that name; nothing when none is declared.
+  [[nodiscard]] virtual std::optional<KEPISpecAttribute> FindAttribute(
+      std::string_view name) const = 0;
+
+  /// Sets a string attribute; a list attribute holds exactly this one item afterwards.
+  virtual HRESULT SetString(std::string_view name, std::string_view text) = 0;
+  virtual HRESULT SetInteger(std::string_view name, int value) = 0;
+
+  /// Replaces the items of a list attribute.
+  virtual HRESULT SetList(std::string_view name, const KEPListValKEPUnicodeString& items) = 0;
+  /// Adds an item at the end of a list attribute; an inherited list is copied first.
+  virtual HRESULT AppendToList(std::string_view name, std::string_view item) = 0;
+
+  /// Leaves a list attribute set and empty.
+  virtual HRESULT RemoveAll(std::string_view name) = 0;
+  /// Removes the feature's own value; the declaration stays, and an inherited value shows again.
+  virtual HRESULT Unset(std::string_view name) = 0;
+};
+
+using KEPISpecAttrAccess_var = KEPVar<KEPISpecAttrAccess>;

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string_view>
+
+#include "ObjectSpecsModeler/KEPISpecAttribute.h"
+#include "System/KEPVar.h"
+
+class KEPIContainer;
+
+/// A feature of a container: a type (start-up) or an instance of one.
+class KEP_PLATFORM KEPISpecObject : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPISpecObject";
+
+  /// A type's own name; the name given to an instance, which may be empty.
+  [[nodiscard]] virtual std::string_view GetName() const = 0;
+
+  /// The type's base type, the instance's type; null for a root type.
+  [[nodiscard]] virtual KEPVar<KEPISpecObject> GetBaseType() const = 0;
+
+  /// The container that holds the feature; null once the feature is removed or its document closed.
+  [[nodiscard]] virtual KEPVar<KEPIContainer> GetContainer() const = 0;
+
+  /// Number of declared attributes, inherited ones included.
+  [[nodiscard]] virtual int GetNumberOfAttributes() const = 0;
+
+  /// The attribute at a position from 1 to the number of attributes: those of the base types come
+  /// first, each group in its listing order. A position outside raises the host's error.
+  [[nodiscard]] virtual KEPISpecAttribute GetAttribute(int position) const = 0;
+};
+
+using KEPISpecObject_var = KEPVar<KEPISpecObject>;
+
+/// Names of the modeler's own bookkeeping attributes, which may stand anywhere among the others.
+inline constexpr std::string_view kKEPOsmExtensions = "$OSM_Xts";
+inline constexpr std::string_view kKEPOsmLocalExtensions = "$OSM_LocalXts";
