@@ -8,3 +8,11 @@ Session& session() {
 }
 
 }  // namespace host
+
+KEPMfgPPWordListener::~KEPMfgPPWordListener() = default;
+
+KEPMfgPPWordListener* KEPMfgPPWordListener::Current() noexcept { return host::session().listener; }
+
+KEPIMfgGeneratorData_var KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData() {
+  return host::session().generatorData;
+}

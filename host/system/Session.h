@@ -2,15 +2,20 @@
 
 #include <memory>
 
+#include "Manufacturing/KEPIMfgGeneratorData.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPError.h"
 
 namespace host {
 
-/// What the application keeps beside its documents: the last error. One for each process.
+/// What the application keeps beside its documents: the last error, the data of the running
+/// generation and whoever listens to the module. One for each process.
 struct Session {
   std::unique_ptr<KEPError> lastError;
+  KEPIMfgGeneratorData_var generatorData;
+  KEPMfgPPWordListener* listener = nullptr;
 };
 
-[[nodiscard]] Session& session();
+[[nodiscard]] KEP_PLATFORM Session& session();
 
 }  // namespace host

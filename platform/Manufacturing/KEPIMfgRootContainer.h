@@ -1,7 +1,8 @@
 #pragma once
 
-#include "KEPIMfgPPWordContainer.h"
 #include "System/KEPVar.h"
+
+class KEPIMfgPPWordContainer;
 
 /// The manufacturing root container of a document.
 class KEP_PLATFORM KEPIMfgRootContainer : public KEPBaseUnknown {
@@ -9,7 +10,7 @@ class KEP_PLATFORM KEPIMfgRootContainer : public KEPBaseUnknown {
   static constexpr const char* kInterfaceName = "KEPIMfgRootContainer";
 
   /// The document's PP word container; null when it has none.
-  [[nodiscard]] virtual KEPIMfgPPWordContainer_var GetPPWordContainer() const = 0;
+  [[nodiscard]] virtual KEPVar<KEPIMfgPPWordContainer> GetPPWordContainer() const = 0;
 };
 
 using KEPIMfgRootContainer_var = KEPVar<KEPIMfgRootContainer>;

@@ -2,24 +2,25 @@
 
 #include <string_view>
 
-#include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgActivity.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
 #include "System/KEPPlatform.h"
 #include "System/KEPResult.h"
 #include "System/KEPVar.h"
 
+class KEPIMfgPPWordContainer;
+
 /// Ways through the manufacturing model. A handle that is out is null when the way ends early.
 class KEP_PLATFORM KEPMfgModelUtilities {
  public:
   /// The PP word container that holds a feature.
   static HRESULT GetPPWordContainer(const KEPBaseUnknown_var& object,
-                                    KEPIMfgPPWordContainer_var& container);
+                                    KEPVar<KEPIMfgPPWordContainer>& container);
   /// The manufacturing root container of the document that holds an object.
   static HRESULT GetRootContainer(const KEPBaseUnknown_var& object,
                                   KEPIMfgRootContainer_var& root);
   /// The activity that the document is generating; it is the PP word container's first object.
-  static HRESULT GetCurrentActivity(const KEPIMfgPPWordContainer_var& container,
+  static HRESULT GetCurrentActivity(const KEPVar<KEPIMfgPPWordContainer>& container,
                                     KEPIMfgActivity_var& activity);
   /// The object of an activity (the activity itself, its tool ...) that carries the parameter which
   /// NC output knows by `name`.

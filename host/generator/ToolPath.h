@@ -1,0 +1,99 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "Manufacturing/KEPMfgParameterValue.h"
+#include "Mathematics/KEPMathAxis.h"
+
+namespace host {
+
+using Triple = std::array<double, 3>;
+
+/// A point of the tool path and, where it changes, the tool axis there.
+struct Position {
+  Triple point{};
+  std::optional<Triple> toolAxis{};
+};
+
+/// Values to write into the motion buffers; what is absent keeps the value that the buffer holds.
+struct CircleChange {
+  std::optional<Triple> tangent, center, normal, point;
+  std::optional<double> radius;
+};
+struct HelixChange {
+  std::optional<Triple> inDirV, center, axis, start, end;
+  std::optional<double> radius, pitch;
+};
+/// A feed rate or a spindle speed: value text and type name (such as "LINEARFEEDRATE").
+struct TypedValue {
+  std::string text;
+  std::string type;
+};
+struct FeedrateChange {
+  std::optional<TypedValue> value;
+  std::optional<double> factor;
+  std::optional<std::string> feedType;
+};
+struct SpindleChange {
+  std::optional<TypedValue> value;
+  std::optional<double> factor;
+  std::optional<int> way;
+};
+struct RotateChange {
+  std::optional<double> angle;
+  std::optional<std::string> firstText, secondText, thirdText;
+  std::optional<KEPMathAxis> axisSystem;
+};
+struct BufferChanges {
+  std::optional<Triple> toolAxis;
+  std::optional<CircleChange> circle;
+  std::optional<HelixChange> helix;
+  std::optional<FeedrateChange> feedrate;
+  std::optional<SpindleChange> spindle;
+  std::optional<std::string> comment;
+  std::optional<int> corrector, hole;
+  std::optional<RotateChange> rotate;
+};
+
+/// One tool-path element: an NC instruction and the buffer values that change for it. With
+/// positions the instruction is put out once for each of them, without any it is put out once.
+struct Element {
+  std::string instruction;
+  /// Which syntax attribute of the instruction is meant, from 1.
+  int sequence = 1;
+  BufferChanges changes;
+  std::vector<Position> positions;
+  /// Line of the source that the element stands in, from 1.
+  long line = 0;
+};
+
+/// The activity that the elements after it belong to, with its own parameters.
+struct ActivityStart {
+  std::string name;
+  std::vector<std::pair<std::string, KEPMfgParameterValue>> parameters;
+  std::vector<std::pair<std::string, KEPMfgParameterValue>> customParameters;
+  /// True for an activity that is reached through a virtual one.
+  bool isVirtual = false;
+  long line = 0;
+};
+
+using ToolPathEvent = std::variant<Element, ActivityStart>;
+
+/// A tool path, read piece by piece.
+class ToolPathSource {
+ public:
+  ToolPathSource() = default;
+  ToolPathSource(const ToolPathSource&) = delete;
+  ToolPathSource& operator=(const ToolPathSource&) = delete;
+  virtual ~ToolPathSource() = default;
+
+  /// Fills in the next event; false at the end. Raises an InputError for input that is refused.
+  [[nodiscard]] virtual bool next(ToolPathEvent& event) = 0;
+};
+
+}  // namespace host

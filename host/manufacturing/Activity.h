@@ -1,0 +1,77 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "Manufacturing/KEPIMfgActivity.h"
+#include "Manufacturing/KEPIMfgParameterAccess.h"
+#include "host/system/TextHash.h"
+
+namespace host {
+
+/// The named values of an object, behind one of the two parameter interfaces.
+template <class Interface>
+class ParameterTable final : public Interface {
+ public:
+  explicit ParameterTable(KEPBaseUnknown& owner) { this->BindTo(owner); }
+
+  [[nodiscard]] int GetValue(std::string_view name, KEPMfgParameterValue& value) const override {
+    const auto found = values_.find(name);
+    if (found == values_.end()) return 1;
+    value = found->second;
+    return 0;
+  }
+  void set(std::string_view name, KEPMfgParameterValue value) {
+    values_.insert_or_assign(std::string(name), std::move(value));
+  }
+  [[nodiscard]] bool holds(std::string_view name) const { return values_.contains(name); }
+
+ private:
+  TextMap<KEPMfgParameterValue> values_;
+};
+
+/// An activity of a program with its parameters; it stands for another activity when one is given.
+class KEP_PLATFORM Activity final : public KEPIMfgActivity {
+ public:
+  [[nodiscard]] static KEPVar<Activity> create(std::string_view name);
+
+  [[nodiscard]] KEPUnicodeString GetName() const override { return {name_}; }
+
+  /// The parameters that a user added; asked first.
+  [[nodiscard]] ParameterTable<KEPIMfgCustomParameters>& customParameters() noexcept {
+    return customParameters_;
+  }
+  /// The activity's own parameters.
+  [[nodiscard]] ParameterTable<KEPIMfgV4ToV5Parameters>& parameters() noexcept {
+    return parameters_;
+  }
+  [[nodiscard]] bool knows(std::string_view name) const {
+    return customParameters_.holds(name) || parameters_.holds(name);
+  }
+
+  /// Makes the activity a virtual one that stands for `activity`.
+  void standFor(KEPIMfgActivity_var activity);
+
+ private:
+  class Virtual final : public KEPIMfgVirtualActivity {
+   public:
+    explicit Virtual(Activity& owner) { BindTo(owner); }
+    [[nodiscard]] KEPIMfgActivity_var GetRealActivity() const override { return real_; }
+    KEPIMfgActivity_var real_;
+  };
+
+  explicit Activity(std::string_view name) : name_(name) {}
+  [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
+
+  std::string name_;
+  ParameterTable<KEPIMfgCustomParameters> customParameters_{*this};
+  ParameterTable<KEPIMfgV4ToV5Parameters> parameters_{*this};
+  Virtual virtual_{*this};
+};
+
+/// Typed values.
+[[nodiscard]] KEP_PLATFORM KEPMfgParameterValue integerValue(int value);
+[[nodiscard]] KEP_PLATFORM KEPMfgParameterValue realValue(double value);
+[[nodiscard]] KEP_PLATFORM KEPMfgParameterValue textValue(std::string_view value);
+
+}  // namespace host

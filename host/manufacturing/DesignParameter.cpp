@@ -1,0 +1,47 @@
+#include <muParser.h>
+
+#include <cmath>
+#include <string>
+
+#include "Manufacturing/KEPMfgDesignParameter.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
+#include "host/manufacturing/Activity.h"
+#include "host/modeler/Document.h"
+
+namespace {
+
+/// The document that holds a feature or a container.
+KEPVar<host::Document> documentOf(const KEPBaseUnknown_var& object) {
+  KEPIContainer_var container = object;
+  if (const KEPISpecObject_var feature = object) container = feature->GetContainer();
+  return container ? KEPVar<host::Document>(container->GetDocument()) : nullptr;
+}
+
+/// The expression without its opening parenthesis. A further parenthesis means that the text was
+/// cut at the first ")" inside a nested group: nothing that could be computed truthfully.
+std::string_view flatExpression(std::string_view text) {
+  if (text.empty() || text.front() != '(') return {};
+  text.remove_prefix(1);
+  return text.find_first_of("()") == std::string_view::npos ? text : std::string_view{};
+}
+
+}  // namespace
+
+HRESULT KEPMfgDesignParameter::GetExtendedValue(const KEPBaseUnknown_var& object,
+                                                std::string_view expression,
+                                                KEPMfgParameterValue& value) {
+  const KEPVar<host::Document> document = documentOf(object);
+  const std::string_view flat = flatExpression(expression);
+  if (!document || flat.empty()) return E_FAIL;
+  try {
+    mu::Parser parser;
+    for (const auto& [name, number] : document->designParameters()) parser.DefineConst(name, number);
+    parser.SetExpr(std::string(flat));
+    const double result = parser.Eval();
+    if (!std::isfinite(result)) return E_FAIL;
+    value = host::realValue(result);
+    return S_OK;
+  } catch (const mu::Parser::exception_type&) {
+    return E_FAIL;
+  }
+}

@@ -1,0 +1,55 @@
+#include "host/modeler/Document.h"
+
+namespace host {
+namespace {
+
+/// The feature catalogue of the host: the type that PP commands are made of.
+void makePPCommandType(Container& container) {
+  const auto type = KEPISpecObject_var::Adopt(container.CreateStartUp("MfgPPCommand", {}));
+  const KEPISpecAttrAccess_var attributes(type);
+  attributes->AddAttribute("CommandName", KEPISpecAttribute::Kind::String);
+  attributes->AddAttribute("SequenceNumber", KEPISpecAttribute::Kind::Integer);
+}
+
+}  // namespace
+
+KEPVar<Document> Document::create() { return KEPVar<Document>::Adopt(new Document); }
+
+Document::Document()
+    : root_(KEPVar<Root>::Adopt(new Root(*this))),
+      ppWords_(KEPVar<Container>::Adopt(new Container(*this, "MfgPPWordCont"))) {
+  makePPCommandType(*ppWords_);
+}
+
+Document::~Document() {
+  if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
+    // What the container was told to keep may hold handles on this very document.
+    words->SetObjects({});
+  }
+  ppWords_->close();
+  root_->close();
+}
+
+void Document::setDesignParameter(std::string_view name, double value) {
+  designParameters_.insert_or_assign(std::string(name), value);
+}
+
+KEPBaseUnknown* Document::Answer(const KEPMetaClass* interfaceClass) {
+  return interfaceClass == KEPInterfaceId<KEPIDocument>() ? this : nullptr;
+}
+
+KEPVar<KEPIMfgPPWordContainer> Document::Root::GetPPWordContainer() const {
+  return document_ == nullptr ? nullptr : document_->ppWordContainer();
+}
+
+KEPBaseUnknown* Document::Root::Answer(const KEPMetaClass* interfaceClass) {
+  return interfaceClass == KEPInterfaceId<KEPIMfgRootContainer>() ? this : nullptr;
+}
+
+KEPVar<Document> newDocument() {
+  KEPVar<Document> document = Document::create();
+  document->ppWordContainer()->Initialize(/*skipAttributeUpgrade=*/false);
+  return document;
+}
+
+}  // namespace host

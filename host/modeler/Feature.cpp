@@ -1,0 +1,155 @@
+#include "host/modeler/Feature.h"
+
+#include <utility>
+
+#include "host/modeler/Container.h"
+#include "host/system/Dictionary.h"
+
+namespace host {
+
+using AttributeKind = KEPISpecAttribute::Kind;
+using Slot = AttributeTable::Slot;
+
+Feature::Feature(Kind kind, std::string_view name, KEPVar<Feature> type, Container& container)
+    : kind_(kind), name_(name), type_(std::move(type)), container_(&container) {}
+
+Feature::~Feature() = default;
+
+KEPISpecObject_var Feature::GetBaseType() const { return KEPISpecObject_var(type_.Get()); }
+
+KEPVar<KEPIContainer> Feature::GetContainer() const { return {container_}; }
+
+int Feature::GetNumberOfAttributes() const {
+  int count = 0;
+  for (const Feature* type = this; type != nullptr; type = type->type_.Get()) {
+    count += type->attributes_.declaredCount();
+  }
+  return count;
+}
+
+KEPISpecAttribute Feature::GetAttribute(int position) const {
+  int before = GetNumberOfAttributes();
+  if (position < 1 || position > before) KEPRaisePositionOutOfList(position, before);
+  const Feature* owner = this;
+  while (position <= (before -= owner->attributes_.declaredCount())) owner = owner->type_.Get();
+  return view(owner->attributes_.declaredAt(position - before));
+}
+
+void Feature::declareBookkeepingAttribute(std::string_view name, int position) {
+  attributes_.insert(position, name, AttributeKind::String);
+}
+
+KEPBaseUnknown* Feature::Answer(const KEPMetaClass* interfaceClass) {
+  if (KEPBaseUnknown* const known = extensions_.find(interfaceClass)) return known;
+  if (interfaceClass == KEPInterfaceId<KEPISpecObject>()) return this;
+  if (interfaceClass == KEPInterfaceId<KEPISpecAttrAccess>()) return &attrAccess_;
+  if (interfaceClass == KEPInterfaceId<KEPILifeCycleObject>()) return &lifeCycle_;
+  const Feature* type = kind_ == Kind::StartUp ? this : type_.Get();
+  for (; type != nullptr; type = type->type_.Get()) {
+    if (const KEPCreator creator = findCreator(type->name_, interfaceClass)) {
+      return extensions_.make(interfaceClass, creator, *this);
+    }
+  }
+  return nullptr;
+}
+
+bool Feature::HasType(std::string_view lateType) const {
+  const Feature* type = kind_ == Kind::StartUp ? this : type_.Get();
+  for (; type != nullptr; type = type->type_.Get()) {
+    if (type->name_ == lateType) return true;
+  }
+  return false;
+}
+
+const Slot* Feature::nearestSlot(std::string_view name, bool set) const {
+  for (const Feature* type = this; type != nullptr; type = type->type_.Get()) {
+    const Slot* const slot = type->attributes_.find(name);
+    if (slot != nullptr && (!set || slot->set)) return slot;
+  }
+  return nullptr;
+}
+
+Slot* Feature::writableSlot(std::string_view name) {
+  if (Slot* const own = attributes_.find(name)) return own;
+  const Slot* const inherited = nearestSlot(name, /*set=*/false);
+  if (inherited == nullptr) return nullptr;
+  return &attributes_.add(name, inherited->kind, /*declared=*/false);
+}
+
+KEPISpecAttribute Feature::view(const Slot& declaration) const {
+  const Slot* const value = nearestSlot(declaration.name, /*set=*/true);
+  if (value == nullptr) return {declaration.name, declaration.kind, nullptr, 0};
+  return {declaration.name, declaration.kind, &value->texts, value->integer};
+}
+
+HRESULT Feature::AttrAccess::AddAttribute(std::string_view name, AttributeKind kind) {
+  if (feature_.nearestSlot(name, /*set=*/false) == nullptr) {
+    feature_.attributes_.add(name, kind, /*declared=*/true);
+  }
+  return S_OK;
+}
+
+std::optional<KEPISpecAttribute> Feature::AttrAccess::FindAttribute(std::string_view name) const {
+  const Slot* const declaration = feature_.nearestSlot(name, /*set=*/false);
+  if (declaration == nullptr) return std::nullopt;
+  return feature_.view(*declaration);
+}
+
+HRESULT Feature::AttrAccess::SetString(std::string_view name, std::string_view text) {
+  Slot* const slot = feature_.writableSlot(name);
+  if (slot == nullptr || slot->kind == AttributeKind::Integer) return E_FAIL;
+  KEPListValKEPUnicodeString one;
+  one.Append(KEPUnicodeString(text));
+  slot->texts = std::move(one);
+  slot->set = true;
+  return S_OK;
+}
+
+HRESULT Feature::AttrAccess::SetInteger(std::string_view name, int value) {
+  Slot* const slot = feature_.writableSlot(name);
+  if (slot == nullptr || slot->kind != AttributeKind::Integer) return E_FAIL;
+  slot->integer = value;
+  slot->set = true;
+  return S_OK;
+}
+
+HRESULT Feature::AttrAccess::SetList(std::string_view name,
+                                     const KEPListValKEPUnicodeString& items) {
+  Slot* const slot = feature_.writableSlot(name);
+  if (slot == nullptr || slot->kind != AttributeKind::StringList) return E_FAIL;
+  slot->texts = items;
+  slot->set = true;
+  return S_OK;
+}
+
+HRESULT Feature::AttrAccess::AppendToList(std::string_view name, std::string_view item) {
+  Slot* const slot = feature_.writableSlot(name);
+  if (slot == nullptr || slot->kind != AttributeKind::StringList) return E_FAIL;
+  if (!slot->set) {
+    const Slot* const inherited = feature_.nearestSlot(name, /*set=*/true);
+    slot->texts = inherited == nullptr ? KEPListValKEPUnicodeString{} : inherited->texts;
+  }
+  slot->texts.Append(KEPUnicodeString(item));
+  slot->set = true;
+  return S_OK;
+}
+
+HRESULT Feature::AttrAccess::RemoveAll(std::string_view name) { return SetList(name, {}); }
+
+HRESULT Feature::AttrAccess::Unset(std::string_view name) {
+  if (feature_.nearestSlot(name, /*set=*/false) == nullptr) return E_FAIL;
+  if (Slot* const own = feature_.attributes_.find(name)) {
+    own->texts.RemoveAll();
+    own->integer = 0;
+    own->set = false;
+  }
+  return S_OK;
+}
+
+HRESULT Feature::LifeCycle::remove() {
+  if (feature_.container_ == nullptr) return E_FAIL;
+  feature_.container_->removeMember(feature_);
+  return S_OK;
+}
+
+}  // namespace host

@@ -1,0 +1,96 @@
+#pragma once
+
+#include <list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "ObjectSpecsModeler/KEPILifeCycleObject.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "System/KEPVar.h"
+#include "host/modeler/AttributeTable.h"
+#include "host/system/Extensions.h"
+
+namespace host {
+
+class Container;
+
+/// A feature type or instance. Its late type is the name of the type; interfaces of its base types
+/// are its own too.
+class KEP_PLATFORM Feature final : public KEPISpecObject {
+ public:
+  enum class Kind { StartUp, Instance };
+  using Members = std::list<KEPVar<Feature>>;
+
+  Feature(Kind kind, std::string_view name, KEPVar<Feature> type, Container& container);
+  ~Feature() override;
+
+  [[nodiscard]] std::string_view GetName() const override { return name_; }
+  [[nodiscard]] KEPISpecObject_var GetBaseType() const override;
+  [[nodiscard]] KEPVar<KEPIContainer> GetContainer() const override;
+  [[nodiscard]] int GetNumberOfAttributes() const override;
+  [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
+
+  /// Declares one of the modeler's bookkeeping attributes before the `position`-th own attribute
+  /// (from 1; one past the last appends it).
+  void declareBookkeepingAttribute(std::string_view name, int position);
+
+  /// True once the attributes were brought up to date.
+  [[nodiscard]] bool isPublished() const noexcept { return published_; }
+  void publish() noexcept { published_ = true; }
+
+  [[nodiscard]] Kind kind() const noexcept { return kind_; }
+
+ private:
+  friend class Container;
+
+  /// The feature's attributes by name.
+  class AttrAccess final : public KEPISpecAttrAccess {
+   public:
+    explicit AttrAccess(Feature& feature) : feature_(feature) { BindTo(feature); }
+    HRESULT AddAttribute(std::string_view name, KEPISpecAttribute::Kind kind) override;
+    [[nodiscard]] std::optional<KEPISpecAttribute> FindAttribute(
+        std::string_view name) const override;
+    HRESULT SetString(std::string_view name, std::string_view text) override;
+    HRESULT SetInteger(std::string_view name, int value) override;
+    HRESULT SetList(std::string_view name, const KEPListValKEPUnicodeString& items) override;
+    HRESULT AppendToList(std::string_view name, std::string_view item) override;
+    HRESULT RemoveAll(std::string_view name) override;
+    HRESULT Unset(std::string_view name) override;
+
+   private:
+    Feature& feature_;
+  };
+
+  class LifeCycle final : public KEPILifeCycleObject {
+   public:
+    explicit LifeCycle(Feature& feature) : feature_(feature) { BindTo(feature); }
+    HRESULT remove() override;
+
+   private:
+    Feature& feature_;
+  };
+
+  [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
+  [[nodiscard]] bool HasType(std::string_view lateType) const override;
+
+  /// The nearest slot of that name from the feature up its base types; `set` slots only if asked.
+  [[nodiscard]] const AttributeTable::Slot* nearestSlot(std::string_view name, bool set) const;
+  /// The feature's own slot for a declared attribute, made when only a base type declares it.
+  [[nodiscard]] AttributeTable::Slot* writableSlot(std::string_view name);
+  [[nodiscard]] KEPISpecAttribute view(const AttributeTable::Slot& declaration) const;
+
+  Kind kind_;
+  std::string name_;
+  KEPVar<Feature> type_;
+  Container* container_;
+  Members::iterator place_{};
+  AttributeTable attributes_;
+  bool published_ = false;
+  Extensions extensions_;
+  AttrAccess attrAccess_{*this};
+  LifeCycle lifeCycle_{*this};
+};
+
+}  // namespace host
