@@ -1,0 +1,16 @@
+#pragma once
+
+#include "System/KEPString.h"
+#include "System/KEPVar.h"
+
+/// The current comment.
+class KEP_PLATFORM KEPIMfgBufferComment : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgBufferComment";
+
+  /// Empty until set; bytes are kept as given.
+  virtual void SetComment(const KEPString& comment) = 0;
+  virtual void GetComment(KEPString& comment) const = 0;
+};
+
+using KEPIMfgBufferComment_var = KEPVar<KEPIMfgBufferComment>;
