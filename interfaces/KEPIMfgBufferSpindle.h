@@ -20,7 +20,8 @@ class KEP_PLATFORM KEPIMfgBufferSpindle : public KEPBaseUnknown {
   virtual void SetFactor(const double& factor) = 0;
 
   /// Sets `angular` (`linear`) to whether the type of the parameter is named ANGULARSPINDLESPEED
-  /// (LINEARSPINDLESPEED). False, with the flag false, when there is no parameter or it has no type.
+  /// (LINEARSPINDLESPEED). False, with the flag false, when there is no parameter or it has no
+  /// type.
   virtual bool IsAngular(bool& angular) const = 0;
   virtual bool IsLinear(bool& linear) const = 0;
 
