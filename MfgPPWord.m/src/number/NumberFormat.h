@@ -1,0 +1,47 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace ppword {
+
+/// A print format for one number, checked. Formats come from documents and table files, so they are
+/// parsed and never handed to a printf. Accepted: literal text, "%%", and at most one conversion of
+/// e E f F g G a A with flags of "-+ #0", a width and a precision of at most three digits each, and
+/// an "l" that has no effect (ISO C 7.21.6.1). The object refers to the text that it was parsed
+/// from.
+class NumberFormat {
+ public:
+  /// Nothing when the text is no such format.
+  [[nodiscard]] static std::optional<NumberFormat> parse(std::string_view text);
+
+  /// Appends `value`, which must be finite, as printf prints it in the C locale, byte for byte,
+  /// under every locale.
+  void append(double value, std::string& out) const;
+
+ private:
+  std::string_view before_;
+  std::string_view after_;
+  char conversion_ = 0;
+  bool left_ = false;
+  bool plus_ = false;
+  bool blank_ = false;
+  bool alternate_ = false;
+  bool zero_ = false;
+  int width_ = 0;
+  int precision_ = -1;
+
+  [[nodiscard]] bool parseConversion(std::string_view text, std::size_t& at);
+  [[nodiscard]] bool parseFlag(char character);
+  void appendPadded(std::string_view sign, std::string_view prefix, std::string_view digits,
+                    std::string& out) const;
+  void appendNumber(double value, std::string& out) const;
+};
+
+/// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes
+/// 0, the format applies, and the first "," of the whole text becomes ".". Nothing when the format
+/// is not acceptable or the value not finite. A format without a conversion prints as it stands.
+[[nodiscard]] std::optional<std::string> printNumber(std::string_view format, double value);
+
+}  // namespace ppword
