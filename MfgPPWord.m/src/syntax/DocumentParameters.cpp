@@ -1,0 +1,69 @@
+#include "src/syntax/DocumentParameters.h"
+
+#include <optional>
+
+#include "KEPIMfgPPWordContainer.h"
+#include "KEPIMfgParameterEvaluation.h"
+#include "Manufacturing/KEPMfgAttributeUtilities.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "src/syntax/ParameterValue.h"
+#include "src/syntax/ParameterValueText.h"
+
+namespace ppword {
+namespace {
+
+using Source = KEPMfgPPWordListener::Source;
+
+void report(std::string_view name, Source source, std::string_view text) {
+  KEPMfgPPWordListener* const listener = KEPMfgPPWordListener::Current();
+  if (listener != nullptr) listener->ReferenceReplaced(name, source, text);
+}
+
+bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, std::string& out) {
+  KEPString text;
+  if (!evaluation.Evaluate(text)) return false;
+  out.append(text.View());
+  return true;
+}
+
+/// The print format that a parameter type gives to a looked-up value.
+std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
+  bool found = false;
+  KEPUnicodeString format;
+  KEPMfgAttributeUtilities::GetString(type, "Format", found, format);
+  return found ? std::optional(std::move(format)) : std::nullopt;
+}
+
+bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
+                    const KEPISpecObject_var& type, std::string& out) {
+  const auto value = parameterValue(feature, name);
+  if (!value) return false;
+  const auto text = type ? formattedText(*value, formatOf(type)) : defaultText(*value);
+  if (text) out.append(*text);
+  return text.has_value();
+}
+
+}  // namespace
+
+DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature)
+    : feature_(feature), container_(feature->GetContainer()) {}
+
+bool DocumentParameters::isPPWordContainer() const {
+  return static_cast<bool>(KEPIMfgPPWordContainer_var(container_));
+}
+
+bool DocumentParameters::appendText(std::string_view name, std::string& out) {
+  const std::size_t start = out.size();
+  const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
+  const KEPIMfgParameterEvaluation_var evaluation = type;
+  const bool done = evaluation ? appendEvaluation(*evaluation, out)
+                               : appendLookedUp(name, feature_, type, out);
+  const Source source = !done       ? Source::Nobody
+                        : evaluation ? Source::Evaluation
+                        : type       ? Source::FormattedParameter
+                                     : Source::Parameter;
+  report(name, source, std::string_view(out).substr(start));
+  return done;
+}
+
+}  // namespace ppword

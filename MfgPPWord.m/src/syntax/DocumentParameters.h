@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "ObjectSpecsModeler/KEPIContainer.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "src/syntax/ParameterSource.h"
+
+namespace ppword {
+
+/// The parameters that a syntax feature can name: the parameter types of its PP word container with
+/// their evaluations, the parameters of the current activity, and design-parameter expressions.
+/// Everything is looked up afresh for each reference.
+class DocumentParameters final : public ParameterSource {
+ public:
+  explicit DocumentParameters(const KEPISpecObject_var& feature);
+
+  /// False when the feature's container is no PP word container: nothing can be looked up then.
+  [[nodiscard]] bool isPPWordContainer() const;
+
+  [[nodiscard]] bool appendText(std::string_view name, std::string& out) override;
+
+ private:
+  KEPISpecObject_var feature_;
+  KEPIContainer_var container_;
+};
+
+}  // namespace ppword

@@ -1,0 +1,92 @@
+#include "src/syntax/KEPMfgSyntaxEvaluation.h"
+
+#include <string_view>
+
+#include "KEPIMfgBufferSeqMotionNumber.h"
+#include "KEPIMfgPPWordContainer.h"
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
+#include "Manufacturing/KEPMfgModelUtilities.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "src/syntax/Continuation.h"
+#include "src/syntax/EscapedPercent.h"
+#include "src/syntax/Substitution.h"
+#include "src/syntax/SyntaxAttribute.h"
+
+using namespace ppword;
+
+namespace {
+
+constexpr std::string_view kDelayInstruction = "NC_DELAY";
+
+/// What stands in place of a parameter that cannot be evaluated; read once for the process.
+std::string_view unevaluatedText() {
+  static const KEPString text = KEPMfgEnvVarMgt::Get("MFG_UNEVALUATED_PPPARAMETER");
+  return text.View();
+}
+
+void report(std::string_view pass, std::string_view line) {
+  KEPMfgPPWordListener* const listener = KEPMfgPPWordListener::Current();
+  if (listener != nullptr) listener->LineAfterPass(pass, line);
+}
+
+}  // namespace
+
+bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines,
+                                               const int& index) {
+  const auto feature = KEPISpecObject_var::Of(GetImpl());
+  Outcome outcome = Outcome::NoSyntax;
+  if (feature) {
+    tellSequentialMotion(feature);
+    outcome = appendLines(feature, index, lines);
+  }
+  if (outcome == Outcome::Failed) return false;
+  setContinuationMarks(lines);
+  if (IsAKindOf(kDelayInstruction)) dropTrailingComma(lines);
+  return outcome == Outcome::AllLines;
+}
+
+void KEPMfgSyntaxEvaluation::tellSequentialMotion(const KEPISpecObject_var& feature) const {
+  KEPIMfgPPWordContainer_var container;
+  KEPMfgModelUtilities::GetPPWordContainer(feature, container);
+  const KEPIMfgBufferSeqMotionNumber_var buffer = container;
+  if (buffer) buffer->SetNumber(seqMotionNumber_);
+}
+
+KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
+    const KEPISpecObject_var& feature, int index, KEPListValKEPUnicodeString& lines) {
+  if (feature->GetNumberOfAttributes() == 0) return Outcome::NoSyntax;
+  const auto syntax = syntaxAttribute(feature, index);
+  if (!syntax) return Outcome::Failed;
+  if (!syntax->IsAList()) return Outcome::NoSyntax;
+  DocumentParameters parameters(feature);
+  std::string scratch;
+  for (const KEPUnicodeString& syntaxLine : syntax->GetTexts()) {
+    std::string line(syntaxLine.View());
+    if (!instantiateLine(line, scratch, parameters)) return Outcome::Failed;
+    lines.Append(KEPUnicodeString(std::move(line)));
+  }
+  return Outcome::AllLines;
+}
+
+bool KEPMfgSyntaxEvaluation::instantiateLine(std::string& line, std::string& scratch,
+                                             DocumentParameters& parameters) {
+  maskEscapedPercents(line);
+  if (!parameters.isPPWordContainer()) return false;
+  for (const std::string_view prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
+    substitute(line, prefix, unevaluatedText(), parameters, scratch);
+    report(prefix, line);
+  }
+  unmaskEscapedPercents(line);
+  report("line", line);
+  return true;
+}
+
+int KEPMfgSyntaxEvaluation::SetAuxNumber(int number) {
+  auxNumber_ = number;
+  return 0;
+}
+
+int KEPMfgSyntaxEvaluation::SetSeqMotionNumber(int number) {
+  seqMotionNumber_ = number;
+  return 0;
+}

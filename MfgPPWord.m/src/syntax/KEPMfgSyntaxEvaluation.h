@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "KEPIMfgSyntaxEvaluation.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "src/registration/Registered.h"
+#include "src/syntax/DocumentParameters.h"
+
+/// The syntax engine of an NC instruction: an extension of "MfgPPSyntax" types.
+class KEPMfgSyntaxEvaluation final
+    : public ppword::Registered<KEPMfgSyntaxEvaluation, KEPIMfgSyntaxEvaluation> {
+ public:
+  [[nodiscard]] bool InstantiateSyntax(KEPListValKEPUnicodeString& lines,
+                                       const int& index) override;
+  [[nodiscard]] int GetAuxNumber() const override { return auxNumber_; }
+  int SetAuxNumber(int number) override;
+  [[nodiscard]] int GetSeqMotionNumber() const override { return seqMotionNumber_; }
+  int SetSeqMotionNumber(int number) override;
+
+ private:
+  /// What became of the lines of a syntax attribute.
+  enum class Outcome { AllLines, NoSyntax, Failed };
+
+  void tellSequentialMotion(const KEPISpecObject_var& feature) const;
+  [[nodiscard]] static Outcome appendLines(const KEPISpecObject_var& feature, int index,
+                                           KEPListValKEPUnicodeString& lines);
+  [[nodiscard]] static bool instantiateLine(std::string& line, std::string& scratch,
+                                            ppword::DocumentParameters& parameters);
+
+  int auxNumber_ = -1;
+  int seqMotionNumber_ = -1;
+};

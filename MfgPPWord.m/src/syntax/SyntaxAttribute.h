@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+
+#include "ObjectSpecsModeler/KEPISpecAttribute.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+
+namespace ppword {
+
+/// The attribute of a feature at a position from 1, the modeler's bookkeeping attributes not
+/// counted. Nothing when the position is outside.
+[[nodiscard]] std::optional<KEPISpecAttribute> syntaxAttribute(const KEPISpecObject_var& feature,
+                                                               int position);
+
+}  // namespace ppword
