@@ -1,0 +1,22 @@
+#include "src/buffer/KnowledgeValue.h"
+
+#include "src/number/DecimalPrefix.h"
+
+namespace ppword {
+
+double KnowledgeValue::value() const {
+  if (!parameter_) return 0.0;
+  const KEPUnicodeString text = parameter_->GetValueText();
+  return decimalPrefix(text.View()).value_or(0.0) * factor_;
+}
+
+bool KnowledgeValue::isOfType(std::string_view typeName, bool& answer) const {
+  answer = false;
+  if (!parameter_) return false;
+  const KEPICkeType_var type = parameter_->GetType();
+  if (!type) return false;
+  answer = type->GetName().View() == typeName;
+  return true;
+}
+
+}  // namespace ppword
