@@ -1,0 +1,204 @@
+#include "src/table/CommandSyntax.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <span>
+#include <unordered_map>
+#include <variant>
+
+#include "src/syntax/Blanks.h"
+#include "src/table/CommandQueries.h"
+#include "src/table/CutSyntaxes.h"
+
+namespace ppword {
+namespace {
+
+constexpr std::size_t kMostElements = 100'000;
+// Bodies of commands without an end overlap, and then a short file could fill the memory.
+constexpr std::size_t kMostPieces = 1'000'000;
+
+constexpr std::array<std::string_view, 4> kTextWords = {"PARTNO", "$$", "INSERT", "DNCMSG"};
+
+bool isTextWord(std::string_view token) {
+  return token.starts_with("PPRINT") ||
+         std::find(kTextWords.begin(), kTextWords.end(), token) != kTextWords.end();
+}
+
+// What was read of a command body: its elements, and the bodies inserted between them.
+struct Body {
+  enum class State { Unread, Reading, Whole, Broken };
+  State state = State::Unread;
+  std::vector<std::variant<std::string, const Body*>> pieces;
+  std::size_t size = 0;   // elements, those of the inserted bodies included
+  long brokenBehind = 0;  // where reading stopped when the body is Broken
+};
+
+// Each inserted command is read once, however often it is inserted, so that the time is that of
+// reading the table and not that of writing out what it describes.
+class SyntaxReader {
+ public:
+  SyntaxReader(TableSource& source, std::string_view commandName)
+      : source_(source), commandName_(commandName) {}
+
+  std::optional<std::vector<std::string>> read();
+
+ private:
+  // A body being read, and where the scan goes on behind it.
+  struct Frame {
+    Body* body;
+    long behind;
+    std::set<long> brokenInserts;
+  };
+
+  bool take(std::string_view token);
+  bool takeElement(std::string_view token);
+  bool skipList();
+  bool endBody();
+  bool insert();
+  bool open(Body& body, long start, long behind);
+  bool keepInserted(const Body& body);
+  bool breakBody();
+  bool goOnBehind(const Body& broken);
+  void add(std::string element);
+  Body& current() { return *frames_.back().body; }
+
+  TableSource& source_;
+  std::string_view commandName_;
+  std::vector<Frame> frames_;
+  std::optional<std::unordered_map<std::string, long>> positions_;
+  std::unordered_map<std::string, Body> inserted_;
+  std::size_t pieces_ = 0;
+};
+
+// The elements of a body in order, each inserted body mended before the one around it.
+std::vector<std::string> writtenOut(const Body& top) {
+  struct Visit {
+    const Body* body;
+    std::size_t first;
+    std::size_t next = 0;
+  };
+  std::vector<std::string> elements;
+  std::vector<Visit> visits = {{&top, 0}};
+  while (!visits.empty()) {
+    Visit& visit = visits.back();
+    if (visit.next == visit.body->pieces.size()) {
+      mendCutSyntaxes(std::span(elements).subspan(visit.first));
+      visits.pop_back();
+      continue;
+    }
+    const auto& piece = visit.body->pieces[visit.next++];
+    if (const auto* const element = std::get_if<std::string>(&piece)) {
+      elements.push_back(*element);
+    } else {
+      visits.push_back({std::get<const Body*>(piece), elements.size()});
+    }
+  }
+  return elements;
+}
+
+std::optional<std::vector<std::string>> SyntaxReader::read() {
+  Body top;
+  frames_.push_back({&top, 0, {}});
+  while (!frames_.empty()) {
+    const auto token = nextPlainToken(source_);
+    if (!token || !take(*token)) return std::nullopt;
+  }
+  return writtenOut(top);
+}
+
+bool SyntaxReader::take(std::string_view token) {
+  if (contains(token, "*START_LIST")) return skipList();
+  // deliberate: the elements of the first sequence are elements of the command
+  if (contains(token, "*START_SEQUENCE")) return true;
+  if (contains(token, "*END")) return endBody();
+  if (contains(token, "*INSERT")) return insert();
+  return takeElement(token);
+}
+
+bool SyntaxReader::takeElement(std::string_view token) {
+  std::string element(token);
+  if (!isTextWord(token)) {
+    add(std::move(element));
+    return true;
+  }
+  const auto rest = source_.nextLine();
+  if (!rest) return true;
+  // deliberate: the last character goes, even when it is no line feed
+  element.append(*rest, 0, rest->size() - 1);
+  add(std::string(withoutBlanks(element)));
+  return true;
+}
+
+bool SyntaxReader::skipList() { return findToken(source_, "*END"); }
+
+bool SyntaxReader::endBody() {
+  Body& body = current();
+  const long behind = frames_.back().behind;
+  pieces_ += body.pieces.size();
+  if (positions_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
+  body.state = Body::State::Whole;
+  frames_.pop_back();
+  return frames_.empty() || (source_.seek(behind) && keepInserted(body));
+}
+
+bool SyntaxReader::insert() {
+  const auto token = source_.nextToken();
+  if (!token) return false;
+  if (!token->starts_with("NC_")) return breakBody();
+  const std::string name(*token);
+  const long behind = source_.position();
+  if (!positions_) positions_ = commandPositions(source_);
+  const auto start = positions_->find(name);
+  if (start == positions_->end()) return false;
+  Body& body = inserted_[name];
+  if (body.state == Body::State::Unread) return open(body, start->second, behind);
+  if (body.state == Body::State::Whole) return keepInserted(body);
+  return body.state == Body::State::Broken && goOnBehind(body);
+}
+
+bool SyntaxReader::open(Body& body, long start, long behind) {
+  body.state = Body::State::Reading;
+  frames_.push_back({&body, behind, {}});
+  return source_.seek(start);
+}
+
+bool SyntaxReader::keepInserted(const Body& body) {
+  const bool outermost = frames_.size() == 1;
+  if (outermost && !positions_->contains(std::string(commandName_))) return false;
+  if (body.size == 0) return true;
+  current().pieces.emplace_back(&body);
+  current().size += body.size;
+  return true;
+}
+
+// An insert that names no command: the body fails, and the one around it goes on from here.
+bool SyntaxReader::breakBody() {
+  if (frames_.size() == 1) return false;
+  Body& body = current();
+  body.state = Body::State::Broken;
+  body.pieces = {};
+  body.brokenBehind = source_.position();
+  frames_.pop_back();
+  return goOnBehind(body);
+}
+
+// What is read from there on depends on nothing else: a body that comes there again never ends.
+bool SyntaxReader::goOnBehind(const Body& broken) {
+  return frames_.back().brokenInserts.insert(broken.brokenBehind).second &&
+         source_.seek(broken.brokenBehind);
+}
+
+void SyntaxReader::add(std::string element) {
+  current().pieces.emplace_back(std::move(element));
+  ++current().size;
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> readSyntax(TableSource& source,
+                                                   std::string_view commandName) {
+  return SyntaxReader(source, commandName).read();
+}
+
+}  // namespace ppword

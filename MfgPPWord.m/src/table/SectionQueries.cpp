@@ -1,0 +1,99 @@
+#include "src/table/SectionQueries.h"
+
+#include <array>
+
+namespace ppword {
+namespace {
+
+constexpr std::string_view kEnd = "*END";
+
+// The sections of word kinds 1 to 4.
+constexpr std::array<std::string_view, 4> kWordKeywords = {
+    "*START_MAJOR_WORDS_WITHOUT_PARAMETERS", "*START_MAJOR_WORDS_WITH_TEXT",
+    "*START_MAJOR_WORDS_WITH_PARAMETERS", "*START_MINOR_WORDS"};
+
+// Cuts a token at every "," and calls `keep` with each piece that is not empty. Gives the offset
+// at which the last piece, empty or not, begins.
+template <class Keep>
+std::size_t cutAtCommas(std::string_view token, Keep keep) {
+  for (std::size_t start = 0;;) {
+    const std::size_t comma = token.find(',', start);
+    const std::string_view piece = token.substr(start, comma - start);
+    if (!piece.empty()) keep(piece);
+    if (comma == std::string_view::npos) return start;
+    start = comma + 1;
+  }
+}
+
+// Calls `keep` with each token up to one equal to "*END" that does not begin with "/". False at
+// end of file.
+template <class Keep>
+bool readBody(TableSource& source, Keep keep) {
+  while (const auto token = nextPlainToken(source)) {
+    if (*token == kEnd) return true;
+    keep(*token);
+  }
+  return false;
+}
+
+}  // namespace
+
+bool numberOfParameters(TableSource& source, std::string_view keyword, int& count) {
+  count = 0;
+  const Rewind outcome = source.rewind();
+  if (outcome != Rewind::Opened) return outcome == Rewind::CloseFailed;
+  while (findToken(source, keyword)) ++count;
+  return !source.tooLong();
+}
+
+bool nameOfParameter(TableSource& source, std::string_view keyword, int index, KEPString& name) {
+  int counter = 0;
+  return source.rewind() == Rewind::Opened &&
+         nameAtIndex(source, keyword, "MFG_", index, counter, name);
+}
+
+bool valuesOfMultiList(TableSource& source, int index, KEPListValKEPString& values) {
+  values.RemoveAll();
+  KEPString name;
+  if (!nameOfParameter(source, kListKeyword, index, name)) return false;
+  std::size_t cursor = 0;
+  while (const auto token = source.nextToken()) {
+    if (*token == kEnd) return true;
+    // deliberate: looked for from where the last piece of the token before began
+    if (cursor == 0 && token->starts_with('/')) continue;
+    cursor = cutAtCommas(*token, [&](std::string_view piece) { values.Append(piece); });
+  }
+  return false;
+}
+
+bool valueOfFormat(TableSource& source, int index, KEPString& value) {
+  KEPString name;
+  return nameOfParameter(source, kFormatKeyword, index, name) &&
+         readBody(source, [&](std::string_view token) { value = token; });
+}
+
+bool listOfSyntaxes(TableSource& source, KEPListValKEPString& syntaxes) {
+  syntaxes.RemoveAll();
+  if (!rewound(source)) return false;
+  if (!findToken(source, "*START_SYNTAXES")) return !source.tooLong();
+  return readBody(source, [&](std::string_view token) { syntaxes.Append(token); });
+}
+
+bool listOfPPValues(TableSource& source, KEPRawCollint& kinds, KEPListValKEPString& pieces) {
+  kinds.RemoveAll();
+  pieces.RemoveAll();
+  int kind = 0;
+  for (const std::string_view keyword : kWordKeywords) {
+    ++kind;
+    if (!rewound(source)) return false;
+    if (!findToken(source, keyword)) continue;
+    const auto keep = [&](std::string_view piece) {
+      kinds.Append(kind);
+      pieces.Append(piece);
+    };
+    if (!readBody(source, [&](std::string_view token) { cutAtCommas(token, keep); })) return false;
+  }
+  return !source.tooLong();
+}
+
+}  // namespace ppword

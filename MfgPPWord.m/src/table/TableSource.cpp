@@ -1,0 +1,36 @@
+#include "src/table/TableSource.h"
+
+namespace ppword {
+
+bool rewound(TableSource& source) { return source.rewind() != Rewind::NotOpened; }
+
+std::optional<std::string_view> nextPlainToken(TableSource& source) {
+  auto token = source.nextToken();
+  while (token && token->starts_with('/')) token = source.nextToken();
+  return token;
+}
+
+bool findToken(TableSource& source, std::string_view text) {
+  while (const auto token = nextPlainToken(source)) {
+    if (contains(*token, text)) return true;
+  }
+  return false;
+}
+
+bool nameAtIndex(TableSource& source, std::string_view keyword, std::string_view prefix, int index,
+                 int& counter, KEPString& name) {
+  while (findToken(source, keyword)) {
+    if (++counter != index) continue;
+    const auto token = source.nextToken();
+    if (!token || !token->starts_with(prefix)) continue;
+    name = *token;
+    return true;
+  }
+  return false;
+}
+
+bool contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+}  // namespace ppword
