@@ -1,0 +1,34 @@
+#pragma once
+
+#include "System/KEPList.h"
+#include "System/KEPString.h"
+#include "System/KEPVar.h"
+
+/// The NC instructions of a PP word container by index. An index is the position, from 0, among the
+/// members that answer KEPIMfgSyntaxEvaluation. The member at 0 is neither counted nor found by its
+/// name, but can be asked for by index. Every operation is true for success; after false its output
+/// is untouched unless the operation says otherwise.
+class KEP_PLATFORM KEPIMfgPPWordTable : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgPPWordTable";
+
+  /// The number of members less one.
+  [[nodiscard]] virtual bool GetNumberOfNCInstruction(int& count) = 0;
+
+  /// The name of the type at an index. False when the index exceeds the number of members.
+  [[nodiscard]] virtual bool GetNameOfNCInstruction(int index, KEPString& name) = 0;
+
+  /// The number of attributes at an index, the modeler's bookkeeping attributes not counted. False
+  /// when the index exceeds the number of members.
+  [[nodiscard]] virtual bool GetNumberOfSequenceForNCInstruction(int index, int& count) = 0;
+
+  /// Appends the items of the list attribute at position `sequence` (from 1, bookkeeping attributes
+  /// not counted) to `lines`. False when there is no such member or attribute, or it is no list.
+  [[nodiscard]] virtual bool GetSyntaxOfSequenceForNCInstruction(int index, int sequence,
+                                                                 KEPListValKEPString& lines) = 0;
+
+  /// The index of the first member from 1 on with this name. False when there is none.
+  [[nodiscard]] virtual bool GetIndexOfNCInstruction(const KEPString& name, int& index) = 0;
+};
+
+using KEPIMfgPPWordTable_var = KEPVar<KEPIMfgPPWordTable>;
