@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+namespace host {
+
+enum class Severity { Error, Warning };
+
+/// A part of a source line: what stands at `firstColumn` (from 1) and behind it.
+struct Excerpt {
+  std::string text;
+  long firstColumn = 1;
+  /// True when the line goes on behind the excerpt.
+  bool goesOn = false;
+};
+
+/// A finding about an input file. Line and column count from 1, the column in bytes; 0 where the
+/// finding has no such place.
+struct Diagnostic {
+  Severity severity = Severity::Error;
+  std::string file;
+  long line = 0;
+  long column = 0;
+  /// How many bytes from `column` on the finding is about; at least 1.
+  long width = 1;
+  /// The message key of an error ("ERR_5004"), the name of a warning ("long-token"), or empty.
+  std::string key;
+  std::string message;
+  /// Empty when the finding has no place.
+  Excerpt source;
+};
+
+}  // namespace host

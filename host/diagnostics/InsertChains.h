@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// An "*INSERT" of a command body: the command that it names, and its place.
+struct Insert {
+  std::string name;
+  long line = 0;
+  long column = 0;
+};
+
+/// The body of an NC command or NC instruction as the table reader takes it.
+struct CommandBody {
+  std::string name;
+  std::size_t elements = 0;
+  std::vector<Insert> inserts;
+};
+
+/// A command whose lines cannot be read because of what it inserts.
+struct InsertFault {
+  const CommandBody* command;
+  const Insert* insert;
+  /// True: the chain of inserts comes back to itself. False: it gives too many lines.
+  bool endless;
+};
+
+/// The most elements that the table reader gives for one command.
+inline constexpr std::size_t kMostElements = 100'000;
+
+/// The faults of `commands`, of which the first of a name is the one that inserts mean. Each fault
+/// points into `commands`.
+[[nodiscard]] std::vector<InsertFault> insertFaults(const std::vector<CommandBody>& commands);
+
+}  // namespace host

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "System/KEPPlatform.h"
+
+namespace host {
+
+/// The candidate that a misspelt word most likely means: the one with the fewest letters to insert,
+/// delete, replace or swap, the first of equals. Empty when none is near.
+[[nodiscard]] KEP_PLATFORM std::string_view nearest(std::string_view word,
+                                                    std::span<const std::string_view> candidates);
+
+}  // namespace host

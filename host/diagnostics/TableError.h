@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "System/KEPError.h"
+#include "System/KEPPlatform.h"
+#include "host/diagnostics/Diagnostic.h"
+
+namespace host {
+
+/// A table reader's error about the table at `path`, at its place in the file. The error's
+/// parameter counts the lines as the reader does; the finding has the physical line, and the column
+/// that wants mending. When the starts and ends of the blocks do not balance, the place is the
+/// first block that has no end, or the first end that closes nothing.
+[[nodiscard]] KEP_PLATFORM Diagnostic tableError(const std::string& path, const KEPError& error);
+
+}  // namespace host

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+#include "System/KEPPlatform.h"
+
+namespace host {
+
+/// Number of bytes of the character that begins at `at`, 1 to 4; 0 when the bytes there are no
+/// character of UTF-8 (overlong forms and surrogates are none).
+[[nodiscard]] KEP_PLATFORM std::size_t utf8Length(std::string_view text, std::size_t at);
+
+/// The code point of a character that utf8Length found.
+[[nodiscard]] KEP_PLATFORM char32_t codePoint(std::string_view character);
+
+/// True when the whole text is UTF-8.
+[[nodiscard]] KEP_PLATFORM bool isUtf8(std::string_view text);
+
+}  // namespace host
