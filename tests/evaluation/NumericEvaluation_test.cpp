@@ -1,0 +1,191 @@
+#include <gtest/gtest.h>
+
+#include "KEPIMfgBufferCircle.h"
+#include "KEPIMfgBufferPoint.h"
+#include "KEPIMfgBufferTLAxis.h"
+#include "KEPIMfgParameterEvaluation.h"
+#include "System/KEPError.h"
+#include "host/manufacturing/GeneratorData.h"
+#include "src/evaluation/ParameterEvaluations.h"
+#include "tests/support/PPWordDocument.h"
+
+namespace ppword::test {
+namespace {
+
+/// What an evaluation gives: its text, or the untouched text and false.
+std::string evaluated(const KEPISpecObject_var& parameter) {
+  KEPString text = "untouched";
+  const KEPIMfgParameterEvaluation_var evaluation = parameter;
+  return evaluation->Evaluate(text) ? std::string(text.View())
+                                    : "no value, " + std::string(text.View());
+}
+
+class NumericEvaluation : public testing::Test, protected PPWordDocument {
+ protected:
+  NumericEvaluation() {
+    KEPIMfgBufferPoint_var(words)->SetPoint(1, 2, 3);
+    KEPIMfgBufferTLAxis_var(words)->SetTLAxis(0.25, 0.5, 0.75);
+    const KEPIMfgBufferCircle_var circle = words;
+    circle->SetTgt(11, 12, 13);
+    circle->SetCenter(21, 22, 23);
+    circle->SetRadius(30);
+    circle->SetNormal(41, 42, 43);
+    circle->SetPt(51, 52, 53);
+  }
+  ~NumericEvaluation() override { host::setCurrentGeneratorData(nullptr); }
+
+  std::string evaluatedWith(std::string_view name, std::string_view printFormat) const {
+    if (!find(name)) format(name, printFormat);
+    KEPISpecAttrAccess_var(find(name))->SetString("Format", printFormat);
+    return evaluated(find(name));
+  }
+};
+
+TEST_F(NumericEvaluation, EachParameterReadsItsComponent) {
+  const std::pair<const char*, const char*> expected[] = {
+      {"MFG_XPOINT", "1.00"},          {"MFG_YPOINT", "2.00"},
+      {"MFG_ZPOINT", "3.00"},          {"MFG_XAXIS", "0.25"},
+      {"MFG_YAXIS", "0.50"},           {"MFG_ZAXIS", "0.75"},
+      {"MFG_CIRCLE_X_TGT", "11.00"},   {"MFG_CIRCLE_Y_TGT", "12.00"},
+      {"MFG_CIRCLE_Z_TGT", "13.00"},   {"MFG_CIRCLE_X_CENTER", "21.00"},
+      {"MFG_CIRCLE_Y_CENTER", "22.00"}, {"MFG_CIRCLE_Z_CENTER", "23.00"},
+      {"MFG_CIRCLE_RADIUS", "30.00"},  {"MFG_CIRCLE_X_NORMAL", "41.00"},
+      {"MFG_CIRCLE_Y_NORMAL", "42.00"}, {"MFG_CIRCLE_Z_NORMAL", "43.00"},
+      {"MFG_CIRCLE_X_PT", "51.00"},    {"MFG_CIRCLE_Y_PT", "52.00"},
+      {"MFG_CIRCLE_Z_PT", "53.00"}};
+  for (const auto& [name, text] : expected) EXPECT_EQ(evaluatedWith(name, "%.2f"), text) << name;
+}
+
+TEST_F(NumericEvaluation, TinyValueIsSnappedToZero) {
+  const KEPIMfgBufferPoint_var point = words;
+  point->SetPoint(-0.0000004, 0.000001, -0.0000009999);
+  EXPECT_EQ(evaluatedWith("MFG_XPOINT", "%.3f"), "0.000");
+  EXPECT_EQ(evaluatedWith("MFG_YPOINT", "%.7f"), "0.0000010");
+  EXPECT_EQ(evaluatedWith("MFG_ZPOINT", "%.7f"), "0.0000000");
+}
+
+TEST_F(NumericEvaluation, GenerationFormatComesBeforeTheAttribute) {
+  format("MFG_XPOINT", "%.1f");
+  format("MFG_XAXIS", "%.1f");
+  format("MFG_CIRCLE_RADIUS", "%.1f");
+  host::setCurrentGeneratorData(host::GeneratorData::create("%8.3f", "%.4f"));
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "   1.000");
+  EXPECT_EQ(evaluated(find("MFG_XAXIS")), "0.2500");
+  // circles never look at it
+  EXPECT_EQ(evaluated(find("MFG_CIRCLE_RADIUS")), "30.0");
+}
+
+TEST_F(NumericEvaluation, EveryCommaOfTheGenerationFormatBecomesAPoint) {
+  format("MFG_XPOINT", "%.1f");
+  host::setCurrentGeneratorData(host::GeneratorData::create("%,2f,;,", ""));
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.00.;.");
+}
+
+TEST_F(NumericEvaluation, OnlyTheFirstCommaOfTheTextBecomesAPoint) {
+  EXPECT_EQ(evaluatedWith("MFG_XPOINT", "%.1f,A,B"), "1.0.A,B");
+}
+
+TEST_F(NumericEvaluation, EmptyGenerationFormatLeavesTheAttribute) {
+  format("MFG_XPOINT", "%.1f");
+  host::setCurrentGeneratorData(host::GeneratorData::create("", ""));
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.0");
+  host::setCurrentGeneratorData(host::GeneratorData::createWithoutSettings());
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.0");
+}
+
+TEST_F(NumericEvaluation, WithoutAnyFormatThereIsNoValue) {
+  make("MFG_XPOINT", "MfgPPParameter");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  // declared and not set
+  KEPISpecAttrAccess_var(find("MFG_XPOINT"))
+      ->AddAttribute("Format", KEPISpecAttribute::Kind::String);
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  // the generation's format needs no attribute
+  host::setCurrentGeneratorData(host::GeneratorData::create("%.1f", ""));
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.0");
+}
+
+TEST_F(NumericEvaluation, FormatOfAListAttributeIsNoFormat) {
+  const KEPISpecAttrAccess_var type = make("MFG_XPOINT", "MfgPPParameter");
+  type->AddAttribute("Format", KEPISpecAttribute::Kind::StringList);
+  type->SetString("Format", "%.1f");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+}
+
+TEST_F(NumericEvaluation, EmptyFormatThatIsSetPrintsNothing) {
+  EXPECT_EQ(evaluatedWith("MFG_XPOINT", ""), "");
+}
+
+TEST_F(NumericEvaluation, FormatWithoutConversionPrintsItself) {
+  EXPECT_EQ(evaluatedWith("MFG_XPOINT", "here"), "here");
+}
+
+TEST_F(NumericEvaluation, UnusableFormatGivesNoValue) {
+  for (const char* unusable : {"%n", "%s", "%d", "%f %f", "%.99999999f"}) {
+    EXPECT_EQ(evaluatedWith("MFG_XPOINT", unusable), "no value, untouched") << unusable;
+  }
+  // of the generation too: the attribute does not step in
+  KEPISpecAttrAccess_var(find("MFG_XPOINT"))->SetString("Format", "%.1f");
+  host::setCurrentGeneratorData(host::GeneratorData::create("%s", ""));
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+}
+
+TEST_F(NumericEvaluation, ValueThatIsNotFiniteGivesNoValue) {
+  format("MFG_XPOINT", "%.1f");
+  KEPIMfgBufferPoint_var(words)->SetPoint(std::numeric_limits<double>::quiet_NaN(), 0, 0);
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+}
+
+TEST_F(NumericEvaluation, FreshBuffersPrintZeros) {
+  PPWordDocument fresh;
+  for (const char* name : {"MFG_XPOINT", "MFG_ZAXIS", "MFG_CIRCLE_RADIUS", "MFG_CIRCLE_Z_PT"}) {
+    fresh.format(name, "%.1f");
+    EXPECT_EQ(evaluated(fresh.find(name)), "0.0") << name;
+  }
+}
+
+TEST_F(NumericEvaluation, ParameterOutsideAPPWordContainerGivesNoValue) {
+  format("MFG_XPOINT", "%.1f");
+  const auto parameter = find("MFG_XPOINT");
+  KEPILifeCycleObject_var(parameter)->remove();
+  EXPECT_EQ(evaluated(parameter), "no value, untouched");
+  auto other = KEPIContainer_var::Adopt(new host::Container(*document, "MfgOtherCont"));
+  const auto foreign = KEPISpecObject_var::Adopt(other->CreateStartUp("MFG_XPOINT", {}));
+  KEPISpecAttrAccess_var(foreign)->AddAttribute("Format", KEPISpecAttribute::Kind::String);
+  KEPISpecAttrAccess_var(foreign)->SetString("Format", "%.1f");
+  EXPECT_EQ(evaluated(foreign), "no value, untouched");
+}
+
+TEST_F(NumericEvaluation, WithoutParameterFeatureTheNullHandleErrorIsRaised) {
+  KEPMfgMFGXPOINTEvaluation evaluation;
+  KEPString text = "untouched";
+  EXPECT_THROW((void)evaluation.Evaluate(text), KEPErrorNullHandle);
+  EXPECT_EQ(text, "untouched");
+}
+
+TEST_F(NumericEvaluation, ReferenceCountsAreAsBefore) {
+  format("MFG_XPOINT", "%.1f");
+  const auto parameter = find("MFG_XPOINT");
+  const auto generation = host::GeneratorData::create("%.2f", "");
+  host::setCurrentGeneratorData(generation);
+  (void)evaluated(parameter);
+  const int before = parameter->GetReferenceCount() + words->GetReferenceCount() +
+                     generation->GetReferenceCount();
+  EXPECT_EQ(evaluated(parameter), "1.00");
+  KEPISpecAttrAccess_var(parameter)->SetString("Format", "%n");
+  host::setCurrentGeneratorData(nullptr);
+  EXPECT_EQ(evaluated(parameter), "no value, untouched");
+  EXPECT_EQ(parameter->GetReferenceCount() + words->GetReferenceCount() +
+                generation->GetReferenceCount(),
+            before - 1);
+}
+
+TEST_F(NumericEvaluation, OtherParametersAreKnownAndHaveNoValue) {
+  for (const char* name : {"MFG_FEED_VALUE", "MFG_SPNDL_SPEED", "MFG_HELICAL_PITCH"}) {
+    format(name, "%.1f");
+    EXPECT_EQ(evaluated(find(name)), "no value, untouched") << name;
+  }
+}
+
+}  // namespace
+}  // namespace ppword::test

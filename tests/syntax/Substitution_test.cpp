@@ -1,0 +1,146 @@
+#include "src/syntax/Substitution.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <random>
+#include <string>
+
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "host/system/Session.h"
+
+namespace ppword {
+namespace {
+
+/// Parameters from a map.
+class MapParameters final : public ParameterSource {
+ public:
+  explicit MapParameters(std::map<std::string, std::string, std::less<>> texts)
+      : texts_(std::move(texts)) {}
+
+  bool appendText(std::string_view name, std::string& out) override {
+    const auto found = texts_.find(name);
+    if (found == texts_.end()) return false;
+    out += found->second;
+    return true;
+  }
+
+ private:
+  std::map<std::string, std::string, std::less<>> texts_;
+};
+
+MapParameters parameters() {
+  return MapParameters({{"A", "1.5"},
+                        {"B", "2"},
+                        {"W", "RPM"},
+                        {"R", "%A"},
+                        {"P", "50%"},
+                        {"", "nameless"},
+                        {"A B", "two words"},
+                        {" A", "blank first"},
+                        {"(A*2", "3"},
+                        {"(A", "group"}});
+}
+
+/// A line through the three substitutions in their order.
+std::string substituted(std::string line, std::string_view unevaluated = "") {
+  MapParameters map = parameters();
+  std::string scratch;
+  for (const auto prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
+    substitute(line, prefix, unevaluated, map, scratch);
+  }
+  return line;
+}
+
+struct Case {
+  const char* line;
+  const char* result;
+};
+
+class Substitution : public testing::TestWithParam<Case> {};
+
+TEST_P(Substitution, LineGivesResult) { EXPECT_EQ(substituted(GetParam().line), GetParam().result); }
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, Substitution,
+    testing::Values(
+        Case{"CYCLE/ON", "CYCLE/ON"}, Case{"", ""},
+        Case{"GOTO/%A,%B", "GOTO/1.5,2"}, Case{"SPINDL/%A,&W", "SPINDL/1.5,RPM"},
+        // the comma wins over a nearer blank
+        Case{"%A %B,X", ",X"}, Case{"%A B,X", "two words,X"},
+        // without a comma behind, the nearest blank, line feed or quote ends the name
+        Case{"$$ %A %B", "$$ 1.5 2"}, Case{"X,%A %B", "X,1.5 2"}, Case{"\"%A\" END", "\"1.5\" END"},
+        // the character before a line feed is lost
+        Case{"%AX\n%B", "1.5\n2"}, Case{"%\n%B", "nameless\n2"},
+        // a prefix at the end, and two in a row
+        Case{"X%", "Xnameless"}, Case{"%%A", ""}, Case{"%,%A", "nameless,1.5"},
+        // an unknown parameter is dropped, its separators stay
+        Case{"GOTO/%BAD,1", "GOTO/,1"}, Case{"GOTO/%BAD", "GOTO/"},
+        // closing parentheses come back behind the value; what follows them too, as parentheses
+        Case{"(POINT/%A),X", "(POINT/1.5),X"}, Case{"((%A))", "((1.5))"}, Case{"%A)B,X", "1.5)),X"},
+        // a continuation mark behind a number is lost, behind a word it is part of the name
+        Case{"GOTO/%A$", "GOTO/1.5"}, Case{"SPINDL/&W$", "SPINDL/"}, Case{"%A$)B", "1.5))"},
+        Case{"GOTO/%A,$", "GOTO/1.5,$"},
+        // a word that holds a reference is substituted again
+        Case{"X/&R,1", "X/1.5,1"}, Case{"X/&P,1", "X/50nameless,1"},
+        // the text of a number is not looked at again
+        Case{"X/%R,1", "X/%A,1"},
+        // blanks belong to the name
+        Case{"X/% A,1", "X/blank first,1"}, Case{"X/%A ,1", "X/,1"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Expressions, Substitution,
+    testing::Values(Case{"X/%(A*2),1", "X/3,1"}, Case{"X/%(A*2)%A", "X/31.5"},
+                    Case{"X/%(A", "X/group"}, Case{"X/%(A B", "X/group B"},
+                    Case{"X/%(A*2)%(A*2)", "X/33"}, Case{"%(NONE)", ""},
+                    // the first ")" ends the group, wherever it stands
+                    Case{"%(NONE+(A))", ")"}));
+
+TEST(Substitution, UnevaluatedTextTakesThePlaceOfAnUnknownParameter) {
+  EXPECT_EQ(substituted("GOTO/%BAD,1", "0"), "GOTO/0,1");
+  EXPECT_EQ(substituted("GOTO/%BAD)", "0"), "GOTO/0)");
+  EXPECT_EQ(substituted("X/&BAD,1", "%A"), "X/1.5,1");
+}
+
+TEST(Substitution, LongLinesCostTheirLength) {
+  std::string line;
+  for (int i = 0; i < 200000; ++i) line += "%A ";
+  EXPECT_EQ(substituted(line).substr(0, 12), "1.5 1.5 1.5 ");
+  EXPECT_EQ(substituted(std::string(1000000, '%')), "");
+}
+
+/// Keeps what was reported as dropped.
+class DropListener final : public KEPMfgPPWordListener {
+ public:
+  DropListener() { host::session().listener = this; }
+  ~DropListener() override { host::session().listener = nullptr; }
+  void TextDropped(std::string_view name, std::string_view text) override {
+    dropped += '[' + std::string(name) + '|' + std::string(text) + ']';
+  }
+  std::string dropped;
+};
+
+TEST(Substitution, ListenerHearsOfDroppedText) {
+  DropListener listener;
+  EXPECT_EQ(substituted("%A)"), "1.5)");
+  EXPECT_EQ(listener.dropped, "");
+  EXPECT_EQ(substituted("%A$,%B)X,"), "1.5,2)),");
+  EXPECT_EQ(listener.dropped, "[A|$][B|)X]");
+}
+
+TEST(Substitution, AnyLineEnds) {
+  const auto seed = std::random_device{}();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  std::mt19937 random(seed);
+  constexpr std::string_view kPieces = "%&(),$ \n\"/AB*W\\";
+  for (int i = 0; i < 100000; ++i) {
+    std::string line;
+    for (auto length = random() % 24; length > 0; --length) line += kPieces[random() % kPieces.size()];
+    const std::string result = substituted(line);
+    ASSERT_LE(result.size(), line.size() * 12) << line;
+    ASSERT_EQ(result.find('&'), std::string::npos) << line;
+  }
+}
+
+}  // namespace
+}  // namespace ppword
