@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KEPIMfgPPWordContainer.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
 #include "src/registration/Registered.h"
 
 /// The behaviour of a PP word container, as an extension of the container component. The operations

@@ -3,7 +3,6 @@
 #include <string>
 #include <utility>
 
-#include "Manufacturing/KEPMfgInternalError.h"
 #include "src/number/IntegerPrefix.h"
 #include "src/table/CommandQueries.h"
 #include "src/table/CommandSyntax.h"
@@ -11,21 +10,11 @@
 #include "src/table/FileSource.h"
 #include "src/table/SectionQueries.h"
 #include "src/table/TableCheck.h"
+#include "src/table/TableError.h"
 
 using ppword::FileSource;
 
 namespace {
-
-HRESULT raise(const ppword::TableFault& fault) {
-  constexpr int kTableFileError = 2;
-  auto error = std::make_unique<KEPMfgInternalError>(fault.key, "ManufacturingError");
-  if (fault.line) {
-    const KEPUnicodeString line(std::to_string(*fault.line));
-    error->SetNLSParameters(1, &line);
-  }
-  error->SetInformationOnErrorType(kTableFileError);
-  return KEPError::GetReturn(std::move(error));
-}
 
 void appendAll(std::vector<std::string> texts, KEPListValKEPString& list) {
   for (std::string& text : texts) list.Append(std::move(text));
@@ -41,12 +30,12 @@ KEPMfgPPTableTxt::~KEPMfgPPTableTxt() = default;
 HRESULT KEPMfgPPTableTxt::CheckFileSyntax() {
   FileSource source(stream_, path_, isOpen_);
   const auto fault = ppword::faultOfTable(source);
-  return fault ? raise(*fault) : S_OK;
+  return fault ? ppword::raiseTableError(*fault) : S_OK;
 }
 
 HRESULT KEPMfgPPTableTxt::CheckStartLine(std::string_view line, int lineNumber) {
   const auto key = ppword::faultOfStartLine(line);
-  return key ? raise({*key, lineNumber}) : S_OK;
+  return key ? ppword::raiseTableError({*key, lineNumber}) : S_OK;
 }
 
 bool KEPMfgPPTableTxt::GetNumberOfCommand(int& count) {

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "ObjectSpecsModeler/KEPIContainer.h"
+#include "System/KEPResult.h"
+#include "System/KEPUnicodeString.h"
+
+namespace ppword {
+
+/// Overlays a container with a PP word table; statuses and errors as those of
+/// KEPIMfgPPWordContainer::LoadPPWordTable. Every entry of the table is told to the session's
+/// listener, a command before its sequences.
+[[nodiscard]] HRESULT loadTable(const KEPIContainer_var& container, const KEPUnicodeString& path);
+
+}  // namespace ppword

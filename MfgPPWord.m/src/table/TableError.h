@@ -1,0 +1,12 @@
+#pragma once
+
+#include "System/KEPResult.h"
+#include "src/table/TableCheck.h"
+
+namespace ppword {
+
+/// Makes a fault of a table the last error of the session; the status that the failing operation
+/// returns.
+[[nodiscard]] HRESULT raiseTableError(const TableFault& fault);
+
+}  // namespace ppword
