@@ -1,0 +1,38 @@
+#include "host/diagnostics/Nearest.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <string>
+
+namespace host {
+namespace {
+
+constexpr std::array<std::string_view, 3> kCommands = {"check", "list", "post"};
+
+TEST(Nearest, MissingLetterIsFound) { EXPECT_EQ(nearest("chek", kCommands), "check"); }
+
+TEST(Nearest, SwappedLettersAreFound) { EXPECT_EQ(nearest("psot", kCommands), "post"); }
+
+TEST(Nearest, FirstOfEqualsIsGiven) {
+  constexpr std::array<std::string_view, 2> kWords = {"pose", "post"};
+  EXPECT_EQ(nearest("posh", kWords), "pose");
+}
+
+TEST(Nearest, ExactWordIsItself) { EXPECT_EQ(nearest("list", kCommands), "list"); }
+
+TEST(Nearest, FarWordGivesNothing) { EXPECT_EQ(nearest("translate", kCommands), ""); }
+
+TEST(Nearest, TwoEditsInAShortWordAreTooMany) {
+  EXPECT_EQ(nearest("most", kCommands), "post");
+  EXPECT_EQ(nearest("mast", kCommands), "");
+}
+
+TEST(Nearest, HugeWordGivesNothing) {
+  EXPECT_EQ(nearest(std::string(100'000, 'c'), kCommands), "");
+}
+
+TEST(Nearest, NoCandidatesGiveNothing) { EXPECT_EQ(nearest("list", {}), ""); }
+
+}  // namespace
+}  // namespace host
