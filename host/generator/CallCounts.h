@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "System/KEPPlatform.h"
+
+namespace host {
+
+/// What became of a call of a listing.
+enum class CallFate {
+  Move,      ///< A straight move: stands in the text.
+  Waiting,   ///< Read and checked, without a line in the text.
+  Other,     ///< Has no line in the text and moves nothing.
+  LostMove,  ///< Moves the tool; the text lacks the move.
+  Unknown    ///< Of unknown meaning.
+};
+
+struct CallCount {
+  std::string name;
+  CallFate fate;
+  long count;
+  /// Line of the first one, from 1.
+  long firstLine;
+};
+
+/// The calls of a listing by name, in the order in which they appear first.
+class KEP_PLATFORM CallCounts {
+ public:
+  /// Counts one call.
+  void add(std::string_view name, CallFate fate, long line);
+
+  [[nodiscard]] const std::vector<CallCount>& all() const noexcept { return counts_; }
+  /// How many calls met this fate.
+  [[nodiscard]] long total(CallFate fate) const;
+  /// How many different calls met this fate.
+  [[nodiscard]] std::size_t names(CallFate fate) const;
+  /// "ARC_FEED 12 (first in line 30), RIGID_TAP 1 (first in line 99)"; empty for none.
+  [[nodiscard]] std::string describe(CallFate fate) const;
+
+ private:
+  std::vector<CallCount> counts_;
+};
+
+}  // namespace host

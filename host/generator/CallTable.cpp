@@ -1,0 +1,115 @@
+#include "host/generator/CallTable.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace host {
+namespace {
+
+using enum CallEffect;
+
+/// In the order of the names.
+constexpr CallRule kRules[] = {
+    {"ARC_FEED", LostMove, "*"},
+    {"CANON_ERROR", InterpreterError, "*"},
+    {"CHANGE_TOOL", Waiting, "i"},
+    {"CHANGE_TOOL_NUMBER", Waiting, "i"},
+    {"CLAMP_AXIS", NoMove, "*"},
+    {"CLEAR_AUX_OUTPUT_BIT", NoMove, "*"},
+    {"CLEAR_MOTION_OUTPUT_BIT", NoMove, "*"},
+    {"COMMENT", Waiting, "s"},
+    {"DISABLE_ADAPTIVE_FEED", NoMove, "*"},
+    {"DISABLE_FEED_HOLD", NoMove, "*"},
+    {"DISABLE_FEED_OVERRIDE", NoMove, "*"},
+    {"DISABLE_SPEED_OVERRIDE", NoMove, "*"},
+    {"DWELL", Waiting, "n"},
+    {"ENABLE_ADAPTIVE_FEED", NoMove, "*"},
+    {"ENABLE_FEED_HOLD", NoMove, "*"},
+    {"ENABLE_FEED_OVERRIDE", NoMove, "*"},
+    {"ENABLE_SPEED_OVERRIDE", NoMove, "*"},
+    {"FINISH", End, ""},
+    {"FLOOD_OFF", NoMove, "*"},
+    {"FLOOD_ON", NoMove, "*"},
+    {"INIT_CANON", NoMove, "*"},
+    {"IO_PLUGIN_CALL", NoMove, "*"},
+    {"LOCK_ROTARY", NoMove, "*"},
+    {"LOCK_SPINDLE_Z", NoMove, "*"},
+    {"LOG", NoMove, "*"},
+    {"LOGAPPEND", NoMove, "*"},
+    {"LOGCLOSE", NoMove, "*"},
+    {"LOGOPEN", NoMove, "*"},
+    {"MESSAGE", Waiting, "s"},
+    {"MIST_OFF", NoMove, "*"},
+    {"MIST_ON", NoMove, "*"},
+    {"NURBS_FEED", LostMove, "*"},
+    {"NURB_CONTROL_POINT", NoMove, "*"},
+    {"NURB_FEED", LostMove, "*"},
+    {"NURB_KNOT_VECTOR", NoMove, "*"},
+    {"ON_RESET", NoMove, "*"},
+    {"OPTIONAL_PROGRAM_STOP", NoMove, "*"},
+    {"ORIENT_SPINDLE", NoMove, "*"},
+    {"PALLET_SHUTTLE", NoMove, "*"},
+    {"PLUGIN_CALL", NoMove, "*"},
+    {"PROGRAM_END", End, ""},
+    {"PROGRAM_STOP", NoMove, "*"},
+    {"RELOAD_TOOLDATA", NoMove, "*"},
+    {"RIGID_TAP", LostMove, "*"},
+    {"SELECT_PLANE", NoMove, "*"},
+    {"SELECT_TOOL", Waiting, "i"},
+    {"SET_AUX_OUTPUT_BIT", NoMove, "*"},
+    {"SET_AUX_OUTPUT_VALUE", NoMove, "*"},
+    {"SET_BLOCK_DELETE", NoMove, "*"},
+    {"SET_CUTTER_RADIUS_COMPENSATION", NoMove, "*"},
+    {"SET_FEED_MODE", Waiting, "ii"},
+    {"SET_FEED_RATE", Waiting, "n"},
+    {"SET_FEED_REFERENCE", NoMove, "*"},
+    {"SET_G5X_OFFSET", FixtureOffset, "innnnnn"},
+    {"SET_G92_OFFSET", ProgramOffset, "nnnnnn"},
+    {"SET_MOTION_CONTROL_MODE", NoMove, "*"},
+    {"SET_MOTION_OUTPUT_BIT", NoMove, "*"},
+    {"SET_MOTION_OUTPUT_VALUE", NoMove, "*"},
+    {"SET_NAIVECAM_TOLERANCE", NoMove, "*"},
+    {"SET_OPTIONAL_PROGRAM_STOP", NoMove, "*"},
+    {"SET_SPINDLE_MODE", Waiting, "in"},
+    {"SET_SPINDLE_SPEED", Waiting, "in"},
+    {"SET_TOOL_TABLE_ENTRY", NoMove, "*"},
+    {"SET_TRAVERSE_RATE", NoMove, "*"},
+    {"SET_XY_ROTATION", PlaneRotation, "n"},
+    {"SPINDLE_RETRACT", LostMove, "*"},
+    {"SPINDLE_RETRACT_TRAVERSE", LostMove, "*"},
+    {"START_CHANGE", Waiting, ""},
+    {"START_CUTTER_RADIUS_COMPENSATION", Compensation, "*"},
+    {"START_SPEED_FEED_SYNC", NoMove, "*"},
+    {"START_SPEED_FEED_SYNCH", NoMove, "*"},
+    {"START_SPINDLE_CLOCKWISE", Waiting, "i"},
+    {"START_SPINDLE_COUNTERCLOCKWISE", Waiting, "i"},
+    {"STOP", NoMove, "*"},
+    {"STOP_CUTTER_RADIUS_COMPENSATION", NoMove, "*"},
+    {"STOP_SPEED_FEED_SYNCH", NoMove, "*"},
+    {"STOP_SPINDLE_TURNING", Waiting, "i"},
+    {"STRAIGHT_FEED", Feed, "nnnnnn"},
+    {"STRAIGHT_PROBE", LostMove, "*"},
+    {"STRAIGHT_TRAVERSE", Traverse, "nnnnnn"},
+    {"TURN_PROBE_OFF", NoMove, "*"},
+    {"TURN_PROBE_ON", NoMove, "*"},
+    {"UNCLAMP_AXIS", NoMove, "*"},
+    {"UNLOCK_ROTARY", NoMove, "*"},
+    {"USE_LENGTH_UNITS", Units, "w"},
+    {"USE_NO_SPINDLE_FORCE", NoMove, "*"},
+    {"USE_SPINDLE_FORCE", NoMove, "*"},
+    {"USE_TOOL_LENGTH_OFFSET", ToolOffset, "nnnnnnnnn"},
+    {"WAIT", NoMove, "*"},
+    {"WAIT_SPINDLE_ORIENT_COMPLETE", NoMove, "*"},
+};
+
+static_assert(std::ranges::is_sorted(kRules, std::less<>(), &CallRule::name));
+
+}  // namespace
+
+const CallRule* findCallRule(std::string_view name) {
+  const CallRule* const rule =
+      std::ranges::lower_bound(kRules, name, std::less<>(), &CallRule::name);
+  return rule != std::end(kRules) && rule->name == name ? rule : nullptr;
+}
+
+}  // namespace host

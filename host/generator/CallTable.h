@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string_view>
+
+namespace host {
+
+/// What the reader of listings does with a call.
+enum class CallEffect {
+  Traverse,         ///< A straight move at traverse rate.
+  Feed,             ///< A straight move at feed rate.
+  Units,            ///< Names the unit of the positions after it.
+  FixtureOffset,    ///< Moves or turns the system that positions are given in.
+  ProgramOffset,    ///< As above.
+  PlaneRotation,    ///< As above.
+  ToolOffset,       ///< Which point of the tool the positions are of.
+  End,              ///< The program was read to its end.
+  Waiting,          ///< Read and checked; becomes a line in a later version.
+  NoMove,           ///< Moves nothing and changes no position.
+  LostMove,         ///< Moves the tool in a way that the text has no line for.
+  Compensation,     ///< Positions after it are no longer those of the tool.
+  InterpreterError  ///< The interpreter gave up.
+};
+
+/// A call that listings can hold.
+struct CallRule {
+  std::string_view name;
+  CallEffect effect;
+  /// The arguments that it takes, as for readArguments; "*" where they are not looked at.
+  std::string_view shape;
+};
+
+/// The rule of a call; null for a call that the table does not have.
+[[nodiscard]] const CallRule* findCallRule(std::string_view name);
+
+}  // namespace host

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// A line of an input, for messages about it.
+struct LinePlace {
+  std::string_view file;
+  long line = 0;
+
+  /// Raises an InputError at a byte of the line, counted from 0.
+  [[noreturn]] void refuse(std::size_t offset, std::string_view message) const;
+};
+
+/// One line of a canonical listing, taken apart; every view lies in the line.
+struct CanonicalCall {
+  long runningNumber = 0;
+  std::string_view name;
+  /// Byte of the line where the name begins, from 0.
+  std::size_t nameAt = 0;
+  /// What stands between the outer parentheses.
+  std::string_view arguments;
+  std::size_t argumentsAt = 0;
+};
+
+/// Takes a line apart. An InputError for a line that is no call, and for bytes that are no text.
+[[nodiscard]] CanonicalCall parseCall(std::string_view line, const LinePlace& place);
+
+inline constexpr std::size_t kMostArguments = 9;
+
+/// The values of a call's arguments, each with the byte of the line where it begins.
+struct CanonicalArguments {
+  std::array<double, kMostArguments> numbers{};
+  std::array<std::size_t, kMostArguments> at{};
+  /// The text of a quoted argument, or the word of a worded one.
+  std::string_view text;
+};
+
+/// Reads the arguments of a call, one for each letter of `shape`: 'n' a finite number, 'i' a whole
+/// number, 'w' a word, 's' a text in quotes, which must be the only argument. An InputError for
+/// arguments of another number or kind.
+[[nodiscard]] CanonicalArguments readArguments(const CanonicalCall& call, std::string_view shape,
+                                               const LinePlace& place);
+
+}  // namespace host

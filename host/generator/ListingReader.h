@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string_view>
+
+#include "System/KEPPlatform.h"
+#include "host/generator/CallCounts.h"
+#include "host/generator/LengthUnit.h"
+#include "host/generator/RotaryChain.h"
+#include "host/generator/ToolPath.h"
+#include "host/generator/WorkFrame.h"
+
+namespace host {
+
+class LineReader;
+struct CallRule;
+struct CanonicalArguments;
+struct CanonicalCall;
+struct LinePlace;
+
+struct ListingOptions {
+  /// Unit of the positions that come out; also that of positions before any unit is named. Without
+  /// it positions come out in the unit of the first move.
+  std::optional<LengthUnit> unit;
+  /// What the rotary words turn. With it every move carries its tool axis, and the points are taken
+  /// as those of the tool's tip in the part's frame; without it a rotary word other than 0 is
+  /// refused.
+  std::optional<RotaryChain> rotary;
+};
+
+/// Reads a canonical listing, one call a line, in constant memory: straight moves become elements,
+/// every other call is counted. Whatever would leave a position in doubt raises an InputError with
+/// file, line and column.
+class KEP_PLATFORM ListingReader final : public ToolPathSource {
+ public:
+  /// The longest line, without its end.
+  static constexpr std::size_t kLongestLine = 65536;
+  /// How many different calls of unknown meaning are counted before a listing is refused.
+  static constexpr std::size_t kMostUnknownNames = 100;
+
+  ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options);
+  ~ListingReader() override;
+
+  [[nodiscard]] bool next(ToolPathEvent& event) override;
+
+  /// The calls read until now.
+  [[nodiscard]] const CallCounts& calls() const noexcept { return calls_; }
+  /// Whether moves carry tool axes.
+  [[nodiscard]] bool givesToolAxes() const noexcept { return options_.rotary.has_value(); }
+  /// The unit of the positions that come out; nothing before the first move.
+  [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
+
+ private:
+  bool readCall();
+  void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
+  void count(const CanonicalCall& call, const CallRule* rule, const LinePlace& place);
+  void obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
+  void useUnits(const CanonicalArguments& arguments, const LinePlace& place);
+  void changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
+                   const LinePlace& place);
+  void move(const CallRule& rule, const CanonicalCall& call, const CanonicalArguments& arguments,
+            const LinePlace& place);
+  void settleUnits(const CanonicalCall& call, const LinePlace& place);
+  void checkFrame(const CanonicalCall& call, const LinePlace& place);
+  void checkRotaryWords(const CanonicalArguments& arguments, const LinePlace& place) const;
+  [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
+  [[nodiscard]] Element nextElement();
+
+  std::unique_ptr<LineReader> lines_;
+  ListingOptions options_;
+  CallCounts calls_;
+  long lastRunningNumber_ = 0;
+  std::optional<LengthUnit> inputUnit_;
+  std::optional<LengthUnit> outputUnit_;
+  WorkFrame frame_;
+  std::optional<WorkFrame> frameOfMoves_;
+  /// The call that changed the frame last, and its line.
+  std::string_view frameCall_;
+  long frameLine_ = 0;
+  bool frameChanged_ = true;
+  bool ended_ = false;
+
+  // The move that is being given out: its position and what is still due before it.
+  std::optional<Position> move_;
+  bool rapidDue_ = false;
+  bool multaxDue_ = false;
+};
+
+}  // namespace host
