@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <system_error>
 
 #include "host/generator/InputError.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
@@ -22,7 +22,7 @@ int openFile(const std::string& path) {
   if (path == "-") return STDIN_FILENO;
   const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor >= 0) return descriptor;
-  throw InputError(path, 0, 0, "cannot be opened: " + std::generic_category().message(errno));
+  throw InputError(path, 0, 0, "cannot be opened: " + systemReason(errno));
 }
 
 }  // namespace
@@ -76,7 +76,7 @@ bool LineReader::fill() {
     count = ::read(descriptor_, buffer_.get() + end_, kCapacity - end_);
   } while (count < 0 && errno == EINTR);
   if (count < 0) {
-    throw InputError(name_, 0, 0, "cannot be read: " + std::generic_category().message(errno));
+    throw InputError(name_, 0, 0, "cannot be read: " + systemReason(errno));
   }
   end_ += static_cast<std::size_t>(count);
   buffer_[end_] = '\0';

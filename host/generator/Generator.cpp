@@ -1,0 +1,113 @@
+#include "host/generator/Generator.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "host/generator/InputError.h"
+#include "host/manufacturing/Activity.h"
+#include "host/system/Session.h"
+
+namespace host {
+
+/// Counts what the module tells of the element that is being put out.
+class Generator::Listener final : public KEPMfgPPWordListener {
+ public:
+  explicit Listener(Summary& summary)
+      : summary_(summary), previous_(std::exchange(session().listener, this)) {}
+  ~Listener() override { session().listener = previous_; }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+
+  void listenFor(const Element& element) noexcept { element_ = &element; }
+
+  void ReferenceReplaced(std::string_view name, Source source, std::string_view /*text*/) override {
+    if (source == Source::Nobody) {
+      summary_.unevaluated.add(name, element_->line, element_->instruction);
+    }
+  }
+
+  void TextDropped(std::string_view name, std::string_view text) override {
+    summary_.dropped.add(std::string(name).append(text), element_->line, element_->instruction);
+  }
+
+ private:
+  Summary& summary_;
+  KEPMfgPPWordListener* previous_;
+  const Element* element_ = nullptr;
+};
+
+Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink)
+    : document_(std::move(document)),
+      words_(document_->ppWordContainer()),
+      buffers_(words_),
+      sink_(sink),
+      listener_(std::make_unique<Listener>(summary_)) {
+  summary_.file = file;
+  words_->SetObjects({});
+}
+
+Generator::~Generator() { words_->SetObjects({}); }
+
+void Generator::run(ToolPathSource& toolPath) {
+  ToolPathEvent event;
+  while (toolPath.next(event)) {
+    std::visit([this](const auto& piece) { put(piece); }, event);
+  }
+}
+
+void Generator::put(const ActivityStart& start) {
+  KEPVar<Activity> activity = Activity::create(start.name);
+  for (const auto& [name, value] : start.parameters) activity->parameters().set(name, value);
+  for (const auto& [name, value] : start.customParameters) {
+    activity->customParameters().set(name, value);
+  }
+  if (start.isVirtual) {
+    const KEPVar<Activity> real = std::exchange(activity, Activity::create(start.name));
+    activity->standFor(real);
+  }
+  words_->SetObjects(activity);
+}
+
+void Generator::put(const Element& element) {
+  listener_->listenFor(element);
+  buffers_.apply(element.changes);
+  const KEPIMfgSyntaxEvaluation_var evaluation = evaluationOf(element);
+  for (const Position& position : element.positions) {
+    buffers_.apply(position);
+    instantiate(*evaluation, element);
+  }
+  if (element.positions.empty()) instantiate(*evaluation, element);
+  const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
+  summary_.elements += count;
+  summary_.instructions.add(KEPISpecObject_var(evaluation)->GetName(), element.line,
+                            element.instruction, count);
+}
+
+KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
+  KEPIMfgSyntaxEvaluation_var evaluation;
+  try {
+    words_->GetSyntaxEvaluation(evaluation, KEPUnicodeString(element.instruction));
+  } catch (const KEPErrorNullHandle&) {
+    // How the container answers for a sequential motion of an instruction that it does not have.
+  }
+  if (!evaluation) refuse(element, "is no NC instruction of this document");
+  return evaluation;
+}
+
+void Generator::instantiate(KEPIMfgSyntaxEvaluation& evaluation, const Element& element) {
+  lines_.RemoveAll();
+  if (!evaluation.InstantiateSyntax(lines_, element.sequence)) {
+    refuse(element, "cannot be put out: it has no sequence " + std::to_string(element.sequence) +
+                        ", or a line of it cannot be computed");
+  }
+  for (const KEPUnicodeString& line : lines_) sink_.write(line);
+  summary_.lines += lines_.Size();
+}
+
+void Generator::refuse(const Element& element, std::string_view why) const {
+  throw InputError(summary_.file, element.line, 0, element.instruction + ' ' + std::string(why));
+}
+
+}  // namespace host

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "KEPIMfgSyntaxEvaluation.h"
+#include "System/KEPPlatform.h"
+#include "host/generator/LineSink.h"
+#include "host/generator/MotionBuffers.h"
+#include "host/generator/Summary.h"
+#include "host/generator/ToolPath.h"
+#include "host/modeler/Document.h"
+
+namespace host {
+
+/// Drives a tool path through the PP words of a document: fills the motion buffers, asks for the
+/// syntax evaluation of each element's NC instruction and hands its lines to a sink. While it lives
+/// it listens to the module. The document has no current activity when it begins and when it ends.
+class KEP_PLATFORM Generator {
+ public:
+  /// `file` names the tool path in errors. The module must be loaded; otherwise the null-handle
+  /// error is raised. The sink must outlive the generator.
+  Generator(KEPVar<Document> document, std::string_view file, LineSink& sink);
+  Generator(const Generator&) = delete;
+  Generator& operator=(const Generator&) = delete;
+  ~Generator();
+
+  /// Puts out the whole tool path.
+  void run(ToolPathSource& toolPath);
+
+  // One piece of a tool path. An InputError for an NC instruction that the document does not have
+  // and for one that cannot be instantiated.
+  void put(const Element& element);
+  void put(const ActivityStart& start);
+
+  /// What was done until now.
+  [[nodiscard]] const Summary& summary() const noexcept { return summary_; }
+
+ private:
+  class Listener;
+
+  [[nodiscard]] KEPIMfgSyntaxEvaluation_var evaluationOf(const Element& element);
+  void instantiate(KEPIMfgSyntaxEvaluation& evaluation, const Element& element);
+  [[noreturn]] void refuse(const Element& element, std::string_view why) const;
+
+  KEPVar<Document> document_;
+  KEPIMfgPPWordContainer_var words_;
+  MotionBuffers buffers_;
+  LineSink& sink_;
+  Summary summary_;
+  KEPListValKEPUnicodeString lines_;
+  std::unique_ptr<Listener> listener_;
+};
+
+}  // namespace host

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "System/KEPPlatform.h"
+
+namespace host {
+
+/// What the first line of a job states.
+struct JobHeader {
+  enum class Units { Millimetre, Inch };
+
+  std::string program;
+  /// Unit of every length of the job. Nothing is converted.
+  Units units = Units::Millimetre;
+  /// The machine, and the PP word table that it names; empty where the header names none.
+  std::string resource;
+  std::string table;
+  /// Formats of points and tool axes; empty where the parameters' own formats hold.
+  std::string pointFormat;
+  std::string axisFormat;
+  std::vector<std::pair<std::string, double>> designParameters;
+
+  /// Where the header stands, and in it the table's name (0 without one).
+  std::string file;
+  long line = 0;
+  long tableColumn = 0;
+};
+
+/// Refuses, with an InputError, a header that names a table when the user has given none.
+KEP_PLATFORM void requireTable(const JobHeader& header, bool tableGiven);
+
+}  // namespace host

@@ -1,0 +1,170 @@
+#include "host/generator/JobLines.h"
+
+#include <array>
+
+#include "host/generator/JobObject.h"
+#include "host/generator/JobParameters.h"
+
+namespace host::job {
+namespace {
+
+constexpr int kVersion = 1;
+
+// Values of their own.
+
+void readName(Value value, const Place& place, std::string& name) {
+  name = readText(value, place);
+  if (name.empty()) place.refuse(value.raw_json_token().data(), "a name is expected");
+}
+
+template <auto Member, class Target>
+void intoName(Value value, const Place& place, Target& target) {
+  readName(value, place, target.*Member);
+}
+
+void readVersion(Value value, const Place& place, JobHeader& /*header*/) {
+  const int version = readInteger(value, place, 1);
+  if (version == kVersion) return;
+  place.refuse(value.raw_json_token().data(),
+               "version " + std::to_string(version) + " of the format is not known; write 1");
+}
+
+void readUnits(Value value, const Place& place, JobHeader& header) {
+  constexpr std::array<std::string_view, 2> kUnits{"mm", "inch"};
+  header.units = static_cast<JobHeader::Units>(readWord(value, place, kUnits));
+}
+
+void readTable(Value value, const Place& place, JobHeader& header) {
+  header.tableColumn = place.column(value.raw_json_token().data());
+  readName(value, place, header.table);
+}
+
+constexpr std::array<Key<JobHeader>, 2> kResourceKeys{{
+    {"name", intoName<&JobHeader::resource>, true},
+    {"table", readTable},
+}};
+
+void readResource(Value value, const Place& place, JobHeader& header) {
+  readFields<JobHeader>(value, place, kResourceKeys, header);
+}
+
+void readIsVirtual(Value value, const Place& place, ActivityStart& activity) {
+  if (value.get_bool().get(activity.isVirtual) == simdjson::SUCCESS) return;
+  refuseValue(value, place, "true or false");
+}
+
+void readSequence(Value value, const Place& place, Element& element) {
+  element.sequence = readInteger(value, place, 1);
+}
+
+template <auto Member>
+void change(Value value, const Place& place, Element& element) {
+  read(value, place, (element.changes.*Member).emplace());
+}
+
+struct EndMark {};
+
+void readEndMark(Value value, const Place& place, EndMark& /*end*/) {
+  bool end = false;
+  if (value.get_bool().get(end) == simdjson::SUCCESS && end) return;
+  refuseValue(value, place, "true");
+}
+
+// The kinds of line.
+
+constexpr std::array<Key<JobHeader>, 7> kHeaderKeys{{
+    {"job", readVersion, true},
+    {"program", intoName<&JobHeader::program>, true},
+    {"units", readUnits, true},
+    {"resource", readResource},
+    {"pointFormat", into<&JobHeader::pointFormat>},
+    {"axisFormat", into<&JobHeader::axisFormat>},
+    {"designParameters", into<&JobHeader::designParameters>},
+}};
+
+constexpr std::array<Key<ActivityStart>, 4> kActivityKeys{{
+    {"activity", intoName<&ActivityStart::name>, true},
+    {"parameters", into<&ActivityStart::parameters>},
+    {"customParameters", into<&ActivityStart::customParameters>},
+    {"virtual", readIsVirtual},
+}};
+
+constexpr std::array<Key<Element>, 12> kElementKeys{{
+    {"nc", intoName<&Element::instruction>, true},
+    {"sequence", readSequence},
+    {"points", into<&Element::positions>},
+    {"axis", change<&BufferChanges::toolAxis>},
+    {"circle", change<&BufferChanges::circle>},
+    {"helix", change<&BufferChanges::helix>},
+    {"feedrate", change<&BufferChanges::feedrate>},
+    {"spindle", change<&BufferChanges::spindle>},
+    {"comment", change<&BufferChanges::comment>},
+    {"corrector", change<&BufferChanges::corrector>},
+    {"hole", change<&BufferChanges::hole>},
+    {"rotate", change<&BufferChanges::rotate>},
+}};
+
+constexpr std::array<Key<EndMark>, 1> kEndKeys{{{"end", readEndMark, true}}};
+
+// In the order of LineKind.
+constexpr std::array<std::string_view, 4> kKindKeys{"job", "activity", "nc", "end"};
+
+const char* beginOf(const Line& line) {
+  return line.text.data() + line.text.find_first_not_of(" \t\r");
+}
+
+simdjson::ondemand::object objectOf(Line& line, const Place& place) {
+  auto result = line.document.get_object();
+  if (result.error() != simdjson::INCORRECT_TYPE) return take(std::move(result), place);
+  place.refuse(beginOf(line), "a line is an object: {...}");
+}
+
+template <class Target>
+void readLine(Line& line, Keys<Target> keys, Target& target) {
+  const Place root(line);
+  readFields<Target>(objectOf(line, root), beginOf(line), root, keys, target);
+  const char* behind = nullptr;
+  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
+}
+
+}  // namespace
+
+LineKind kindOf(Line& line) {
+  const Place root(line);
+  for (auto item : objectOf(line, root)) {
+    auto field = take(std::move(item), root);
+    const std::string_view name = nameOf(field, root).text;
+    for (std::size_t kind = 0; kind < kKindKeys.size(); ++kind) {
+      if (name != kKindKeys[kind]) continue;
+      line.document.rewind();
+      return static_cast<LineKind>(kind);
+    }
+  }
+  root.refuse(beginOf(line), R"(one of the keys "job", "activity", "nc" and "end" is expected)");
+}
+
+void readHeader(Line& line, JobHeader& header) { readLine<JobHeader>(line, kHeaderKeys, header); }
+
+void readActivity(Line& line, ActivityStart& activity) {
+  readLine<ActivityStart>(line, kActivityKeys, activity);
+}
+
+void readElement(Line& line, Element& element) { readLine<Element>(line, kElementKeys, element); }
+
+void readEnd(Line& line) {
+  EndMark end;
+  readLine<EndMark>(line, kEndKeys, end);
+}
+
+KeyNames keyNames() {
+  KeyNames names = bufferKeyNames();
+  names["header"] = namesOf<JobHeader>(kHeaderKeys);
+  names["resource"] = namesOf<JobHeader>(kResourceKeys);
+  names["activity"] = namesOf<ActivityStart>(kActivityKeys);
+  names["parameter"] = numberKeyNames();
+  names["element"] = namesOf<Element>(kElementKeys);
+  names["end"] = namesOf<EndMark>(kEndKeys);
+  return names;
+}
+
+}  // namespace host::job

@@ -1,0 +1,18 @@
+#include "host/generator/JobSetup.h"
+
+#include "host/manufacturing/GeneratorData.h"
+#include "host/system/Session.h"
+
+namespace host {
+
+JobSetup::JobSetup(const JobHeader& header, Document& document)
+    : previous_(session().generatorData) {
+  setCurrentGeneratorData(GeneratorData::create(header.pointFormat, header.axisFormat));
+  for (const auto& [name, value] : header.designParameters) {
+    document.setDesignParameter(name, value);
+  }
+}
+
+JobSetup::~JobSetup() { setCurrentGeneratorData(previous_); }
+
+}  // namespace host

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "host/generator/Tally.h"
+
+namespace host {
+
+/// What a generation did.
+struct Summary {
+  /// Name of the tool path; the lines of the tallies are lines of it.
+  std::string file;
+  /// Tool-path elements put out: one for each position of an element that has positions.
+  long elements = 0;
+  /// Lines of text put out.
+  long lines = 0;
+  /// NC instructions used, once for each element put out.
+  Tally instructions;
+  /// References that could not be evaluated, by the parameter's name.
+  Tally unevaluated;
+  /// Ends of parameter names that were cut off, by the name with its end.
+  Tally dropped;
+};
+
+}  // namespace host
