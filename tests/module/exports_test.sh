@@ -1,0 +1,31 @@
+#!/bin/sh
+# usage: exports_test.sh MODULE HOST LIST
+# Fails unless MODULE exports exactly the names of LIST, and asks for nothing but what HOST exports
+# as the platform (KEP...) and the language's own libraries (versioned names, sanitizers) offer.
+set -eu
+export LC_ALL=C
+module=$1 host=$2 list=$3
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+nm -D --defined-only -C "$module" | cut -d' ' -f3- | sort -u >"$work/exported"
+sort -u "$list" >"$work/expected"
+diff "$work/expected" "$work/exported" || {
+  echo "the exports differ from $list (< expected, > exported)" >&2
+  exit 1
+}
+
+nm -D --undefined-only "$module" | awk '$1 == "U" { print $2 }' |
+  grep -Ev '@(GLIBC|GLIBCXX|CXXABI|GCC)_|^__(asan|ubsan|sanitizer)_' | sort -u >"$work/asked"
+nm -D --defined-only "$host" | awk '{ print $3 }' | sort -u >"$work/offered"
+comm -23 "$work/asked" "$work/offered" >"$work/missing"
+c++filt <"$work/asked" | grep -Ev '^((vtable|typeinfo|typeinfo name) for )?KEP' \
+  >"$work/foreign" || true
+for problem in missing foreign; do
+  if [ -s "$work/$problem" ]; then
+    echo "$problem:" >&2
+    c++filt <"$work/$problem" >&2
+    exit 1
+  fi
+done
+test -s "$work/asked"
