@@ -61,38 +61,44 @@ Texts answersOf(KEPMfgPPTableTxt& reader) {
   return answers;
 }
 
-const Texts kWholeAnswers = {
-    "commands true 3 kept kept 7",      "name true 7 NC_A kept 7",
-    "range true 3 kept kept 7",         "syntax true 7 kept kept B1 7",
-    "syntax true 7 kept kept A1 7",     "sequences true 0 kept kept 7",
-    "sequences true 0 kept kept 7",     "sequence false 7 kept kept 7",
-    "sequence false 7 kept kept 7",     "lists true 1 kept kept 7",
-    "list true 7 MFG_UNITS kept 7",     "values true 7 kept MMPM 7",
-    "formats true 1 kept kept 7",       "format true 7 MFG_X kept 7",
-    "value true 7 %5.1f kept 7",        "syntaxes true 7 kept RAPID 7",
-    "words true 7 kept kept FINI NOTE 7 1 4", "codes true 7 kept kept 7 1 181"};
+const Texts kWholeAnswers = {"commands true 3 kept kept 7",
+                             "name true 7 NC_A kept 7",
+                             "range true 3 kept kept 7",
+                             "syntax true 7 kept kept B1 7",
+                             "syntax true 7 kept kept A1 7",
+                             "sequences true 0 kept kept 7",
+                             "sequences true 0 kept kept 7",
+                             "sequence false 7 kept kept 7",
+                             "sequence false 7 kept kept 7",
+                             "lists true 1 kept kept 7",
+                             "list true 7 MFG_UNITS kept 7",
+                             "values true 7 kept MMPM 7",
+                             "formats true 1 kept kept 7",
+                             "format true 7 MFG_X kept 7",
+                             "value true 7 %5.1f kept 7",
+                             "syntaxes true 7 kept RAPID 7",
+                             "words true 7 kept kept FINI NOTE 7 1 4",
+                             "codes true 7 kept kept 7 1 181"};
 
-const Texts kUnopenedAnswers = {
-    "commands false 0 kept kept 7",  "name false 7 kept kept 7",
-    "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
-    "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
-    "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
-    "sequence false 7 kept kept 7",  "lists false 0 kept kept 7",
-    "list false 7 kept kept 7",      "values false 7 kept 7",
-    "formats false 0 kept kept 7",   "format false 7 kept kept 7",
-    "value false 7 kept kept 7",     "syntaxes false 7 kept 7",
-    "words false 7 kept kept 7",     "codes false 7 kept kept 7"};
+const Texts kUnopenedAnswers = {"commands false 0 kept kept 7",  "name false 7 kept kept 7",
+                                "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
+                                "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
+                                "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
+                                "sequence false 7 kept kept 7",  "lists false 0 kept kept 7",
+                                "list false 7 kept kept 7",      "values false 7 kept 7",
+                                "formats false 0 kept kept 7",   "format false 7 kept kept 7",
+                                "value false 7 kept kept 7",     "syntaxes false 7 kept 7",
+                                "words false 7 kept kept 7",     "codes false 7 kept kept 7"};
 
-const Texts kEmptyAnswers = {
-    "commands true 0 kept kept 7",   "name false 7 kept kept 7",
-    "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
-    "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
-    "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
-    "sequence false 7 kept kept 7",  "lists true 0 kept kept 7",
-    "list false 7 kept kept 7",      "values false 7 kept 7",
-    "formats true 0 kept kept 7",    "format false 7 kept kept 7",
-    "value false 7 kept kept 7",     "syntaxes true 7 kept 7",
-    "words true 7 kept kept 7",      "codes true 7 kept kept 7"};
+const Texts kEmptyAnswers = {"commands true 0 kept kept 7",   "name false 7 kept kept 7",
+                             "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
+                             "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
+                             "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
+                             "sequence false 7 kept kept 7",  "lists true 0 kept kept 7",
+                             "list false 7 kept kept 7",      "values false 7 kept 7",
+                             "formats true 0 kept kept 7",    "format false 7 kept kept 7",
+                             "value false 7 kept kept 7",     "syntaxes true 7 kept 7",
+                             "words true 7 kept kept 7",      "codes true 7 kept kept 7"};
 
 std::string withCarriageReturns(std::string_view text) {
   std::string result;
@@ -160,14 +166,22 @@ TEST(TableReader, EveryWhiteSpaceSeparatesTokens) {
 }
 
 TEST(TableReader, BytesThatSomeLocalesCallBlankAreKept) {
-  const TableFile file("*START_SYNTAXES A\xA0" "B C\x85" "D \xC2\xA0 *END");
+  const TableFile file(
+      "*START_SYNTAXES A\xA0"
+      "B C\x85"
+      "D \xC2\xA0 *END");
   const std::string before = std::setlocale(LC_ALL, nullptr);
   for (const char* name : {"C", "C.UTF-8", "de_DE.UTF-8", "fr_FR.ISO-8859-1"}) {
     std::setlocale(LC_ALL, name);
     KEPMfgPPTableTxt reader(file.path());
     KEPListValKEPString syntaxes;
     EXPECT_TRUE(reader.GetListOfSyntaxes(syntaxes)) << name;
-    EXPECT_EQ(texts(syntaxes), (Texts{"A\xA0" "B", "C\x85" "D", "\xC2\xA0"})) << name;
+    EXPECT_EQ(texts(syntaxes), (Texts{"A\xA0"
+                                      "B",
+                                      "C\x85"
+                                      "D",
+                                      "\xC2\xA0"}))
+        << name;
   }
   std::setlocale(LC_ALL, before.c_str());
 }

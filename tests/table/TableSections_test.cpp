@@ -144,9 +144,8 @@ TEST(TableFormats, NameIsFoundByIndex) {
 
 TEST(TableFormats, ValueIsTheLastTokenThatDoesNotBeginWithASlash) {
   const std::vector<std::pair<std::string, std::string>> cases = {
-      {"%11.5f", "%11.5f"},    {"%1.1f %2.2f", "%2.2f"}, {"%1.1f /%2.2f", "%1.1f"},
-      {"A,B", "A,B"},          {"", "untouched"},        {"/%1.1f", "untouched"},
-      {"%1.1f *ENDX", "*ENDX"}};
+      {"%11.5f", "%11.5f"}, {"%1.1f %2.2f", "%2.2f"}, {"%1.1f /%2.2f", "%1.1f"}, {"A,B", "A,B"},
+      {"", "untouched"},    {"/%1.1f", "untouched"},  {"%1.1f *ENDX", "*ENDX"}};
   for (const auto& [body, expected] : cases) {
     const TableFile file("*START_FORMAT MFG_A\n" + body + "\n*END\n");
     KEPMfgPPTableTxt reader(file.path());

@@ -39,10 +39,9 @@ constexpr std::string_view kTable =
     "*START_MINOR_WORDS\nSECOND,9\n*END\n";
 
 TEST(TableWords, KindsComeInOrderWhateverTheOrderOfTheSections) {
-  EXPECT_EQ(vocabularyOf(kTable),
-            (Vocabulary{{"FINI", "PARTNO", "TPRINT", "GOTO", "NOTE"},
-                        {1, 2, 3, 3, 4},
-                        {1, 1045, 1075, 2, 181}}));
+  EXPECT_EQ(vocabularyOf(kTable), (Vocabulary{{"FINI", "PARTNO", "TPRINT", "GOTO", "NOTE"},
+                                              {1, 2, 3, 3, 4},
+                                              {1, 1045, 1075, 2, 181}}));
 }
 
 TEST(TableWords, CommasAndBlanksSeparateAlike) {

@@ -31,6 +31,7 @@ struct Body {
   State state = State::Unread;
   std::vector<std::variant<std::string, const Body*>> pieces;
   std::size_t size = 0;   // elements, those of the inserted bodies included
+  bool mayBeCut = false;  // one of these elements is kCutWidth wide
   long brokenBehind = 0;  // where reading stopped when the body is Broken
 };
 
@@ -83,7 +84,7 @@ std::vector<std::string> writtenOut(const Body& top) {
   while (!visits.empty()) {
     Visit& visit = visits.back();
     if (visit.next == visit.body->pieces.size()) {
-      mendCutSyntaxes(std::span(elements).subspan(visit.first));
+      if (visit.body->mayBeCut) mendCutSyntaxes(std::span(elements).subspan(visit.first));
       visits.pop_back();
       continue;
     }
@@ -169,6 +170,7 @@ bool SyntaxReader::keepInserted(const Body& body) {
   if (body.size == 0) return true;
   current().pieces.emplace_back(&body);
   current().size += body.size;
+  current().mayBeCut = current().mayBeCut || body.mayBeCut;
   return true;
 }
 
@@ -190,8 +192,9 @@ bool SyntaxReader::goOnBehind(const Body& broken) {
 }
 
 void SyntaxReader::add(std::string element) {
-  current().pieces.emplace_back(std::move(element));
   ++current().size;
+  current().mayBeCut = current().mayBeCut || element.size() == kCutWidth;
+  current().pieces.emplace_back(std::move(element));
 }
 
 }  // namespace

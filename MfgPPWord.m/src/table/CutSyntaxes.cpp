@@ -5,12 +5,10 @@
 namespace ppword {
 namespace {
 
-constexpr std::size_t kWidth = 80;
-
 // How many characters of `next` belong to the end of `line`.
 std::size_t cutOff(std::string_view line, std::string_view next) {
-  if (line.size() != kWidth || line.back() == ',') return 0;
-  const std::size_t mark = line.find_last_of(",%", kWidth - 2);
+  if (line.size() != kCutWidth || line.back() == ',') return 0;
+  const std::size_t mark = line.find_last_of(",%", kCutWidth - 2);
   if (mark == std::string_view::npos || line[mark] == ',') return 0;
   const std::size_t comma = next.find(',');
   // deliberate: a parameter that is the last argument of its line stays cut

@@ -69,6 +69,7 @@ std::optional<std::string_view> FileSource::nextLine() {
 long FileSource::position() { return file() == nullptr ? -1 : std::ftell(file()); }
 
 bool FileSource::seek(long position) {
+  tooLong_ = false;
   return file() != nullptr && std::fseek(file(), position, SEEK_SET) == 0;
 }
 

@@ -20,7 +20,7 @@ class TableSource {
   virtual Rewind rewind() = 0;
 
   /// The next token; the position is directly behind it. Nothing at end of file, and nothing from
-  /// the first token of more than kMostCharacters on, which `tooLong` tells.
+  /// the first token of more than kMostCharacters on, which `tooLong` tells until a `seek`.
   virtual std::optional<std::string_view> nextToken() = 0;
   [[nodiscard]] virtual bool tooLong() const = 0;
 
