@@ -1,0 +1,63 @@
+# Installation: the program (component "program"), and what others build against (component
+# "embedding"): the two libraries side by side, the headers and the CMake package.
+include(CMakePackageConfigHelpers)
+
+set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/MfgPPWord)
+set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/MfgPPWord)
+
+set_target_properties(MfgPPWordPlatform PROPERTIES EXPORT_NAME platform)
+set_target_properties(MfgPPWordInterfaces PROPERTIES EXPORT_NAME interfaces)
+set_target_properties(MfgPPWordHost PROPERTIES EXPORT_NAME host INSTALL_RPATH $ORIGIN)
+set_target_properties(MfgPPWord PROPERTIES EXPORT_NAME module INSTALL_RPATH $ORIGIN)
+file(RELATIVE_PATH bin_to_lib /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+set_target_properties(ppword PROPERTIES INSTALL_RPATH $ORIGIN/${bin_to_lib})
+
+install(TARGETS ppword RUNTIME COMPONENT program)
+install(
+  TARGETS MfgPPWordPlatform MfgPPWordInterfaces MfgPPWordHost MfgPPWord
+  EXPORT MfgPPWordTargets
+  LIBRARY COMPONENT embedding)
+
+# The directories themselves, without the sources' own CMake files.
+install(
+  DIRECTORY ${PROJECT_SOURCE_DIR}/platform ${PROJECT_SOURCE_DIR}/interfaces
+  DESTINATION ${include_dir}
+  COMPONENT embedding
+  FILES_MATCHING
+  PATTERN "*.h")
+foreach(
+  header
+  host/knowledge/KnowledgeParameter.h
+  host/manufacturing/Activity.h
+  host/manufacturing/GeneratorData.h
+  host/modeler/AttributeTable.h
+  host/modeler/Container.h
+  host/modeler/Document.h
+  host/modeler/Feature.h
+  host/system/Dictionary.h
+  host/system/Extensions.h
+  host/system/Module.h
+  host/system/Session.h
+  host/system/TextHash.h)
+  cmake_path(GET header PARENT_PATH room)
+  install(
+    FILES ${PROJECT_SOURCE_DIR}/${header}
+    DESTINATION ${include_dir}/${room}
+    COMPONENT embedding)
+endforeach()
+
+install(
+  EXPORT MfgPPWordTargets
+  NAMESPACE MfgPPWord::
+  DESTINATION ${package_dir}
+  COMPONENT embedding)
+configure_package_config_file(
+  ${CMAKE_CURRENT_LIST_DIR}/MfgPPWordConfig.cmake.in ${CMAKE_BINARY_DIR}/MfgPPWordConfig.cmake
+  INSTALL_DESTINATION ${package_dir} NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(${CMAKE_BINARY_DIR}/MfgPPWordConfigVersion.cmake
+                                 COMPATIBILITY SameMinorVersion)
+install(
+  FILES ${CMAKE_BINARY_DIR}/MfgPPWordConfig.cmake
+        ${CMAKE_BINARY_DIR}/MfgPPWordConfigVersion.cmake
+  DESTINATION ${package_dir}
+  COMPONENT embedding)

@@ -1,0 +1,30 @@
+#!/bin/sh
+# usage: package_test.sh CMAKE BUILD PROJECT LINE
+# Installs the build directory BUILD, moves the installation elsewhere, builds a copy of PROJECT
+# against it and fails unless the program prints exactly LINE.
+set -eu
+cmake=$1 build=$2 project=$3 line=$4
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+"$cmake" --install "$build" --prefix "$work/first" --component embedding >"$work/log"
+mv "$work/first" "$work/installed"
+if grep -rlF "$build" "$work/installed" --include='*.cmake'; then
+  echo "the package refers to its build directory" >&2
+  exit 1
+fi
+
+cp -R "$project" "$work/project"
+"$cmake" -S "$work/project" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/installed" >>"$work/log" 2>&1 &&
+  "$cmake" --build "$work/build" >>"$work/log" 2>&1 || {
+  cat "$work/log" >&2
+  exit 1
+}
+
+program=$work/build/$(basename "$project")
+printed=$("$program")
+if [ "$printed" != "$line" ]; then
+  echo "expected: $line" >&2
+  echo "printed:  $printed" >&2
+  exit 1
+fi
