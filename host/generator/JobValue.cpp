@@ -27,9 +27,10 @@ bool isControl(char c) { return static_cast<unsigned char>(c) < kLeastPrinting |
 std::size_t readNumbers(Value value, const Place& place, std::span<double> numbers) {
   std::size_t count = 0;
   for (auto item : readArray(value, place)) {
-    if (count == numbers.size()) return count + 1;
     const Place here(place, count);
-    numbers[count++] = readNumber(take(std::move(item), here), here);
+    const Value number = take(std::move(item), here);
+    if (count == numbers.size()) return count + 1;
+    numbers[count++] = readNumber(number, here);
   }
   return count;
 }
