@@ -32,6 +32,14 @@ std::string command(const std::string& name, const std::string& body) {
 
 std::string number(int value) { return std::to_string(value); }
 
+Syntax syntaxByName(std::string_view table) {
+  const TableFile file(table);
+  KEPMfgPPTableTxt reader(file.path());
+  KEPListValKEPString syntaxes;
+  if (reader.GetSyntaxOfCommand("NC_A", syntaxes)) return texts(syntaxes);
+  return std::nullopt;
+}
+
 struct InsertCase {
   std::string table;
   Syntax elements;
@@ -196,7 +204,7 @@ TEST(TableInserts, DeepChainTakesNoStack) {
   std::string table = command("A", "*INSERT NC_1");
   for (int i = 1; i < kDepth; ++i) table += command(number(i), "E *INSERT NC_" + number(i + 1));
   table += command(number(kDepth), "LAST");
-  const Syntax elements = syntaxOfA(table);
+  const Syntax elements = syntaxByName(table);
   ASSERT_TRUE(elements);
   ASSERT_EQ(elements->size(), 50'000U);
   EXPECT_EQ(elements->back(), "LAST");
@@ -239,6 +247,34 @@ TEST(TableInserts, HundredThousandElementsAreGiven) {
 
 TEST(TableInserts, MoreElementsGiveFalse) {
   EXPECT_EQ(syntaxOfA(hundredThousand(" ONE")), std::nullopt);
+}
+
+// Commands without an end share the text behind them, so that together they hold far more than
+// the file: here as elements of bodies that are dropped, because an insert names no command.
+TEST(TableInserts, OverlappingBodiesThatFillTheMemoryGiveFalse) {
+  constexpr int kCommands = 12;
+  std::string table = command("A", "*INSERT NC_P0");
+  std::string overlapping;
+  for (int i = 0; i < kCommands; ++i) {
+    table += command("P" + number(i),
+                     "*INSERT NC_" + number(i) + " *INSERT MY_X *INSERT NC_P" + number(i + 1));
+    overlapping += "*START_NC_COMMAND NC_" + number(i) + "\n";
+  }
+  table += command("P" + number(kCommands), "LAST") + overlapping;
+  for (int i = 0; i < 95'000; ++i) table += "E\n";
+  EXPECT_EQ(syntaxByName(table + "*END"), std::nullopt);
+}
+
+TEST(TableInserts, OverlappingBodiesThatTakeTooLongGiveFalse) {
+  constexpr int kCommands = 1'000;
+  std::string table = "*START_NC_COMMAND NC_A\n";
+  std::string overlapping;
+  for (int i = 0; i < kCommands; ++i) {
+    table += "*INSERT NC_" + number(i) + "\n";
+    overlapping += "*START_NC_COMMAND NC_" + number(i) + " *START_LIST\n";
+  }
+  EXPECT_EQ(syntaxByName(table + "*END\n" + overlapping + std::string(300'000, '\n') + "*END *END"),
+            std::nullopt);
 }
 
 TEST(TableInserts, ElementsAreMendedInTheListTheyComeTo) {

@@ -15,8 +15,10 @@ namespace ppword {
 namespace {
 
 constexpr std::size_t kMostElements = 100'000;
-// Bodies of commands without an end overlap, and then a short file could fill the memory.
+// Bodies that lack their end overlap, and a short table of them could take any time and memory.
+// Bodies that do not overlap come nowhere near these bounds.
 constexpr std::size_t kMostPieces = 1'000'000;
+constexpr long kMostBytes = 256L * 1024 * 1024;
 
 constexpr std::array<std::string_view, 4> kTextWords = {"PARTNO", "$$", "INSERT", "DNCMSG"};
 
@@ -40,7 +42,7 @@ struct Body {
 class SyntaxReader {
  public:
   SyntaxReader(TableSource& source, std::string_view commandName)
-      : source_(source), commandName_(commandName) {}
+      : source_(source), commandName_(commandName), from_(source.position()) {}
 
   std::optional<std::vector<std::string>> read();
 
@@ -57,10 +59,12 @@ class SyntaxReader {
   bool skipList();
   bool endBody();
   bool insert();
-  bool open(Body& body, long start, long behind);
+  bool findCommands();
+  bool open(Body& body, long start);
   bool keepInserted(const Body& body);
   bool breakBody();
   bool goOnBehind(const Body& broken);
+  bool goTo(long position);
   void add(std::string element);
   Body& current() { return *frames_.back().body; }
 
@@ -69,7 +73,9 @@ class SyntaxReader {
   std::vector<Frame> frames_;
   std::optional<std::unordered_map<std::string, long>> positions_;
   std::unordered_map<std::string, Body> inserted_;
-  std::size_t pieces_ = 0;
+  std::size_t pieces_ = 0;  // of the whole inserted bodies
+  long from_;               // where the scan began or went last
+  long bytes_ = 0;          // what it read before
 };
 
 // The elements of a body in order, each inserted body mended before the one around it.
@@ -140,7 +146,7 @@ bool SyntaxReader::endBody() {
   if (positions_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
   body.state = Body::State::Whole;
   frames_.pop_back();
-  return frames_.empty() || (source_.seek(behind) && keepInserted(body));
+  return frames_.empty() || (goTo(behind) && keepInserted(body));
 }
 
 bool SyntaxReader::insert() {
@@ -148,20 +154,25 @@ bool SyntaxReader::insert() {
   if (!token) return false;
   if (!token->starts_with("NC_")) return breakBody();
   const std::string name(*token);
-  const long behind = source_.position();
-  if (!positions_) positions_ = commandPositions(source_);
+  if (!positions_ && !findCommands()) return false;
   const auto start = positions_->find(name);
   if (start == positions_->end()) return false;
   Body& body = inserted_[name];
-  if (body.state == Body::State::Unread) return open(body, start->second, behind);
+  if (body.state == Body::State::Unread) return open(body, start->second);
   if (body.state == Body::State::Whole) return keepInserted(body);
   return body.state == Body::State::Broken && goOnBehind(body);
 }
 
-bool SyntaxReader::open(Body& body, long start, long behind) {
+bool SyntaxReader::findCommands() {
+  const long here = source_.position();
+  positions_ = commandPositions(source_);
+  return source_.seek(here);
+}
+
+bool SyntaxReader::open(Body& body, long start) {
   body.state = Body::State::Reading;
-  frames_.push_back({&body, behind, {}});
-  return source_.seek(start);
+  frames_.push_back({&body, source_.position(), {}});
+  return goTo(start);
 }
 
 bool SyntaxReader::keepInserted(const Body& body) {
@@ -188,7 +199,13 @@ bool SyntaxReader::breakBody() {
 // What is read from there on depends on nothing else: a body that comes there again never ends.
 bool SyntaxReader::goOnBehind(const Body& broken) {
   return frames_.back().brokenInserts.insert(broken.brokenBehind).second &&
-         source_.seek(broken.brokenBehind);
+         goTo(broken.brokenBehind);
+}
+
+bool SyntaxReader::goTo(long position) {
+  bytes_ += source_.position() - from_;
+  from_ = position;
+  return bytes_ <= kMostBytes && source_.seek(position);
 }
 
 void SyntaxReader::add(std::string element) {
