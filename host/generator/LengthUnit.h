@@ -8,9 +8,15 @@ namespace host {
 /// The length units of a canonical listing.
 enum class LengthUnit { Millimetre, Centimetre, Inch };
 
-[[nodiscard]] constexpr double millimetresOf(LengthUnit unit) {
-  if (unit == LengthUnit::Inch) return 25.4;
-  return unit == LengthUnit::Centimetre ? 10.0 : 1.0;
+/// A unit in tenths of a millimetre, which are whole numbers for all of them.
+[[nodiscard]] constexpr double tenthsOf(LengthUnit unit) {
+  if (unit == LengthUnit::Inch) return 254.0;
+  return unit == LengthUnit::Centimetre ? 100.0 : 10.0;
+}
+
+/// A length in another unit; in its own it stays as it is, to the last bit.
+[[nodiscard]] constexpr double converted(double length, LengthUnit from, LengthUnit to) {
+  return from == to ? length : length * tenthsOf(from) / tenthsOf(to);
 }
 
 [[nodiscard]] constexpr std::string_view pluralOf(LengthUnit unit) {

@@ -155,7 +155,8 @@ void ListingReader::useUnits(const CanonicalArguments& arguments, const LinePlac
 
 void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
                                 const LinePlace& place) {
-  const double millimetres = millimetresOf(inputUnit_.value_or(LengthUnit::Millimetre));
+  const double millimetres =
+      converted(1.0, inputUnit_.value_or(LengthUnit::Millimetre), LengthUnit::Millimetre);
   if (rule.effect == CallEffect::FixtureOffset) {
     frame_.setFixtureOffset(axes(arguments, 1), millimetres);
   } else if (rule.effect == CallEffect::ProgramOffset) {
@@ -221,7 +222,7 @@ Position ListingReader::positionOf(const CanonicalArguments& arguments) const {
   const auto& number = arguments.numbers;
   Position position;
   for (std::size_t axis = 0; axis < kLengths; ++axis) {
-    position.point[axis] = number[axis] * millimetresOf(*inputUnit_) / millimetresOf(*outputUnit_);
+    position.point[axis] = converted(number[axis], *inputUnit_, *outputUnit_);
   }
   if (options_.rotary)
     position.toolAxis = options_.rotary->toolAxis({number[3], number[4], number[5]});

@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/generator/Listings.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+constexpr std::string_view kNoCall =
+    "not a call of a canonical listing (running number, block number, call); what the program "
+    "prints with (print,...) stays out of the listing with: rs274 -g PROGRAM LISTING\n";
+
+TEST(ListingErrors, DamagedLineIsRefusedWithItsPlace) {
+  struct Case {
+    std::string_view expected;
+    std::string_view line;
+  };
+  const std::vector<Case> cases = {
+      {"1:1: ", ""},
+      {"1:1: ", "hello world"},
+      {"1:1: ", "N..... ON_RESET()"},
+      {"1:5: ", "    1"},
+      {"1:5: ", "    1N..... ON_RESET()"},
+      {"1:5: ", "    1 ON_RESET()"},
+      {"1:1: ", "\xEF\xBB\xBF    1 N..... ON_RESET()"},
+      {"1:5: ", "    99999999999999999999 N..... ON_RESET()"},
+      {"1:3: ", "  -1 N..... ON_RESET()"},
+  };
+  for (const auto& [expected, line] : cases) {
+    EXPECT_EQ(readListing(line.empty() ? "\n" : line), std::string(expected) + std::string(kNoCall))
+        << line;
+  }
+}
+
+TEST(ListingErrors, MisformedCallIsRefusedWithItsPlace) {
+  struct Case {
+    std::string_view expected;
+    std::string_view line;
+  };
+  const std::vector<Case> cases = {
+      {"1:8: '.....' or a block number is expected behind 'N'\n", "    1 N ON_RESET()"},
+      {"1:8: '.....' or a block number is expected behind 'N'\n", "    1 NURBS_FEED(5, ...)"},
+      {"1:13: the name of a call is expected\n", "    1 N....."},
+      {"1:14: the name of a call is expected\n", "    1 N..... ()"},
+      {"1:14: the name of a call is expected\n", "    1 N..... on_reset()"},
+      {"1:14: the name of a call is expected\n", "    1 N..... 7()"},
+      {"1:22: '(' is expected behind the name of the call\n", "    1 N..... ON_RESET"},
+      {"1:22: '(' is expected behind the name of the call\n", "    1 N..... ON_RESET []"},
+      {"1:23: the line does not end in ')'; it is cut or damaged\n", "    1 N..... ON_RESET("},
+      {"1:25: the line does not end in ')'; it is cut or damaged\n", "    1 N..... ON_RESET() "},
+      {"1:25: the line does not end in ')'; it is cut or damaged\n", "    1 N..... ON_RESET();"},
+      {"1:7: the byte 0x00 is no text; this is not a listing, or it is damaged\n",
+       "    1 \0..... ON_RESET()"sv},
+      {"1:24: the byte 0x1b is no text; this is not a listing, or it is damaged\n",
+       "    1 N..... COMMENT(\"a\x1b\")"},
+      {"1:24: the byte 0x7f is no text; this is not a listing, or it is damaged\n",
+       "    1 N..... COMMENT(\"a\x7f\")"},
+      {"1:22: the byte 0x0d is no text; this is not a listing, or it is damaged\n",
+       "    1 N..... ON_RESET\r()"},
+  };
+  for (const auto& [expected, line] : cases) EXPECT_EQ(readListing(line), expected) << line;
+}
+
+TEST(ListingErrors, NameOfSixtyFourBytesIsTheLongest) {
+  const std::string longest(64, 'A');
+  EXPECT_EQ(readListing(program(longest + "()\n")), "");
+  EXPECT_EQ(readListing(program(longest + "A()\n")), "2:14: the name of the call is too long\n");
+}
+
+TEST(ListingErrors, WrongArgumentsAreRefusedWithTheirPlace) {
+  struct Case {
+    std::string_view expected;
+    std::string_view call;
+  };
+  // The arguments of STRAIGHT_FEED begin in column 28.
+  const std::vector<Case> cases = {
+      {"2:38: STRAIGHT_FEED: it takes 6 arguments, 2 stand here\n", "STRAIGHT_FEED(1.00, 2.00)"},
+      {"2:28: STRAIGHT_FEED: it takes 6 arguments, 0 stand here\n", "STRAIGHT_FEED()"},
+      {"2:58: STRAIGHT_FEED: it takes 6 arguments, more stand here\n",
+       "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0, 7.0)"},
+      {"2:36: STRAIGHT_FEED: an argument is missing behind the last comma\n",
+       "STRAIGHT_FEED(1.0 2.0,)"},
+      {"2:33: STRAIGHT_FEED: '' is not a number\n", "STRAIGHT_FEED(1.0, , 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: '2.0e5' is not a number\n",
+       "STRAIGHT_FEED(1.0, 2.0e5, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: '+2.0' is not a number\n",
+       "STRAIGHT_FEED(1.0, +2.0, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: '0x2' is not a number\n",
+       "STRAIGHT_FEED(1.0, 0x2, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: 'abc' is not a number\n",
+       "STRAIGHT_FEED(1.0, abc, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: '2.0.0' is not a number\n",
+       "STRAIGHT_FEED(1.0, 2.0.0, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:33: STRAIGHT_FEED: '-' is not a number\n", "STRAIGHT_FEED(1.0, -, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:28: STRAIGHT_FEED: 'nan' is not a finite number\n",
+       "STRAIGHT_FEED(nan, 2.0, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:28: STRAIGHT_FEED: '-inf' is not a finite number\n",
+       "STRAIGHT_FEED(-inf, 2.0, 3.0, 0.0, 0.0, 0.0)"},
+      {"2:28: DWELL: it takes 1 argument, more stand here\n", "DWELL(1.0000, 2)"},
+      {"2:31: SET_FEED_MODE: 'x' is not a whole number\n", "SET_FEED_MODE(0, x)"},
+      {"2:22: COMMENT: its text is not in quotes\n", "COMMENT(a)"},
+      {"2:22: COMMENT: its text is not in quotes\n", "COMMENT(\"a)"},
+      {"2:22: COMMENT: its text is not in quotes\n", "COMMENT(\")"},
+      {"2:22: COMMENT: it takes 1 argument, 0 stand here\n", "COMMENT()"},
+      {"2:26: SELECT_TOOL: '1.5' is not a whole number\n", "SELECT_TOOL(1.5)"},
+      {"2:26: SELECT_TOOL: '99999999999' is not a whole number\n", "SELECT_TOOL(99999999999)"},
+      {"2:26: PROGRAM_END: it takes 0 arguments, more stand here\n", "PROGRAM_END(1)"},
+      {"2:31: USE_LENGTH_UNITS: it takes 1 argument, 0 stand here\n", "USE_LENGTH_UNITS()"},
+      {"2:31: the length unit is none of CANON_UNITS_MM, CANON_UNITS_INCHES, CANON_UNITS_CM\n",
+       "USE_LENGTH_UNITS(UNKNOWN)"},
+  };
+  for (const auto& [expected, call] : cases) {
+    EXPECT_EQ(readListing(program(std::string(call) + '\n')), expected) << call;
+  }
+}
+
+TEST(ListingErrors, EveryWaitingCallChecksItsArguments) {
+  const std::vector<std::string_view> calls = {
+      "SET_FEED_RATE(fast)",
+      "SET_FEED_MODE(0, x)",
+      "SET_SPINDLE_SPEED(0)",
+      "SET_SPINDLE_MODE(0 x)",
+      "START_SPINDLE_CLOCKWISE(0.5)",
+      "START_SPINDLE_COUNTERCLOCKWISE()",
+      "STOP_SPINDLE_TURNING(a)",
+      "SELECT_TOOL()",
+      "START_CHANGE(1)",
+      "CHANGE_TOOL(1.0)",
+      "CHANGE_TOOL_NUMBER(x)",
+      "COMMENT(x)",
+      "MESSAGE()",
+      "DWELL(nan)",
+  };
+  for (const std::string_view call : calls) {
+    EXPECT_TRUE(readListing(program(std::string(call) + '\n')).starts_with("2:")) << call;
+  }
+}
+
+TEST(ListingErrors, LongWrongNumberIsShortenedInTheMessage) {
+  EXPECT_EQ(readListing(program("DWELL(" + std::string(60, 'x') + ")\n")),
+            "2:20: DWELL: 'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx...' is not a number\n");
+}
+
+TEST(ListingErrors, NumberBeyondEveryDoubleIsRefused) {
+  EXPECT_EQ(readListing(program("DWELL(1" + std::string(400, '0') + ".0)\n")),
+            "2:20: DWELL: '1000000000000000000000000000000000000000...' is not a finite number\n");
+}
+
+TEST(ListingErrors, LineOfSixtyFourKibibytesIsTheLongest) {
+  const std::string opening = "    1 N..... COMMENT(\"";
+  const std::string longest = opening + std::string(65536 - opening.size() - 2, 'x') + "\")\n";
+  EXPECT_EQ(readListing(longest + "    2 N..... PROGRAM_END()\n"), "");
+  EXPECT_EQ(readListing(opening + std::string(65537 - opening.size() - 2, 'x') + "\")\n"),
+            "1:65537: the line is longer than 64 KiB (65536 bytes)\n");
+}
+
+TEST(ListingErrors, ListingWithoutAnEndIsRefusedBehindItsMoves) {
+  constexpr std::string_view kCut =
+      "the listing ends without PROGRAM_END or FINISH; it is cut, or rs274 stopped at an error of "
+      "the program\n";
+  EXPECT_EQ(readListing(""), "0:0: " + std::string(kCut));
+  EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                 "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n"
+                                 "ON_RESET()\n"
+                                 "ON_RESET()\n")),
+            "NC_GOTO 1 2 3\n4:0: " + std::string(kCut));
+}
+
+TEST(ListingErrors, FinishEndsAListingToo) {
+  EXPECT_EQ(readListing(numbered("FINISH()\nON_RESET()\n")), "");
+}
+
+TEST(ListingErrors, CallsBehindTheEndAreReadUnlessTheyMove) {
+  EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                 "PROGRAM_END()\n"
+                                 "COMMENT(\"interpreter: percent sign missing from end of file\")\n"
+                                 "ON_RESET()\n")),
+            "");
+  EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                 "PROGRAM_END()\n"
+                                 "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n")),
+            "3:14: a move stands behind the end of the program\n");
+}
+
+TEST(ListingErrors, GapInTheRunningNumbersIsRefused) {
+  EXPECT_EQ(readListing("    2 N..... ON_RESET()\n"),
+            "1:1: the running number is 2 where 1 is due; calls are missing or out of order\n");
+  EXPECT_EQ(readListing("    1 N..... ON_RESET()\n    1 N..... ON_RESET()\n"),
+            "2:1: the running number is 1 where 2 is due; calls are missing or out of order\n");
+  EXPECT_EQ(readListing("    1 N..... ON_RESET()\n   13 N..... ON_RESET()\n"),
+            "2:1: the running number is 13 where 2 is due; calls are missing or out of order\n");
+}
+
+TEST(ListingErrors, CallsThatLeavePositionsInDoubtAreRefused) {
+  EXPECT_EQ(readListing(program("START_CUTTER_RADIUS_COMPENSATION(LEFT)\n")),
+            "2:14: cutter compensation is left to the machine, so that the positions behind are "
+            "not those of the tool; make the listing with compensated positions\n");
+  EXPECT_EQ(readListing(program("CANON_ERROR(no such thing)\n")),
+            "2:14: the interpreter reports an error of the program here\n");
+  EXPECT_EQ(readListing(program("USE_TOOL_LENGTH_OFFSET(0.0 0.0 9.0, 0.0 5.0 0.0, 0.0 0.0 0.0)\n")),
+            "2:14: this tool offset turns rotary axes, so that the words of the moves no longer "
+            "tell the tool axis; make the listing without rotary offsets in the tool table\n");
+}
+
+}  // namespace

@@ -1,0 +1,224 @@
+#include "host/generator/ListingReader.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "host/generator/InputError.h"
+#include "host/generator/LineReader.h"
+#include "host/generator/ListingSummary.h"
+#include "tests/generator/Listings.h"
+#include "tests/support/InputFile.h"
+
+namespace {
+
+using host::ListingOptions;
+
+TEST(ListingReader, FeedGivesGoto) {
+  EXPECT_EQ(
+      readListing(program("STRAIGHT_FEED(1.0000, -2.5000, 0.1250, 0.0000, 0.0000, 0.0000)\n")),
+      "NC_GOTO 1 -2.5 0.125\n");
+}
+
+TEST(ListingReader, EveryTraverseGivesRapidOfItsOwn) {
+  EXPECT_EQ(
+      readListing(program("STRAIGHT_TRAVERSE(1.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                          "STRAIGHT_TRAVERSE(2.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                          "STRAIGHT_FEED(3.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                          "STRAIGHT_TRAVERSE(4.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n")),
+      "NC_RAPID\nNC_GOTO 1 0 0\n"
+      "NC_RAPID\nNC_GOTO 2 0 0\n"
+      "NC_GOTO 3 0 0\n"
+      "NC_RAPID\nNC_GOTO 4 0 0\n");
+}
+
+TEST(ListingReader, RepeatedPositionIsAMoveOfItsOwn) {
+  EXPECT_EQ(readListing(program("STRAIGHT_FEED(1.0000, 2.0000, 3.0000, 0.0000, 0.0000, 0.0000)\n"
+                                "STRAIGHT_FEED(1.0000, 2.0000, 3.0000, 0.0000, 0.0000, 0.0000)\n")),
+            "NC_GOTO 1 2 3\nNC_GOTO 1 2 3\n");
+}
+
+TEST(ListingReader, MinusZeroIsZeroForPointsAndRotaryWords) {
+  EXPECT_EQ(
+      readListing(program("STRAIGHT_FEED(-0.0000, 1.0000, 2.0000, -0.0000, 0.0000, -0.0000)\n")),
+      "NC_GOTO -0 1 2\n");
+}
+
+TEST(ListingReader, ElementTellsItsLine) {
+  const InputFile file(
+      program("COMMENT(\"up\")\n"
+              "STRAIGHT_TRAVERSE(0.0000, 0.0000, 9.0000, 0.0000, 0.0000, 0.0000)\n"));
+  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), {});
+  host::ToolPathEvent event;
+  ASSERT_TRUE(reader.next(event));
+  EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_RAPID");
+  EXPECT_EQ(std::get<host::Element>(event).line, 3);
+  ASSERT_TRUE(reader.next(event));
+  EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_GOTO");
+  EXPECT_EQ(std::get<host::Element>(event).line, 3);
+  EXPECT_EQ(std::get<host::Element>(event).sequence, 1);
+  EXPECT_FALSE(reader.next(event));
+  EXPECT_FALSE(reader.next(event));
+}
+
+TEST(ListingReader, BlockNumbersOfAnyLengthAreRead) {
+  EXPECT_EQ(
+      readListing("    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                  "    2 N5     STRAIGHT_FEED(1.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                  "    3 N99999 STRAIGHT_FEED(2.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                  "    4 N1234567STRAIGHT_FEED(3.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
+                  "    5 N..... PROGRAM_END()\n"),
+      "NC_GOTO 1 0 0\nNC_GOTO 2 0 0\nNC_GOTO 3 0 0\n");
+}
+
+TEST(ListingReader, CarriageReturnsAndAnOpenLastLineAreRead) {
+  EXPECT_EQ(readListing("    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\r\n"
+                        "    2 N..... STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\r\n"
+                        "    3 N..... PROGRAM_END()"),
+            "NC_GOTO 1 2 3\n");
+}
+
+TEST(ListingReader, TextsHoldQuotesParenthesesAndBytesOfAnyEncoding) {
+  const std::string calls =
+      "COMMENT(\"8.5 \"quoted\" (part) ) STRAIGHT_FEED(1, 2, 3, 0, 0, 0)\")\n"
+      "COMMENT(\"\")\n"
+      "MESSAGE(\" a \"b\", c\")\n"
+      "COMMENT(\"Fr\xe4ser \xc3\xa9\tend\")\n";
+  EXPECT_EQ(readListing(program(calls)), "");
+  EXPECT_EQ(countCalls(program(calls)),
+            "other USE_LENGTH_UNITS 1 from 1\n"
+            "waiting COMMENT 3 from 2\n"
+            "waiting MESSAGE 1 from 4\n"
+            "other PROGRAM_END 1 from 6\n");
+}
+
+TEST(ListingReader, FeedSpindleToolAndTextCallsWait) {
+  EXPECT_EQ(countCalls(program("SET_FEED_RATE(300.0000)\n"
+                               "SET_FEED_MODE(0, 0)\n"
+                               "SET_SPINDLE_SPEED(0, 1800.0000)\n"
+                               "SET_SPINDLE_MODE(0 0.0000)\n"
+                               "START_SPINDLE_CLOCKWISE(0)\n"
+                               "START_SPINDLE_COUNTERCLOCKWISE(0)\n"
+                               "STOP_SPINDLE_TURNING(0)\n"
+                               "SELECT_TOOL(-1)\n"
+                               "START_CHANGE()\n"
+                               "CHANGE_TOOL(1)\n"
+                               "CHANGE_TOOL_NUMBER(3)\n"
+                               "DWELL(0.5000)\n"
+                               "MESSAGE(\"ready\")\n"
+                               "COMMENT(\"done\")\n"
+                               "SET_FEED_RATE(0.0000)\n")),
+            "other USE_LENGTH_UNITS 1 from 1\n"
+            "waiting SET_FEED_RATE 2 from 2\n"
+            "waiting SET_FEED_MODE 1 from 3\n"
+            "waiting SET_SPINDLE_SPEED 1 from 4\n"
+            "waiting SET_SPINDLE_MODE 1 from 5\n"
+            "waiting START_SPINDLE_CLOCKWISE 1 from 6\n"
+            "waiting START_SPINDLE_COUNTERCLOCKWISE 1 from 7\n"
+            "waiting STOP_SPINDLE_TURNING 1 from 8\n"
+            "waiting SELECT_TOOL 1 from 9\n"
+            "waiting START_CHANGE 1 from 10\n"
+            "waiting CHANGE_TOOL 1 from 11\n"
+            "waiting CHANGE_TOOL_NUMBER 1 from 12\n"
+            "waiting DWELL 1 from 13\n"
+            "waiting MESSAGE 1 from 14\n"
+            "waiting COMMENT 1 from 15\n"
+            "other PROGRAM_END 1 from 17\n");
+}
+
+TEST(ListingReader, MovesWithoutALineAreCountedAsLost) {
+  EXPECT_EQ(
+      countCalls(program("ARC_FEED(3.0000, 3.0000, 3.0000, 2.0000, -1, 2.0000, 0.0, 0.0, 0.0)\n"
+                         "NURBS_FEED(5, ...)\n"
+                         "NURB_FEED(0.0000, 1.0000)\n"
+                         "STRAIGHT_PROBE(0.0000, 0.0000, -5.0000, 0.0000, 0.0000, 0.0000)\n"
+                         "RIGID_TAP(1.0000, 0.0000, -5.0000)\n"
+                         "SPINDLE_RETRACT()\n"
+                         "SPINDLE_RETRACT_TRAVERSE()\n"
+                         "ARC_FEED(0.0000, 3.0000, 3.0000, 2.0000, -1, 2.0000, 0.0, 0.0, 0.0)\n")),
+      "other USE_LENGTH_UNITS 1 from 1\n"
+      "lost ARC_FEED 2 from 2\n"
+      "lost NURBS_FEED 1 from 3\n"
+      "lost NURB_FEED 1 from 4\n"
+      "lost STRAIGHT_PROBE 1 from 5\n"
+      "lost RIGID_TAP 1 from 6\n"
+      "lost SPINDLE_RETRACT 1 from 7\n"
+      "lost SPINDLE_RETRACT_TRAVERSE 1 from 8\n"
+      "other PROGRAM_END 1 from 10\n");
+}
+
+TEST(ListingReader, OtherCallsAreCountedByName) {
+  EXPECT_EQ(countCalls(program("SELECT_PLANE(CANON_PLANE_XY)\n"
+                               "ON_RESET()\n"
+                               "SET_MOTION_OUTPUT_VALUE(1,3.000000)\n"
+                               "SET_MOTION_CONTROL_MODE(CANON_CONTINUOUS, 0.100000)\n"
+                               "ON_RESET()\n"
+                               "FLOOD_ON()\n"
+                               "SET_XY_ROTATION(0.0000)\n")),
+            "other USE_LENGTH_UNITS 1 from 1\n"
+            "other SELECT_PLANE 1 from 2\n"
+            "other ON_RESET 2 from 3\n"
+            "other SET_MOTION_OUTPUT_VALUE 1 from 4\n"
+            "other SET_MOTION_CONTROL_MODE 1 from 5\n"
+            "other FLOOD_ON 1 from 7\n"
+            "other SET_XY_ROTATION 1 from 8\n"
+            "other PROGRAM_END 1 from 9\n");
+}
+
+TEST(ListingReader, CallThatNobodyKnowsIsCountedAsUnknown) {
+  EXPECT_EQ(countCalls(program("WOBBLE(1.0)\nSTRAIGHT_FEEDS(1.0, 2.0)\nWOBBLE()\n")),
+            "other USE_LENGTH_UNITS 1 from 1\n"
+            "unknown WOBBLE 2 from 2\n"
+            "unknown STRAIGHT_FEEDS 1 from 3\n"
+            "other PROGRAM_END 1 from 5\n");
+}
+
+TEST(ListingReader, HundredUnknownCallsAreCountedAndOneMoreIsRefused) {
+  std::string calls;
+  for (int number = 1; number <= 100; ++number) calls += "WOBBLE" + std::to_string(number) + "()\n";
+  EXPECT_EQ(readListing(program(calls)), "");
+  EXPECT_EQ(readListing(program(calls + "WOBBLE()\n")),
+            "102:14: more than 100 different calls are unknown; this is not a listing of rs274\n");
+}
+
+TEST(ListingSummary, TellsMovesUnitWaitingAndLostCalls) {
+  const InputFile file(
+      program("STRAIGHT_TRAVERSE(0.0, 0.0, 9.0, 30.0, 0.0, 0.0)\n"
+              "STRAIGHT_FEED(0.0, 0.0, 1.0, 30.0, 0.0, 0.0)\n"
+              "SET_FEED_RATE(100.0)\n"
+              "SET_FEED_RATE(200.0)\n"
+              "ARC_FEED(3.0, 3.0, 3.0, 2.0, -1, 2.0, 0.0, 0.0, 0.0)\n"
+              "NURBS_FEED(5, ...)\n"
+              "WOBBLE()\n"));
+  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), rotary("A:table:X"));
+  for (host::ToolPathEvent event; reader.next(event);) {
+  }
+  EXPECT_EQ(host::summaryLines(reader),
+            (std::vector<std::string>{
+                "positions in millimetres",
+                "positions taken as those of the tool's tip in the part's frame",
+                "straight moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in "
+                "line 3)",
+                "read, without a line yet: SET_FEED_RATE 2 (first in line 4)",
+                "without a line: USE_LENGTH_UNITS 1 (first in line 1), PROGRAM_END 1 (first in "
+                "line 9)",
+                "WARNING: calls of unknown meaning, which the text lacks: WOBBLE 1 (first in line "
+                "8)",
+                "WARNING: moves that the text LACKS: ARC_FEED 1 (first in line 6), NURBS_FEED 1 "
+                "(first in line 7)"}));
+  EXPECT_EQ(reader.calls().total(host::CallFate::LostMove), 2);
+  EXPECT_EQ(reader.calls().total(host::CallFate::Move), 2);
+}
+
+TEST(ListingSummary, WithoutMovesNamesNoUnit) {
+  const InputFile file(numbered("PROGRAM_END()\n"));
+  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), {});
+  host::ToolPathEvent event;
+  EXPECT_FALSE(reader.next(event));
+  EXPECT_EQ(host::summaryLines(reader),
+            (std::vector<std::string>{"without a line: PROGRAM_END 1 (first in line 1)"}));
+}
+
+}  // namespace

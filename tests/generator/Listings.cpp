@@ -1,0 +1,105 @@
+#include "tests/generator/Listings.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+#include <variant>
+
+#include "host/generator/InputError.h"
+#include "host/generator/LineReader.h"
+#include "tests/support/InputFile.h"
+
+namespace {
+
+std::string shortest(double number) {
+  char text[64];
+  return {text, std::to_chars(text, text + sizeof text, number).ptr};
+}
+
+std::string sixDecimals(double number) {
+  char text[64];
+  std::string printed(
+      text, std::to_chars(text, text + sizeof text, number, std::chars_format::fixed, 6).ptr);
+  return printed == "-0.000000" ? "0.000000" : printed;
+}
+
+std::string shown(const host::ToolPathEvent& event) {
+  const auto& element = std::get<host::Element>(event);
+  std::string text = element.instruction;
+  for (const host::Position& position : element.positions) {
+    for (const double number : position.point) text += ' ' + shortest(number);
+    if (!position.toolAxis) continue;
+    text += " axis";
+    for (const double number : *position.toolAxis) text += ' ' + sixDecimals(number);
+  }
+  return text + '\n';
+}
+
+std::string_view nameOf(host::CallFate fate) {
+  switch (fate) {
+    case host::CallFate::Move:
+      return "move";
+    case host::CallFate::Waiting:
+      return "waiting";
+    case host::CallFate::Other:
+      return "other";
+    case host::CallFate::LostMove:
+      return "lost";
+    case host::CallFate::Unknown:
+      return "unknown";
+  }
+  return "?";
+}
+
+}  // namespace
+
+std::string numbered(std::string_view calls) {
+  std::istringstream lines{std::string(calls)};
+  std::string listing;
+  int number = 0;
+  for (std::string call; std::getline(lines, call);) {
+    std::string running = std::to_string(++number);
+    running.insert(0, running.size() < 5 ? 5 - running.size() : 0, ' ');
+    listing += running + " N..... " + call + '\n';
+  }
+  return listing;
+}
+
+std::string program(std::string_view calls) {
+  return numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n" + std::string(calls) + "PROGRAM_END()\n");
+}
+
+std::string readListing(std::string_view listing, const host::ListingOptions& options) {
+  const InputFile file(listing);
+  std::string text;
+  try {
+    host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), options);
+    for (host::ToolPathEvent event; reader.next(event);) text += shown(event);
+  } catch (const host::InputError& error) {
+    text += std::to_string(error.line()) + ':' + std::to_string(error.column()) + ": " +
+            error.message() + '\n';
+  }
+  return text;
+}
+
+std::string countCalls(std::string_view listing, const host::ListingOptions& options) {
+  const InputFile file(listing);
+  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), options);
+  for (host::ToolPathEvent event; reader.next(event);) {
+  }
+  std::string text;
+  for (const host::CallCount& call : reader.calls().all()) {
+    text += std::string(nameOf(call.fate)) + ' ' + call.name + ' ' + std::to_string(call.count) +
+            " from " + std::to_string(call.firstLine) + '\n';
+  }
+  return text;
+}
+
+host::ListingOptions rotary(std::string_view text) {
+  std::string reason;
+  host::ListingOptions options;
+  options.rotary = host::RotaryChain::parse(text, reason);
+  if (!options.rotary) std::abort();
+  return options;
+}

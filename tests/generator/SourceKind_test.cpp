@@ -1,0 +1,66 @@
+#include "host/generator/SourceKind.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "host/generator/InputError.h"
+#include "host/generator/LineReader.h"
+#include "tests/support/InputFile.h"
+
+namespace {
+
+using namespace std::string_view_literals;
+
+/// "job", "listing", or "LINE:COLUMN: " and the message.
+std::string kindOf(std::string_view text) {
+  const InputFile file(text);
+  host::LineReader lines(file.path());
+  try {
+    return host::recogniseSource(lines) == host::SourceKind::Job ? "job" : "listing";
+  } catch (const host::InputError& error) {
+    return std::to_string(error.line()) + ':' + std::to_string(error.column()) + ": " +
+           error.message();
+  }
+}
+
+TEST(SourceKind, JobBeginsWithABrace) {
+  EXPECT_EQ(kindOf("{"), "job");
+  EXPECT_EQ(kindOf("{\"job\":1}\n"), "job");
+  EXPECT_EQ(kindOf("\r\n  \t{\"job\":1}\n"), "job");
+}
+
+TEST(SourceKind, ListingBeginsWithTwoNumbers) {
+  EXPECT_EQ(kindOf("    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\n"), "listing");
+  EXPECT_EQ(kindOf("1 N10 COMMENT(\"{\")"), "listing");
+}
+
+TEST(SourceKind, EmptyInputIsNeither) {
+  constexpr std::string_view kMessage =
+      "0:0: holds nothing; a job (JSON Lines) or a canonical listing is expected";
+  EXPECT_EQ(kindOf(""), kMessage);
+  EXPECT_EQ(kindOf(" \n\n"), kMessage);
+}
+
+TEST(SourceKind, OtherInputIsNeither) {
+  constexpr std::string_view kMessage =
+      "1:1: neither a job (JSON Lines, begins with '{') nor a canonical listing (begins with "
+      "'    1 N.....'); from an NC program, make its listing with: rs274 -g PROGRAM LISTING";
+  for (const std::string_view text :
+       {"G21 G90\n"sv, "%\n"sv, "N10 G0 X1\n"sv, "10 G0\n"sv, "1N..... ON_RESET()\n"sv, "12"sv,
+        "[1]\n"sv, "\xEF\xBB\xBF{}\n"sv, "\0\0\0\0"sv, "PK\x03\x04"sv}) {
+    EXPECT_EQ(kindOf(text), kMessage) << text;
+  }
+}
+
+TEST(SourceKind, NothingIsTaken) {
+  const InputFile file("{\"job\":1}\n");
+  host::LineReader lines(file.path());
+  EXPECT_EQ(host::recogniseSource(lines), host::SourceKind::Job);
+  std::string_view line;
+  ASSERT_TRUE(lines.next(line));
+  EXPECT_EQ(line, "{\"job\":1}");
+}
+
+}  // namespace
