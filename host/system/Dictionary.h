@@ -20,7 +20,8 @@ struct Registration {
 
 /// Who provides an interface for a late type; null when nobody does. Base types are the caller's
 /// business.
-[[nodiscard]] KEPCreator findCreator(std::string_view lateType, const KEPMetaClass* interfaceClass);
+[[nodiscard]] KEP_PLATFORM KEPCreator findCreator(std::string_view lateType,
+                                                  const KEPMetaClass* interfaceClass);
 
 /// Every entry in the order in which it was made.
 [[nodiscard]] KEP_PLATFORM const std::vector<Registration>& registrations();
