@@ -47,6 +47,7 @@ class Outline {
   [[nodiscard]] Flaw flaw() const {
     const char* const end = text_.data() + text_.size();
     if (control_ != nullptr) return {control_, "a text must not hold a control character"};
+    if (stray_ != nullptr) return {stray_, "a \"\\\" stands outside of a text"};
     if (quote_ != nullptr) return {quote_, "the text is not closed; is the line cut short?"};
     if (depth_ > 0) return {end, "a bracket is not closed; is the line cut short?"};
     if (behind_ != nullptr) return {behind_, "nothing may stand behind the line's object"};
@@ -68,6 +69,7 @@ class Outline {
   void outside(const char& c) {
     if (kWhiteSpace.find(c) != std::string_view::npos) return;
     if (closed_ && behind_ == nullptr) behind_ = &c;
+    if (c == '\\' && stray_ == nullptr) stray_ = &c;
     if (c == '"') quote_ = &c;
     if (c == '{' || c == '[') ++depth_;
     if (c == '}' || c == ']') closed_ = --depth_ <= 0;
@@ -77,6 +79,7 @@ class Outline {
   const char* control_ = nullptr;
   const char* quote_ = nullptr;
   const char* behind_ = nullptr;
+  const char* stray_ = nullptr;
   long depth_ = 0;
   bool escaped_ = false;
   bool closed_ = false;
@@ -85,6 +88,7 @@ class Outline {
 /// Where the parser stopped; the begin of the line when it does not know.
 const char* stopped(Line& line) {
   const char* at = nullptr;
+  if (!line.parsed) return line.text.data();
   if (line.document.current_location().get(at) != simdjson::SUCCESS) return line.text.data();
   const bool inside = at >= line.text.data() && at < line.text.data() + line.text.size();
   return inside ? at : line.text.data();

@@ -13,7 +13,9 @@ struct Line {
   std::string_view file;
   long number = 0;
   std::string_view text;
-  simdjson::ondemand::document document;
+  simdjson::ondemand::document document{};
+  /// False while the line has no document.
+  bool parsed = false;
 };
 
 /// Where a value stands in its line: a chain of keys and indexes up to the line's object "$". It

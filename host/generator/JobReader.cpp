@@ -42,7 +42,8 @@ class JobReader::Lines {
     }
     const auto error =
         parser_.iterate(line_.text, line_.text.size() + LineReader::kPadding).get(line_.document);
-    if (error != simdjson::SUCCESS) job::Place(line_).refuseStructure();
+    line_.parsed = error == simdjson::SUCCESS;
+    if (!line_.parsed) job::Place(line_).refuseStructure();
     return &line_;
   }
 

@@ -202,6 +202,8 @@ constexpr Refusal kStructure[] = {
      ":2:27: error: $: a bracket is not closed; is the line cut short?"},
     {R"({"nc":"A","circle":{"radius":1})",
      ":2:32: error: $: a bracket is not closed; is the line cut short?"},
+    {R"({"nc"\"A"})", R"(:2:6: error: $: a "\" stands outside of a text)"},
+    {R"({\"nc\":"A"})", R"(:2:2: error: $: a "\" stands outside of a text)"},
     {"{", ":2:2: error: $: a bracket is not closed; is the line cut short?"},
 };
 INSTANTIATE_TEST_SUITE_P(Structure, RefusedLine, testing::ValuesIn(kStructure));

@@ -7,7 +7,7 @@
 
 #include "host/generator/InputError.h"
 #include "host/generator/JobReader.h"
-#include "tests/generator/Scratch.h"
+#include "tests/support/InputFile.h"
 
 namespace host::test {
 
@@ -24,10 +24,11 @@ inline std::string withoutFile(const InputError& error) {
   return std::string(error.what()).substr(error.file().size());
 }
 
-inline JobReading readJob(const Scratch& scratch, std::string_view text) {
+inline JobReading readJob(std::string_view text) {
+  const InputFile file(text);
   JobReading reading;
   try {
-    JobReader reader(std::make_unique<LineReader>(scratch.file("job", text)));
+    JobReader reader(std::make_unique<LineReader>(file.path()));
     reading.header = reader.header();
     ToolPathEvent event;
     while (reader.next(event)) reading.events.push_back(event);
@@ -36,8 +37,6 @@ inline JobReading readJob(const Scratch& scratch, std::string_view text) {
   }
   return reading;
 }
-
-inline JobReading readJob(std::string_view text) { return readJob(Scratch(), text); }
 
 /// A job of the header above, the given lines and its end.
 inline std::string jobOf(std::string_view lines) {

@@ -3,10 +3,13 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <string>
+#include <string_view>
 #include <thread>
 #include <vector>
 
-#include "tests/generator/Jobs.h"
+#include "host/generator/InputError.h"
+#include "tests/generator/Scratch.h"
 
 namespace host::test {
 namespace {
