@@ -157,6 +157,7 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
                                 const LinePlace& place) {
   const double millimetres =
       converted(1.0, inputUnit_.value_or(LengthUnit::Millimetre), LengthUnit::Millimetre);
+  const WorkFrame before = frame_;
   if (rule.effect == CallEffect::FixtureOffset) {
     frame_.setFixtureOffset(axes(arguments, 1), millimetres);
   } else if (rule.effect == CallEffect::ProgramOffset) {
@@ -164,9 +165,10 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
   } else {
     frame_.setRotation(arguments.numbers[0]);
   }
+  frameChanged_ = true;
+  if (frame_.isSameAs(before)) return;
   frameCall_ = rule.name;
   frameLine_ = place.line;
-  frameChanged_ = true;
 }
 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,

@@ -76,7 +76,7 @@ class KEP_PLATFORM ListingReader final : public ToolPathSource {
   std::optional<LengthUnit> outputUnit_;
   WorkFrame frame_;
   std::optional<WorkFrame> frameOfMoves_;
-  /// The call that changed the frame last, and its line.
+  /// The call that changed the frame last, and its line, for messages.
   std::string_view frameCall_;
   long frameLine_ = 0;
   bool frameChanged_ = true;

@@ -43,6 +43,26 @@ TEST(ListingFrames, RotationChangedBetweenMovesIsRefused) {
   EXPECT_EQ(readListing(twoMovesWith("", "SET_XY_ROTATION(90.0)\n")), changed("SET_XY_ROTATION"));
 }
 
+TEST(ListingFrames, CallThatChangedTheSystemIsNamed) {
+  EXPECT_EQ(readListing(twoMovesWith("",
+                                     "SET_G5X_OFFSET(2, 10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
+                                     "SET_G92_OFFSET(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
+                                     "SET_XY_ROTATION(0.0)\n")),
+            "NC_GOTO 1 2 3\n6:14: this move is given in another coordinate system than the moves "
+            "before it (SET_G5X_OFFSET in line 3); make a listing of its own for each coordinate "
+            "system\n");
+}
+
+TEST(ListingFrames, SystemThatCreepsAwayIsRefused) {
+  EXPECT_EQ(readListing(twoMovesWith("",
+                                     "SET_G5X_OFFSET(1, 0.0001, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
+                                     "SET_G5X_OFFSET(1, 0.0002, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
+                                     "SET_G5X_OFFSET(1, 0.0003, 0.0, 0.0, 0.0, 0.0, 0.0)\n")),
+            "NC_GOTO 1 2 3\n6:14: this move is given in another coordinate system than the moves "
+            "before it (SET_G5X_OFFSET in line 3); make a listing of its own for each coordinate "
+            "system\n");
+}
+
 TEST(ListingFrames, AnotherNumberForTheSameOffsetsIsNoChange) {
   EXPECT_EQ(readListing(twoMovesWith("",
                                      "SET_G5X_OFFSET(2, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
