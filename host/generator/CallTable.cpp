@@ -107,6 +107,10 @@ static_assert(std::ranges::is_sorted(kRules, std::less<>(), &CallRule::name));
 }  // namespace
 
 const CallRule* findCallRule(std::string_view name) {
+  // The one call whose printed name holds the number of the spindle.
+  if (name.starts_with("SPINDLE.") && name.ends_with(".WAIT_ORIENT_COMPLETE")) {
+    return findCallRule("WAIT_SPINDLE_ORIENT_COMPLETE");
+  }
   const CallRule* const rule =
       std::ranges::lower_bound(kRules, name, std::less<>(), &CallRule::name);
   return rule != std::end(kRules) && rule->name == name ? rule : nullptr;

@@ -156,6 +156,7 @@ TEST(ListingReader, OtherCallsAreCountedByName) {
                                "SET_MOTION_CONTROL_MODE(CANON_CONTINUOUS, 0.100000)\n"
                                "ON_RESET()\n"
                                "FLOOD_ON()\n"
+                               "SPINDLE.1.WAIT_ORIENT_COMPLETE(5.0000)\n"
                                "SET_XY_ROTATION(0.0000)\n")),
             "other USE_LENGTH_UNITS 1 from 1\n"
             "other SELECT_PLANE 1 from 2\n"
@@ -163,8 +164,9 @@ TEST(ListingReader, OtherCallsAreCountedByName) {
             "other SET_MOTION_OUTPUT_VALUE 1 from 4\n"
             "other SET_MOTION_CONTROL_MODE 1 from 5\n"
             "other FLOOD_ON 1 from 7\n"
-            "other SET_XY_ROTATION 1 from 8\n"
-            "other PROGRAM_END 1 from 9\n");
+            "other SPINDLE.1.WAIT_ORIENT_COMPLETE 1 from 8\n"
+            "other SET_XY_ROTATION 1 from 9\n"
+            "other PROGRAM_END 1 from 10\n");
 }
 
 TEST(ListingReader, CallThatNobodyKnowsIsCountedAsUnknown) {
