@@ -65,7 +65,7 @@ class TableLoad : public testing::Test, protected PPWordDocument {
   }
   /// An instruction of three sequences of one line each.
   KEPISpecObject_var threeSequences(std::string_view name) const {
-    const KEPISpecObject_var type = instruction(name, {"OLD/1"});
+    KEPISpecObject_var type = instruction(name, {"OLD/1"});
     attribute(type, "Syntaxe2", {"OLD/2"});
     attribute(type, "Syntaxe3", {"OLD/3"});
     return type;
