@@ -61,7 +61,7 @@ std::string numbered(std::string_view calls) {
   for (std::string call; std::getline(lines, call);) {
     std::string running = std::to_string(++number);
     running.insert(0, running.size() < 5 ? 5 - running.size() : 0, ' ');
-    listing += running + " N..... " + call + '\n';
+    listing.append(running).append(" N..... ").append(call).append("\n");
   }
   return listing;
 }
