@@ -32,21 +32,28 @@ AttributeTable::Slot& AttributeTable::add(std::string_view name, KEPISpecAttribu
 
 AttributeTable::Slot& AttributeTable::insert(int position, std::string_view name,
                                              KEPISpecAttribute::Kind kind) {
-  const auto place = slots_.insert(slots_.begin() + (position - 1),
-                                   Slot{std::string(name), kind, /*declared=*/true});
+  if (position < 1 || position > declaredCount_ + 1) {
+    KEPRaisePositionOutOfList(position, declaredCount_);
+  }
+  const auto at = static_cast<std::ptrdiff_t>(placeOfDeclared(position));
+  const auto place = slots_.insert(slots_.begin() + at, Slot{std::string(name), kind, true});
   ++declaredCount_;
   index();
   return *place;
 }
 
 const AttributeTable::Slot& AttributeTable::declaredAt(int position) const {
-  const auto at = static_cast<std::size_t>(position) - 1;
-  if (static_cast<std::size_t>(declaredCount_) == slots_.size()) return slots_[at];
+  return slots_[placeOfDeclared(position)];
+}
+
+std::size_t AttributeTable::placeOfDeclared(int position) const {
+  const auto before = static_cast<std::size_t>(position) - 1;
+  if (static_cast<std::size_t>(declaredCount_) == slots_.size()) return before;
   std::size_t seen = 0;
-  for (const Slot& slot : slots_) {
-    if (slot.declared && seen++ == at) return slot;
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    if (slots_[i].declared && seen++ == before) return i;
   }
-  KEPRaisePositionOutOfList(position, declaredCount_);
+  return slots_.size();
 }
 
 void AttributeTable::index() {

@@ -26,16 +26,20 @@ class AttributeTable {
   [[nodiscard]] const Slot* find(std::string_view name) const;
   [[nodiscard]] Slot* find(std::string_view name);
 
-  /// Adds a slot at the end, or before the `position`-th slot (from 1).
+  /// Adds a slot at the end.
   Slot& add(std::string_view name, KEPISpecAttribute::Kind kind, bool declared);
+  /// Adds a declared slot before the `position`-th declared one (from 1; one past the last appends
+  /// it). A position outside raises the host's error.
   Slot& insert(int position, std::string_view name, KEPISpecAttribute::Kind kind);
 
   [[nodiscard]] int declaredCount() const noexcept { return declaredCount_; }
-  /// The `position`-th declared slot, from 1.
+  /// The declared slot at a position from 1 to their number.
   [[nodiscard]] const Slot& declaredAt(int position) const;
 
  private:
   void index();
+  /// Where the `position`-th declared slot stands; the end when there is none.
+  [[nodiscard]] std::size_t placeOfDeclared(int position) const;
 
   std::vector<Slot> slots_;
   TextMap<std::size_t> places_;

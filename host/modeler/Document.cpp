@@ -22,12 +22,13 @@ Document::Document()
 }
 
 Document::~Document() {
-  if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
-    // What the container was told to keep may hold handles on this very document.
-    words->SetObjects({});
-  }
   ppWords_->close();
   root_->close();
+  if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
+    // What the container was told to keep may hold the container in turn, and may ask for this
+    // document while it dies: it is let go when nothing leads here any more.
+    words->SetObjects({});
+  }
 }
 
 void Document::setDesignParameter(std::string_view name, double value) {

@@ -5,6 +5,11 @@
 #include "host/system/Dictionary.h"
 
 namespace host {
+namespace {
+
+bool isRegistered() { return isLateTypeKnown("MfgPPWordCont"); }
+
+}  // namespace
 
 std::filesystem::path defaultModulePath() {
   Dl_info here{};
@@ -15,9 +20,13 @@ std::filesystem::path defaultModulePath() {
 }
 
 void loadModule(const std::filesystem::path& path) {
-  if (isLateTypeKnown("MfgPPWordCont")) return;
+  if (isRegistered()) return;
   if (dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL) == nullptr) {
     throw ModuleError(std::string("cannot load the PP word module: ") + dlerror());
+  }
+  if (!isRegistered()) {
+    throw ModuleError("cannot load the PP word module: " + path.string() +
+                      " is another library: it registers no PP word container");
   }
 }
 

@@ -49,6 +49,12 @@ TEST(ModuleLoad, FileThatIsNoLibraryRaisesTheModuleError) {
   fs::remove(path);
 }
 
+TEST(ModuleLoad, AnotherLibraryRaisesTheModuleError) {
+  EXPECT_EQ(loadError("libm.so.6"),
+            "cannot load the PP word module: libm.so.6 is another library: it registers no PP word "
+            "container");
+}
+
 TEST(ModuleLoad, DocumentWithoutTheModuleHasNoPPWordContainer) {
   ASSERT_FALSE(host::isLateTypeKnown("MfgPPWordCont"));
   EXPECT_FALSE(host::Document::create()->ppWordContainer());

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include "System/KEPError.h"
+#include "host/modeler/Feature.h"
+#include "tests/support/PPWordDocument.h"
+
+namespace {
+
+using Kind = KEPISpecAttribute::Kind;
+using ppword::test::Texts;
+
+class AttributeListing : public testing::Test {
+ protected:
+  static void declare(const KEPISpecObject_var& feature, const Texts& names) {
+    const KEPISpecAttrAccess_var attributes = feature;
+    for (const std::string& name : names) attributes->AddAttribute(name, Kind::String);
+  }
+  static host::Feature& feature(const KEPISpecObject_var& type) {
+    return static_cast<host::Feature&>(*type);
+  }
+  static Texts names(const KEPISpecObject_var& feature) {
+    Texts result;
+    for (int i = 1; i <= feature->GetNumberOfAttributes(); ++i) {
+      result.emplace_back(feature->GetAttribute(i).GetName());
+    }
+    return result;
+  }
+
+  ppword::test::PPWordDocument document_;
+  KEPISpecObject_var base_ = document_.make("BASE", "");
+  KEPISpecObject_var derived_ = document_.make("DERIVED", "BASE");
+};
+
+TEST_F(AttributeListing, FeatureWithoutAttributesListsNone) {
+  EXPECT_EQ(base_->GetNumberOfAttributes(), 0);
+  EXPECT_EQ(names(base_), Texts{});
+}
+
+TEST_F(AttributeListing, OrderIsThatOfDeclaration) {
+  declare(base_, {"Syntaxe", "Syntaxe3", "Syntaxe2", "A", "B", "C"});
+  EXPECT_EQ(names(base_), (Texts{"Syntaxe", "Syntaxe3", "Syntaxe2", "A", "B", "C"}));
+}
+
+TEST_F(AttributeListing, AttributesOfTheBaseTypeComeFirst) {
+  declare(derived_, {"Own1", "Own2"});
+  declare(base_, {"Base1", "Base2"});
+  EXPECT_EQ(names(derived_), (Texts{"Base1", "Base2", "Own1", "Own2"}));
+  const auto instance = KEPISpecObject_var::Adopt(document_.features->CreateInstance(derived_, ""));
+  declare(instance, {"Last"});
+  EXPECT_EQ(names(instance), (Texts{"Base1", "Base2", "Own1", "Own2", "Last"}));
+  EXPECT_EQ(names(base_), (Texts{"Base1", "Base2"}));
+}
+
+TEST_F(AttributeListing, OwnValueOfAnInheritedAttributeIsListedOnce) {
+  declare(base_, {"Base1"});
+  declare(derived_, {"Own1"});
+  KEPISpecAttrAccess_var(derived_)->SetString("Base1", "value");
+  declare(derived_, {"Own2"});
+  EXPECT_EQ(names(derived_), (Texts{"Base1", "Own1", "Own2"}));
+  EXPECT_EQ(derived_->GetAttribute(1).GetTexts()[1].View(), "value");
+  EXPECT_FALSE(base_->GetAttribute(1).IsSet());
+}
+
+TEST_F(AttributeListing, UnsetAttributeKeepsItsPlace) {
+  declare(base_, {"A", "B", "C"});
+  KEPISpecAttrAccess_var(base_)->SetString("B", "value");
+  KEPISpecAttrAccess_var(base_)->Unset("B");
+  EXPECT_EQ(names(base_), (Texts{"A", "B", "C"}));
+}
+
+TEST_F(AttributeListing, PositionOutsideRaisesTheHostsError) {
+  declare(base_, {"A"});
+  declare(derived_, {"B"});
+  for (const int position : {0, -1, 3}) {
+    try {
+      static_cast<void>(derived_->GetAttribute(position));
+      FAIL() << position;
+    } catch (const KEPErrorPositionOutOfList& error) {
+      EXPECT_EQ(error.GetNLSMessage().View(),
+                "position " + std::to_string(position) + " is outside a list of 2 entries");
+    }
+  }
+}
+
+TEST_F(AttributeListing, BookkeepingAttributeStandsWhereItIsPut) {
+  declare(base_, {"A", "B"});
+  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 1);
+  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "B"}));
+  feature(base_).declareBookkeepingAttribute(kKEPOsmLocalExtensions, 3);
+  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "$OSM_LocalXts", "B"}));
+}
+
+TEST_F(AttributeListing, BookkeepingAttributeCanStandLastAndAlone) {
+  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 1);
+  EXPECT_EQ(names(base_), Texts{"$OSM_Xts"});
+  declare(base_, {"A"});
+  feature(base_).declareBookkeepingAttribute(kKEPOsmLocalExtensions, 3);
+  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "$OSM_LocalXts"}));
+}
+
+TEST_F(AttributeListing, BookkeepingAttributeCountsDeclaredAttributesOnly) {
+  declare(base_, {"Base1"});
+  KEPISpecAttrAccess_var(derived_)->SetString("Base1", "value");
+  declare(derived_, {"A"});
+  feature(derived_).declareBookkeepingAttribute(kKEPOsmExtensions, 2);
+  EXPECT_EQ(names(derived_), (Texts{"Base1", "A", "$OSM_Xts"}));
+}
+
+TEST_F(AttributeListing, BookkeepingPositionOutsideRaisesTheHostsError) {
+  declare(base_, {"A"});
+  EXPECT_THROW(feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 0),
+               KEPErrorPositionOutOfList);
+  EXPECT_THROW(feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 3),
+               KEPErrorPositionOutOfList);
+  EXPECT_EQ(names(base_), Texts{"A"});
+}
+
+TEST_F(AttributeListing, ValuesAreFoundByNameAfterABookkeepingAttributeCameBetween) {
+  declare(base_, {"A", "B", "C", "D", "E", "F"});
+  const KEPISpecAttrAccess_var attributes = base_;
+  for (const char* name : {"A", "B", "C", "D", "E", "F"}) attributes->SetString(name, name);
+  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 3);
+  for (const char* name : {"A", "B", "C", "D", "E", "F"}) {
+    EXPECT_EQ(attributes->FindAttribute(name)->GetTexts()[1].View(), name);
+  }
+  EXPECT_EQ(names(base_), (Texts{"A", "B", "$OSM_Xts", "C", "D", "E", "F"}));
+}
+
+TEST_F(AttributeListing, ListingLeavesTheCountOfTheFeature) {
+  declare(base_, {"A"});
+  const int before = derived_->GetReferenceCount();
+  static_cast<void>(names(derived_));
+  EXPECT_THROW(static_cast<void>(derived_->GetAttribute(9)), KEPErrorPositionOutOfList);
+  EXPECT_EQ(derived_->GetReferenceCount(), before);
+}
+
+}  // namespace
