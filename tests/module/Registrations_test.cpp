@@ -3,7 +3,9 @@
 
 #include <string>
 
+#include "KEPIMfgParameterEvaluation.h"
 #include "System/KEPError.h"
+#include "host/modeler/Document.h"
 #include "host/system/Dictionary.h"
 #include "host/system/Module.h"
 #include "tests/module/ExpectedRegistrations.h"
@@ -106,6 +108,19 @@ TEST_F(Registrations, SecondLateTypeHasTheMetaObjectOfTheFirst) {
   }
   ASSERT_NE(feedUnit, nullptr);
   EXPECT_EQ(feedUnit, fedUnit);
+}
+
+TEST_F(Registrations, TypeOfEveryParameterNameGivesTheEvaluationOfItsClass) {
+  const auto document = host::Document::create();
+  for (const auto& [lateType, className] : module_test::kExpectedEvaluations) {
+    const auto type =
+        KEPISpecObject_var::Adopt(document->features()->CreateStartUp(lateType, nullptr));
+    const KEPIMfgParameterEvaluation_var evaluation(type);
+    ASSERT_TRUE(evaluation) << lateType;
+    ASSERT_NE(evaluation->GetMetaObject(), nullptr) << lateType;
+    EXPECT_EQ(evaluation->GetMetaObject()->GetName(), className) << lateType;
+    EXPECT_EQ(evaluation->GetImpl(), type->GetImpl()) << lateType;
+  }
 }
 
 TEST_F(Registrations, LoadingAgainRegistersNothingMore) {
