@@ -26,8 +26,10 @@ struct Diagnostic {
   /// The message key of an error ("ERR_5004"), the name of a warning ("long-token"), or empty.
   std::string key;
   std::string message;
-  /// Empty when the finding has no place.
-  Excerpt source;
+  /// Empty where the line is not at hand.
+  Excerpt source{};
+
+  [[nodiscard]] bool hasSource() const { return line > 0 && column > 0 && !source.text.empty(); }
 };
 
 }  // namespace host

@@ -115,7 +115,7 @@ std::string diagnosticText(const Diagnostic& diagnostic) {
   text += diagnostic.severity == Severity::Error ? ": error" : ": warning";
   if (!diagnostic.key.empty()) text += ' ' + diagnostic.key;
   text += ": " + terminalSafe(diagnostic.message) + '\n';
-  if (diagnostic.line > 0 && diagnostic.column > 0) text += sourceText(diagnostic);
+  if (diagnostic.hasSource()) text += sourceText(diagnostic);
   return text;
 }
 

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "System/KEPPlatform.h"
+#include "host/diagnostics/Diagnostic.h"
+
+namespace host {
+
+/// Why the file at `path` cannot be read as a PP word table, as the error ERR_5009; nothing when it
+/// can. Only a regular file can: a table is read several times over.
+[[nodiscard]] KEP_PLATFORM std::optional<Diagnostic> unreadableTable(const std::string& path);
+
+}  // namespace host

@@ -1,0 +1,184 @@
+#include "tools/ppword/CommandLine.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/diagnostics/DiagnosticText.h"
+#include "host/diagnostics/Nearest.h"
+#include "tools/ppword/HelpTexts.h"
+#include "tools/ppword/StandardStreams.h"
+
+namespace {
+
+constexpr std::array<std::string_view, 6> kSections = {"words",     "syntaxes", "commands",
+                                                       "sequences", "lists",    "formats"};
+
+bool isSection(std::string_view text) {
+  return std::find(kSections.begin(), kSections.end(), text) != kSections.end();
+}
+
+std::string suggestion(std::string_view word, std::span<const std::string_view> candidates) {
+  const std::string_view meant = host::nearest(word, candidates);
+  return meant.empty() ? "" : "; did you mean '" + std::string(meant) + "'?";
+}
+
+// The program's arguments and the options of each command that they set.
+class Arguments {
+ public:
+  Arguments() {
+    app_.set_version_flag("--version", "ppword " PPWORD_VERSION, "Print the version and exit");
+    app_.set_help_flag("-h,--help", "Print this help and exit");
+    app_.footer(help::kProgramFooter);
+    app_.require_subcommand(1);
+    addCheck();
+    addList();
+    addPost();
+  }
+  Arguments(const Arguments&) = delete;
+  Arguments& operator=(const Arguments&) = delete;
+
+  [[nodiscard]] std::variant<CommandOptions, ExitStatus> parse(int argc, const char* const* argv) {
+    try {
+      app_.parse(argc, argv);
+      return command();
+    } catch (const CLI::Success&) {
+      writeOutput(app_.get_subcommands().empty() && app_.count("--version") > 0
+                      ? app_.version() + '\n'
+                      : app_.help());
+      return ExitStatus::Done;
+    } catch (const CLI::ParseError& error) {
+      writeMessage(mistake(error));
+      return ExitStatus::Usage;
+    }
+  }
+
+ private:
+  CLI::App* addCommand(const char* name, const char* description, const char* footer,
+                       OutputFormat& format) {
+    CLI::App* const command = app_.add_subcommand(name, description);
+    command->footer(footer);
+    command
+        ->add_option_function<std::string>(
+            "--format",
+            [&format](const std::string& value) {
+              format = value == "json" ? OutputFormat::Json : OutputFormat::Text;
+            },
+            "Report for people (text) or programs (json)")
+        ->check(CLI::IsMember({"text", "json"}))
+        ->option_text("text|json");
+    return command;
+  }
+
+  void addCheck() {
+    check_ = addCommand("check", help::kCheck, help::kCheckFooter, checkOptions_.format);
+    check_->add_option("TABLE", checkOptions_.tables, "PP word tables")
+        ->required()
+        ->option_text("...");
+    check_->add_flag("--strict", checkOptions_.strict, "Exit with 1 on warnings too");
+  }
+
+  void addList() {
+    list_ = addCommand("list", help::kList, help::kListFooter, listOptions_.format);
+    list_->add_option("TABLE", listOptions_.table, "PP word table")->option_text(" ");
+    list_->add_option("SECTION", listOptions_.section, "Which part to show")->option_text(" ");
+    list_->add_flag("--default", default_, "Show the catalogue of a new document");
+  }
+
+  void addPost() {
+    post_ = addCommand("post", help::kPost, help::kPostFooter, postOptions_.format);
+    post_->add_option("JOB", postOptions_.job, "Job or listing; - for the standard input")
+        ->required()
+        ->option_text(" ");
+    post_->add_option("-t,--table", postOptions_.table, "PP word table to load")
+        ->option_text("TABLE");
+    post_->add_option("-o,--output", postOptions_.output, "Write the text to FILE")
+        ->option_text("FILE");
+    post_->add_flag("--strict", postOptions_.strict,
+                    "Write nothing and exit with 1 when anything is missing from the text");
+    post_->add_flag("-v,--verbose", postOptions_.verbose, "Tell what came from where");
+    post_
+        ->add_option_function<std::string>(
+            "--units", [this](const auto& unit) { postOptions_.units = host::outputUnit(unit); },
+            "Unit of the text, of a listing")
+        ->check(CLI::IsMember({"mm", "inch"}))
+        ->option_text("mm|inch");
+    post_
+        ->add_option_function<std::string>(
+            "--rotary", [this](const auto& text) { setRotary(text); },
+            "What the rotary words of a listing turn")
+        ->option_text("AXES");
+  }
+
+  void setRotary(const std::string& text) {
+    std::string reason;
+    postOptions_.rotary = host::RotaryChain::parse(text, reason);
+    if (!postOptions_.rotary) throw CLI::ValidationError("--rotary", reason);
+  }
+
+  [[nodiscard]] CommandOptions command() {
+    if (check_->parsed()) return checkOptions_;
+    if (post_->parsed()) return postOptions_;
+    if (default_ && listOptions_.section.empty()) listOptions_.section.swap(listOptions_.table);
+    if (default_ != listOptions_.table.empty()) {
+      throw CLI::ValidationError(default_ ? "--default takes no table" : "TABLE is required");
+    }
+    const std::string& section = listOptions_.section;
+    if (section.empty() || isSection(section)) return listOptions_;
+    throw CLI::ValidationError("there is no section '" + section + "'" +
+                               suggestion(section, kSections));
+  }
+
+  [[nodiscard]] std::string unknownOption(const CLI::App& command, std::string_view word) const {
+    std::vector<std::string> names;
+    for (const CLI::Option* option : command.get_options()) {
+      for (const std::string& name : option->get_lnames()) names.push_back("--" + name);
+      for (const std::string& name : option->get_snames()) names.push_back("-" + name);
+    }
+    const std::vector<std::string_view> candidates(names.begin(), names.end());
+    const std::string_view name = word.substr(0, word.find('='));
+    return "there is no option '" + std::string(name) + "'" + suggestion(name, candidates);
+  }
+
+  [[nodiscard]] std::string unknownCommand(std::string_view word) const {
+    constexpr std::array<std::string_view, 3> kCommands = {"check", "list", "post"};
+    return "there is no command '" + std::string(word) + "'" + suggestion(word, kCommands);
+  }
+
+  // What is wrong, most useful first: a word that nobody knows.
+  [[nodiscard]] std::string mistake(const CLI::ParseError& error) const {
+    const auto parsed = app_.get_subcommands();
+    const CLI::App& command = parsed.empty() ? app_ : *parsed.front();
+    const std::string name = parsed.empty() ? "ppword" : "ppword " + command.get_name();
+    std::string text = parsed.empty() ? "a command is required: check, list or post" : error.what();
+    for (const std::string& word : app_.remaining(true)) {
+      if (word.size() > 1 && word.starts_with('-')) {
+        text = unknownOption(command, word);
+      } else if (parsed.empty()) {
+        text = unknownCommand(word);
+      } else {
+        text = "'" + word + "' is one argument too many";
+      }
+      break;
+    }
+    return host::terminalSafe(name + ": " + text) + "\nTry '" + name + " --help'.\n";
+  }
+
+  CLI::App app_{help::kProgram, "ppword"};
+  CLI::App* check_ = nullptr;
+  CLI::App* list_ = nullptr;
+  CLI::App* post_ = nullptr;
+  CheckOptions checkOptions_;
+  ListOptions listOptions_;
+  PostOptions postOptions_;
+  bool default_ = false;
+};
+
+}  // namespace
+
+std::variant<CommandOptions, ExitStatus> parseCommandLine(int argc, const char* const* argv) {
+  return Arguments().parse(argc, argv);
+}

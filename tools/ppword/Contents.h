@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/modeler/Document.h"
+
+using Lines = std::vector<std::string>;
+
+/// An APT word of a table: its kind from 1 to 4, and its code where words and codes pair off.
+struct AptWord {
+  std::string word;
+  int kind = 0;
+  std::optional<int> code;
+};
+
+/// Nothing stands for a name or lines that cannot be read.
+struct InstructionEntry {
+  std::optional<std::string> name;
+  std::optional<Lines> lines;
+  std::vector<std::optional<Lines>> sequences;
+};
+struct ListEntry {
+  std::optional<std::string> name;
+  std::optional<Lines> values;
+};
+struct FormatEntry {
+  std::optional<std::string> name;
+  std::optional<std::string> format;
+};
+
+/// What a table, or a document, holds. Nothing stands for a section that cannot be read.
+struct Contents {
+  std::optional<std::vector<AptWord>> words;
+  std::optional<Lines> syntaxes;
+  std::vector<InstructionEntry> commands;
+  std::vector<ListEntry> lists;
+  std::vector<FormatEntry> formats;
+  /// Parameters that have neither a list nor a format; a document only.
+  Lines otherParameters;
+};
+
+/// What the reader gives of the table at `path`.
+[[nodiscard]] Contents tableContents(const std::string& path);
+
+/// What a document holds.
+[[nodiscard]] Contents documentContents(const host::Document& document);

@@ -1,0 +1,82 @@
+#include <nlohmann/json.hpp>
+
+#include "tools/ppword/ContentsText.h"
+
+namespace {
+
+Json optionalJson(const std::optional<std::string>& text) {
+  return text ? textJson(*text) : Json(nullptr);
+}
+
+Json linesJson(const std::optional<Lines>& lines) {
+  if (!lines) return nullptr;
+  Json array = Json::array();
+  for (const std::string& line : *lines) array.push_back(textJson(line));
+  return array;
+}
+
+Json wordsJson(const Contents& contents) {
+  if (!contents.words) return nullptr;
+  Json array = Json::array();
+  for (const AptWord& word : *contents.words) {
+    array.push_back({{"word", textJson(word.word)},
+                     {"kind", word.kind},
+                     {"code", word.code ? Json(*word.code) : Json(nullptr)}});
+  }
+  return array;
+}
+
+Json commandsJson(const Contents& contents) {
+  Json array = Json::array();
+  for (const InstructionEntry& command : contents.commands) {
+    array.push_back({{"name", optionalJson(command.name)}, {"lines", linesJson(command.lines)}});
+  }
+  return array;
+}
+
+Json sequencesJson(const Contents& contents) {
+  Json array = Json::array();
+  for (const InstructionEntry& command : contents.commands) {
+    for (std::size_t i = 0; i < command.sequences.size(); ++i) {
+      array.push_back({{"name", optionalJson(command.name)},
+                       {"sequence", i + 1},
+                       {"lines", linesJson(command.sequences[i])}});
+    }
+  }
+  return array;
+}
+
+Json listsJson(const Contents& contents) {
+  Json array = Json::array();
+  for (const ListEntry& list : contents.lists) {
+    array.push_back({{"name", optionalJson(list.name)}, {"values", linesJson(list.values)}});
+  }
+  return array;
+}
+
+Json formatsJson(const Contents& contents) {
+  Json array = Json::array();
+  for (const FormatEntry& format : contents.formats) {
+    array.push_back({{"name", optionalJson(format.name)}, {"format", optionalJson(format.format)}});
+  }
+  return array;
+}
+
+}  // namespace
+
+Json contentsJson(const Contents& contents, std::string_view section) {
+  const auto wanted = [section](std::string_view name) {
+    return section.empty() || section == name;
+  };
+  Json json = Json::object();
+  if (wanted("words")) json["words"] = wordsJson(contents);
+  if (wanted("syntaxes")) json["syntaxes"] = linesJson(contents.syntaxes);
+  if (wanted("commands")) json["commands"] = commandsJson(contents);
+  if (wanted("sequences")) json["sequences"] = sequencesJson(contents);
+  if (wanted("lists")) json["lists"] = listsJson(contents);
+  if (wanted("formats")) json["formats"] = formatsJson(contents);
+  if (section.empty() && !contents.otherParameters.empty()) {
+    json["otherParameters"] = linesJson(contents.otherParameters);
+  }
+  return json;
+}

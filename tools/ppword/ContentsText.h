@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "tools/ppword/Contents.h"
+#include "tools/ppword/Json.h"
+
+/// One section for people, under a heading; an empty name means all sections that have entries.
+[[nodiscard]] std::string contentsText(const Contents& contents, std::string_view section);
+
+/// One section, or all, as members of an object; null stands for what cannot be read.
+[[nodiscard]] Json contentsJson(const Contents& contents, std::string_view section);

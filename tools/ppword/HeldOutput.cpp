@@ -1,0 +1,33 @@
+#include "tools/ppword/HeldOutput.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <string>
+
+#include "host/generator/OutputFile.h"
+#include "host/system/SystemReason.h"
+
+HeldOutput::HeldOutput() : file_(std::tmpfile()) { require(file_ != nullptr); }
+
+void HeldOutput::write(std::string_view line) {
+  require(std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size());
+  require(std::putc('\n', file_.get()) != EOF);
+}
+
+void HeldOutput::release(host::LineSink& sink) {
+  require(std::fseek(file_.get(), 0, SEEK_SET) == 0);
+  std::string line;
+  for (int byte = std::getc(file_.get()); byte != EOF; byte = std::getc(file_.get())) {
+    if (byte != '\n') {
+      line += static_cast<char>(byte);
+      continue;
+    }
+    sink.write(line);
+    line.clear();
+  }
+  require(std::ferror(file_.get()) == 0);
+}
+
+void HeldOutput::require(bool success) const {
+  if (!success) throw host::OutputError("temporary file", host::systemReason(errno));
+}

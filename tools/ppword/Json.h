@@ -1,0 +1,19 @@
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+#include "host/diagnostics/Diagnostic.h"
+
+using Json = nlohmann::ordered_json;
+
+/// A text as JSON: a string; a text that is not UTF-8 is the object {"latin1": STRING}, where each
+/// character of the string stands for the byte of its number.
+[[nodiscard]] Json textJson(std::string_view text);
+
+/// Severity, key, place, message and source line of a finding; what it does not have is left out.
+[[nodiscard]] Json diagnosticJson(const host::Diagnostic& diagnostic);
+
+/// The document, indented and ended by a line feed.
+[[nodiscard]] std::string documentText(const Json& document);

@@ -1,0 +1,33 @@
+#include "tools/ppword/ListCommand.h"
+
+#include <nlohmann/json.hpp>
+
+#include "tools/ppword/ContentsText.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/TableCheck.h"
+
+namespace {
+
+ExitStatus refuse(const host::Diagnostic& refusal, OutputFormat format) {
+  if (format == OutputFormat::Json) {
+    writeOutput(documentText({{"diagnostics", Json::array({diagnosticJson(refusal)})}}));
+  } else {
+    tell(refusal);
+  }
+  return ExitStatus::Refused;
+}
+
+}  // namespace
+
+ExitStatus listTable(const ListOptions& options) {
+  const bool ofTable = !options.table.empty();
+  if (ofTable) {
+    if (const auto refusal = tableRefusal(options.table)) return refuse(*refusal, options.format);
+  }
+  const Contents contents =
+      ofTable ? tableContents(options.table) : documentContents(*host::newDocument());
+  writeOutput(options.format == OutputFormat::Json
+                  ? documentText(contentsJson(contents, options.section))
+                  : contentsText(contents, options.section));
+  return ExitStatus::Done;
+}

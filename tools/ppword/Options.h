@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/generator/LengthUnit.h"
+#include "host/generator/RotaryChain.h"
+
+enum class OutputFormat { Text, Json };
+
+struct CheckOptions {
+  std::vector<std::string> tables;
+  bool strict = false;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct ListOptions {
+  /// Empty: the default catalogue.
+  std::string table;
+  /// Empty: all sections.
+  std::string section;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct PostOptions {
+  /// "-": the standard input.
+  std::string job;
+  std::string table;
+  /// Empty: the standard output.
+  std::string output;
+  bool strict = false;
+  bool verbose = false;
+  OutputFormat format = OutputFormat::Text;
+  /// For listings only.
+  std::optional<host::LengthUnit> units;
+  std::optional<host::RotaryChain> rotary;
+};
+
+using CommandOptions = std::variant<CheckOptions, ListOptions, PostOptions>;

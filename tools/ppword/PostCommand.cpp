@@ -1,0 +1,173 @@
+#include "tools/ppword/PostCommand.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <utility>
+
+#include "System/KEPError.h"
+#include "host/diagnostics/InputDiagnostic.h"
+#include "host/diagnostics/TableError.h"
+#include "host/diagnostics/TableFile.h"
+#include "host/generator/Generator.h"
+#include "host/generator/InputError.h"
+#include "host/generator/JobReader.h"
+#include "host/generator/JobSetup.h"
+#include "host/generator/LineReader.h"
+#include "host/generator/OutputFile.h"
+#include "host/generator/SourceKind.h"
+#include "tools/ppword/HeldOutput.h"
+#include "tools/ppword/LoadReport.h"
+#include "tools/ppword/PostReport.h"
+#include "tools/ppword/Progress.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/TableCheck.h"
+
+namespace {
+
+// A run that ends early because of its arguments or its input.
+struct UsageError {
+  std::string message;
+};
+struct Refusal {
+  host::Diagnostic diagnostic;
+};
+
+bool isRegularFile(const std::string& path) {
+  struct stat state {};
+  return stat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
+}
+
+bool isSameFile(const std::string& left, const std::string& right) {
+  struct stat leftState {};
+  struct stat rightState {};
+  return isRegularFile(left) && stat(left.c_str(), &leftState) == 0 &&
+         stat(right.c_str(), &rightState) == 0 && leftState.st_dev == rightState.st_dev &&
+         leftState.st_ino == rightState.st_ino;
+}
+
+void loadTable(host::Document& document, const std::string& path) {
+  if (auto unreadable = host::unreadableTable(path)) throw Refusal{std::move(*unreadable)};
+  if (KEPSucceeded(document.ppWordContainer()->LoadPPWordTable(KEPUnicodeString(path)))) return;
+  throw Refusal{host::tableError(path, *KEPError::KEPGetLastError())};
+}
+
+// The tool path of a run: a job or a listing.
+class Source {
+ public:
+  Source(const PostOptions& options, host::Document& document) {
+    auto lines = std::make_unique<host::LineReader>(options.job);
+    if (host::recogniseSource(*lines) == host::SourceKind::Listing) {
+      listing_.emplace(std::move(lines), host::ListingOptions{options.units, options.rotary});
+      return;
+    }
+    if (options.units || options.rotary) {
+      throw UsageError{"--units and --rotary are for listings; a job states its own"};
+    }
+    job_.emplace(std::move(lines));
+    host::requireTable(job_->header(), !options.table.empty());
+    setup_.emplace(job_->header(), document);
+  }
+
+  [[nodiscard]] host::ToolPathSource& events() {
+    if (listing_) return *listing_;
+    return *job_;
+  }
+  [[nodiscard]] const host::ListingReader* listing() const {
+    return listing_ ? &*listing_ : nullptr;
+  }
+
+ private:
+  std::optional<host::ListingReader> listing_;
+  std::optional<host::JobReader> job_;
+  std::optional<host::JobSetup> setup_;
+};
+
+// Where the text of a run goes. In a strict run what cannot be taken back is held until the end.
+class Output {
+ public:
+  explicit Output(const PostOptions& options)
+      : file_(options.output.empty() ? "-" : options.output) {
+    struct stat state {};
+    const bool direct = options.output.empty() ||
+                        (stat(options.output.c_str(), &state) == 0 && !S_ISREG(state.st_mode));
+    if (options.strict && direct) held_.emplace();
+  }
+
+  [[nodiscard]] host::LineSink& lines() {
+    if (held_) return *held_;
+    return file_;
+  }
+  void finish() {
+    if (held_) held_->release(file_);
+    file_.finish();
+  }
+
+ private:
+  host::OutputFile file_;
+  std::optional<HeldOutput> held_;
+};
+
+void reportRun(const PostOptions& options, const PostReport& report, bool written,
+               const LoadReport& load, const host::Document& document) {
+  if (options.format == OutputFormat::Json) {
+    Json json = reportJson(report, written);
+    if (options.verbose) json["load"] = load.json(document);
+    writeMessage(documentText(json));
+    return;
+  }
+  if (options.verbose) writeMessage("load report:\n" + load.text(document));
+  writeMessage(reportText(report, written));
+}
+
+ExitStatus generate(const PostOptions& options) {
+  const KEPVar<host::Document> document = host::newDocument();
+  LoadReport load;
+  if (!options.table.empty()) loadTable(*document, options.table);
+  Source source(options, *document);
+  Output output(options);
+  const std::string name = options.job == "-" ? "standard input" : options.job;
+  host::Generator generator(document, name, output.lines());
+  {
+    const bool shown = options.format == OutputFormat::Text && isatty(STDERR_FILENO) == 1;
+    Progress progress(source.events(), shown);
+    generator.run(progress);
+  }
+  const PostReport report{generator.summary(), source.listing(), load.missing(), options.output};
+  const bool written = !options.strict || missingPieces(report) == 0;
+  if (written) output.finish();
+  reportRun(options, report, written, load, *document);
+  return written ? ExitStatus::Done : ExitStatus::Refused;
+}
+
+ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic) {
+  if (options.format == OutputFormat::Json) {
+    writeMessage(documentText({{"file", textJson(options.job)},
+                               {"written", false},
+                               {"diagnostics", Json::array({diagnosticJson(diagnostic)})}}));
+  } else {
+    tell(diagnostic);
+  }
+  return ExitStatus::Refused;
+}
+
+}  // namespace
+
+ExitStatus postJob(const PostOptions& options) {
+  try {
+    if (isSameFile(options.output, options.job) || isSameFile(options.output, options.table)) {
+      throw UsageError{"the output would replace the input " + options.output};
+    }
+    return generate(options);
+  } catch (const UsageError& error) {
+    writeMessage("ppword post: " + error.message + "\nTry 'ppword post --help'.\n");
+    return ExitStatus::Usage;
+  } catch (const Refusal& refusal) {
+    return refuse(options, refusal.diagnostic);
+  } catch (const host::InputError& error) {
+    return refuse(options, host::inputDiagnostic(error));
+  }
+}

@@ -1,0 +1,120 @@
+#include "tools/ppword/PostReport.h"
+
+#include <array>
+#include <nlohmann/json.hpp>
+#include <string_view>
+
+#include "host/diagnostics/DiagnosticText.h"
+#include "host/generator/ListingSummary.h"
+
+namespace {
+
+using host::CallFate;
+using host::Tally;
+
+std::string number(long count, std::string_view singular) {
+  return std::to_string(count) + ' ' + std::string(singular) + (count == 1 ? "" : "s");
+}
+
+// "NC_GOTO 12, NC_RAPID 3", each with its first place if asked for.
+std::string tallyText(const Tally& tally, bool places) {
+  std::string text;
+  for (const Tally::Entry& entry : tally.entries()) {
+    text += (text.empty() ? "" : ", ") + entry.name + ' ' + std::to_string(entry.count);
+    if (!places) continue;
+    text +=
+        " (first in line " + std::to_string(entry.firstLine) + ", " + entry.firstInstruction + ')';
+  }
+  if (tally.others() > 0) text += ", others " + std::to_string(tally.others());
+  return host::terminalSafe(text);
+}
+
+std::string tallyLine(std::string_view opening, const Tally& tally, bool places) {
+  if (tally.total() == 0) return "";
+  return "  " + std::string(opening) + ": " + tallyText(tally, places) + '\n';
+}
+
+Json tallyJson(const Tally& tally, bool instructions) {
+  Json array = Json::array();
+  for (const Tally::Entry& entry : tally.entries()) {
+    Json json{
+        {"name", textJson(entry.name)}, {"count", entry.count}, {"firstLine", entry.firstLine}};
+    if (!instructions) json["firstInstruction"] = textJson(entry.firstInstruction);
+    array.push_back(std::move(json));
+  }
+  if (tally.others() > 0) array.push_back({{"name", nullptr}, {"count", tally.others()}});
+  return array;
+}
+
+std::string_view fateName(CallFate fate) {
+  constexpr std::array<std::string_view, 5> kNames = {"move", "waiting", "other", "lostMove",
+                                                      "unknown"};
+  return kNames[static_cast<std::size_t>(fate)];
+}
+
+Json callsJson(const host::CallCounts& calls) {
+  Json array = Json::array();
+  for (const host::CallCount& call : calls.all()) {
+    array.push_back({{"name", textJson(call.name)},
+                     {"fate", fateName(call.fate)},
+                     {"count", call.count},
+                     {"firstLine", call.firstLine}});
+  }
+  return array;
+}
+
+std::string outcomeText(const PostReport& report, bool written) {
+  const std::string output = report.output.empty() ? "standard output" : report.output;
+  if (written) return host::terminalSafe(output) + ": written\n";
+  return host::terminalSafe(output) + ": not written, since " +
+         number(missingPieces(report), "piece") + " of the text would be missing\n";
+}
+
+}  // namespace
+
+long missingPieces(const PostReport& report) {
+  long count = report.summary.unevaluated.total() + report.summary.dropped.total();
+  if (report.listing != nullptr) {
+    for (const CallFate fate : {CallFate::Waiting, CallFate::LostMove, CallFate::Unknown}) {
+      count += report.listing->calls().total(fate);
+    }
+  }
+  return count + report.missingEntries;
+}
+
+std::string reportText(const PostReport& report, bool written) {
+  const host::Summary& summary = report.summary;
+  std::string text = host::terminalSafe(summary.file) + ": " + number(summary.elements, "element") +
+                     ", " + number(summary.lines, "line") + '\n';
+  text += tallyLine("instructions", summary.instructions, false);
+  if (report.listing != nullptr) {
+    for (const std::string& line : host::summaryLines(*report.listing)) {
+      text += "  " + host::terminalSafe(line) + '\n';
+    }
+  }
+  text += tallyLine("WARNING: not evaluated", summary.unevaluated, true);
+  text += tallyLine("WARNING: names cut off", summary.dropped, true);
+  if (report.missingEntries > 0) {
+    text += "  WARNING: " + std::to_string(report.missingEntries) +
+            " entries of the table were not loaded; -v tells which\n";
+  }
+  return text + outcomeText(report, written);
+}
+
+Json reportJson(const PostReport& report, bool written) {
+  const host::Summary& summary = report.summary;
+  Json json{{"file", textJson(summary.file)},
+            {"output", report.output.empty() ? Json(nullptr) : textJson(report.output)},
+            {"written", written},
+            {"elements", summary.elements},
+            {"lines", summary.lines},
+            {"missing", missingPieces(report)},
+            {"instructions", tallyJson(summary.instructions, true)},
+            {"unevaluated", tallyJson(summary.unevaluated, false)},
+            {"cutOff", tallyJson(summary.dropped, false)},
+            {"tableEntriesNotLoaded", report.missingEntries}};
+  if (report.listing == nullptr) return json;
+  if (const auto unit = report.listing->unit()) json["unit"] = host::pluralOf(*unit);
+  json["calls"] = callsJson(report.listing->calls());
+  return json;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "host/generator/ListingReader.h"
+#include "host/generator/Summary.h"
+#include "tools/ppword/Json.h"
+
+/// What a run gave, for its report.
+struct PostReport {
+  const host::Summary& summary;
+  /// Null for a job.
+  const host::ListingReader* listing;
+  /// Entries of the table that should have been loaded and were not.
+  long missingEntries;
+  /// Where the text went; empty for the standard output.
+  std::string output;
+};
+
+/// What the text lacks: references that were not evaluated, ends of names that were cut off, calls
+/// that wait, are unknown or lost their move, and entries of the table.
+[[nodiscard]] long missingPieces(const PostReport& report);
+
+[[nodiscard]] std::string reportText(const PostReport& report, bool written);
+[[nodiscard]] Json reportJson(const PostReport& report, bool written);

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <chrono>
+
+#include "host/generator/ToolPath.h"
+
+/// Passes a tool path on and counts it on the standard error while that takes long.
+class Progress final : public host::ToolPathSource {
+ public:
+  /// Nothing is shown unless `shown`.
+  Progress(host::ToolPathSource& source, bool shown) : source_(source), shown_(shown) {}
+  ~Progress() override;
+
+  [[nodiscard]] bool next(host::ToolPathEvent& event) override;
+
+ private:
+  using Clock = std::chrono::steady_clock;
+
+  void show();
+
+  host::ToolPathSource& source_;
+  bool shown_;
+  long count_ = 0;
+  Clock::time_point due_ = Clock::now() + std::chrono::seconds(1);
+  std::size_t width_ = 0;
+};

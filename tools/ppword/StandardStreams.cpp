@@ -1,0 +1,37 @@
+#include "tools/ppword/StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+#include "host/generator/OutputFile.h"
+#include "tools/ppword/ExitStatus.h"
+
+void prepareStandardStreams() {
+  for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
+    // The lowest free number is taken: the closed one. The wrong direction makes its use an error.
+    const int mode = descriptor == STDIN_FILENO ? O_WRONLY : O_RDONLY;
+    if (open("/dev/null", mode) < 0) _exit(static_cast<int>(ExitStatus::Internal));
+  }
+  std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
+}
+
+void writeOutput(std::string_view text) {
+  host::OutputFile output("-");
+  text.remove_suffix(1);
+  output.write(text);
+  output.finish();
+}
+
+void writeMessage(std::string_view text) noexcept {
+  while (!text.empty()) {
+    const ssize_t written = write(STDERR_FILENO, text.data(), text.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written < 0) return;
+    text.remove_prefix(static_cast<std::size_t>(written));
+  }
+}

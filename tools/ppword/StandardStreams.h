@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string_view>
+
+/// Makes sure that the three standard descriptors are open, so that no file gets their numbers.
+/// Writing to one that was closed fails as before. A closed pipe and a file that grows too large
+/// become write errors.
+void prepareStandardStreams();
+
+/// Writes all of `text`, which ends with a line feed, to the standard output. Raises an OutputError
+/// when it does not take it.
+void writeOutput(std::string_view text);
+
+/// Writes `text` to the standard error; what it does not take is lost.
+void writeMessage(std::string_view text) noexcept;

@@ -1,0 +1,16 @@
+#include "tools/ppword/TableCheck.h"
+
+#include "KEPMfgPPTableTxt.h"
+#include "host/diagnostics/DiagnosticText.h"
+#include "host/diagnostics/TableError.h"
+#include "host/diagnostics/TableFile.h"
+#include "tools/ppword/StandardStreams.h"
+
+std::optional<host::Diagnostic> tableRefusal(const std::string& path) {
+  if (auto unreadable = host::unreadableTable(path)) return unreadable;
+  KEPMfgPPTableTxt reader{KEPString(path)};
+  if (KEPSucceeded(reader.CheckFileSyntax())) return std::nullopt;
+  return host::tableError(path, *KEPError::KEPGetLastError());
+}
+
+void tell(const host::Diagnostic& diagnostic) { writeMessage(host::diagnosticText(diagnostic)); }

@@ -1,0 +1,53 @@
+#include <exception>
+#include <string>
+#include <variant>
+
+#include "System/KEPError.h"
+#include "host/generator/OutputFile.h"
+#include "host/system/Module.h"
+#include "tools/ppword/CheckCommand.h"
+#include "tools/ppword/CommandLine.h"
+#include "tools/ppword/ListCommand.h"
+#include "tools/ppword/PostCommand.h"
+#include "tools/ppword/StandardStreams.h"
+
+namespace {
+
+struct Runner {
+  ExitStatus operator()(const CheckOptions& options) const { return checkTables(options); }
+  ExitStatus operator()(const ListOptions& options) const { return listTable(options); }
+  ExitStatus operator()(const PostOptions& options) const { return postJob(options); }
+};
+
+ExitStatus run(int argc, const char* const* argv) {
+  const auto parsed = parseCommandLine(argc, argv);
+  if (const auto* const ended = std::get_if<ExitStatus>(&parsed)) return *ended;
+  host::loadModule();
+  return std::visit(Runner{}, std::get<CommandOptions>(parsed));
+}
+
+ExitStatus told(ExitStatus status, std::string_view reason) {
+  writeMessage("ppword: error: " + std::string(reason) + '\n');
+  return status;
+}
+
+ExitStatus guardedRun(int argc, const char* const* argv) {
+  try {
+    return run(argc, argv);
+  } catch (const host::OutputError& error) {
+    return told(ExitStatus::NotWritten, error.file() + " cannot be written: " + error.reason());
+  } catch (const KEPError& error) {
+    return told(ExitStatus::Internal, error.GetNLSMessage().View());
+  } catch (const std::exception& error) {
+    return told(ExitStatus::Internal, error.what());
+  } catch (...) {
+    return told(ExitStatus::Internal, "an unknown error occurred");
+  }
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  prepareStandardStreams();
+  return static_cast<int>(guardedRun(argc, argv));
+}
