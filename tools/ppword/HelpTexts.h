@@ -6,8 +6,7 @@ namespace help {
 
 inline constexpr const char* kProgram =
     "Turns tool paths into APT text through the PP word table of a post-processor.";
-inline constexpr const char* kProgramFooter = R"(
-Examples:
+inline constexpr const char* kProgramFooter = R"(Examples:
   ppword check mill.pptable
   ppword list mill.pptable commands
   ppword post bracket.canon -t mill.pptable -o bracket.apt
@@ -18,9 +17,8 @@ error. With several files the highest.
 'ppword COMMAND --help' explains a command.)";
 
 inline constexpr const char* kCheck = "Tell whether PP word tables can be loaded";
-inline constexpr const char* kCheckFooter = R"(
-Tells for each table whether it passes, and goes on with the next after a refused one. An error
-refuses a table; warnings tell what its load would pass over:
+inline constexpr const char* kCheckFooter = R"(Goes on with the next table after a refused one.
+An error refuses a table; warnings tell what its load would pass over:
   no-section       the table has no block
   long-token       a word of more than 1023 characters
   endless-insert   inserts that never end, or give more than 100000 lines
@@ -31,8 +29,9 @@ Examples:
   ppword check --strict --format json mill.pptable)";
 
 inline constexpr const char* kList = "Show what a PP word table, or a new document, holds";
-inline constexpr const char* kListFooter = R"(
-SECTION is one of: words, syntaxes, commands, sequences, lists, formats. Without it all are shown.
+inline constexpr const char* kListFooter = R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
+Without it all are shown.
+
 In JSON a text that is not UTF-8 is {"latin1": TEXT}: each character of TEXT stands for one byte.
 
 Examples:
@@ -42,9 +41,9 @@ Examples:
   ppword list --format json mill.pptable commands)";
 
 inline constexpr const char* kPost = "Write the APT text of a tool path";
-inline constexpr const char* kPostFooter = R"(
-JOB is a job (JSON Lines) or a canonical listing, as 'rs274 -g PROGRAM' prints it. A report goes to
-the standard error: what was written, what could not be evaluated, which calls wait for a line.
+inline constexpr const char* kPostFooter = R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
+A report goes to the standard error: what was written, what could not be evaluated, which calls
+wait for a line.
 
 A file appears whole or not at all. To the standard output the text goes as it is made; with
 --strict only at the end, when nothing is missing.
