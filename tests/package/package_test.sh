@@ -1,9 +1,9 @@
 #!/bin/sh
-# usage: package_test.sh CMAKE BUILD PROJECT LINE
+# usage: package_test.sh CMAKE BUILD PROJECT EXPECTED
 # Installs the build directory BUILD, moves the installation elsewhere, builds a copy of PROJECT
-# against it and fails unless the program prints exactly LINE.
+# against it and fails unless the program prints exactly the text of the file EXPECTED.
 set -eu
-cmake=$1 build=$2 project=$3 line=$4
+cmake=$1 build=$2 project=$3 expected=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
@@ -21,10 +21,5 @@ cp -R "$project" "$work/project"
   exit 1
 }
 
-program=$work/build/$(basename "$project")
-printed=$("$program")
-if [ "$printed" != "$line" ]; then
-  echo "expected: $line" >&2
-  echo "printed:  $printed" >&2
-  exit 1
-fi
+"$work/build/$(basename "$project")" >"$work/printed"
+diff "$expected" "$work/printed"
