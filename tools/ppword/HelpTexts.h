@@ -29,7 +29,8 @@ Examples:
   ppword check --strict --format json mill.pptable)";
 
 inline constexpr const char* kList = "Show what a PP word table, or a new document, holds";
-inline constexpr const char* kListFooter = R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
+inline constexpr const char* kListFooter =
+    R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
 Without it all are shown.
 
 In JSON a text that is not UTF-8 is {"latin1": TEXT}: each character of TEXT stands for one byte.
@@ -41,7 +42,8 @@ Examples:
   ppword list --format json mill.pptable commands)";
 
 inline constexpr const char* kPost = "Write the APT text of a tool path";
-inline constexpr const char* kPostFooter = R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
+inline constexpr const char* kPostFooter =
+    R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
 A report goes to the standard error: what was written, what could not be evaluated, which calls
 wait for a line.
 
