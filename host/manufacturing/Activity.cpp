@@ -23,9 +23,7 @@ KEPMfgParameterValue integerValue(int value) {
   return {KEPMfgParameterValue::kInteger, value, 0.0, {}};
 }
 
-KEPMfgParameterValue realValue(double value) {
-  return {KEPMfgParameterValue::kReal, 0, value, {}};
-}
+KEPMfgParameterValue realValue(double value) { return {KEPMfgParameterValue::kReal, 0, value, {}}; }
 
 KEPMfgParameterValue textValue(std::string_view value) {
   return {KEPMfgParameterValue::kText, 0, 0.0, KEPUnicodeString(value)};

@@ -35,7 +35,8 @@ HRESULT KEPMfgDesignParameter::GetExtendedValue(const KEPBaseUnknown_var& object
   if (!document || flat.empty()) return E_FAIL;
   try {
     mu::Parser parser;
-    for (const auto& [name, number] : document->designParameters()) parser.DefineConst(name, number);
+    for (const auto& [name, number] : document->designParameters())
+      parser.DefineConst(name, number);
     parser.SetExpr(std::string(flat));
     const double result = parser.Eval();
     if (!std::isfinite(result)) return E_FAIL;

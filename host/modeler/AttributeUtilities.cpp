@@ -73,8 +73,8 @@ HRESULT KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
     KEPUnicodeString& text) {
   const Kind wanted = kind == kListEntry ? Kind::StringList : Kind::String;
   if (kind != kListEntry && kind != kWholeText) return E_FAIL;
-  const auto value = attribute(feature, name, wanted);
-  if (!value) return E_FAIL;
+  const auto value = KEPISpecAttrAccess_var(feature)->FindAttribute(name);
+  if (!value || value->GetKind() != wanted) return E_FAIL;
   const int position = kind == kListEntry ? entry : 1;
   const KEPListValKEPUnicodeString& texts = value->GetTexts();
   if (position < 1 || position > texts.Size()) return S_OK;

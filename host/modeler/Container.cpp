@@ -60,10 +60,9 @@ void Container::close() {
 }
 
 KEPBaseUnknown* Container::Answer(const KEPMetaClass* interfaceClass) {
-  if (KEPBaseUnknown* const known = extensions_.find(interfaceClass)) return known;
   if (interfaceClass == KEPInterfaceId<KEPIContainer>()) return this;
   const KEPCreator creator = findCreator(lateType_, interfaceClass);
-  return creator == nullptr ? nullptr : extensions_.make(interfaceClass, creator, *this);
+  return creator == nullptr ? nullptr : extensions_.make(creator, *this);
 }
 
 }  // namespace host

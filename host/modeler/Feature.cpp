@@ -32,7 +32,7 @@ KEPISpecAttribute Feature::GetAttribute(int position) const {
   if (position < 1 || position > before) KEPRaisePositionOutOfList(position, before);
   const Feature* owner = this;
   while (position <= (before -= owner->attributes_.declaredCount())) owner = owner->type_.Get();
-  return view(owner->attributes_.declaredAt(position - before));
+  return view(owner->attributes_.declaredAt(position - before), owner == this);
 }
 
 void Feature::declareBookkeepingAttribute(std::string_view name, int position) {
@@ -40,14 +40,13 @@ void Feature::declareBookkeepingAttribute(std::string_view name, int position) {
 }
 
 KEPBaseUnknown* Feature::Answer(const KEPMetaClass* interfaceClass) {
-  if (KEPBaseUnknown* const known = extensions_.find(interfaceClass)) return known;
   if (interfaceClass == KEPInterfaceId<KEPISpecObject>()) return this;
   if (interfaceClass == KEPInterfaceId<KEPISpecAttrAccess>()) return &attrAccess_;
   if (interfaceClass == KEPInterfaceId<KEPILifeCycleObject>()) return &lifeCycle_;
   const Feature* type = kind_ == Kind::StartUp ? this : type_.Get();
   for (; type != nullptr; type = type->type_.Get()) {
     if (const KEPCreator creator = findCreator(type->name_, interfaceClass)) {
-      return extensions_.make(interfaceClass, creator, *this);
+      return extensions_.make(creator, *this);
     }
   }
   return nullptr;
@@ -76,8 +75,9 @@ Slot* Feature::writableSlot(std::string_view name) {
   return &attributes_.add(name, inherited->kind, /*declared=*/false);
 }
 
-KEPISpecAttribute Feature::view(const Slot& declaration) const {
-  const Slot* const value = nearestSlot(declaration.name, /*set=*/true);
+KEPISpecAttribute Feature::view(const Slot& declaration, bool isOwn) const {
+  const bool isValue = isOwn && declaration.set;
+  const Slot* const value = isValue ? &declaration : nearestSlot(declaration.name, /*set=*/true);
   if (value == nullptr) return {declaration.name, declaration.kind, nullptr, 0};
   return {declaration.name, declaration.kind, &value->texts, value->integer};
 }
@@ -90,9 +90,11 @@ HRESULT Feature::AttrAccess::AddAttribute(std::string_view name, AttributeKind k
 }
 
 std::optional<KEPISpecAttribute> Feature::AttrAccess::FindAttribute(std::string_view name) const {
-  const Slot* const declaration = feature_.nearestSlot(name, /*set=*/false);
-  if (declaration == nullptr) return std::nullopt;
-  return feature_.view(*declaration);
+  const Slot* const slot = feature_.nearestSlot(name, /*set=*/false);
+  if (slot == nullptr) return std::nullopt;
+  // The nearest slot holds the nearest value when it has one.
+  if (slot->set) return KEPISpecAttribute(slot->name, slot->kind, &slot->texts, slot->integer);
+  return feature_.view(*slot, /*isOwn=*/false);
 }
 
 HRESULT Feature::AttrAccess::SetString(std::string_view name, std::string_view text) {

@@ -33,7 +33,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
 
   /// Declares one of the modeler's bookkeeping attributes before the `position`-th own attribute
-  /// (from 1; one past the last appends it).
+  /// (from 1; one past the last appends it). A position outside raises the host's error.
   void declareBookkeepingAttribute(std::string_view name, int position);
 
   /// True once the attributes were brought up to date.
@@ -79,7 +79,8 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] const AttributeTable::Slot* nearestSlot(std::string_view name, bool set) const;
   /// The feature's own slot for a declared attribute, made when only a base type declares it.
   [[nodiscard]] AttributeTable::Slot* writableSlot(std::string_view name);
-  [[nodiscard]] KEPISpecAttribute view(const AttributeTable::Slot& declaration) const;
+  /// A declared attribute with the value that holds here; `isOwn` for a slot of this feature.
+  [[nodiscard]] KEPISpecAttribute view(const AttributeTable::Slot& declaration, bool isOwn) const;
 
   Kind kind_;
   std::string name_;

@@ -2,9 +2,13 @@
 
 KEPBaseUnknown::~KEPBaseUnknown() = default;
 
-KEPBaseUnknown* KEPBaseUnknown::QueryInterface(const KEPMetaClass* interfaceClass) const {
-  KEPBaseUnknown* const object = impl_->Answer(interfaceClass);
-  if (object != nullptr) object->AddRef();
+KEPBaseUnknown* KEPBaseUnknown::AnswerFirst(const KEPMetaClass* interfaceClass) {
+  KEPBaseUnknown* const object = Answer(interfaceClass);
+  if (object == nullptr) return nullptr;
+  std::unique_ptr<Known>* last = &known_;
+  while (*last != nullptr) last = &(*last)->next;
+  *last = std::make_unique<Known>(Known{interfaceClass, object, nullptr});
+  AddRef();
   return object;
 }
 

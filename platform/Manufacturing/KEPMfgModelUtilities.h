@@ -10,15 +10,15 @@
 
 class KEPIMfgPPWordContainer;
 
-/// Ways through the manufacturing model. A handle that is out is null when the way ends early.
+/// Ways through the manufacturing model. A way that ends early gives a negative status and a null
+/// handle.
 class KEP_PLATFORM KEPMfgModelUtilities {
  public:
-  /// The PP word container that holds a feature.
+  /// The PP word container that holds a feature, or that the object is itself.
   static HRESULT GetPPWordContainer(const KEPBaseUnknown_var& object,
                                     KEPVar<KEPIMfgPPWordContainer>& container);
   /// The manufacturing root container of the document that holds an object.
-  static HRESULT GetRootContainer(const KEPBaseUnknown_var& object,
-                                  KEPIMfgRootContainer_var& root);
+  static HRESULT GetRootContainer(const KEPBaseUnknown_var& object, KEPIMfgRootContainer_var& root);
   /// The activity that the document is generating; it is the PP word container's first object.
   static HRESULT GetCurrentActivity(const KEPVar<KEPIMfgPPWordContainer>& container,
                                     KEPIMfgActivity_var& activity);

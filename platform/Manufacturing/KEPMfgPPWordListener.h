@@ -14,7 +14,22 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   /// The part of a table that an entry belongs to.
   enum class Section { Command, Sequence, MultiList, Format };
   /// What became of an entry of a table.
-  enum class Outcome { Created, Replaced, NeverLoaded, NameUnreadable, ContentUnreadable, NotDeclared };
+  enum class Outcome {
+    /// Made: its type, for a sequence its attribute, was missing.
+    Created,
+    /// Took the place of what was there.
+    Replaced,
+    /// Left out on purpose.
+    NeverLoaded,
+    /// Skipped: no readable name stands behind its keyword.
+    NameUnreadable,
+    /// Its content cannot be read. A command or sequence is skipped; a list or format type is made
+    /// or loses its value.
+    ContentUnreadable,
+    /// Its type is there and does not declare the attribute, or declares it with another kind;
+    /// nothing was changed.
+    NotDeclared
+  };
 
   KEPMfgPPWordListener() = default;
   KEPMfgPPWordListener(const KEPMfgPPWordListener&) = delete;

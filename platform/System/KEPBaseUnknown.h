@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string_view>
 
 #include "System/KEPMetaClass.h"
@@ -20,7 +21,10 @@ class KEP_PLATFORM KEPBaseUnknown {
 
   void AddRef() const noexcept { ++impl_->references_; }
   void Release() const noexcept {
-    if (--impl_->references_ == 0) delete impl_;
+    if (--impl_->references_ > 0) return;
+    // Handles taken and released while the component dies must not bring it here again.
+    impl_->references_ = kDying;
+    delete impl_;
   }
   /// The component's count, for tests and diagnostics.
   [[nodiscard]] int GetReferenceCount() const noexcept { return impl_->references_; }
@@ -30,7 +34,14 @@ class KEP_PLATFORM KEPBaseUnknown {
 
   /// The component's object for an interface, carrying one reference that the caller releases;
   /// null when the component does not offer the interface. Repeated queries give the same object.
-  [[nodiscard]] KEPBaseUnknown* QueryInterface(const KEPMetaClass* interfaceClass) const;
+  [[nodiscard]] KEPBaseUnknown* QueryInterface(const KEPMetaClass* interfaceClass) const {
+    for (const Known* known = impl_->known_.get(); known != nullptr; known = known->next.get()) {
+      if (known->interfaceClass != interfaceClass) continue;
+      AddRef();
+      return known->object;
+    }
+    return impl_->AnswerFirst(interfaceClass);
+  }
 
   /// True when the component's late type, or one of its base types, has this name.
   [[nodiscard]] bool IsAKindOf(std::string_view lateType) const { return impl_->HasType(lateType); }
@@ -42,10 +53,23 @@ class KEP_PLATFORM KEPBaseUnknown {
   void BindTo(KEPBaseUnknown& implementation) noexcept { impl_ = implementation.impl_; }
 
  private:
-  /// Asked of implementations only: the object for an interface, not counted, or null.
+  /// An interface that the component has answered: the answer holds as long as the component.
+  struct Known {
+    const KEPMetaClass* interfaceClass;
+    KEPBaseUnknown* object;
+    std::unique_ptr<Known> next;
+  };
+
+  /// Asked of implementations only, for an interface not answered yet: its object, not counted, or
+  /// null.
   [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
+  /// As QueryInterface; keeps the answer.
+  [[nodiscard]] KEPBaseUnknown* AnswerFirst(const KEPMetaClass* interfaceClass);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
+
+  static constexpr int kDying = 1 << 30;
 
   KEPBaseUnknown* impl_;
   mutable int references_ = 1;
+  std::unique_ptr<Known> known_;
 };

@@ -13,7 +13,12 @@ class KEPBaseUnknown;
 /// process.
 class KEP_PLATFORM KEPMetaClass {
  public:
-  enum class TypeOfClass { Implementation = 1, DataExtension = 2, Interface = 3, CodeExtension = 4 };
+  enum class TypeOfClass {
+    Implementation = 1,
+    DataExtension = 2,
+    Interface = 3,
+    CodeExtension = 4
+  };
 
   /// The meta-object of an extension class. `base` is the meta-object that the class derives from;
   /// the class becomes an extension of `lateType`.

@@ -17,6 +17,8 @@ class KEPString {
   operator std::string_view() const noexcept { return bytes_; }
   [[nodiscard]] const char* CastToCharPtr() const noexcept { return bytes_.c_str(); }
   [[nodiscard]] bool IsEmpty() const noexcept { return bytes_.empty(); }
+  /// The bytes, to be changed in place.
+  [[nodiscard]] std::string& Edit() noexcept { return bytes_; }
 
   friend bool operator==(const KEPString& left, const KEPString& right) = default;
 

@@ -23,8 +23,7 @@ class KEPVar {
   KEPVar(const KEPVar& other) noexcept : KEPVar(other.object_) {}
   KEPVar(KEPVar&& other) noexcept : object_(std::exchange(other.object_, nullptr)) {}
   template <class U>
-    requires(!std::is_same_v<T, U>)
-  KEPVar(const KEPVar<U>& other) : object_(Cast(other.Get())) {}
+  requires(!std::is_same_v<T, U>) KEPVar(const KEPVar<U>& other) : object_(Cast(other.Get())) {}
   ~KEPVar() {
     if (object_ != nullptr) object_->Release();
   }

@@ -42,17 +42,25 @@ class NumericEvaluation : public testing::Test, protected PPWordDocument {
 };
 
 TEST_F(NumericEvaluation, EachParameterReadsItsComponent) {
-  const std::pair<const char*, const char*> expected[] = {
-      {"MFG_XPOINT", "1.00"},          {"MFG_YPOINT", "2.00"},
-      {"MFG_ZPOINT", "3.00"},          {"MFG_XAXIS", "0.25"},
-      {"MFG_YAXIS", "0.50"},           {"MFG_ZAXIS", "0.75"},
-      {"MFG_CIRCLE_X_TGT", "11.00"},   {"MFG_CIRCLE_Y_TGT", "12.00"},
-      {"MFG_CIRCLE_Z_TGT", "13.00"},   {"MFG_CIRCLE_X_CENTER", "21.00"},
-      {"MFG_CIRCLE_Y_CENTER", "22.00"}, {"MFG_CIRCLE_Z_CENTER", "23.00"},
-      {"MFG_CIRCLE_RADIUS", "30.00"},  {"MFG_CIRCLE_X_NORMAL", "41.00"},
-      {"MFG_CIRCLE_Y_NORMAL", "42.00"}, {"MFG_CIRCLE_Z_NORMAL", "43.00"},
-      {"MFG_CIRCLE_X_PT", "51.00"},    {"MFG_CIRCLE_Y_PT", "52.00"},
-      {"MFG_CIRCLE_Z_PT", "53.00"}};
+  const std::pair<const char*, const char*> expected[] = {{"MFG_XPOINT", "1.00"},
+                                                          {"MFG_YPOINT", "2.00"},
+                                                          {"MFG_ZPOINT", "3.00"},
+                                                          {"MFG_XAXIS", "0.25"},
+                                                          {"MFG_YAXIS", "0.50"},
+                                                          {"MFG_ZAXIS", "0.75"},
+                                                          {"MFG_CIRCLE_X_TGT", "11.00"},
+                                                          {"MFG_CIRCLE_Y_TGT", "12.00"},
+                                                          {"MFG_CIRCLE_Z_TGT", "13.00"},
+                                                          {"MFG_CIRCLE_X_CENTER", "21.00"},
+                                                          {"MFG_CIRCLE_Y_CENTER", "22.00"},
+                                                          {"MFG_CIRCLE_Z_CENTER", "23.00"},
+                                                          {"MFG_CIRCLE_RADIUS", "30.00"},
+                                                          {"MFG_CIRCLE_X_NORMAL", "41.00"},
+                                                          {"MFG_CIRCLE_Y_NORMAL", "42.00"},
+                                                          {"MFG_CIRCLE_Z_NORMAL", "43.00"},
+                                                          {"MFG_CIRCLE_X_PT", "51.00"},
+                                                          {"MFG_CIRCLE_Y_PT", "52.00"},
+                                                          {"MFG_CIRCLE_Z_PT", "53.00"}};
   for (const auto& [name, text] : expected) EXPECT_EQ(evaluatedWith(name, "%.2f"), text) << name;
 }
 
@@ -169,15 +177,15 @@ TEST_F(NumericEvaluation, ReferenceCountsAreAsBefore) {
   const auto generation = host::GeneratorData::create("%.2f", "");
   host::setCurrentGeneratorData(generation);
   (void)evaluated(parameter);
-  const int before = parameter->GetReferenceCount() + words->GetReferenceCount() +
-                     generation->GetReferenceCount();
+  const int before =
+      parameter->GetReferenceCount() + words->GetReferenceCount() + generation->GetReferenceCount();
   EXPECT_EQ(evaluated(parameter), "1.00");
   KEPISpecAttrAccess_var(parameter)->SetString("Format", "%n");
   host::setCurrentGeneratorData(nullptr);
   EXPECT_EQ(evaluated(parameter), "no value, untouched");
-  EXPECT_EQ(parameter->GetReferenceCount() + words->GetReferenceCount() +
-                generation->GetReferenceCount(),
-            before - 1);
+  EXPECT_EQ(
+      parameter->GetReferenceCount() + words->GetReferenceCount() + generation->GetReferenceCount(),
+      before - 1);
 }
 
 TEST_F(NumericEvaluation, OtherParametersAreKnownAndHaveNoValue) {

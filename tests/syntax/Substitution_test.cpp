@@ -43,13 +43,14 @@ MapParameters parameters() {
 }
 
 /// A line through the three substitutions in their order.
-std::string substituted(std::string line, std::string_view unevaluated = "") {
+std::string substituted(std::string_view text, std::string_view unevaluated = "") {
   MapParameters map = parameters();
-  std::string scratch;
+  PassedLine line;
+  line.start(text);
   for (const auto prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, unevaluated, map, scratch);
+    substitute(line, prefix, unevaluated, map);
   }
-  return line;
+  return std::string(line.text());
 }
 
 struct Case {
@@ -59,13 +60,15 @@ struct Case {
 
 class Substitution : public testing::TestWithParam<Case> {};
 
-TEST_P(Substitution, LineGivesResult) { EXPECT_EQ(substituted(GetParam().line), GetParam().result); }
+TEST_P(Substitution, LineGivesResult) {
+  EXPECT_EQ(substituted(GetParam().line), GetParam().result);
+}
 
 INSTANTIATE_TEST_SUITE_P(
     Names, Substitution,
     testing::Values(
-        Case{"CYCLE/ON", "CYCLE/ON"}, Case{"", ""},
-        Case{"GOTO/%A,%B", "GOTO/1.5,2"}, Case{"SPINDL/%A,&W", "SPINDL/1.5,RPM"},
+        Case{"CYCLE/ON", "CYCLE/ON"}, Case{"", ""}, Case{"GOTO/%A,%B", "GOTO/1.5,2"},
+        Case{"SPINDL/%A,&W", "SPINDL/1.5,RPM"},
         // the comma wins over a nearer blank
         Case{"%A %B,X", ",X"}, Case{"%A B,X", "two words,X"},
         // without a comma behind, the nearest blank, line feed or quote ends the name
@@ -88,13 +91,12 @@ INSTANTIATE_TEST_SUITE_P(
         // blanks belong to the name
         Case{"X/% A,1", "X/blank first,1"}, Case{"X/%A ,1", "X/,1"}));
 
-INSTANTIATE_TEST_SUITE_P(
-    Expressions, Substitution,
-    testing::Values(Case{"X/%(A*2),1", "X/3,1"}, Case{"X/%(A*2)%A", "X/31.5"},
-                    Case{"X/%(A", "X/group"}, Case{"X/%(A B", "X/group B"},
-                    Case{"X/%(A*2)%(A*2)", "X/33"}, Case{"%(NONE)", ""},
-                    // the first ")" ends the group, wherever it stands
-                    Case{"%(NONE+(A))", ")"}));
+INSTANTIATE_TEST_SUITE_P(Expressions, Substitution,
+                         testing::Values(Case{"X/%(A*2),1", "X/3,1"}, Case{"X/%(A*2)%A", "X/31.5"},
+                                         Case{"X/%(A", "X/group"}, Case{"X/%(A B", "X/group B"},
+                                         Case{"X/%(A*2)%(A*2)", "X/33"}, Case{"%(NONE)", ""},
+                                         // the first ")" ends the group, wherever it stands
+                                         Case{"%(NONE+(A))", ")"}));
 
 TEST(Substitution, UnevaluatedTextTakesThePlaceOfAnUnknownParameter) {
   EXPECT_EQ(substituted("GOTO/%BAD,1", "0"), "GOTO/0,1");
@@ -135,7 +137,8 @@ TEST(Substitution, AnyLineEnds) {
   constexpr std::string_view kPieces = "%&(),$ \n\"/AB*W\\";
   for (int i = 0; i < 100000; ++i) {
     std::string line;
-    for (auto length = random() % 24; length > 0; --length) line += kPieces[random() % kPieces.size()];
+    for (auto length = random() % 24; length > 0; --length)
+      line += kPieces[random() % kPieces.size()];
     const std::string result = substituted(line);
     ASSERT_LE(result.size(), line.size() * 12) << line;
     ASSERT_EQ(result.find('&'), std::string::npos) << line;

@@ -1,13 +1,12 @@
 #include "src/evaluation/NumericEvaluation.h"
 
 #include <algorithm>
-#include <optional>
 #include <string>
+#include <utility>
 
-#include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
-#include "Manufacturing/KEPMfgModelUtilities.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "src/number/NumberFormat.h"
 
@@ -18,41 +17,32 @@ namespace {
 constexpr int kNcDataFormat = 1;
 constexpr int kNoEntry = -1;
 
-std::string withDecimalPoints(std::string_view format) {
-  std::string text(format);
-  std::replace(text.begin(), text.end(), ',', '.');
-  return text;
-}
-
-/// The format that the running generation sets for points or axes; empty when it sets none.
-std::string generationFormat(FormatSource source) {
+/// The format that the running generation sets for points or axes, with "." for every ",". False,
+/// with `format` untouched, when it sets none.
+bool findGenerationFormat(FormatSource source, KEPUnicodeString& format) {
   const auto generation = KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData();
-  if (!generation) return {};
+  if (!generation) return false;
   const KEPIMfgOutputSettings_var settings = generation->GetOutputSettings();
-  if (!settings) return {};
-  return withDecimalPoints(source == FormatSource::Points
-                               ? settings->GetPointFormat(kNcDataFormat)
-                               : settings->GetAxisFormat(kNcDataFormat));
+  if (!settings) return false;
+  const KEPUnicodeString own = source == FormatSource::Points
+                                   ? settings->GetPointFormat(kNcDataFormat)
+                                   : settings->GetAxisFormat(kNcDataFormat);
+  if (own.IsEmpty()) return false;
+  std::string text(own.View());
+  std::replace(text.begin(), text.end(), ',', '.');
+  format = KEPUnicodeString(std::move(text));
+  return true;
 }
 
-/// The "Format" attribute of a parameter type; nothing when it has none.
-std::optional<KEPUnicodeString> formatAttribute(const KEPISpecObject_var& parameter) {
+/// The format that holds for a parameter type: the generation's for points and axes, otherwise the
+/// "Format" attribute. False when there is none.
+bool findFormat(const KEPISpecObject_var& parameter, FormatSource source,
+                KEPUnicodeString& format) {
+  if (source != FormatSource::Attribute && findGenerationFormat(source, format)) return true;
   int found = 0;
-  KEPUnicodeString format;
   const HRESULT status = KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
       parameter, kNoEntry, "Format", kNoEntry, found, format);
-  if (KEPFailed(status) || found == 0) return std::nullopt;
-  return format;
-}
-
-std::optional<std::string> print(const KEPISpecObject_var& parameter, FormatSource source,
-                                 double number) {
-  if (source != FormatSource::Attribute) {
-    const std::string format = generationFormat(source);
-    if (!format.empty()) return printNumber(format, number);
-  }
-  const auto format = formatAttribute(parameter);
-  return format ? printNumber(*format, number) : std::nullopt;
+  return KEPSucceeded(status) && found != 0;
 }
 
 }  // namespace
@@ -60,16 +50,14 @@ std::optional<std::string> print(const KEPISpecObject_var& parameter, FormatSour
 bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer, BufferNumber read,
                     FormatSource source, KEPString& value) {
   const auto parameter = KEPISpecObject_var::Of(evaluation.GetImpl());
-  if (!parameter) KEPRaiseNullHandle();
-  KEPIMfgPPWordContainer_var container;
-  KEPMfgModelUtilities::GetPPWordContainer(parameter, container);
+  // A PP word container is one that offers motion buffers.
+  const KEPIContainer_var container = parameter->GetContainer();
   if (!container) return false;
   const auto numbers = KEPBaseUnknown_var::Adopt(container->QueryInterface(buffer));
   if (!numbers) return false;
-  auto text = print(parameter, source, read(*numbers));
-  if (!text) return false;
-  value = KEPString(std::move(*text));
-  return true;
+  KEPUnicodeString format;
+  return findFormat(parameter, source, format) &&
+         printNumber(format, read(*numbers), value.Edit());
 }
 
 }  // namespace ppword

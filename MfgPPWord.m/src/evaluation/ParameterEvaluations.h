@@ -9,7 +9,7 @@
 // One class for each parameter name, registered under it. A class that differs from its sisters
 // only in what it reads is a row.
 
-#define PPWORD_NUMBER(Class, Getter, Component, Source)                                 \
+#define PPWORD_NUMBER(Class, Getter, Component, Source)                                   \
   class Class final : public ppword::NumericEvaluation<Class, &Getter, ppword::Component, \
                                                        ppword::FormatSource::Source> {}
 

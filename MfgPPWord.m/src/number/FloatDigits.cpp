@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdint>
 #include <cstring>
+#include <optional>
 
 namespace ppword {
 namespace {
@@ -41,47 +42,71 @@ BinaryFraction binaryFraction(double fraction) {
   return {(bits & (hidden - 1)) | hidden, kExponentBias - exponent};
 }
 
-char* writePlaces(std::uint64_t digits, int places, char* at) {
-  for (int i = places - 1; i >= 0; --i, digits /= 10) {
-    at[i] = static_cast<char>('0' + digits % 10);
-  }
-  return at + places;
+/// A number in fixed notation as two whole numbers.
+struct FixedNumber {
+  std::uint64_t whole;
+  std::uint64_t places;
+};
+
+/// Rounds to `count` places, half to even on the exact value as printf does. Nothing when the number
+/// is outside what fits.
+std::optional<FixedNumber> roundedExactly(double value, int count) {
+  if (!(value < kExactBound) || count > kMostExactPlaces) return std::nullopt;
+  const auto whole = static_cast<std::uint64_t>(value);
+  const double fraction = value - static_cast<double>(whole);
+  if (fraction == 0.0) return FixedNumber{whole, 0};
+  const auto [mantissa, shift] = binaryFraction(fraction);
+  if (shift > kMostExactShift) return std::nullopt;
+  const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(count)];
+  const Wide roundedUp = static_cast<Wide>(mantissa) * scale + (Wide{1} << (shift - 1));
+  auto places = static_cast<std::uint64_t>(roundedUp >> shift);
+  const bool isTie = (roundedUp & ((Wide{1} << shift) - 1)) == 0;
+  const bool isOdd = (((count == 0 ? whole : 0) + places) & 1U) != 0;
+  if (isTie && isOdd) --places;
+  return places == scale ? FixedNumber{whole + 1, 0} : FixedNumber{whole, places};
 }
 
-/// Fixed notation by whole numbers, rounded half to even on the exact value as printf does. Empty
-/// when the number is outside what fits.
-std::string_view exactFixed(double value, int places, Room room) {
-  if (!(value < kExactBound) || places > kMostExactPlaces) return {};
-  auto whole = static_cast<std::uint64_t>(value);
-  const double fraction = value - static_cast<double>(whole);
-  const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(places)];
-  std::uint64_t digits = 0;
-  if (fraction != 0.0) {
-    const auto [mantissa, shift] = binaryFraction(fraction);
-    if (shift > kMostExactShift) return {};
-    const Wide product = static_cast<Wide>(mantissa) * scale;
-    const Wide rest = product & ((Wide{1} << shift) - 1);
-    const Wide half = Wide{1} << (shift - 1);
-    digits = static_cast<std::uint64_t>(product >> shift);
-    const bool odd = ((places == 0 ? whole : digits) & 1U) != 0;
-    if (rest > half || (rest == half && odd)) ++digits;
-    if (digits == scale) {
-      ++whole;
-      digits = 0;
-    }
+/// The decimal digits of the numbers from 0 to 99.
+constexpr auto kPairs = [] {
+  std::array<char, 200> digits{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    digits[2 * i] = static_cast<char>('0' + i / 10);
+    digits[2 * i + 1] = static_cast<char>('0' + i % 10);
   }
-  char* at = std::to_chars(room.data(), room.data() + room.size(), whole).ptr;
-  if (places > 0) {
-    *at++ = '.';
-    at = writePlaces(digits, places, at);
-  }
-  return {room.data(), static_cast<std::size_t>(at - room.data())};
+  return digits;
+}();
+
+/// Write the last digits of `number` in front of `at`.
+void writePair(std::uint64_t& number, char*& at) {
+  at -= 2;
+  std::memcpy(at, &kPairs[2 * (number % 100)], 2);
+  number /= 100;
+}
+void writeDigit(std::uint64_t& number, char*& at) {
+  *--at = static_cast<char>('0' + number % 10);
+  number /= 10;
+}
+
+/// Fixed notation by whole numbers, written from the end of the room; empty when it does not fit.
+std::string_view exactFixed(double value, int count, Room room) {
+  auto number = roundedExactly(value, count);
+  if (!number) return {};
+  char* const end = room.data() + room.size();
+  char* at = end;
+  for (int left = count; left >= 2; left -= 2) writePair(number->places, at);
+  if (count % 2 != 0) writeDigit(number->places, at);
+  if (count > 0) *--at = '.';
+  while (number->whole >= 100) writePair(number->whole, at);
+  do writeDigit(number->whole, at);
+  while (number->whole != 0);
+  return {at, static_cast<std::size_t>(end - at)};
 }
 
 std::string_view standardDigits(double value, std::chars_format format, int precision, Room room) {
   const auto result =
-      precision < 0 ? std::to_chars(room.data(), room.data() + room.size(), value, format)
-                    : std::to_chars(room.data(), room.data() + room.size(), value, format, precision);
+      precision < 0
+          ? std::to_chars(room.data(), room.data() + room.size(), value, format)
+          : std::to_chars(room.data(), room.data() + room.size(), value, format, precision);
   return {room.data(), static_cast<std::size_t>(result.ptr - room.data())};
 }
 
@@ -93,10 +118,10 @@ std::string_view fixedDigits(double value, int precision, Room room) {
 /// "#" of fixed, scientific and hexadecimal notation: a decimal point always stands.
 std::string_view withPoint(std::string_view digits, Room room) {
   if (digits.find('.') != std::string_view::npos) return digits;
-  const std::size_t end = std::min(digits.find_first_of("ep"), digits.size());
-  char* const point = room.data() + end;
-  std::memmove(point + 1, point, digits.size() - end);
-  *point = '.';
+  const std::size_t place = std::min(digits.find_first_of("ep"), digits.size());
+  std::memmove(room.data(), digits.data(), digits.size());
+  std::memmove(room.data() + place + 1, room.data() + place, digits.size() - place);
+  room[place] = '.';
   return {room.data(), digits.size() + 1};
 }
 
@@ -123,19 +148,12 @@ std::string_view generalDigits(double value, int precision, bool alternate, Room
 std::string_view floatDigits(double value, char conversion, int precision, bool alternate,
                              std::span<char, kDigitsRoom> room) {
   const int places = precision < 0 && conversion != 'a' ? kDefaultPrecision : precision;
-  std::string_view digits;
-  switch (conversion) {
-    case 'g':
-      return generalDigits(value, places, alternate, room);
-    case 'e':
-      digits = standardDigits(value, std::chars_format::scientific, places, room);
-      break;
-    case 'a':
-      digits = standardDigits(value, std::chars_format::hex, places, room);
-      break;
-    default:
-      digits = fixedDigits(value, places, room);
-  }
+  if (conversion == 'f' && !alternate) return fixedDigits(value, places, room);
+  if (conversion == 'g') return generalDigits(value, places, alternate, room);
+  const std::string_view digits =
+      conversion == 'f'   ? fixedDigits(value, places, room)
+      : conversion == 'e' ? standardDigits(value, std::chars_format::scientific, places, room)
+                          : standardDigits(value, std::chars_format::hex, places, room);
   return alternate ? withPoint(digits, room) : digits;
 }
 

@@ -1,8 +1,9 @@
 #include "src/number/NumberFormat.h"
 
+#include <algorithm>
 #include <array>
-#include <cctype>
 #include <cmath>
+#include <span>
 
 #include "src/number/FloatDigits.h"
 
@@ -11,27 +12,39 @@ namespace {
 
 constexpr double kSnapToZero = 1e-6;
 constexpr int kMostDigitsOfASize = 3;
+/// Room in front of the digits for the widest padding, a sign and "0x".
+constexpr std::size_t kRoomInFront = 1008;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 char lower(char character) { return static_cast<char>(character | 0x20); }
+bool isFlag(char character) {
+  return character == '0' || character == '-' || character == '+' || character == ' ' ||
+         character == '#';
+}
+bool isConversion(char character) {
+  const char kind = lower(character);
+  return kind == 'f' || kind == 'e' || kind == 'g' || kind == 'a';
+}
 
-/// Reads a number of at most three digits, none included; nothing when there are more.
-std::optional<int> readSize(std::string_view text, std::size_t& at) {
+/// Reads a number of at most three digits, none included; -1 when there are more.
+int readSize(const char*& at, const char* end) {
   int size = 0;
-  for (int digits = 0; at < text.size() && isDigit(text[at]); ++at) {
-    if (++digits > kMostDigitsOfASize) return std::nullopt;
-    size = size * 10 + (text[at] - '0');
+  const char* const first = at;
+  for (; at != end && isDigit(*at); ++at) {
+    if (at - first == kMostDigitsOfASize) return -1;
+    size = size * 10 + (*at - '0');
   }
   return size;
 }
 
 /// Position of the first "%" that is not half of a "%%"; the end when there is none.
-std::size_t findConversion(std::string_view text) {
-  std::size_t at = text.find('%');
-  while (at != std::string_view::npos && at + 1 < text.size() && text[at + 1] == '%') {
-    at = text.find('%', at + 2);
+const char* findConversion(const char* at, const char* end) {
+  for (; at != end; ++at) {
+    if (*at != '%') continue;
+    if (at + 1 == end || at[1] != '%') break;
+    ++at;
   }
-  return at == std::string_view::npos ? text.size() : at;
+  return at;
 }
 
 void appendLiteral(std::string_view text, std::string& out) {
@@ -45,92 +58,97 @@ void appendLiteral(std::string_view text, std::string& out) {
 }  // namespace
 
 std::optional<NumberFormat> NumberFormat::parse(std::string_view text) {
-  NumberFormat format;
-  std::size_t at = findConversion(text);
-  format.before_ = text.substr(0, at);
-  if (at == text.size()) return format;
-  if (!format.parseConversion(text, ++at)) return std::nullopt;
-  format.after_ = text.substr(at);
-  const bool isOnlyConversion = findConversion(format.after_) == format.after_.size();
-  return isOnlyConversion ? std::optional(format) : std::nullopt;
+  std::optional<NumberFormat> format(std::in_place);
+  if (!format->read(text)) format.reset();
+  return format;
 }
 
-bool NumberFormat::parseFlag(char character) {
-  switch (character) {
-    case '-':
-      return left_ = true;
-    case '+':
-      return plus_ = true;
-    case ' ':
-      return blank_ = true;
-    case '#':
-      return alternate_ = true;
-    case '0':
-      return zero_ = true;
-    default:
-      return false;
-  }
-}
-
-bool NumberFormat::parseConversion(std::string_view text, std::size_t& at) {
-  while (at < text.size() && parseFlag(text[at])) ++at;
-  const auto width = readSize(text, at);
-  if (!width) return false;
-  width_ = *width;
-  if (at < text.size() && text[at] == '.') {
-    const auto precision = readSize(text, ++at);
-    if (!precision) return false;
-    precision_ = *precision;
-  }
-  if (at < text.size() && text[at] == 'l') ++at;
-  if (at == text.size() || std::string_view("eEfFgGaA").find(text[at]) == std::string_view::npos) {
-    return false;
-  }
-  conversion_ = text[at++];
+bool NumberFormat::read(std::string_view text) {
+  const char* const end = text.data() + text.size();
+  const char* at = findConversion(text.data(), end);
+  before_ = {text.data(), static_cast<std::size_t>(at - text.data())};
+  if (at == end) return true;
+  at = readConversion(at + 1, end);
+  if (at == nullptr || findConversion(at, end) != end) return false;
+  after_ = {at, static_cast<std::size_t>(end - at)};
   return true;
 }
 
+void NumberFormat::readFlag(char flag) {
+  left_ |= flag == '-';
+  plus_ |= flag == '+';
+  blank_ |= flag == ' ';
+  alternate_ |= flag == '#';
+  zero_ |= flag == '0';
+}
+
+const char* NumberFormat::readConversion(const char* at, const char* end) {
+  for (; at != end && isFlag(*at); ++at) readFlag(*at);
+  width_ = readSize(at, end);
+  if (at != end && *at == '.') {
+    ++at;
+    precision_ = readSize(at, end);
+    if (precision_ < 0) return nullptr;
+  }
+  if (at != end && *at == 'l') ++at;
+  if (width_ < 0 || at == end || !isConversion(*at)) return nullptr;
+  conversion_ = *at;
+  return at + 1;
+}
+
 void NumberFormat::append(double value, std::string& out) const {
-  appendLiteral(before_, out);
+  if (!before_.empty()) appendLiteral(before_, out);
   if (conversion_ != 0) appendNumber(value, out);
-  appendLiteral(after_, out);
+  if (!after_.empty()) appendLiteral(after_, out);
 }
 
 void NumberFormat::appendNumber(double value, std::string& out) const {
-  std::array<char, kDigitsRoom> room;
+  std::array<char, kRoomInFront + kDigitsRoom> room;
   const char conversion = lower(conversion_);
+  const std::span<char, kDigitsRoom> digitsRoom(room.data() + kRoomInFront, kDigitsRoom);
   const std::string_view digits =
-      floatDigits(std::fabs(value), conversion, precision_, alternate_, room);
-  const std::size_t start = out.size();
-  const std::string_view sign = std::signbit(value) ? "-" : plus_ ? "+" : blank_ ? " " : "";
-  appendPadded(sign, conversion == 'a' ? "0x" : "", digits, out);
-  if (conversion == conversion_) return;
-  for (std::size_t i = start; i < out.size(); ++i) {
-    if (out[i] >= 'a' && out[i] <= 'z') out[i] = static_cast<char>(out[i] & ~0x20);
+      floatDigits(std::fabs(value), conversion, precision_, alternate_, digitsRoom);
+  // The digits lie in the room, with room for all that can stand in front of them.
+  char* const place = room.data() + (digits.data() - room.data());
+  char* const first = writeInFront(std::signbit(value), conversion, digits.size(), place);
+  char* const last = place + digits.size();
+  if (conversion != conversion_) {
+    std::transform(first, last, first,
+                   [](char c) { return c >= 'a' ? static_cast<char>(c - 0x20) : c; });
   }
-}
-
-void NumberFormat::appendPadded(std::string_view sign, std::string_view prefix,
-                                std::string_view digits, std::string& out) const {
-  const std::size_t length = sign.size() + prefix.size() + digits.size();
+  const auto length = static_cast<std::size_t>(last - first);
+  out.append(first, length);
   const auto width = static_cast<std::size_t>(width_);
-  const std::size_t padding = width > length ? width - length : 0;
-  if (!left_ && !zero_) out.append(padding, ' ');
-  out.append(sign).append(prefix);
-  if (!left_ && zero_) out.append(padding, '0');
-  out.append(digits);
-  if (left_) out.append(padding, ' ');
+  if (length < width) out.append(width - length, ' ');
 }
 
-std::optional<std::string> printNumber(std::string_view format, double value) {
+char* NumberFormat::writeInFront(bool isNegative, char conversion, std::size_t length,
+                                 char* digits) const {
+  const char sign = isNegative ? '-' : plus_ ? '+' : blank_ ? ' ' : 0;
+  const std::size_t signs = (sign != 0 ? 1U : 0U) + (conversion == 'a' ? 2U : 0U);
+  const auto width = static_cast<std::size_t>(width_);
+  const std::size_t padding = !left_ && width > length + signs ? width - length - signs : 0;
+  char* first = digits;
+  if (zero_) first = std::fill_n(first - padding, padding, '0') - padding;
+  if (conversion == 'a') {
+    *--first = 'x';
+    *--first = '0';
+  }
+  if (sign != 0) *--first = sign;
+  if (!zero_) first = std::fill_n(first - padding, padding, ' ') - padding;
+  return first;
+}
+
+bool printNumber(std::string_view format, double value, std::string& text) {
   const auto parsed = NumberFormat::parse(format);
-  if (!parsed || !std::isfinite(value)) return std::nullopt;
-  std::string text;
+  if (!parsed || !std::isfinite(value)) return false;
+  text.clear();
   parsed->append(std::fabs(value) < kSnapToZero ? 0.0 : value, text);
-  // deliberate: the first comma of the whole text, a literal one of the format too.
+  if (!parsed->hasLiteral()) return true;
+  // deliberate: a literal comma of the format becomes a point as a decimal comma would.
   const std::size_t comma = text.find(',');
   if (comma != std::string::npos) text[comma] = '.';
-  return text;
+  return true;
 }
 
 }  // namespace ppword

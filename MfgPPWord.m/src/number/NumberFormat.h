@@ -20,6 +20,9 @@ class NumberFormat {
   /// under every locale.
   void append(double value, std::string& out) const;
 
+  /// True when the format has text beside its conversion.
+  [[nodiscard]] bool hasLiteral() const noexcept { return !before_.empty() || !after_.empty(); }
+
  private:
   std::string_view before_;
   std::string_view after_;
@@ -32,16 +35,20 @@ class NumberFormat {
   int width_ = 0;
   int precision_ = -1;
 
-  [[nodiscard]] bool parseConversion(std::string_view text, std::size_t& at);
-  [[nodiscard]] bool parseFlag(char character);
-  void appendPadded(std::string_view sign, std::string_view prefix, std::string_view digits,
-                    std::string& out) const;
+  [[nodiscard]] bool read(std::string_view text);
+  /// Reads what follows a "%"; gives the place behind it, null when it is no conversion of one double.
+  [[nodiscard]] const char* readConversion(const char* at, const char* end);
+  void readFlag(char flag);
+  /// Writes sign, "0x" and padding in front of `length` digits; gives the first character.
+  [[nodiscard]] char* writeInFront(bool isNegative, char conversion, std::size_t length,
+                                   char* digits) const;
   void appendNumber(double value, std::string& out) const;
 };
 
 /// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes
-/// 0, the format applies, and the first "," of the whole text becomes ".". Nothing when the format
-/// is not acceptable or the value not finite. A format without a conversion prints as it stands.
-[[nodiscard]] std::optional<std::string> printNumber(std::string_view format, double value);
+/// 0, the format applies, and the first "," of the whole text becomes ".". A format without a
+/// conversion prints as it stands. Sets `text`; false, with `text` untouched, when the format is not
+/// acceptable or the value not finite.
+[[nodiscard]] bool printNumber(std::string_view format, double value, std::string& text);
 
 }  // namespace ppword

@@ -4,8 +4,8 @@
 
 namespace ppword {
 
-/// Sets the continuation mark "$" at the end of every line that goes on in the next one: a line that
-/// ends in ",", or is followed by one that begins with "," and does not end in "$" yet; never
+/// Sets the continuation mark "$" at the end of every line that goes on in the next one: a line
+/// that ends in ",", or is followed by one that begins with "," and does not end in "$" yet; never
 /// before a line that contains "/". Blanks at both ends are looked through. For example
 ///   GOTO/1,  and  2,3  become  GOTO/1,$  and  2,3
 void setContinuationMarks(KEPListValKEPUnicodeString& lines);

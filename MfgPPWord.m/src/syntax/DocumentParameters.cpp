@@ -5,7 +5,6 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
-#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/ParameterValue.h"
 #include "src/syntax/ParameterValueText.h"
 
@@ -13,11 +12,6 @@ namespace ppword {
 namespace {
 
 using Source = KEPMfgPPWordListener::Source;
-
-void report(std::string_view name, Source source, std::string_view text) {
-  KEPMfgPPWordListener* const listener = KEPMfgPPWordListener::Current();
-  if (listener != nullptr) listener->ReferenceReplaced(name, source, text);
-}
 
 bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, std::string& out) {
   KEPString text;
@@ -56,14 +50,19 @@ bool DocumentParameters::appendText(std::string_view name, std::string& out) {
   const std::size_t start = out.size();
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   const KEPIMfgParameterEvaluation_var evaluation = type;
-  const bool done = evaluation ? appendEvaluation(*evaluation, out)
-                               : appendLookedUp(name, feature_, type, out);
-  const Source source = !done       ? Source::Nobody
+  const bool done =
+      evaluation ? appendEvaluation(*evaluation, out) : appendLookedUp(name, feature_, type, out);
+  if (listener_ == nullptr) return done;
+  const Source source = !done        ? Source::Nobody
                         : evaluation ? Source::Evaluation
                         : type       ? Source::FormattedParameter
                                      : Source::Parameter;
-  report(name, source, std::string_view(out).substr(start));
+  listener_->ReferenceReplaced(name, source, std::string_view(out).substr(start));
   return done;
+}
+
+void DocumentParameters::report(std::string_view pass, std::string_view line) const {
+  if (listener_ != nullptr) listener_->LineAfterPass(pass, line);
 }
 
 }  // namespace ppword

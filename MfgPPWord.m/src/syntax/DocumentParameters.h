@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "src/syntax/ParameterSource.h"
@@ -21,9 +22,13 @@ class DocumentParameters final : public ParameterSource {
 
   [[nodiscard]] bool appendText(std::string_view name, std::string& out) override;
 
+  /// Tells the listener, if there is one, of a line after a pass.
+  void report(std::string_view pass, std::string_view line) const;
+
  private:
   KEPISpecObject_var feature_;
   KEPIContainer_var container_;
+  KEPMfgPPWordListener* listener_ = KEPMfgPPWordListener::Current();
 };
 
 }  // namespace ppword

@@ -1,5 +1,6 @@
 #include "src/syntax/EscapedPercent.h"
 
+#include <string>
 #include <string_view>
 
 namespace ppword {
@@ -8,21 +9,25 @@ namespace {
 constexpr std::string_view kEscaped = "\\%";
 constexpr std::string_view kMarker = "@#@#@#@#";
 
-void replaceAll(std::string& line, std::string_view what, std::string_view by) {
-  std::size_t at = line.find(what);
-  if (at == std::string::npos) return;
-  std::string result;
+void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
+  const std::string_view text = line.text();
+  // One scan for the first character: hardly any line holds it.
+  std::size_t at = text.find(what.front());
+  if (at != std::string_view::npos) at = text.find(what, at);
+  if (at == std::string_view::npos) return;
+  std::string& result = line.draft();
   std::size_t from = 0;
-  for (; at != std::string::npos; at = line.find(what, from)) {
-    result.append(line, from, at - from).append(by);
+  for (; at != std::string_view::npos; at = text.find(what, from)) {
+    result.append(text, from, at - from).append(by);
     from = at + what.size();
   }
-  line = result.append(line, from);
+  result.append(text, from);
+  line.accept();
 }
 
 }  // namespace
 
-void maskEscapedPercents(std::string& line) { replaceAll(line, kEscaped, kMarker); }
-void unmaskEscapedPercents(std::string& line) { replaceAll(line, kMarker, "%"); }
+void maskEscapedPercents(PassedLine& line) { replaceAll(line, kEscaped, kMarker); }
+void unmaskEscapedPercents(PassedLine& line) { replaceAll(line, kMarker, "%"); }
 
 }  // namespace ppword

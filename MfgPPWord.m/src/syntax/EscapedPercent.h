@@ -1,13 +1,13 @@
 #pragma once
 
-#include <string>
+#include "src/syntax/PassedLine.h"
 
 namespace ppword {
 
 /// Replaces every "\%" by a marker that no pass takes for a reference.
-void maskEscapedPercents(std::string& line);
+void maskEscapedPercents(PassedLine& line);
 
 /// Replaces every marker by "%": «100\%» ends as «100%».
-void unmaskEscapedPercents(std::string& line);
+void unmaskEscapedPercents(PassedLine& line);
 
 }  // namespace ppword

@@ -1,13 +1,14 @@
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 
 #include <string_view>
+#include <utility>
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
-#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/Continuation.h"
+#include "src/syntax/DocumentParameters.h"
 #include "src/syntax/EscapedPercent.h"
 #include "src/syntax/Substitution.h"
 #include "src/syntax/SyntaxAttribute.h"
@@ -24,9 +25,16 @@ std::string_view unevaluatedText() {
   return text.View();
 }
 
-void report(std::string_view pass, std::string_view line) {
-  KEPMfgPPWordListener* const listener = KEPMfgPPWordListener::Current();
-  if (listener != nullptr) listener->LineAfterPass(pass, line);
+/// A line through the passes, in order; false when it cannot be processed.
+bool instantiateLine(PassedLine& line, DocumentParameters& parameters) {
+  maskEscapedPercents(line);
+  if (!parameters.isPPWordContainer()) return false;
+  for (const std::string_view prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
+    substitute(line, prefix, unevaluatedText(), parameters);
+    parameters.report(prefix, line.text());
+  }
+  unmaskEscapedPercents(line);
+  return true;
 }
 
 }  // namespace
@@ -59,26 +67,15 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   if (!syntax) return Outcome::Failed;
   if (!syntax->IsAList()) return Outcome::NoSyntax;
   DocumentParameters parameters(feature);
-  std::string scratch;
+  // Taken out for the call: an evaluation may instantiate this very syntax again.
+  auto line = line_ ? std::move(line_) : std::make_unique<PassedLine>();
   for (const KEPUnicodeString& syntaxLine : syntax->GetTexts()) {
-    std::string line(syntaxLine.View());
-    if (!instantiateLine(line, scratch, parameters)) return Outcome::Failed;
-    lines.Append(KEPUnicodeString(std::move(line)));
+    line->start(syntaxLine.View());
+    if (!instantiateLine(*line, parameters)) return Outcome::Failed;
+    lines.Append(KEPUnicodeString(line->text()));
   }
+  line_ = std::move(line);
   return Outcome::AllLines;
-}
-
-bool KEPMfgSyntaxEvaluation::instantiateLine(std::string& line, std::string& scratch,
-                                             DocumentParameters& parameters) {
-  maskEscapedPercents(line);
-  if (!parameters.isPPWordContainer()) return false;
-  for (const std::string_view prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, unevaluatedText(), parameters, scratch);
-    report(prefix, line);
-  }
-  unmaskEscapedPercents(line);
-  report("line", line);
-  return true;
 }
 
 int KEPMfgSyntaxEvaluation::SetAuxNumber(int number) {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
+#include <memory>
 
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "src/registration/Registered.h"
-#include "src/syntax/DocumentParameters.h"
+#include "src/syntax/PassedLine.h"
 
 /// The syntax engine of an NC instruction: an extension of "MfgPPSyntax" types.
 class KEPMfgSyntaxEvaluation final
@@ -23,11 +23,11 @@ class KEPMfgSyntaxEvaluation final
   enum class Outcome { AllLines, NoSyntax, Failed };
 
   void tellSequentialMotion(const KEPISpecObject_var& feature) const;
-  [[nodiscard]] static Outcome appendLines(const KEPISpecObject_var& feature, int index,
-                                           KEPListValKEPUnicodeString& lines);
-  [[nodiscard]] static bool instantiateLine(std::string& line, std::string& scratch,
-                                            ppword::DocumentParameters& parameters);
+  [[nodiscard]] Outcome appendLines(const KEPISpecObject_var& feature, int index,
+                                    KEPListValKEPUnicodeString& lines);
 
   int auxNumber_ = -1;
   int seqMotionNumber_ = -1;
+  /// The room that lines are processed in, kept from call to call.
+  std::unique_ptr<ppword::PassedLine> line_;
 };

@@ -1,6 +1,7 @@
 #include "src/syntax/ParameterValueText.h"
 
 #include <string_view>
+#include <utility>
 
 #include "src/number/NumberFormat.h"
 
@@ -29,8 +30,10 @@ std::string_view wholeCharacters(std::string_view text, std::size_t count) {
 
 std::optional<std::string> numberText(const KEPMfgParameterValue& value, std::string_view format) {
   if (value.kind == KEPMfgParameterValue::kInteger) return std::to_string(value.integer);
-  if (value.kind == KEPMfgParameterValue::kReal) return printNumber(format, value.real);
-  return std::nullopt;
+  std::string text;
+  const bool isPrinted =
+      value.kind == KEPMfgParameterValue::kReal && printNumber(format, value.real, text);
+  return isPrinted ? std::optional(std::move(text)) : std::nullopt;
 }
 
 }  // namespace

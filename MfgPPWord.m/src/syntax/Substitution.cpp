@@ -18,28 +18,30 @@ struct Reference {
   bool isLast;
 };
 
-/// Finds the references of one line. The last preferred terminator is found once, so that looking
-/// for it never walks the line again and again.
+/// Position of the first `prefix` from `from` on. The prefix is looked for by its last character: a
+/// line that has none of it costs one scan.
+std::size_t findPrefix(std::string_view line, std::string_view prefix, std::size_t from) {
+  const std::size_t before = prefix.size() - 1;
+  std::size_t at = line.find(prefix.back(), from + before);
+  while (at != kNone && line[at - before] != prefix.front()) at = line.find(prefix.back(), at + 1);
+  return at == kNone ? kNone : at - before;
+}
+
+/// Finds the names of the references of one line, from left to right. Once the preferred terminator
+/// does not come any more it is not looked for again: a line costs its length.
 class ReferenceScanner {
  public:
-  ReferenceScanner(std::string_view line, std::string_view prefix)
-      : line_(line),
-        prefix_(prefix),
-        preferred_(prefix == kExpressionPrefix ? ')' : ','),
-        lastPreferred_(line.rfind(preferred_)) {}
-
-  [[nodiscard]] std::size_t find(std::size_t from) const { return line_.find(prefix_, from); }
+  ReferenceScanner(std::string_view line, char preferred) : line_(line), preferred_(preferred) {}
 
   /// The reference whose prefix stands at `start`. Its name starts one character behind: the name
   /// of an expression begins with "(".
-  [[nodiscard]] Reference at(std::size_t start) const {
+  [[nodiscard]] Reference at(std::size_t start) {
     const std::size_t begin = start + 1;
     // deliberate: the preferred terminator wins over a nearer blank.
-    if (lastPreferred_ != kNone && start <= lastPreferred_) {
-      const std::size_t end = line_.find(preferred_, start);
-      return {line_.substr(begin, end - begin), end, preferred_, false};
-    }
-    const std::size_t end = line_.find_first_of(" \n\"", start);
+    std::size_t end = hasPreferred_ ? line_.find(preferred_, begin) : kNone;
+    hasPreferred_ = end != kNone;
+    if (hasPreferred_) return {line_.substr(begin, end - begin), end, preferred_, false};
+    end = line_.find_first_of(" \n\"", begin);
     if (end == kNone) return {line_.substr(begin), line_.size(), preferred_, true};
     std::size_t length = end - begin;
     // deliberate: the character before a line feed is lost.
@@ -49,16 +51,20 @@ class ReferenceScanner {
 
  private:
   std::string_view line_;
-  std::string_view prefix_;
   char preferred_;
-  std::size_t lastPreferred_;
+  bool hasPreferred_ = true;
 };
 
-/// Cuts a name at its first `mark` and gives the number of characters cut.
-std::size_t cutAt(std::string_view& name, char mark) {
+/// True when a line holds a character that ends a name without ending the reference.
+bool needsTrimming(std::string_view line) {
+  return line.find(')') != kNone || line.find('$') != kNone;
+}
+
+/// Cuts a name at its first `mark` and gives what was cut off.
+std::string_view cutAt(std::string_view& name, char mark) {
   const std::size_t place = std::min(name.find(mark), name.size());
-  const std::size_t cut = name.size() - place;
-  name.remove_suffix(cut);
+  const std::string_view cut = name.substr(place);
+  name = name.substr(0, place);
   return cut;
 }
 
@@ -69,41 +75,41 @@ void reportDropped(std::string_view name, std::string_view dropped) {
 
 /// Trims a name of the text behind it that is no part of it; gives the number of ")" to write back.
 std::size_t trimName(std::string_view& name, std::string_view prefix) {
-  if (prefix == kExpressionPrefix) return 0;
-  const std::string_view scanned = name;
-  const std::size_t parentheses = cutAt(name, ')');
-  const std::string_view behind = scanned.substr(name.size());
   // deliberate: every character behind the first ")" comes back as a ")".
-  const bool isChanged = behind.find_first_not_of(')') != kNone;
-  const std::string_view open = name;
-  const bool isCut = prefix == kNumberPrefix && cutAt(name, '$') > 0;
-  if (isChanged) reportDropped(name, behind);
-  if (isCut) reportDropped(name, open.substr(name.size()));
-  return parentheses;
+  const std::string_view parentheses = cutAt(name, ')');
+  const std::string_view mark = prefix == kNumberPrefix ? cutAt(name, '$') : std::string_view{};
+  if (!parentheses.empty() && parentheses.find_first_not_of(')') != kNone) {
+    reportDropped(name, parentheses);
+  }
+  if (!mark.empty()) reportDropped(name, mark);
+  return parentheses.size();
 }
 
 }  // namespace
 
-void substitute(std::string& line, std::string_view prefix, std::string_view unevaluated,
-                ParameterSource& parameters, std::string& scratch) {
-  const ReferenceScanner scanner(line, prefix);
-  std::size_t from = 0;
-  std::size_t start = scanner.find(from);
+void substitute(PassedLine& line, std::string_view prefix, std::string_view unevaluated,
+                ParameterSource& parameters) {
+  const std::string_view text = line.text();
+  std::size_t start = findPrefix(text, prefix, 0);
   if (start == kNone) return;
-  scratch.clear();
-  for (; start != kNone; start = scanner.find(from)) {
-    scratch.append(line, from, start - from);
+  const bool isExpression = prefix == kExpressionPrefix;
+  const bool isTrimmed = !isExpression && needsTrimming(text);
+  ReferenceScanner scanner(text, isExpression ? ')' : ',');
+  std::string& out = line.draft();
+  std::size_t from = 0;
+  for (; start != kNone; start = findPrefix(text, prefix, from)) {
+    out.append(text, from, start - from);
     Reference reference = scanner.at(start);
-    const std::size_t parentheses = trimName(reference.name, prefix);
-    if (!parameters.appendText(reference.name, scratch)) scratch.append(unevaluated);
-    scratch.append(parentheses, ')');
+    const std::size_t parentheses = isTrimmed ? trimName(reference.name, prefix) : 0;
+    if (!parameters.appendText(reference.name, out)) out.append(unevaluated);
+    if (parentheses > 0) out.append(parentheses, ')');
     from = reference.end;
     if (reference.isLast) break;
-    if (reference.terminator != ')') scratch.push_back(reference.terminator);
+    if (reference.terminator != ')') out.push_back(reference.terminator);
     ++from;
   }
-  scratch.append(line, from);
-  line.swap(scratch);
+  out.append(text, from);
+  line.accept();
 }
 
 }  // namespace ppword

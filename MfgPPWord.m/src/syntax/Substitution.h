@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 
 #include "src/syntax/ParameterSource.h"
+#include "src/syntax/PassedLine.h"
 
 namespace ppword {
 
@@ -17,8 +17,7 @@ inline constexpr std::string_view kNumberPrefix = "%";
 /// A name ends at the first "," behind the prefix (at ")" for an expression) wherever it stands;
 /// only a line without one lets the nearest blank, line feed or double quote end it. A reference
 /// that `parameters` cannot evaluate becomes `unevaluated`. The separators around it stay.
-/// `scratch` is room for the pass, kept by the caller so that it is not made anew.
-void substitute(std::string& line, std::string_view prefix, std::string_view unevaluated,
-                ParameterSource& parameters, std::string& scratch);
+void substitute(PassedLine& line, std::string_view prefix, std::string_view unevaluated,
+                ParameterSource& parameters);
 
 }  // namespace ppword

@@ -5,7 +5,7 @@ namespace {
 
 bool isBookkeeping(const KEPISpecAttribute& attribute) {
   const std::string_view name = attribute.GetName();
-  return name == kKEPOsmLocalExtensions || name == kKEPOsmExtensions;
+  return name.starts_with('$') && (name == kKEPOsmLocalExtensions || name == kKEPOsmExtensions);
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ppword {
+
+/// A syntax line on its way through the passes. A pass reads `text()`, writes the changed line into
+/// `draft()` and accepts it; a pass that changes nothing costs no copy. The rooms behind it are
+/// kept from line to line.
+class PassedLine {
+ public:
+  /// Starts a line; `text` must stay valid until the next one starts.
+  void start(std::string_view text) noexcept { text_ = text; }
+
+  [[nodiscard]] std::string_view text() const noexcept { return text_; }
+
+  /// Empty room for the changed line; `text()` stays valid while it is written.
+  [[nodiscard]] std::string& draft() {
+    drafts_[next_].clear();
+    return drafts_[next_];
+  }
+  /// The draft becomes the text.
+  void accept() noexcept {
+    text_ = drafts_[next_];
+    next_ = 1 - next_;
+  }
+
+ private:
+  std::string_view text_;
+  std::string drafts_[2];
+  int next_ = 0;
+};
+
+}  // namespace ppword

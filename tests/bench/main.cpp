@@ -1,0 +1,82 @@
+// Runs the benchmarks and holds their ratios against the targets; exit status 1 when one is missed.
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/system/Module.h"
+
+namespace {
+
+struct Ratio {
+  const char* name;
+  const char* part;
+  const char* whole;
+  /// 0: reported only.
+  double atMost;
+};
+
+constexpr Ratio kRatios[] = {
+    {"NC_GOTO to snprintf by hand", "engine/NC_GOTO", "printfLoop<3>", 0.6},
+    {"NC_GOTO to to_chars by hand", "engine/NC_GOTO", "toCharsLoop<3>", 0},
+    {"NC_GOTO_VARIABLE_AXIS to snprintf by hand", "engine/NC_GOTO_VARIABLE_AXIS", "printfLoop<6>",
+     0.6},
+    {"NC_GOTO_VARIABLE_AXIS to to_chars by hand", "engine/NC_GOTO_VARIABLE_AXIS", "toCharsLoop<6>",
+     0},
+    {"post of a million points to an fprintf loop", "postMillionPoints", "fprintfMillionPoints", 0},
+    {"table of 300 commands to one of 30", "loadTable/300", "loadTable/30", 0},
+};
+
+/// Prints as usual and keeps the median of each benchmark.
+class MedianReporter final : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.aggregate_name == "median")
+        medians[run.run_name.function_name + arguments(run)] = run.GetAdjustedCPUTime();
+      if (run.error_occurred) failed = true;
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+
+  std::map<std::string, double> medians;
+  bool failed = false;
+
+ private:
+  static std::string arguments(const Run& run) {
+    return run.run_name.args.empty() ? "" : "/" + run.run_name.args;
+  }
+};
+
+bool report(const Ratio& ratio, const std::map<std::string, double>& medians) {
+  const auto part = medians.find(ratio.part);
+  const auto whole = medians.find(ratio.whole);
+  if (part == medians.end() || whole == medians.end()) return true;
+  const double value = part->second / whole->second;
+  const bool isMet = ratio.atMost == 0 || value <= ratio.atMost;
+  std::printf("%-46s %6.3f", ratio.name, value);
+  if (ratio.atMost > 0) std::printf("  (at most %.2f%s)", ratio.atMost, isMet ? "" : ": MISSED");
+  std::printf("\n");
+  return isMet;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  host::loadModule();
+  std::vector<char*> arguments(argv, argv + argc);
+  std::string repetitions = "--benchmark_repetitions=5";
+  arguments.insert(arguments.begin() + 1, repetitions.data());
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+  MedianReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  std::printf("\nRatios of medians\n");
+  bool allMet = !reporter.failed;
+  for (const Ratio& ratio : kRatios) allMet = report(ratio, reporter.medians) && allMet;
+  return allMet ? 0 : 1;
+}
