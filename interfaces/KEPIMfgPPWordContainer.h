@@ -9,6 +9,9 @@
 #include "System/KEPVar.h"
 
 /// The post-processor vocabulary of a document: its NC instructions, parameters and PP commands.
+/// Names are exact and case-sensitive, and every answer comes from the container at the moment of
+/// the call. An operation keeps no reference beyond those of the handles that it hands out and of
+/// the two objects that it is told to keep.
 class KEP_PLATFORM KEPIMfgPPWordContainer : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgPPWordContainer";
@@ -23,11 +26,13 @@ class KEP_PLATFORM KEPIMfgPPWordContainer : public KEPBaseUnknown {
   /// Does nothing; success.
   virtual HRESULT Refresh() = 0;
 
-  /// Publishes attributes where the document or the switch "MfgForcePublish" asks for it, then
-  /// makes the default catalogue. Gives
+  /// Publishes the attributes of all members when the document needs an upgrade or the switch
+  /// "MfgForcePublish" is set, then makes the types of the default catalogue that are missing. Both
+  /// switches are read once for the process, each when first needed. Gives
   ///   0           nothing to publish, attributes published, or the switch "MfgNoPublish" is set
   ///   0x8000FFFF  publishing was due and `skipAttributeUpgrade` is true; the catalogue is made
   ///   0x80004005  a host error was caught; it is the last error
+  /// Other exceptions pass on.
   virtual HRESULT Initialize(bool skipAttributeUpgrade) = 0;
 
   /// Sets the first and the second object; true. The container only keeps them.
@@ -39,19 +44,24 @@ class KEP_PLATFORM KEPIMfgPPWordContainer : public KEPBaseUnknown {
   virtual void GetPPCommand(KEPIMfgPPCommand_var& command, const KEPUnicodeString& name) = 0;
 
   /// Sets `evaluation` to the syntax evaluation of an NC instruction and gives it the number of the
-  /// sequential motion: -1, or the number behind the marker "#SEQMOTION#" of a name such as
-  /// NC_GOTO#SEQMOTION#12 when the whole name is no type. Null when there is no such instruction;
-  /// with a number of 1 or more that raises the null-handle error instead.
+  /// sequential motion. A name that is a type gets -1. Otherwise the name is cut at its first
+  /// "#SEQMOTION#", as in NC_GOTO#SEQMOTION#12 (at the very start it does not count), and the text
+  /// behind that is read as "%d" reads it, saturated at 32 bits (no number: -1). Null when there is
+  /// no such instruction; with a number of 1 or more the null-handle error is raised instead, and
+  /// `evaluation` is untouched.
   virtual void GetSyntaxEvaluation(KEPIMfgSyntaxEvaluation_var& evaluation,
                                    const KEPUnicodeString& name) = 0;
 
   /// Overlays the container with a PP word table: the commands, lists and formats of the file
-  /// replace those of the same name, everything else stays. Gives the status of the table's
-  /// syntax check; a file that cannot be opened raises ERR_5009 and changes nothing, one that
-  /// fails the check leaves only the three root types made.
+  /// replace those of the same name, everything else stays. NC_SPINDLE_STOP is never loaded, what
+  /// the reader cannot give is skipped, and the session's listener is told of every entry. Gives
+  /// the status of the table's syntax check: S_OK, or E_FAIL with the check's error as last error
+  /// and nothing but the three root types made. A file that cannot be opened gives E_FAIL with
+  /// ERR_5009 of "ManufacturingError", type 2, and changes nothing.
   virtual HRESULT LoadPPWordTable(const KEPUnicodeString& path) = 0;
 
-  /// Makes NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX hold exactly this line; success.
+  /// Makes the instruction NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX hold exactly this line, so that
+  /// it is evaluated like any other; success.
   virtual HRESULT SetUserSyntax(const KEPUnicodeString& line) = 0;
 
   /// Sets the second object; 0.
@@ -59,8 +69,8 @@ class KEP_PLATFORM KEPIMfgPPWordContainer : public KEPBaseUnknown {
   /// Copies the second object out; 0.
   virtual HRESULT GetSecondObject(KEPBaseUnknown_var& object) = 0;
 
-  /// Removes every NC instruction and makes the default catalogue again; PP commands are kept.
-  /// Success.
+  /// Removes every NC instruction, the last made first, and makes the default catalogue again.
+  /// PP commands and the parameter types, as they are, stay. Success.
   virtual HRESULT ResetToDefault() = 0;
 };
 

@@ -263,6 +263,18 @@ TEST_F(TableLoad, ReplacedSequenceHoldsTheNewLinesOnly) {
             "  Syntaxe3 unset\n");
 }
 
+TEST_F(TableLoad, InstanceInheritsTheLoadedLines) {
+  load(kTwoSequences);
+  const auto instance =
+      KEPISpecObject_var::Adopt(features->CreateInstance(find("NC_ONE"), "One.1"));
+  EXPECT_EQ(entryOf(instance),
+            "One.1 : NC_ONE\n"
+            "  Syntaxe: NEW/1\n"
+            "  Syntaxe: NEW/2\n"
+            "  Syntaxe2: NEW/3\n"
+            "  Syntaxe2: NEW/4\n");
+}
+
 TEST_F(TableLoad, LoadedTwiceStaysTheSame) {
   load(kTwoSequences);
   const auto once = listing(features);
@@ -282,6 +294,13 @@ TEST_F(TableLoad, UnsettingStopsAtTheFirstSequenceThatIsNotDeclared) {
             "  Syntaxe: NEW/1\n"
             "  Syntaxe3: OLD/3\n"
             "  Syntaxe4: OLD/4\n");
+}
+
+TEST_F(TableLoad, UnsettingReachesTheOnlySequenceDeclared) {
+  attribute(make("NC_ONE", "MfgPPSyntax"), "Syntaxe2", {"OLD/2"});
+  EXPECT_EQ(reportOf("*START_NC_COMMAND NC_ONE\nNEW/1\n*END\n"),
+            Texts{"Command 1 «NC_ONE» NotDeclared"});
+  EXPECT_EQ(entry("NC_ONE"), "NC_ONE : MfgPPSyntax\n  Syntaxe2 unset\n");
 }
 
 constexpr const char* kThreeSequences =
@@ -604,6 +623,25 @@ TEST(LoadedDefaultCatalogue, KeepsWhatTheTableDoesNotMention) {
   EXPECT_EQ(document->ppWordContainer()->LoadPPWordTable(KEPUnicodeString(file.path().View())),
             S_OK);
   EXPECT_EQ(listing(document->features()), expected);
+}
+
+TEST(LoadedDefaultCatalogue, IsBroughtUpToDateInTheMarkedInstructionsOnly) {
+  const auto document = host::newDocument();
+  const TableFile file(
+      "*START_NC_INSTRUCTION NC_RAPID\nRAPID/FAST\n*END\n"
+      "*START_NC_INSTRUCTION NC_CUTTER_LATHE\nCUTTER/OWN\n*END\n"
+      "*START_FORMAT MFG_XAXIS\n%8.5f\n*END\n");
+  const KEPIMfgPPWordContainer_var words = document->ppWordContainer();
+  const auto entry = [&](const char* name) {
+    return entryOf(KEPISpecObject_var::Adopt(words->FindPPWord(name)));
+  };
+  EXPECT_EQ(words->LoadPPWordTable(KEPUnicodeString(file.path().View())), S_OK);
+  EXPECT_EQ(entry("NC_CUTTER_LATHE"), "NC_CUTTER_LATHE : MfgPPSyntax\n  Syntaxe: CUTTER/OWN\n");
+  EXPECT_EQ(words->Initialize(false), S_OK);
+  EXPECT_EQ(entry("NC_CUTTER_LATHE"),
+            "NC_CUTTER_LATHE : MfgPPSyntax\n  Syntaxe: CUTTER/2*%MFG_NOSE_RADIUS\n");
+  EXPECT_EQ(entry("NC_RAPID"), "NC_RAPID : MfgPPSyntax\n  Syntaxe: RAPID/FAST\n");
+  EXPECT_EQ(entry("MFG_XAXIS"), "MFG_XAXIS : MfgPPParameter\n  Format: %8.5f\n");
 }
 
 }  // namespace
