@@ -15,11 +15,14 @@ if grep -rlF "$build" "$work/installed" --include='*.cmake'; then
 fi
 
 cp -R "$project" "$work/project"
-"$cmake" -S "$work/project" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/installed" >>"$work/log" 2>&1 &&
-  "$cmake" --build "$work/build" >>"$work/log" 2>&1 || {
+build_project() {
+  "$cmake" -S "$work/project" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/installed" &&
+    "$cmake" --build "$work/build"
+}
+if ! build_project >>"$work/log" 2>&1; then
   cat "$work/log" >&2
   exit 1
-}
+fi
 
 "$work/build/$(basename "$project")" >"$work/printed"
 diff "$expected" "$work/printed"
