@@ -58,6 +58,7 @@ Examples:
   ppword post bracket.canon
   ppword post bracket.canon -t mill.pptable -o bracket.apt
   ppword post bracket.canon -t mill.pptable -v --units inch -o bracket.apt
+  ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt
   ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt)";
 
 }  // namespace help

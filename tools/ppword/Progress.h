@@ -21,6 +21,7 @@ class Progress final : public host::ToolPathSource {
   host::ToolPathSource& source_;
   bool shown_;
   long count_ = 0;
-  Clock::time_point due_ = Clock::now() + std::chrono::seconds(1);
+  long nextLook_ = 0;
+  Clock::time_point due_ = Clock::now() + std::chrono::milliseconds(500);
   std::size_t width_ = 0;
 };
