@@ -49,7 +49,7 @@ TEST(JobManual, EveryLineShownIsAccepted) {
   EXPECT_EQ(shown.size(), 15U);
   for (const std::string& line : shown) {
     std::string job = line + '\n';
-    if (!line.starts_with("{\"job\"")) job = std::string(kHeader) + '\n' + job;
+    if (!line.starts_with("{\"job\"")) job.insert(0, "\n").insert(0, kHeader);
     if (!line.starts_with("{\"end\"")) job += "{\"end\":true}\n";
     EXPECT_EQ(post(newDocument(), job).error, "") << line;
   }
