@@ -28,7 +28,7 @@ class TableStream;
 ///   after its keyword.
 /// - Keywords are found inside tokens: «X*START_LIST» counts as "*START_LIST".
 /// - When the close of a rewind fails, every read is end of file until the next rewind, which tries
-///   again. Where an operation says "stops at a failed close" it does not read at all.
+///   again.
 /// - Unless an operation says otherwise, a result of false leaves its arguments as they were, and
 ///   the position of the stream after it is not specified.
 ///
@@ -69,7 +69,8 @@ class MFGPPWORD_EXPORT KEPMfgPPTableTxt {
   /// "*END" (so the elements of its first sequence are among them), those of inserted commands in
   /// place of the "*INSERT", without nested lists. The stream stands behind that "*END". False when
   /// the command is absent or has no end, when an insert names no command, never ends, or makes
-  /// the list longer than 100,000 elements.
+  /// the list longer than 100,000 elements, and when inserted commands that lack their "*END" share
+  /// so much text that reading them would take too long.
   bool GetSyntaxOfCommand(const KEPString& name, KEPListValKEPString& syntaxes);
   bool GetSyntaxOfCommand(int index, KEPListValKEPString& syntaxes);
 
@@ -86,13 +87,13 @@ class MFGPPWORD_EXPORT KEPMfgPPTableTxt {
                                      KEPListValKEPString& syntaxes);
   bool GetSyntaxOfSequenceForCommand(int index, int sequence, KEPListValKEPString& syntaxes);
 
-  /// `count`: the number of "*START_LIST" keywords, those nested in command bodies included. Stops
-  /// at a failed close with true and 0. False, with the number reached so far, when the file
-  /// cannot be opened or read.
+  /// `count`: the number of "*START_LIST" keywords, those nested in command bodies included; 0
+  /// after a failed close. False, with the number reached so far, when the file cannot be opened or
+  /// read.
   bool GetNumberOfMultiListParameter(int& count);
 
   /// `name`: what follows the `index`-th "*START_LIST"; false when it does not begin with "MFG_".
-  /// The stream stands behind the name. Stops at a failed close with false.
+  /// The stream stands behind the name. False after a failed close.
   bool GetNameOfMultiListParameter(int index, KEPString& name);
 
   /// `values`: cleared, then the values of the `index`-th list, cut at "," and blanks. The stream

@@ -190,6 +190,10 @@ TEST(TableInserts, EndlessChainGivesFalse) {
   });
 }
 
+TEST(TableInserts, EndlessChainGivesFalseBehindOtherCommands) {
+  EXPECT_EQ(syntaxByName(command("Z", "Z1") + command("A", "*INSERT NC_A")), std::nullopt);
+}
+
 TEST(TableInserts, SequenceMayInsertItsOwnCommand) {
   const TableFile file(
       command("A", "A1 *START_SEQUENCE S1 *END *START_SEQUENCE *INSERT NC_A S2 *END"));
@@ -322,7 +326,8 @@ TEST(TableInserts, StreamStandsBehindTheEndOfTheBodyAroundThem) {
 }
 
 TEST(TableInserts, SyntaxOfInsertPlacesTheStreamBehindTheName) {
-  const TableFile file(command("B", "B1") + command("A", "A1 *INSERT NC_B A2"));
+  const TableFile file(command("A", "A1 *INSERT NC_B A2") + command("B", "B1") +
+                       command("C", "*INSERT NC_B C2"));
   KEPMfgPPTableTxt reader(file.path());
   KEPMfgPPTableTxtTest inside(reader);
   KEPListValKEPString syntaxes = listOf({"before"});
@@ -332,7 +337,8 @@ TEST(TableInserts, SyntaxOfInsertPlacesTheStreamBehindTheName) {
 }
 
 TEST(TableInserts, SyntaxOfInsertIsFalseWhenAStepFails) {
-  const TableFile file(command("B", "B1") + command("A", "A1") + "*START_NC_COMMAND NC_OPEN O1");
+  const TableFile file(command("B", "B1") + command("C", "*INSERT NC_B") + command("A", "A1") +
+                       "*START_NC_COMMAND NC_OPEN O1");
   KEPMfgPPTableTxt reader(file.path());
   KEPMfgPPTableTxtTest inside(reader);
   KEPListValKEPString syntaxes;

@@ -1,104 +1,13 @@
 #include <gtest/gtest.h>
 
 #include <clocale>
-#include <memory>
 #include <string>
 #include <type_traits>
 
 #include "System/KEPError.h"
-#include "tests/table/TableFiles.h"
+#include "tests/table/TableAnswers.h"
 
 namespace {
-
-constexpr std::string_view kTable =
-    "*START_NC_COMMAND NC_A\nA1\n*END\n"
-    "*START_NC_INSTRUCTION NC_B\nB1\n*END\n"
-    "*START_NC_INSTRUCTION NC_C\nC1\n*END\n"
-    "*START_LIST MFG_UNITS\nMMPM\n*END\n"
-    "*START_FORMAT MFG_X\n%5.1f\n*END\n"
-    "*START_SYNTAXES\nRAPID\n*END\n"
-    "*START_MAJOR_WORDS_WITHOUT_PARAMETERS\nFINI,1\n*END\n"
-    "*START_MINOR_WORDS\nNOTE,181\n*END\n";
-
-// What every public query answers, in one line each, so that two situations can be compared.
-Texts answersOf(KEPMfgPPTableTxt& reader) {
-  int number = 7;
-  KEPString text = "kept";
-  KEPListValKEPString list = listOf({"kept"});
-  KEPRawCollint integers;
-  integers.Append(7);
-  const auto said = [&](const char* query, bool result) {
-    std::string line = std::string(query) + (result ? " true " : " false ");
-    line += std::to_string(number) + " " + text.CastToCharPtr();
-    for (const KEPString& entry : list) line.append(" ").append(entry.View());
-    for (const int entry : integers) line += " " + std::to_string(entry);
-    number = 7;
-    text = "kept";
-    list = listOf({"kept"});
-    integers.RemoveAll();
-    integers.Append(7);
-    return line;
-  };
-  Texts answers;
-  answers.push_back(said("commands", reader.GetNumberOfCommand(number)));
-  answers.push_back(said("name", reader.GetNameOfCommand(1, text)));
-  answers.push_back(said("range", reader.GetRangeOfCommand("NC_C", number)));
-  answers.push_back(said("syntax", reader.GetSyntaxOfCommand("NC_B", list)));
-  answers.push_back(said("syntax", reader.GetSyntaxOfCommand(1, list)));
-  answers.push_back(said("sequences", reader.GetNumberOfSequenceForCommand("NC_B", number)));
-  answers.push_back(said("sequences", reader.GetNumberOfSequenceForCommand(1, number)));
-  answers.push_back(said("sequence", reader.GetSyntaxOfSequenceForCommand("NC_B", 1, list)));
-  answers.push_back(said("sequence", reader.GetSyntaxOfSequenceForCommand(1, 1, list)));
-  answers.push_back(said("lists", reader.GetNumberOfMultiListParameter(number)));
-  answers.push_back(said("list", reader.GetNameOfMultiListParameter(1, text)));
-  answers.push_back(said("values", reader.GetValuesOfMultiListParameter(1, list)));
-  answers.push_back(said("formats", reader.GetNumberOfFormatParameter(number)));
-  answers.push_back(said("format", reader.GetNameOfFormatParameter(1, text)));
-  answers.push_back(said("value", reader.GetValueOfFormatParameter(1, text)));
-  answers.push_back(said("syntaxes", reader.GetListOfSyntaxes(list)));
-  answers.push_back(said("words", reader.GetListOfAptWord(integers, list)));
-  answers.push_back(said("codes", reader.GetListOfNcCode(integers)));
-  return answers;
-}
-
-const Texts kWholeAnswers = {"commands true 3 kept kept 7",
-                             "name true 7 NC_A kept 7",
-                             "range true 3 kept kept 7",
-                             "syntax true 7 kept kept B1 7",
-                             "syntax true 7 kept kept A1 7",
-                             "sequences true 0 kept kept 7",
-                             "sequences true 0 kept kept 7",
-                             "sequence false 7 kept kept 7",
-                             "sequence false 7 kept kept 7",
-                             "lists true 1 kept kept 7",
-                             "list true 7 MFG_UNITS kept 7",
-                             "values true 7 kept MMPM 7",
-                             "formats true 1 kept kept 7",
-                             "format true 7 MFG_X kept 7",
-                             "value true 7 %5.1f kept 7",
-                             "syntaxes true 7 kept RAPID 7",
-                             "words true 7 kept kept FINI NOTE 7 1 4",
-                             "codes true 7 kept kept 7 1 181"};
-
-const Texts kUnopenedAnswers = {"commands false 0 kept kept 7",  "name false 7 kept kept 7",
-                                "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
-                                "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
-                                "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
-                                "sequence false 7 kept kept 7",  "lists false 0 kept kept 7",
-                                "list false 7 kept kept 7",      "values false 7 kept 7",
-                                "formats false 0 kept kept 7",   "format false 7 kept kept 7",
-                                "value false 7 kept kept 7",     "syntaxes false 7 kept 7",
-                                "words false 7 kept kept 7",     "codes false 7 kept kept 7"};
-
-const Texts kEmptyAnswers = {"commands true 0 kept kept 7",   "name false 7 kept kept 7",
-                             "range false 0 kept kept 7",     "syntax false 7 kept kept 7",
-                             "syntax false 7 kept kept 7",    "sequences false 7 kept kept 7",
-                             "sequences false 7 kept kept 7", "sequence false 7 kept kept 7",
-                             "sequence false 7 kept kept 7",  "lists true 0 kept kept 7",
-                             "list false 7 kept kept 7",      "values false 7 kept 7",
-                             "formats true 0 kept kept 7",    "format false 7 kept kept 7",
-                             "value false 7 kept kept 7",     "syntaxes true 7 kept 7",
-                             "words true 7 kept kept 7",      "codes true 7 kept kept 7"};
 
 std::string withCarriageReturns(std::string_view text) {
   std::string result;
@@ -114,7 +23,7 @@ TEST(TableReader, DestructorIsVirtual) {
 }
 
 TEST(TableReader, WholeTableAnswersEveryQuery) {
-  const TableFile file(kTable);
+  const TableFile file(kWholeTable);
   KEPMfgPPTableTxt reader(file.path());
   EXPECT_EQ(reader.CheckFileSyntax(), S_OK);
   EXPECT_EQ(answersOf(reader), kWholeAnswers);
@@ -152,7 +61,7 @@ TEST(TableReader, EmptyFileIsAnEmptyTable) {
 }
 
 TEST(TableReader, CarriageReturnsChangeNothing) {
-  const TableFile file(withCarriageReturns(kTable));
+  const TableFile file(withCarriageReturns(kWholeTable));
   KEPMfgPPTableTxt reader(file.path());
   EXPECT_EQ(answersOf(reader), kWholeAnswers);
 }
@@ -215,7 +124,7 @@ TEST(TableReader, TokenOf1023CharactersIsRead) {
 }
 
 TEST(TableReader, LongerTokenMakesEveryQueryThatMeetsItFalse) {
-  const TableFile file(std::string(1024, 'T') + "\n" + std::string(kTable));
+  const TableFile file(std::string(1024, 'T') + "\n" + std::string(kWholeTable));
   KEPMfgPPTableTxt reader(file.path());
   EXPECT_EQ(answersOf(reader), kUnopenedAnswers);
 }
@@ -259,7 +168,7 @@ TEST(TableReader, LongerTokenOfAWordSectionMakesTheWordsFalse) {
 }
 
 TEST(TableReader, ChangedFileShowsAtTheNextQuery) {
-  const TableFile file(kTable);
+  const TableFile file(kWholeTable);
   KEPMfgPPTableTxt reader(file.path());
   int count = 0;
   EXPECT_TRUE(reader.GetNumberOfCommand(count));
@@ -270,14 +179,14 @@ TEST(TableReader, ChangedFileShowsAtTheNextQuery) {
 }
 
 TEST(TableReader, RemovedFileGivesFalseAndReturnedFileRecovers) {
-  const TableFile file(kTable);
+  const TableFile file(kWholeTable);
   KEPMfgPPTableTxt reader(file.path());
   EXPECT_EQ(answersOf(reader), kWholeAnswers);
   file.remove();
   EXPECT_EQ(answersOf(reader), kUnopenedAnswers);
   EXPECT_TRUE(KEPMfgPPTableTxtTest(reader).isOpen());
   EXPECT_FALSE(KEPMfgPPTableTxtTest(reader).findString("*END"));
-  file.write(kTable);
+  file.write(kWholeTable);
   EXPECT_EQ(answersOf(reader), kWholeAnswers);
 }
 
@@ -286,12 +195,12 @@ TEST(TableReader, AbsentFileThatAppearsIsRead) {
   file.remove();
   KEPMfgPPTableTxt reader(file.path());
   EXPECT_EQ(answersOf(reader), kUnopenedAnswers);
-  file.write(kTable);
+  file.write(kWholeTable);
   EXPECT_EQ(answersOf(reader), kWholeAnswers);
 }
 
 TEST(TableReader, PrivateOperationsOfAClosedReaderMeetEndOfFile) {
-  const TableFile file(kTable);
+  const TableFile file(kWholeTable);
   KEPMfgPPTableTxt reader(file.path());
   KEPMfgPPTableTxtTest inside(reader);
   KEPListValKEPString syntaxes = listOf({"kept"});
@@ -316,121 +225,6 @@ TEST(TableReader, FindStringStandsBehindTheFirstTokenThatContainsIt) {
   EXPECT_TRUE(inside.findString("MFG_B"));
   EXPECT_EQ(inside.nextToken(), "D");
   EXPECT_FALSE(inside.findString("MFG_B"));
-}
-
-TEST(TableReader, DestructorClosesTheStream) {
-  const TableFile file(kTable);
-  const int before = openFiles();
-  {
-    KEPMfgPPTableTxt reader(file.path());
-    EXPECT_EQ(openFiles(), before);
-    answersOf(reader);
-    EXPECT_EQ(openFiles(), before + 1);
-  }
-  EXPECT_EQ(openFiles(), before);
-}
-
-TEST(TableReader, CopySharesStreamAndPosition) {
-  const TableFile file(kTable);
-  KEPMfgPPTableTxt reader(file.path());
-  KEPString name;
-  ASSERT_TRUE(reader.GetNameOfCommand(1, name));
-  KEPMfgPPTableTxt copy(reader);
-  EXPECT_TRUE(KEPMfgPPTableTxtTest(copy).sharesStreamWith(reader));
-  EXPECT_TRUE(KEPMfgPPTableTxtTest(copy).isOpen());
-  EXPECT_EQ(KEPMfgPPTableTxtTest(copy).nextToken(), "A1");
-  EXPECT_EQ(KEPMfgPPTableTxtTest(reader).nextToken(), "*END");
-  EXPECT_EQ(answersOf(copy), kWholeAnswers);
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-  EXPECT_TRUE(KEPMfgPPTableTxtTest(copy).sharesStreamWith(reader));
-}
-
-TEST(TableReader, SharedStreamIsClosedOnceInBothOrders) {
-  const TableFile file(kTable);
-  const int before = openFiles();
-  for (const bool originalFirst : {true, false}) {
-    auto original = std::make_unique<KEPMfgPPTableTxt>(file.path());
-    int count = 0;
-    ASSERT_TRUE(original->GetNumberOfCommand(count));
-    auto copy = std::make_unique<KEPMfgPPTableTxt>(*original);
-    auto& first = originalFirst ? original : copy;
-    auto& second = originalFirst ? copy : original;
-    EXPECT_EQ(openFiles(), before + 1);
-    first.reset();
-    EXPECT_EQ(openFiles(), before + 1);
-    EXPECT_EQ(answersOf(*second), kWholeAnswers);
-    second.reset();
-    EXPECT_EQ(openFiles(), before);
-  }
-}
-
-TEST(TableReader, AssignmentSharesTheStreamAndLetsGoOfItsOwn) {
-  const TableFile file(kTable);
-  const TableFile other("*START_NC_COMMAND NC_OTHER *END");
-  const int before = openFiles();
-  for (const bool originalFirst : {true, false}) {
-    auto original = std::make_unique<KEPMfgPPTableTxt>(file.path());
-    auto assigned = std::make_unique<KEPMfgPPTableTxt>(other.path());
-    int count = 0;
-    ASSERT_TRUE(original->GetNumberOfCommand(count));
-    ASSERT_TRUE(assigned->GetNumberOfCommand(count));
-    EXPECT_EQ(openFiles(), before + 2);
-    *assigned = *original;
-    EXPECT_EQ(openFiles(), before + 1);
-    EXPECT_EQ(answersOf(*assigned), kWholeAnswers);
-    auto& first = originalFirst ? original : assigned;
-    auto& second = originalFirst ? assigned : original;
-    first.reset();
-    EXPECT_EQ(answersOf(*second), kWholeAnswers);
-    second.reset();
-    EXPECT_EQ(openFiles(), before);
-  }
-}
-
-TEST(TableReader, SelfAssignmentChangesNothing) {
-  const TableFile file(kTable);
-  KEPMfgPPTableTxt reader(file.path());
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-  const KEPMfgPPTableTxt& same = reader;
-  reader = same;
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-}
-
-TEST(TableReader, CopyOfAClosedReaderSharesNothing) {
-  const TableFile file(kTable);
-  const int before = openFiles();
-  KEPMfgPPTableTxt reader(file.path());
-  KEPMfgPPTableTxt copy(reader);
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-  EXPECT_FALSE(KEPMfgPPTableTxtTest(copy).isOpen());
-  EXPECT_EQ(answersOf(copy), kWholeAnswers);
-  EXPECT_FALSE(KEPMfgPPTableTxtTest(copy).sharesStreamWith(reader));
-  EXPECT_EQ(openFiles(), before + 2);
-}
-
-TEST(TableReader, CopyOfAReaderThatFailedToOpenSharesNothing) {
-  const TableFile file("");
-  file.remove();
-  KEPMfgPPTableTxt reader(file.path());
-  int count = 0;
-  EXPECT_FALSE(reader.GetNumberOfCommand(count));
-  KEPMfgPPTableTxt copy(reader);
-  file.write(kTable);
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-  EXPECT_EQ(answersOf(copy), kWholeAnswers);
-  EXPECT_FALSE(KEPMfgPPTableTxtTest(copy).sharesStreamWith(reader));
-}
-
-TEST(TableReader, CopyOfAReaderWhoseReopenFailedRecoversWithIt) {
-  const TableFile file(kTable);
-  KEPMfgPPTableTxt reader(file.path());
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
-  file.remove();
-  EXPECT_EQ(answersOf(reader), kUnopenedAnswers);
-  KEPMfgPPTableTxt copy(reader);
-  file.write(kTable);
-  EXPECT_EQ(answersOf(copy), kWholeAnswers);
-  EXPECT_EQ(answersOf(reader), kWholeAnswers);
 }
 
 }  // namespace

@@ -137,19 +137,21 @@ TEST_F(TableRewind, FailedCloseIsForgottenByTheDestructor) {
   EXPECT_EQ(syntaxes.Size(), 0);
 }
 
+enum class Rewind { Opened, NotOpened, CloseFailed };
+
 // A file whose rewinds have the given outcomes; the file itself is read after an opening.
 class ScriptedSource final : public ppword::TableSource {
  public:
-  ScriptedSource(const KEPString& path, std::deque<ppword::Rewind> outcomes)
+  ScriptedSource(const KEPString& path, std::deque<Rewind> outcomes)
       : path_(path), outcomes_(std::move(outcomes)) {}
 
-  ppword::Rewind rewind() override {
-    const ppword::Rewind outcome = outcomes_.front();
+  bool rewind() override {
+    const Rewind outcome = outcomes_.front();
     outcomes_.pop_front();
-    if (outcome == ppword::Rewind::Opened) return file_.rewind();
+    if (outcome == Rewind::Opened) return file_.rewind();
     stream_.reset();
     isOpen_ = false;
-    return outcome;
+    return outcome == Rewind::CloseFailed;
   }
   std::optional<std::string_view> nextToken() override { return file_.nextToken(); }
   [[nodiscard]] bool tooLong() const override { return file_.tooLong(); }
@@ -159,13 +161,11 @@ class ScriptedSource final : public ppword::TableSource {
 
  private:
   KEPString path_;
-  std::deque<ppword::Rewind> outcomes_;
+  std::deque<Rewind> outcomes_;
   std::shared_ptr<ppword::TableStream> stream_;
   bool isOpen_ = false;
   ppword::FileSource file_{stream_, path_, isOpen_};
 };
-
-using ppword::Rewind;
 
 TEST(TableRewindOfAPass, FailedReopenLeavesTheCountReachedSoFar) {
   const TableFile file(kTable);

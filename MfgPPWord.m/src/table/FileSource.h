@@ -16,7 +16,7 @@ class FileSource final : public TableSource {
   FileSource(std::shared_ptr<TableStream>& stream, const KEPString& path, bool& isOpen)
       : stream_(stream), path_(path), isOpen_(isOpen) {}
 
-  Rewind rewind() override;
+  bool rewind() override;
   std::optional<std::string_view> nextToken() override;
   [[nodiscard]] bool tooLong() const override { return tooLong_; }
   std::optional<std::string_view> nextLine() override;

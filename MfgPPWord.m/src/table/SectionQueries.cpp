@@ -40,16 +40,14 @@ bool readBody(TableSource& source, Keep keep) {
 
 bool numberOfParameters(TableSource& source, std::string_view keyword, int& count) {
   count = 0;
-  const Rewind outcome = source.rewind();
-  if (outcome != Rewind::Opened) return outcome == Rewind::CloseFailed;
+  if (!source.rewind()) return false;
   while (findToken(source, keyword)) ++count;
   return !source.tooLong();
 }
 
 bool nameOfParameter(TableSource& source, std::string_view keyword, int index, KEPString& name) {
   int counter = 0;
-  return source.rewind() == Rewind::Opened &&
-         nameAtIndex(source, keyword, "MFG_", index, counter, name);
+  return source.rewind() && nameAtIndex(source, keyword, "MFG_", index, counter, name);
 }
 
 bool valuesOfMultiList(TableSource& source, int index, KEPListValKEPString& values) {
@@ -74,7 +72,7 @@ bool valueOfFormat(TableSource& source, int index, KEPString& value) {
 
 bool listOfSyntaxes(TableSource& source, KEPListValKEPString& syntaxes) {
   syntaxes.RemoveAll();
-  if (!rewound(source)) return false;
+  if (!source.rewind()) return false;
   if (!findToken(source, "*START_SYNTAXES")) return !source.tooLong();
   return readBody(source, [&](std::string_view token) { syntaxes.Append(token); });
 }
@@ -85,7 +83,7 @@ bool listOfPPValues(TableSource& source, KEPRawCollint& kinds, KEPListValKEPStri
   int kind = 0;
   for (const std::string_view keyword : kWordKeywords) {
     ++kind;
-    if (!rewound(source)) return false;
+    if (!source.rewind()) return false;
     if (!findToken(source, keyword)) continue;
     const auto keep = [&](std::string_view piece) {
       kinds.Append(kind);

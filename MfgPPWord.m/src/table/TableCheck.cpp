@@ -47,7 +47,7 @@ std::optional<std::string_view> faultOfKeywordLine(std::string_view line, LineCo
 }  // namespace
 
 std::optional<TableFault> faultOfTable(TableSource& source) {
-  if (!rewound(source)) return TableFault{"ERR_5009", std::nullopt};
+  if (!source.rewind()) return TableFault{"ERR_5009", std::nullopt};
   LineCounts counts;
   int number = 0;
   while (const auto line = source.nextLine()) {

@@ -2,8 +2,6 @@
 
 namespace ppword {
 
-bool rewound(TableSource& source) { return source.rewind() != Rewind::NotOpened; }
-
 std::optional<std::string_view> nextPlainToken(TableSource& source) {
   auto token = source.nextToken();
   while (token && token->starts_with('/')) token = source.nextToken();

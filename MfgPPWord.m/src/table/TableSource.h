@@ -10,14 +10,13 @@ namespace ppword {
 /// The most characters of a token, and of a line as it is read.
 inline constexpr int kMostCharacters = 1023;
 
-enum class Rewind { Opened, NotOpened, CloseFailed };
-
 /// Where the text of a table comes from: one position that moves on with every read. Texts are
 /// valid until the next operation.
 class TableSource {
  public:
-  /// Starts again at the beginning. After CloseFailed every read meets end of file.
-  virtual Rewind rewind() = 0;
+  /// Starts again at the beginning. False when the table cannot be opened; true, and every read
+  /// meets end of file, when what was open could not be closed.
+  virtual bool rewind() = 0;
 
   /// The next token; the position is directly behind it. Nothing at end of file, and nothing from
   /// the first token of more than kMostCharacters on, which `tooLong` tells until a `seek`.
@@ -35,9 +34,6 @@ class TableSource {
  protected:
   ~TableSource() = default;
 };
-
-/// Rewinds; true unless the table cannot be opened.
-[[nodiscard]] bool rewound(TableSource& source);
 
 /// The next token that does not begin with "/"; otherwise as TableSource::nextToken.
 [[nodiscard]] std::optional<std::string_view> nextPlainToken(TableSource& source);
