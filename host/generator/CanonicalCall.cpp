@@ -28,7 +28,8 @@ std::string hexadecimal(char byte) {
 /// A piece of the input for a message, in quotes and never long.
 std::string quote(std::string_view text) {
   constexpr std::size_t kLongest = 40;
-  return "'" + std::string(text.substr(0, kLongest)) + (text.size() > kLongest ? "...'" : "'");
+  return std::string("'").append(text.substr(0, kLongest)) +
+         (text.size() > kLongest ? "...'" : "'");
 }
 
 /// Walks along a line; a cursor never leaves it.

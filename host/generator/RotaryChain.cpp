@@ -65,13 +65,13 @@ std::optional<RotaryChain> RotaryChain::parse(std::string_view text, std::string
 std::string RotaryChain::add(std::string_view entry) {
   const auto axis = readAxis(entry);
   if (!axis) {
-    return "'" + std::string(entry) +
+    return std::string("'").append(entry) +
            "' names no rotary axis; write WORD:table:AXIS or WORD:head:AXIS, from the part to the "
            "tool, for example C:table:Z,A:table:X";
   }
   if (names(axis->word)) return std::string("the word ") + kWords[axis->word] + " is named twice";
   if (axis->table && !axes_.empty() && !axes_.back().table) {
-    return "'" + std::string(entry) +
+    return std::string("'").append(entry) +
            "' stands behind a head; the order is from the part to the tool, tables first";
   }
   axes_.push_back(*axis);
