@@ -14,37 +14,28 @@ set_target_properties(ppword PROPERTIES INSTALL_RPATH $ORIGIN/${bin_to_lib})
 
 install(TARGETS ppword RUNTIME COMPONENT program)
 install(
+  FILES ${PROJECT_SOURCE_DIR}/docs/ppword.1
+  DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
+  COMPONENT program)
+install(
   TARGETS MfgPPWordPlatform MfgPPWordInterfaces MfgPPWordHost MfgPPWord
   EXPORT MfgPPWordTargets
   LIBRARY COMPONENT embedding)
 
-# The directories themselves, without the sources' own CMake files.
+# The headers, room by room; the rooms of the host that are not named here are its own business.
 install(
   DIRECTORY ${PROJECT_SOURCE_DIR}/platform ${PROJECT_SOURCE_DIR}/interfaces
   DESTINATION ${include_dir}
   COMPONENT embedding
   FILES_MATCHING
   PATTERN "*.h")
-foreach(
-  header
-  host/knowledge/KnowledgeParameter.h
-  host/manufacturing/Activity.h
-  host/manufacturing/GeneratorData.h
-  host/modeler/AttributeTable.h
-  host/modeler/Container.h
-  host/modeler/Document.h
-  host/modeler/Feature.h
-  host/system/Dictionary.h
-  host/system/Extensions.h
-  host/system/Module.h
-  host/system/Session.h
-  host/system/TextHash.h)
-  cmake_path(GET header PARENT_PATH room)
-  install(
-    FILES ${PROJECT_SOURCE_DIR}/${header}
-    DESTINATION ${include_dir}/${room}
-    COMPONENT embedding)
-endforeach()
+set(host_dir ${PROJECT_SOURCE_DIR}/host)
+install(
+  DIRECTORY ${host_dir}/knowledge ${host_dir}/manufacturing ${host_dir}/modeler ${host_dir}/system
+  DESTINATION ${include_dir}/host
+  COMPONENT embedding
+  FILES_MATCHING
+  PATTERN "*.h")
 
 install(
   EXPORT MfgPPWordTargets
