@@ -91,7 +91,7 @@ class Tables(program.ProgramTest):
         )
 
     def test_random_bytes_are_refused_or_pass(self):
-        for seed in range(40):
+        for seed in range(12):
             bytes_ = bytes((seed * 7 + i * i * 31 + (i >> 3)) & 0xFF for i in range(5000))
             self.write("table", bytes_ + b"\n*START_FORMAT MFG_\x80\xff\n%\x00n\n*END\n")
             for command in (["check"], ["list"], ["list", "--format", "json"]):

@@ -194,9 +194,9 @@ class Strict(program.ProgramTest):
 
     def test_lacking_text_does_not_reach_a_device(self):
         self.write("job", LACKING_JOB)
-        self.assertEqual(
-            self.run_program("post", "--strict", "job", "-o", "/dev/stdout").stdout, ""
-        )
+        for output in ("/dev/stdout", "-"):
+            done = self.run_program("post", "--strict", "job", "-o", output)
+            self.assertEqual((done.returncode, done.stdout), (1, ""))
 
     def test_whole_text_is_written(self):
         self.write("job", JOB)

@@ -2,6 +2,7 @@
 
 import json
 import os
+import resource
 import subprocess
 import sys
 
@@ -48,6 +49,22 @@ class Memory(program.ProgramTest):
             self.assertLess(long - short, 4 * MEBIBYTE)
             if not program.SANITIZED:
                 self.assertLess(long, LIMIT)
+
+
+class TooLittle(program.ProgramTest):
+    def test_memory_that_is_not_there_gives_4(self):
+        self.write("job", program.JOB)
+        done = self.run_program(
+            "post",
+            "job",
+            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_DATA, (MEBIBYTE, MEBIBYTE)),
+        )
+        self.check(done, 4, "", "ppword: error: there is not enough memory\n")
+
+
+if program.SANITIZED:
+    # The sanitizers take more memory than any limit leaves.
+    del TooLittle
 
 
 class Time(program.ProgramTest):

@@ -121,7 +121,10 @@ class Arguments {
 
   [[nodiscard]] CommandOptions command() {
     if (check_->parsed()) return checkOptions_;
-    if (post_->parsed()) return postOptions_;
+    if (post_->parsed()) {
+      if (postOptions_.output == "-") postOptions_.output.clear();
+      return postOptions_;
+    }
     if (default_ && listOptions_.section.empty()) listOptions_.section.swap(listOptions_.table);
     if (default_ != listOptions_.table.empty()) {
       throw CLI::ValidationError(default_ ? "--default takes no table" : "TABLE is required");

@@ -1,4 +1,5 @@
 #include <exception>
+#include <new>
 #include <string>
 #include <variant>
 
@@ -38,6 +39,8 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
     return told(ExitStatus::NotWritten, error.file() + " cannot be written: " + error.reason());
   } catch (const KEPError& error) {
     return told(ExitStatus::Internal, error.GetNLSMessage().View());
+  } catch (const std::bad_alloc&) {
+    return told(ExitStatus::Internal, "there is not enough memory");
   } catch (const std::exception& error) {
     return told(ExitStatus::Internal, error.what());
   } catch (...) {
