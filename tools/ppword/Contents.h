@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/modeler/Document.h"
@@ -41,8 +42,9 @@ struct Contents {
   Lines otherParameters;
 };
 
-/// What the reader gives of the table at `path`.
-[[nodiscard]] Contents tableContents(const std::string& path);
+/// What the reader gives of the table at `path`: at least the section of that name, all without
+/// one.
+[[nodiscard]] Contents tableContents(const std::string& path, std::string_view section);
 
 /// What a document holds.
 [[nodiscard]] Contents documentContents(const host::Document& document);

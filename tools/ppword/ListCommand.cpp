@@ -24,8 +24,8 @@ ExitStatus listTable(const ListOptions& options) {
   if (ofTable) {
     if (const auto refusal = tableRefusal(options.table)) return refuse(*refusal, options.format);
   }
-  const Contents contents =
-      ofTable ? tableContents(options.table) : documentContents(*host::newDocument());
+  const Contents contents = ofTable ? tableContents(options.table, options.section)
+                                    : documentContents(*host::newDocument());
   writeOutput(options.format == OutputFormat::Json
                   ? documentText(contentsJson(contents, options.section))
                   : contentsText(contents, options.section));

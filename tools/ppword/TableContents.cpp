@@ -68,17 +68,23 @@ FormatEntry formatAt(KEPMfgPPTableTxt& table, int index) {
 
 }  // namespace
 
-Contents tableContents(const std::string& path) {
+Contents tableContents(const std::string& path, std::string_view section) {
+  // Every query scans the file, so only those that are needed are asked.
+  const auto wanted = [section](std::string_view name) {
+    return section.empty() || section == name;
+  };
   KEPMfgPPTableTxt table{KEPString(path)};
   Contents contents;
-  contents.words = wordsOf(table);
-  contents.syntaxes = syntaxesOf(table);
   int count = 0;
-  table.GetNumberOfCommand(count);
+  if (wanted("words")) contents.words = wordsOf(table);
+  if (wanted("syntaxes")) contents.syntaxes = syntaxesOf(table);
+  if (wanted("commands") || wanted("sequences")) table.GetNumberOfCommand(count);
   for (int i = 1; i <= count; ++i) contents.commands.push_back(commandAt(table, i));
-  table.GetNumberOfMultiListParameter(count);
+  count = 0;
+  if (wanted("lists")) table.GetNumberOfMultiListParameter(count);
   for (int i = 1; i <= count; ++i) contents.lists.push_back(listAt(table, i));
-  table.GetNumberOfFormatParameter(count);
+  count = 0;
+  if (wanted("formats")) table.GetNumberOfFormatParameter(count);
   for (int i = 1; i <= count; ++i) contents.formats.push_back(formatAt(table, i));
   return contents;
 }
