@@ -63,10 +63,7 @@ void Generator::put(const ActivityStart& start) {
   for (const auto& [name, value] : start.customParameters) {
     activity->customParameters().set(name, value);
   }
-  if (start.isVirtual) {
-    const KEPVar<Activity> real = std::exchange(activity, Activity::create(start.name));
-    activity->standFor(real);
-  }
+  if (start.isVirtual) activity = Activity::createVirtual(start.name, activity);
   words_->SetObjects(activity);
 }
 

@@ -8,14 +8,18 @@ KEPVar<Activity> Activity::create(std::string_view name) {
   return KEPVar<Activity>::Adopt(new Activity(name));
 }
 
-void Activity::standFor(KEPIMfgActivity_var activity) { virtual_.real_ = std::move(activity); }
+KEPVar<Activity> Activity::createVirtual(std::string_view name, KEPIMfgActivity_var real) {
+  KEPVar<Activity> activity = create(name);
+  activity->virtual_.emplace(*activity, std::move(real));
+  return activity;
+}
 
 KEPBaseUnknown* Activity::Answer(const KEPMetaClass* interfaceClass) {
   if (interfaceClass == KEPInterfaceId<KEPIMfgActivity>()) return this;
   if (interfaceClass == KEPInterfaceId<KEPIMfgCustomParameters>()) return &customParameters_;
   if (interfaceClass == KEPInterfaceId<KEPIMfgV4ToV5Parameters>()) return &parameters_;
-  const bool isVirtual = static_cast<bool>(virtual_.real_);
-  if (isVirtual && interfaceClass == KEPInterfaceId<KEPIMfgVirtualActivity>()) return &virtual_;
+  const bool isStandIn = interfaceClass == KEPInterfaceId<KEPIMfgVirtualActivity>();
+  if (isStandIn && virtual_) return &*virtual_;
   return nullptr;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "Manufacturing/KEPIMfgActivity.h"
 #include "Manufacturing/KEPIMfgParameterAccess.h"
@@ -30,10 +32,13 @@ class ParameterTable final : public Interface {
   TextMap<KEPMfgParameterValue> values_;
 };
 
-/// An activity of a program with its parameters; it stands for another activity when one is given.
+/// An activity of a program with its parameters.
 class KEP_PLATFORM Activity final : public KEPIMfgActivity {
  public:
   [[nodiscard]] static KEPVar<Activity> create(std::string_view name);
+  /// A virtual activity, which stands for `real` (null: for none).
+  [[nodiscard]] static KEPVar<Activity> createVirtual(std::string_view name,
+                                                      KEPIMfgActivity_var real);
 
   [[nodiscard]] KEPUnicodeString GetName() const override { return {name_}; }
 
@@ -49,14 +54,13 @@ class KEP_PLATFORM Activity final : public KEPIMfgActivity {
     return customParameters_.holds(name) || parameters_.holds(name);
   }
 
-  /// Makes the activity a virtual one that stands for `activity`.
-  void standFor(KEPIMfgActivity_var activity);
-
  private:
   class Virtual final : public KEPIMfgVirtualActivity {
    public:
-    explicit Virtual(Activity& owner) { BindTo(owner); }
+    Virtual(Activity& owner, KEPIMfgActivity_var real) : real_(std::move(real)) { BindTo(owner); }
     [[nodiscard]] KEPIMfgActivity_var GetRealActivity() const override { return real_; }
+
+   private:
     KEPIMfgActivity_var real_;
   };
 
@@ -66,7 +70,7 @@ class KEP_PLATFORM Activity final : public KEPIMfgActivity {
   std::string name_;
   ParameterTable<KEPIMfgCustomParameters> customParameters_{*this};
   ParameterTable<KEPIMfgV4ToV5Parameters> parameters_{*this};
-  Virtual virtual_{*this};
+  std::optional<Virtual> virtual_;
 };
 
 /// Typed values.

@@ -11,10 +11,10 @@
 namespace {
 
 /// The document that holds a feature or a container.
-KEPVar<host::Document> documentOf(const KEPBaseUnknown_var& object) {
+KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
   KEPIContainer_var container = object;
   if (const KEPISpecObject_var feature = object) container = feature->GetContainer();
-  return container ? KEPVar<host::Document>(container->GetDocument()) : nullptr;
+  return container ? container->GetDocument() : nullptr;
 }
 
 /// The expression without its opening parenthesis. A further parenthesis means that the text was
@@ -30,13 +30,16 @@ std::string_view flatExpression(std::string_view text) {
 HRESULT KEPMfgDesignParameter::GetExtendedValue(const KEPBaseUnknown_var& object,
                                                 std::string_view expression,
                                                 KEPMfgParameterValue& value) {
-  const KEPVar<host::Document> document = documentOf(object);
+  const KEPIDocument_var document = documentOf(object);
+  const auto* const own = dynamic_cast<const host::Document*>(document.Get());
   const std::string_view flat = flatExpression(expression);
-  if (!document || flat.empty()) return E_FAIL;
+  if (own == nullptr || flat.empty()) return E_FAIL;
   try {
     mu::Parser parser;
-    for (const auto& [name, number] : document->designParameters())
-      parser.DefineConst(name, number);
+    for (const auto& [name, number] : own->designParameters()) {
+      // Only what the expression may name: a name that is no identifier must not spoil the others.
+      if (flat.find(name) != std::string_view::npos) parser.DefineConst(name, number);
+    }
     parser.SetExpr(std::string(flat));
     const double result = parser.Eval();
     if (!std::isfinite(result)) return E_FAIL;

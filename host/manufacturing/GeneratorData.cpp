@@ -19,6 +19,9 @@ class OutputSettings final : public KEPIMfgOutputSettings {
   }
 
  private:
+  [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override {
+    return interfaceClass == KEPInterfaceId<KEPIMfgOutputSettings>() ? this : nullptr;
+  }
   KEPUnicodeString pointFormat_;
   KEPUnicodeString axisFormat_;
 };

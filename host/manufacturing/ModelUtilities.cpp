@@ -31,15 +31,16 @@ HRESULT KEPMfgModelUtilities::GetRootContainer(const KEPBaseUnknown_var& object,
   root = nullptr;
   const KEPIContainer_var container = containerOf(object);
   if (!container) return E_FAIL;
-  const KEPVar<host::Document> document = container->GetDocument();
-  if (document) root = document->rootContainer();
+  const KEPIDocument_var document = container->GetDocument();
+  const auto* const own = dynamic_cast<const host::Document*>(document.Get());
+  if (own != nullptr) root = own->rootContainer();
   return statusOf(root);
 }
 
 HRESULT KEPMfgModelUtilities::GetCurrentActivity(const KEPIMfgPPWordContainer_var& container,
                                                  KEPIMfgActivity_var& activity) {
   KEPBaseUnknown_var first;
-  container->GetFirstObject(first);
+  if (container) container->GetFirstObject(first);
   activity = first;
   return statusOf(activity);
 }
@@ -48,8 +49,8 @@ HRESULT KEPMfgModelUtilities::GetV5ObjectFromV4Parameter(const KEPIMfgActivity_v
                                                          std::string_view name,
                                                          KEPBaseUnknown_var& object) {
   object = nullptr;
-  const KEPVar<host::Activity> known = activity;
-  if (known && known->knows(name)) object = known;
+  const auto* const own = dynamic_cast<const host::Activity*>(activity.Get());
+  if (own != nullptr && own->knows(name)) object = activity;
   return statusOf(object);
 }
 
@@ -60,8 +61,10 @@ bool KEPMfgUtilities::IsUpgradeNecessary(const KEPIDocument_var& document) {
 HRESULT KEPMfgUtilities::UpgradeComponentAttributes(const KEPISpecAttrAccess_var& component,
                                                     KEPListVal<KEPBaseUnknown_var>* objects,
                                                     int publish, int /*recursive*/) {
-  const KEPVar<host::Feature> feature = KEPISpecObject_var(component);
-  if (publish == 1) feature->publish();
+  const KEPISpecObject_var feature = component;
+  auto* const own = dynamic_cast<host::Feature*>(feature.Get());
+  if (own == nullptr) return E_FAIL;
+  if (publish == 1) own->publish();
   if (objects != nullptr) objects->Append(feature);
   return S_OK;
 }

@@ -6,21 +6,22 @@
 namespace host {
 
 Container::Container(Document& document, std::string_view lateType)
-    : document_(&document), lateType_(lateType) {}
+    : document_(&document), lateType_(lateType) {
+  document.add(*this);
+}
 
 Container::~Container() { close(); }
 
 KEPISpecObject* Container::FindStartUp(std::string_view name) const {
-  const auto found = types_.find(name);
-  if (found == types_.end()) return nullptr;
-  found->second->AddRef();
-  return found->second;
+  Feature* const type = types_.find(name);
+  if (type != nullptr) type->AddRef();
+  return type;
 }
 
 KEPISpecObject* Container::CreateStartUp(std::string_view name, const KEPISpecObject_var& base) {
-  if (name.empty() || types_.contains(name)) return nullptr;
+  if (name.empty() || types_.find(name) != nullptr) return nullptr;
   Feature* const type = addMember(Feature::Kind::StartUp, name, base);
-  types_.emplace(std::string(name), type);
+  if (type != nullptr) types_.insert(*type);
   return type;
 }
 
@@ -30,8 +31,9 @@ KEPISpecObject* Container::CreateInstance(const KEPISpecObject_var& type, std::s
 
 Feature* Container::addMember(Feature::Kind kind, std::string_view name,
                               const KEPISpecObject_var& type) {
-  KEPVar<Feature> typeFeature(static_cast<Feature*>(type.Get()));
-  auto* const feature = new Feature(kind, name, std::move(typeFeature), *this);
+  auto* const own = dynamic_cast<Feature*>(type.Get());
+  if (type && own == nullptr) return nullptr;
+  auto* const feature = new Feature(kind, name, KEPVar<Feature>(own), *this);
   feature->place_ = members_.insert(members_.end(), KEPVar<Feature>(feature));
   return feature;
 }
@@ -49,12 +51,13 @@ std::vector<KEPBaseUnknown_var> Container::ListMembersHere(
 KEPIDocument_var Container::GetDocument() const { return KEPIDocument_var(document_); }
 
 void Container::removeMember(Feature& member) {
-  if (member.kind_ == Feature::Kind::StartUp) types_.erase(types_.find(member.name_));
+  if (member.kind_ == Feature::Kind::StartUp) types_.erase(member);
   member.container_ = nullptr;
   members_.erase(member.place_);
 }
 
 void Container::close() {
+  if (document_ != nullptr) document_->remove(*this);
   document_ = nullptr;
   while (!members_.empty()) removeMember(*members_.back());
 }

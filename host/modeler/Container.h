@@ -6,8 +6,8 @@
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/modeler/Feature.h"
+#include "host/modeler/TypeIndex.h"
 #include "host/system/Extensions.h"
-#include "host/system/TextHash.h"
 
 namespace host {
 
@@ -41,12 +41,13 @@ class KEP_PLATFORM Container final : public KEPIContainer {
   [[nodiscard]] bool HasType(std::string_view lateType) const override {
     return lateType == lateType_;
   }
+  /// Null, and nothing made, when the type is no feature of this modeler.
   Feature* addMember(Feature::Kind kind, std::string_view name, const KEPISpecObject_var& type);
 
   Document* document_;
   std::string lateType_;
   Feature::Members members_;
-  TextMap<Feature*> types_;
+  TypeIndex types_;
   Extensions extensions_;
 };
 

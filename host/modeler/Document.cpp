@@ -22,7 +22,7 @@ Document::Document()
 }
 
 Document::~Document() {
-  ppWords_->close();
+  while (!containers_.empty()) (*containers_.begin())->close();
   root_->close();
   if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
     // What the container was told to keep may hold the container in turn, and may ask for this

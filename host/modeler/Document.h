@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string_view>
 
 #include "KEPIMfgPPWordContainer.h"
@@ -32,6 +33,10 @@ class KEP_PLATFORM Document final : public KEPIDocument {
 
   /// Sets a design parameter that "%(" expressions may name.
   void setDesignParameter(std::string_view name, double value);
+  /// A container belongs to the document from its making until it closes.
+  void add(Container& container) { containers_.insert(&container); }
+  void remove(Container& container) noexcept { containers_.erase(&container); }
+
   [[nodiscard]] const TextMap<double>& designParameters() const noexcept {
     return designParameters_;
   }
@@ -51,6 +56,7 @@ class KEP_PLATFORM Document final : public KEPIDocument {
     Document* document_;
   };
 
+  std::set<Container*> containers_;
   KEPVar<Root> root_;
   KEPVar<Container> ppWords_;
   TextMap<double> designParameters_;

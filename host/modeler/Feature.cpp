@@ -36,6 +36,7 @@ KEPISpecAttribute Feature::GetAttribute(int position) const {
 }
 
 void Feature::declareBookkeepingAttribute(std::string_view name, int position) {
+  if (attributes_.find(name) != nullptr) return;
   attributes_.insert(position, name, AttributeKind::String);
 }
 
@@ -78,7 +79,10 @@ Slot* Feature::writableSlot(std::string_view name) {
 KEPISpecAttribute Feature::view(const Slot& declaration, bool isOwn) const {
   const bool isValue = isOwn && declaration.set;
   const Slot* const value = isValue ? &declaration : nearestSlot(declaration.name, /*set=*/true);
-  if (value == nullptr) return {declaration.name, declaration.kind, nullptr, 0};
+  // A base type may declare the name later with another kind.
+  if (value == nullptr || value->kind != declaration.kind) {
+    return {declaration.name, declaration.kind, nullptr, 0};
+  }
   return {declaration.name, declaration.kind, &value->texts, value->integer};
 }
 
@@ -117,9 +121,10 @@ HRESULT Feature::AttrAccess::SetInteger(std::string_view name, int value) {
 
 HRESULT Feature::AttrAccess::SetList(std::string_view name,
                                      const KEPListValKEPUnicodeString& items) {
+  KEPListValKEPUnicodeString own = items;  // They may be a view of this very feature.
   Slot* const slot = feature_.writableSlot(name);
   if (slot == nullptr || slot->kind != AttributeKind::StringList) return E_FAIL;
-  slot->texts = items;
+  slot->texts = std::move(own);
   slot->set = true;
   return S_OK;
 }

@@ -33,7 +33,8 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
 
   /// Declares one of the modeler's bookkeeping attributes before the `position`-th own attribute
-  /// (from 1; one past the last appends it). A position outside raises the host's error.
+  /// (from 1; one past the last appends it). Declaring a name twice has no effect. A position
+  /// outside raises the host's error.
   void declareBookkeepingAttribute(std::string_view name, int position);
 
   /// True once the attributes were brought up to date.

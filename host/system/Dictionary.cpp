@@ -22,7 +22,8 @@ struct Dictionary {
 };
 
 Dictionary& dictionary() {
-  static Dictionary instance;
+  // Lives as long as the process: objects that die at its very end still ask for interfaces.
+  static auto& instance = *new Dictionary;
   return instance;
 }
 

@@ -42,6 +42,17 @@ KEPMfgInternalError::KEPMfgInternalError(std::string_view messageKey, std::strin
     : KEPError(messageKey, catalogue) {}
 KEPMfgInternalError::~KEPMfgInternalError() = default;
 
+std::unique_ptr<KEPError> KEPError::Clone() const { return std::make_unique<KEPError>(*this); }
+std::unique_ptr<KEPError> KEPErrorNullHandle::Clone() const {
+  return std::make_unique<KEPErrorNullHandle>(*this);
+}
+std::unique_ptr<KEPError> KEPErrorPositionOutOfList::Clone() const {
+  return std::make_unique<KEPErrorPositionOutOfList>(*this);
+}
+std::unique_ptr<KEPError> KEPMfgInternalError::Clone() const {
+  return std::make_unique<KEPMfgInternalError>(*this);
+}
+
 void KEPRaiseNullHandle() { throw KEPErrorNullHandle(); }
 void KEPRaisePositionOutOfList(int position, int size) {
   throw KEPErrorPositionOutOfList(position, size);

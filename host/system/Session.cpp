@@ -3,7 +3,8 @@
 namespace host {
 
 Session& session() {
-  static Session instance;
+  // Lives as long as the process, as the dictionary does.
+  static auto& instance = *new Session;
   return instance;
 }
 

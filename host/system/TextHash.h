@@ -21,24 +21,22 @@ struct TextHash {
       hash ^= hash >> 32U;
     };
     const char* at = text.data();
-    std::size_t left = text.size();
-    for (; left >= sizeof(std::uint64_t); left -= sizeof(std::uint64_t)) {
-      mix(bytesAt<std::uint64_t>(at));
-      at += sizeof(std::uint64_t);
+    const char* const end = at + text.size();
+    if (text.size() < kStep) {
+      while (at != end) mix(static_cast<unsigned char>(*at++));
+      return hash;
     }
-    if (left >= sizeof(std::uint32_t)) {
-      mix(bytesAt<std::uint32_t>(at));
-      at += sizeof(std::uint32_t);
-      left -= sizeof(std::uint32_t);
-    }
-    for (; left > 0; --left) mix(static_cast<unsigned char>(*at++));
+    for (const char* const last = end - kStep; at < last; at += kStep) mix(bytesAt(at));
+    // The last bytes may be hashed twice.
+    mix(bytesAt(end - kStep));
     return hash;
   }
 
  private:
-  template <class Integer>
-  static Integer bytesAt(const char* at) noexcept {
-    Integer bytes = 0;
+  static constexpr std::size_t kStep = sizeof(std::uint64_t);
+
+  static std::uint64_t bytesAt(const char* at) noexcept {
+    std::uint64_t bytes = 0;
     std::memcpy(&bytes, at, sizeof bytes);
     return bytes;
   }

@@ -7,6 +7,7 @@ class KEP_PLATFORM KEPMfgInternalError : public KEPError {
  public:
   KEPMfgInternalError(std::string_view messageKey, std::string_view catalogue);
   ~KEPMfgInternalError() override;
+  [[nodiscard]] std::unique_ptr<KEPError> Clone() const override;
 
   /// 2 for an error of a table file, 3 for an error of finding one; 0 until set.
   void SetInformationOnErrorType(int type) noexcept { type_ = type; }

@@ -17,7 +17,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   enum class Outcome {
     /// Made: its type, for a sequence its attribute, was missing.
     Created,
-    /// Took the place of what was there.
+    /// Its type, for a sequence its attribute, was there already.
     Replaced,
     /// Left out on purpose.
     NeverLoaded,
@@ -27,7 +27,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
     /// or loses its value.
     ContentUnreadable,
     /// Its type is there and does not declare the attribute, or declares it with another kind;
-    /// nothing was changed.
+    /// that attribute was not changed.
     NotDeclared
   };
 
@@ -39,8 +39,9 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   /// A syntax line after the named pass.
   virtual void LineAfterPass(std::string_view /*pass*/, std::string_view /*line*/) {}
 
-  /// A reference of a syntax line with its name as scanned, and the text that took its place. With
-  /// Source::Nobody the reference could not be evaluated.
+  /// A reference of a syntax line with its name as it was looked up, and the text that took its
+  /// place. With Source::Nobody the reference could not be evaluated, and the text is that of the
+  /// setting MFG_UNEVALUATED_PPPARAMETER.
   virtual void ReferenceReplaced(std::string_view /*name*/, Source /*source*/,
                                  std::string_view /*text*/) {}
 

@@ -21,10 +21,7 @@ class KEP_PLATFORM KEPBaseUnknown {
 
   void AddRef() const noexcept { ++impl_->references_; }
   void Release() const noexcept {
-    if (--impl_->references_ > 0) return;
-    // Handles taken and released while the component dies must not bring it here again.
-    impl_->references_ = kDying;
-    delete impl_;
+    if (--impl_->references_ == 0) impl_->Die();
   }
   /// The component's count, for tests and diagnostics.
   [[nodiscard]] int GetReferenceCount() const noexcept { return impl_->references_; }
@@ -66,8 +63,8 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// As QueryInterface; keeps the answer.
   [[nodiscard]] KEPBaseUnknown* AnswerFirst(const KEPMetaClass* interfaceClass);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
-
-  static constexpr int kDying = 1 << 30;
+  /// Ends the component: the last reference is gone.
+  void Die() const noexcept;
 
   KEPBaseUnknown* impl_;
   mutable int references_ = 1;

@@ -35,6 +35,9 @@ class KEP_PLATFORM KEPError : public std::exception {
   [[nodiscard]] KEPUnicodeString GetNLSMessage() const;
   [[nodiscard]] const char* what() const noexcept override { return key_.CastToCharPtr(); }
 
+  /// A copy with the class of the error.
+  [[nodiscard]] virtual std::unique_ptr<KEPError> Clone() const;
+
   /// Makes `error` the last error of the session, which owns it from now on, and gives the status
   /// that the failing operation returns: E_FAIL.
   static HRESULT GetReturn(std::unique_ptr<KEPError> error);
@@ -54,6 +57,7 @@ class KEP_PLATFORM KEPErrorNullHandle : public KEPError {
  public:
   KEPErrorNullHandle();
   ~KEPErrorNullHandle() override;
+  [[nodiscard]] std::unique_ptr<KEPError> Clone() const override;
 };
 
 /// Raised for a list position outside the list.
@@ -61,4 +65,5 @@ class KEP_PLATFORM KEPErrorPositionOutOfList : public KEPError {
  public:
   KEPErrorPositionOutOfList(int position, int size);
   ~KEPErrorPositionOutOfList() override;
+  [[nodiscard]] std::unique_ptr<KEPError> Clone() const override;
 };

@@ -22,7 +22,10 @@ class KEPListVal {
 
   void Append(T value) { values_.push_back(std::move(value)); }
   void Append(const KEPListVal& other) {
-    values_.insert(values_.end(), other.values_.begin(), other.values_.end());
+    const std::size_t count = other.values_.size();
+    values_.reserve(values_.size() + count);
+    // By position: `other` may be this very list.
+    for (std::size_t i = 0; i < count; ++i) values_.push_back(other.values_[i]);
   }
   void RemoveAll() noexcept { values_.clear(); }
   void RemovePosition(int position) {

@@ -4,6 +4,7 @@
 
 #include <stdexcept>
 
+#include "Manufacturing/KEPMfgInternalError.h"
 #include "System/KEPError.h"
 #include "host/modeler/Container.h"
 #include "src/container/KEPMfgPPWordContainerTie.h"
@@ -79,6 +80,34 @@ TEST(Initialisation, HostErrorBecomesTheLastErrorAndTheFailureCode) {
             KEPUnicodeString("a null handle was used"));
   EXPECT_EQ(listing(features), std::vector<std::string>{});
   EXPECT_EQ(features->GetReferenceCount(), count);
+}
+
+TEST(Initialisation, CaughtErrorKeepsItsClass) {
+  const auto document = host::Document::create();
+  ContainerDouble features(document->features());
+  features.document = []() -> KEPIDocument_var {
+    KEPMfgInternalError error("ERR_5011", "ManufacturingError");
+    error.SetInformationOnErrorType(3);
+    throw error;
+  };
+  KEPMfgPPWordContainerTie words(features);
+  EXPECT_EQ(words.Initialize(false), E_FAIL);
+  const auto* const error = dynamic_cast<const KEPMfgInternalError*>(KEPError::KEPGetLastError());
+  ASSERT_NE(error, nullptr);
+  EXPECT_EQ(error->GetMessageKey(), KEPString("ERR_5011"));
+  EXPECT_EQ(error->GetInformationOnErrorType(), 3);
+}
+
+TEST(Initialisation, AttributesArePublishedBeforeTheCatalogueIsMade) {
+  const auto document = host::Document::create();
+  document->setNeedsUpgrade(true);
+  EXPECT_EQ(document->ppWordContainer()->Initialize(false), S_OK);
+  const auto isPublished = [&](std::string_view name) {
+    const auto type = KEPISpecObject_var::Adopt(document->features()->FindStartUp(name));
+    return static_cast<const host::Feature&>(*type).isPublished();
+  };
+  EXPECT_TRUE(isPublished("MfgPPCommand"));
+  EXPECT_FALSE(isPublished("MFG_XPOINT"));
 }
 
 TEST(Initialisation, OtherExceptionPassesOn) {

@@ -89,6 +89,12 @@ TEST_F(NumericEvaluation, EveryCommaOfTheGenerationFormatBecomesAPoint) {
   EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.00.;.");
 }
 
+TEST_F(NumericEvaluation, EveryCommaOfTheGenerationFormatOfAxesBecomesAPoint) {
+  format("MFG_ZAXIS", "%.1f");
+  host::setCurrentGeneratorData(host::GeneratorData::create("", "%,4f,"));
+  EXPECT_EQ(evaluated(find("MFG_ZAXIS")), "0.7500.");
+}
+
 TEST_F(NumericEvaluation, OnlyTheFirstCommaOfTheTextBecomesAPoint) {
   EXPECT_EQ(evaluatedWith("MFG_XPOINT", "%.1f,A,B"), "1.0.A,B");
 }

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "KEPIMfgParameterEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "tests/support/PPWordDocument.h"
 
@@ -234,6 +235,42 @@ TEST_F(Attributes, ValueTakenFromTheFeatureItselfIsKeptWhole) {
   base_->SetList("List", base_->FindAttribute("List")->GetTexts());
   base_->AppendToList("List", base_->FindAttribute("List")->GetTexts()[1].View());
   EXPECT_EQ(items(base_, "List"), (Texts{"first", "second", "first"}));
+}
+
+TEST_F(Attributes, ListTakenFromTheFeatureItselfIsCopiedWhole) {
+  base_->AddAttribute("L1", Kind::StringList);
+  base_->AddAttribute("L2", Kind::StringList);
+  derived_->SetList("L1", list({"one of some length", "two of some length"}));
+  derived_->SetList("L2", derived_->FindAttribute("L1")->GetTexts());
+  EXPECT_EQ(items(derived_, "L2"), (Texts{"one of some length", "two of some length"}));
+}
+
+TEST_F(Attributes, ValueOfABaseTypeOfAnotherKindIsNotInherited) {
+  derived_->AddAttribute("Format", Kind::String);
+  base_->AddAttribute("Format", Kind::Integer);
+  base_->SetInteger("Format", 5);
+  EXPECT_EQ(text(derived_, "Format"), std::nullopt);
+  derived_->SetString("Format", "%f");
+  EXPECT_EQ(text(derived_, "Format"), "%f");
+}
+
+TEST_F(Attributes, BookkeepingAttributeDeclaredTwiceIsThereOnce) {
+  const KEPISpecObject_var feature = document_.find("BASE");
+  auto& own = static_cast<host::Feature&>(*feature);
+  own.declareBookkeepingAttribute("$OSM_Xts", 1);
+  own.declareBookkeepingAttribute("$OSM_Xts", 1);
+  EXPECT_EQ(feature->GetNumberOfAttributes(), 1);
+}
+
+TEST_F(Attributes, InstanceAnswersForItsTypeAndNotForItsOwnName) {
+  document_.make("MFG_XPOINT", "MfgPPParameter");
+  document_.make("PLAIN", "MfgPPParameter");
+  const auto instance = [&](std::string_view type, std::string_view name) {
+    return KEPISpecObject_var::Adopt(
+        document_.features->CreateInstance(document_.find(type), name));
+  };
+  EXPECT_TRUE(KEPIMfgParameterEvaluation_var(instance("MFG_XPOINT", "PLAIN")));
+  EXPECT_FALSE(KEPIMfgParameterEvaluation_var(instance("PLAIN", "MFG_XPOINT")));
 }
 
 TEST_F(Attributes, ManyAttributesKeepTheirValues) {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "KEPIMfgParameterEvaluation.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
 #include "System/KEPError.h"
@@ -222,6 +224,21 @@ TEST_F(FeatureContainer, MadeFeatureHasTheReferencesOfContainerAndCaller) {
   const KEPISpecObject_var made = instance("NC_A", "");
   EXPECT_EQ(made->GetReferenceCount(), 2);
   EXPECT_EQ(type->GetReferenceCount(), 3);
+}
+
+TEST_F(FeatureContainer, TypesStayFoundWhileOthersComeAndGo) {
+  constexpr int kTypes = 500;
+  const auto name = [](int number) { return "NC_TYPE_" + std::to_string(number); };
+  for (int i = 0; i < kTypes; ++i) document_.make(name(i), "MfgPPSyntax");
+  for (int i = 0; i < kTypes; i += 3) KEPILifeCycleObject_var(document_.find(name(i)))->remove();
+  for (int i = 0; i < kTypes; ++i) {
+    const KEPISpecObject_var found = document_.find(name(i));
+    ASSERT_EQ(static_cast<bool>(found), i % 3 != 0) << i;
+    if (!found) continue;
+    EXPECT_EQ(found->GetName(), name(i));
+  }
+  for (int i = 0; i < kTypes; i += 3) document_.make(name(i), "MfgPPSyntax");
+  for (int i = 0; i < kTypes; ++i) EXPECT_TRUE(document_.find(name(i))) << i;
 }
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "Manufacturing/KEPMfgDesignParameter.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
+#include "Manufacturing/KEPMfgUtilities.h"
 #include "System/KEPError.h"
 #include "host/manufacturing/Activity.h"
 
@@ -112,6 +114,59 @@ TEST(Document, DyingDocumentIsNotFoundByWhatItsContainerKept) {
       KEPBaseUnknown_var::Adopt(new LastQuestion(document->features(), found)));
   document = nullptr;
   EXPECT_FALSE(found);
+}
+
+TEST(Document, EveryContainerClosesWithTheDocument) {
+  auto document = host::Document::create();
+  const auto second = KEPIContainer_var::Adopt(new host::Container(*document, "MfgOtherCont"));
+  const auto type = KEPISpecObject_var::Adopt(second->CreateStartUp("TYPE", {}));
+  document = nullptr;
+  EXPECT_FALSE(second->GetDocument());
+  EXPECT_FALSE(type->GetContainer());
+}
+
+TEST(Document, ContainerMayDieBeforeTheDocument) {
+  const auto document = host::Document::create();
+  (void)KEPIContainer_var::Adopt(new host::Container(*document, "MfgOtherCont"));
+  EXPECT_EQ(document->GetReferenceCount(), 1);
+}
+
+TEST(Document, DesignParameterThatIsNoIdentifierLeavesTheOthers) {
+  const auto document = host::Document::create();
+  document->setDesignParameter("Pad.1 Length", 1);
+  document->setDesignParameter("depth", 12.5);
+  KEPMfgParameterValue value;
+  EXPECT_EQ(KEPMfgDesignParameter::GetExtendedValue(document->features(), "(depth*2", value), S_OK);
+  EXPECT_EQ(value.real, 25.0);
+  EXPECT_EQ(KEPMfgDesignParameter::GetExtendedValue(document->features(), "(Pad.1 Length", value),
+            E_FAIL);
+}
+
+TEST(Document, EveryComponentAnswersTheRootInterface) {
+  const auto document = host::Document::create();
+  const auto root =
+      KEPBaseUnknown_var::Adopt(document->QueryInterface(KEPInterfaceId<KEPBaseUnknown>()));
+  EXPECT_EQ(root.Get(), document.Get());
+  EXPECT_EQ(document->features()->ListMembersHere(KEPInterfaceId<KEPBaseUnknown>()).size(), 1U);
+}
+
+TEST(ModelUtilities, MissingContainerHasNoCurrentActivity) {
+  KEPIMfgActivity_var activity = host::Activity::create("Pocket.1");
+  EXPECT_EQ(KEPMfgModelUtilities::GetCurrentActivity(nullptr, activity), E_FAIL);
+  EXPECT_FALSE(activity);
+}
+
+TEST(ModelUtilities, PublishingMarksTheFeatureAndNamesIt) {
+  const auto document = host::Document::create();
+  const KEPISpecObject_var type = ppCommandType(document);
+  const auto& feature = static_cast<const host::Feature&>(*type);
+  EXPECT_EQ(KEPMfgUtilities::UpgradeComponentAttributes(type, nullptr, 0, 0), S_OK);
+  EXPECT_FALSE(feature.isPublished());
+  KEPListVal<KEPBaseUnknown_var> objects;
+  EXPECT_EQ(KEPMfgUtilities::UpgradeComponentAttributes(type, &objects, 1, 0), S_OK);
+  EXPECT_TRUE(feature.isPublished());
+  ASSERT_EQ(objects.Size(), 1);
+  EXPECT_EQ(objects[1].Get(), type.Get());
 }
 
 TEST(ModelUtilities, FeatureLeadsToItsContainers) {

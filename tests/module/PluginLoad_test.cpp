@@ -174,13 +174,24 @@ class FailingParameter final : public KEPICkeParm {
   }
 };
 
+/// Dies after everything else of the process.
+KEPVar<host::Document>& lastDocument() {
+  static KEPVar<host::Document> document;
+  return document;
+}
+
+TEST_F(Plugin, DocumentMayDieWithTheProcess) {
+  lastDocument() = host::newDocument();
+  EXPECT_TRUE(lastDocument()->ppWordContainer());
+}
+
 TEST_F(Plugin, ErrorOfTheApplicationPassesThroughTheModule) {
   const auto parameter = KEPICkeParm_var::Adopt(new FailingParameter);
   const KEPIMfgBufferFeedrate_var feed(words_);
   feed->SetFeedParameter(parameter);
   double value = 7.0;
   EXPECT_THROW(feed->GetValue(value), KEPErrorNullHandle);
-  EXPECT_EQ(value, 7.0);
+  EXPECT_EQ(value, 0.0);
   feed->ResetFeedParameter();
   EXPECT_EQ(parameter->GetReferenceCount(), 1);
 }

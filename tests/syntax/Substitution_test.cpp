@@ -6,49 +6,47 @@
 #include <random>
 #include <string>
 
-#include "Manufacturing/KEPMfgPPWordListener.h"
-#include "host/system/Session.h"
-
 namespace ppword {
 namespace {
 
 /// Parameters from a map.
 class MapParameters final : public ParameterSource {
  public:
-  explicit MapParameters(std::map<std::string, std::string, std::less<>> texts)
-      : texts_(std::move(texts)) {}
+  using Texts = std::map<std::string, std::string, std::less<>>;
 
-  bool appendText(std::string_view name, std::string& out) override {
+  MapParameters(Texts texts, std::string_view unevaluated)
+      : texts_(std::move(texts)), unevaluated_(unevaluated) {}
+
+  void appendText(std::string_view name, std::string& out) override {
     const auto found = texts_.find(name);
-    if (found == texts_.end()) return false;
-    out += found->second;
-    return true;
+    out += found == texts_.end() ? unevaluated_ : found->second;
+  }
+  void textDropped(std::string_view name, std::string_view text) override {
+    dropped += '[' + std::string(name) + '|' + std::string(text) + ']';
   }
 
+  std::string dropped;
+
  private:
-  std::map<std::string, std::string, std::less<>> texts_;
+  Texts texts_;
+  std::string unevaluated_;
 };
 
-MapParameters parameters() {
-  return MapParameters({{"A", "1.5"},
-                        {"B", "2"},
-                        {"W", "RPM"},
-                        {"R", "%A"},
-                        {"P", "50%"},
-                        {"", "nameless"},
-                        {"A B", "two words"},
-                        {" A", "blank first"},
-                        {"(A*2", "3"},
-                        {"(A", "group"}});
+const MapParameters::Texts& parameters() {
+  static const MapParameters::Texts texts = {
+      {"A", "1.5"},  {"B", "2"},       {"W", "RPM"},         {"R", "%A"},
+      {"P", "50%"},  {"", "nameless"}, {"A B", "two words"}, {" A", "blank first"},
+      {"(A*2", "3"}, {"(A", "group"}};
+  return texts;
 }
 
 /// A line through the three substitutions in their order.
 std::string substituted(std::string_view text, std::string_view unevaluated = "") {
-  MapParameters map = parameters();
+  MapParameters map(parameters(), unevaluated);
   PassedLine line;
   line.start(text);
   for (const auto prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, unevaluated, map);
+    substitute(line, prefix, map);
   }
   return std::string(line.text());
 }
@@ -74,13 +72,15 @@ INSTANTIATE_TEST_SUITE_P(
         // without a comma behind, the nearest blank, line feed or quote ends the name
         Case{"$$ %A %B", "$$ 1.5 2"}, Case{"X,%A %B", "X,1.5 2"}, Case{"\"%A\" END", "\"1.5\" END"},
         // the character before a line feed is lost
-        Case{"%AX\n%B", "1.5\n2"}, Case{"%\n%B", "nameless\n2"},
+        Case{"%AX\n%B", "1.5\n2"}, Case{"X/%A\xC3\xA9\n1", "X/1.5\n1"},
+        Case{"%\n%B", "nameless\n2"},
         // a prefix at the end, and two in a row
         Case{"X%", "Xnameless"}, Case{"%%A", ""}, Case{"%,%A", "nameless,1.5"},
         // an unknown parameter is dropped, its separators stay
         Case{"GOTO/%BAD,1", "GOTO/,1"}, Case{"GOTO/%BAD", "GOTO/"},
         // closing parentheses come back behind the value; what follows them too, as parentheses
         Case{"(POINT/%A),X", "(POINT/1.5),X"}, Case{"((%A))", "((1.5))"}, Case{"%A)B,X", "1.5)),X"},
+        Case{"%A)\xC3\xA9,X", "1.5)),X"},
         // a continuation mark behind a number is lost, behind a word it is part of the name
         Case{"GOTO/%A$", "GOTO/1.5"}, Case{"SPINDL/&W$", "SPINDL/"}, Case{"%A$)B", "1.5))"},
         Case{"GOTO/%A,$", "GOTO/1.5,$"},
@@ -111,23 +111,20 @@ TEST(Substitution, LongLinesCostTheirLength) {
   EXPECT_EQ(substituted(std::string(1000000, '%')), "");
 }
 
-/// Keeps what was reported as dropped.
-class DropListener final : public KEPMfgPPWordListener {
- public:
-  DropListener() { host::session().listener = this; }
-  ~DropListener() override { host::session().listener = nullptr; }
-  void TextDropped(std::string_view name, std::string_view text) override {
-    dropped += '[' + std::string(name) + '|' + std::string(text) + ']';
-  }
-  std::string dropped;
-};
+/// What the number pass reports as dropped.
+std::string dropped(std::string_view text) {
+  MapParameters map(parameters(), "");
+  PassedLine line;
+  line.start(text);
+  substitute(line, kNumberPrefix, map);
+  return map.dropped;
+}
 
-TEST(Substitution, ListenerHearsOfDroppedText) {
-  DropListener listener;
-  EXPECT_EQ(substituted("%A)"), "1.5)");
-  EXPECT_EQ(listener.dropped, "");
-  EXPECT_EQ(substituted("%A$,%B)X,"), "1.5,2)),");
-  EXPECT_EQ(listener.dropped, "[A|$][B|)X]");
+TEST(Substitution, DroppedTextIsReported) {
+  EXPECT_EQ(dropped("%A),%B"), "");
+  EXPECT_EQ(dropped("%A$,%B)X,"), "[A|$][B|)X]");
+  EXPECT_EQ(dropped("%AX\n%B"), "[A|X]");
+  EXPECT_EQ(dropped("%A\xC3\xA9\n1"), "[A|\xC3\xA9]");
 }
 
 TEST(Substitution, AnyLineEnds) {

@@ -1,11 +1,18 @@
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <limits>
+#include <string>
+#include <utility>
+
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferSeqMotionNumber.h"
+#include "KEPIMfgParameterEvaluation.h"
 #include "KEPIMfgSyntaxEvaluation.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPError.h"
 #include "host/modeler/Container.h"
-#include "host/system/Dictionary.h"
+#include "host/system/Session.h"
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 #include "tests/support/PPWordDocument.h"
 
@@ -149,12 +156,31 @@ TEST_F(SyntaxEvaluation, UsersParameterIsAskedBeforeTheActivitysOwn) {
 TEST_F(SyntaxEvaluation, VirtualActivityLeadsToTheRealOne) {
   auto real = host::Activity::create("Pocket.2");
   real->parameters().set("A", integerValue(5));
-  auto standIn = activity();
-  standIn->parameters().set("A", integerValue(4));
   const auto instr = instruction("NC_X", {"%A"});
-  EXPECT_EQ(instantiate(instr).lines, Texts{"4"});
-  standIn->standFor(real);
+  const auto standIn = host::Activity::createVirtual("Stand-in", real);
+  standIn->parameters().set("A", integerValue(4));
+  words->SetObjects(standIn);
   EXPECT_EQ(instantiate(instr).lines, Texts{"5"});
+  words->SetObjects(host::Activity::createVirtual("Stand-in", nullptr));
+  EXPECT_EQ(instantiate(instr).lines, Texts{""});
+  words->SetObjects(real);
+  EXPECT_EQ(instantiate(instr).lines, Texts{"5"});
+}
+
+/// An activity of somebody else's.
+class ForeignActivity final : public KEPIMfgActivity {
+ public:
+  [[nodiscard]] KEPUnicodeString GetName() const override { return "Foreign"; }
+
+ private:
+  [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override {
+    return interfaceClass == KEPInterfaceId<KEPIMfgActivity>() ? this : nullptr;
+  }
+};
+
+TEST_F(SyntaxEvaluation, ActivityOfAnotherKindKnowsNoParameters) {
+  words->SetObjects(KEPBaseUnknown_var::Adopt(new ForeignActivity));
+  EXPECT_EQ(instantiate(instruction("NC_X", {"GOTO/%A,1"})).lines, Texts{"GOTO/,1"});
 }
 
 TEST_F(SyntaxEvaluation, WithoutActivityParametersAreUnevaluated) {
@@ -321,6 +347,199 @@ TEST_F(SyntaxEvaluation, ReferenceCountsAreAsBefore) {
   EXPECT_TRUE(instantiate(instr).done);
   EXPECT_FALSE(instantiate(instr, 2).done);
   EXPECT_EQ(counts(), before);
+}
+
+/// Evaluation of the parameter types HOOK: calls what the running test set.
+std::function<bool(KEPString&)>* hook = nullptr;
+
+class HookEvaluation final : public KEPIMfgParameterEvaluation {
+ public:
+  [[nodiscard]] bool Evaluate(KEPString& value) override { return (*hook)(value); }
+};
+
+KEPBaseUnknown* createHook(KEPBaseUnknown* extended) {
+  auto* const evaluation = new HookEvaluation;
+  evaluation->BindTo(*extended);
+  return evaluation;
+}
+
+class HookedSyntax : public SyntaxEvaluation {
+ protected:
+  HookedSyntax() {
+    static const KEPMetaClass meta("HookEvaluation", KEPMetaClass::TypeOfClass::DataExtension,
+                                   nullptr, "HOOK", "Tests");
+    KEPFillDictionary(&meta, KEPInterfaceId<KEPIMfgParameterEvaluation>(), &createHook, nullptr, 1);
+    hook = &called;
+    make("HOOK", "MfgPPParameter");
+  }
+  ~HookedSyntax() override { hook = nullptr; }
+
+  std::function<bool(KEPString&)> called = [](KEPString&) { return true; };
+};
+
+TEST_F(HookedSyntax, EvaluationThatAssignsNothingPrintsNothing) {
+  int count = 0;
+  called = [&count](KEPString& value) {
+    if (++count == 1) value = "v";
+    return true;
+  };
+  EXPECT_EQ(instantiate(instruction("NC_X", {"%HOOK,%HOOK,1"})).lines, Texts{"v,,1"});
+}
+
+TEST_F(HookedSyntax, TextOfAnEvaluationThatFailsIsNotPrinted) {
+  called = [](KEPString& value) {
+    value = "half";
+    return false;
+  };
+  EXPECT_EQ(instantiate(instruction("NC_X", {"%HOOK,1"})).lines, Texts{",1"});
+}
+
+TEST_F(HookedSyntax, SyntaxMayBeInstantiatedAgainByAnEvaluation) {
+  activity()->parameters().set("A", integerValue(5));
+  const auto instr = instruction("NC_X", {"ONE/%HOOK,%A", "TWO/%A"});
+  int depth = 0;
+  called = [&](KEPString& value) {
+    if (++depth == 1) {
+      EXPECT_EQ(instantiate(instr).lines, (Texts{"ONE/in,5", "TWO/5"}));
+    }
+    value = "in";
+    return true;
+  };
+  EXPECT_EQ(instantiate(instr).lines, (Texts{"ONE/in,5", "TWO/5"}));
+}
+
+TEST_F(HookedSyntax, SyntaxMayBeRewrittenByAnEvaluation) {
+  const auto instr = instruction("NC_X", {"ONE/%HOOK,AND SOME LENGTH OF ITS OWN", "TWO", "THREE"});
+  called = [&](KEPString& value) {
+    KEPISpecAttrAccess_var(instr)->SetList("Syntaxe", list({"NEW ONE", "NEW TWO", "NEW THREE"}));
+    value = "v";
+    return true;
+  };
+  EXPECT_EQ(instantiate(instr),
+            (Instantiated{true, {"ONE/v,AND SOME LENGTH OF ITS OWN", "NEW TWO", "NEW THREE"}}));
+}
+
+TEST_F(HookedSyntax, SyntaxThatLosesItsLinesFails) {
+  const auto instr = instruction("NC_X", {"ONE/%HOOK,1", "TWO"});
+  called = [&](KEPString&) {
+    KEPISpecAttrAccess_var(instr)->RemoveAll("Syntaxe");
+    return true;
+  };
+  EXPECT_EQ(instantiate(instr), (Instantiated{false, {"ONE/,1"}}));
+}
+
+TEST_F(HookedSyntax, ErrorOfAnEvaluationLeavesTheFinishedLines) {
+  called = [](KEPString&) -> bool { throw KEPErrorNullHandle(); };
+  const KEPIMfgSyntaxEvaluation_var evaluation = instruction("NC_X", {"ONE,", "TWO/%HOOK"});
+  KEPListValKEPUnicodeString lines;
+  const int first = 1;
+  EXPECT_THROW((void)evaluation->InstantiateSyntax(lines, first), KEPErrorNullHandle);
+  EXPECT_EQ(texts(lines), Texts{"ONE,"});
+}
+
+TEST_F(SyntaxEvaluation, EvaluationWithoutValueIsNotLookedUpFurther) {
+  make("MFG_XPOINT", "MfgPPParameter");
+  activity()->parameters().set("MFG_XPOINT", realValue(5));
+  EXPECT_EQ(instantiate(instruction("NC_X", {"X/%MFG_XPOINT,1"})).lines, Texts{"X/,1"});
+}
+
+TEST_F(SyntaxEvaluation, TypeIsLookedForWithTheBlanksOfTheName) {
+  format("A", "%.1f");
+  activity()->parameters().set("A", realValue(1.5));
+  EXPECT_EQ(instantiate(instruction("NC_X", {"X/% A ,1"})).lines, Texts{"X/    1.500000,1"});
+}
+
+TEST_F(SyntaxEvaluation, FormatThatIsSetAndEmptyPrintsNothing) {
+  format("A", "");
+  activity()->parameters().set("A", realValue(1.5));
+  const auto instr = instruction("NC_X", {"X/%A,1"});
+  EXPECT_EQ(instantiate(instr).lines, Texts{"X/,1"});
+  KEPISpecAttrAccess_var(find("A"))->Unset("Format");
+  EXPECT_EQ(instantiate(instr).lines, Texts{"X/    1.500000,1"});
+}
+
+TEST_F(SyntaxEvaluation, EscapesAndMarkersGoThroughEveryPass) {
+  auto operation = activity();
+  operation->parameters().set("A", integerValue(7));
+  operation->parameters().set("Q", textValue("5\\%A"));
+  operation->parameters().set("M", textValue("@#@#@#@#A"));
+  const std::pair<const char*, const char*> cases[] = {
+      {"A\\%B\\%C", "A%B%C"}, {"X/&Q,1", "X/5\\7,1"}, {"X/&M,1", "X/%A,1"}, {"@#\\%", "%@#"}};
+  int number = 0;
+  for (const auto& [syntax, line] : cases) {
+    EXPECT_EQ(instantiate(instruction("NC_" + std::to_string(++number), {syntax})).lines,
+              Texts{line});
+  }
+}
+
+TEST_F(SyntaxEvaluation, ExpressionOfAnotherPrefixIsComputedToo) {
+  EXPECT_EQ(instantiate(instruction("NC_X", {"X/&(1+1)"})).lines, Texts{"X/    2.000000)"});
+  EXPECT_EQ(instantiate(instruction("NC_Y", {"X/% (1+1,1"})).lines, Texts{"X/    2.000000,1"});
+}
+
+TEST_F(SyntaxEvaluation, TextIsCutAtItsLimits) {
+  const std::string many(78, 'x');
+  auto operation = activity();
+  operation->parameters().set("T", textValue(many + "\xC3\xA9"));
+  operation->parameters().set("F", textValue(many + "\xC3\xA9"));
+  operation->parameters().set("N", textValue(many + "\xC3\xA9"));
+  operation->parameters().set("L", textValue(many + "xx"));
+  format("F", "%f");
+  make("N", "MfgPPParameter");
+  EXPECT_EQ(instantiate(instruction("NC_T", {"%T"})).lines, Texts{many});
+  EXPECT_EQ(instantiate(instruction("NC_F", {"%F"})).lines, Texts{many + "\xC3\xA9"});
+  EXPECT_EQ(instantiate(instruction("NC_N", {"%N"})).lines, Texts{many});
+  EXPECT_EQ(instantiate(instruction("NC_L", {"%L"})).lines, Texts{many + "x"});
+}
+
+TEST_F(SyntaxEvaluation, IndexOfBookkeepingOnlyEndsTheCallAtOnce) {
+  const auto instr = make("NC_X", "MfgPPSyntax");
+  static_cast<host::Feature*>(instr.Get())->declareBookkeepingAttribute("$OSM_Xts", 1);
+  EXPECT_EQ(instantiate(instr, 1, {"A,", "B"}), (Instantiated{false, {"A,", "B"}}));
+}
+
+TEST_F(SyntaxEvaluation, InstanceIsInstantiatedAsItsType) {
+  const auto delay = instruction("NC_DELAY", {"DELAY/2,%GONE"});
+  const auto instance = KEPISpecObject_var::Adopt(features->CreateInstance(delay, ""));
+  EXPECT_EQ(instantiate(instance).lines, Texts{"DELAY/2"});
+}
+
+/// Writes down what the engine tells.
+class Notes final : public KEPMfgPPWordListener {
+ public:
+  Notes() { host::session().listener = this; }
+  ~Notes() override { host::session().listener = nullptr; }
+  Notes(const Notes&) = delete;
+  Notes& operator=(const Notes&) = delete;
+
+  void LineAfterPass(std::string_view pass, std::string_view line) override {
+    passes.push_back(std::string(pass) + " " + std::string(line));
+  }
+  void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
+    references.push_back(std::string(name) + " " + std::to_string(static_cast<int>(source)) + " " +
+                         std::string(text));
+  }
+  void TextDropped(std::string_view name, std::string_view text) override {
+    dropped.push_back(std::string(name) + " " + std::string(text));
+  }
+
+  Texts passes, references, dropped;
+};
+
+TEST_F(SyntaxEvaluation, ListenerHearsOfPassesAndReferences) {
+  format("MFG_XPOINT", "%.1f");
+  format("F", "%.2f");
+  auto operation = activity();
+  operation->parameters().set("F", realValue(2));
+  operation->parameters().set("W", textValue("RPM"));
+  const Notes notes;
+  EXPECT_EQ(instantiate(instruction("NC_X", {"&W,%F,%MFG_XPOINT,%BAD\\%,%F$"})).lines,
+            Texts{"RPM,2.00,0.0,,2.00"});
+  EXPECT_EQ(notes.references,
+            (Texts{"W 2 RPM", "F 1 2.00", "MFG_XPOINT 0 0.0", "BAD\\% 3 ", "F 1 2.00"}));
+  EXPECT_EQ(notes.dropped, Texts{"F $"});
+  EXPECT_EQ(notes.passes.back(), "% RPM,2.00,0.0,,2.00");
+  EXPECT_EQ(notes.passes.size(), 3U);
 }
 
 TEST_F(SyntaxEvaluation, BytesThatAreNotUtf8ComeOutUnchanged) {

@@ -44,6 +44,13 @@ TEST(UnevaluatedText, SettingMadeAfterTheFirstUseHasNoEffect) {
   EXPECT_EQ(instantiated("GOTO/%BAD,1"), "GOTO/,1");
 }
 
+TEST(UnevaluatedText, SettingIsReadWhenTheFirstUnevaluatedParameterIsMet) {
+  ASSERT_EQ(unsetenv(kSetting), 0);
+  EXPECT_EQ(instantiated("CYCLE/ON"), "CYCLE/ON");
+  ASSERT_EQ(setenv(kSetting, "0", 1), 0);
+  EXPECT_EQ(instantiated("GOTO/%BAD,1"), "GOTO/0,1");
+}
+
 TEST(UnevaluatedText, EmptySettingWritesNothing) {
   ASSERT_EQ(setenv(kSetting, "", 1), 0);
   EXPECT_EQ(instantiated("GOTO/%BAD,1"), "GOTO/,1");

@@ -11,7 +11,7 @@ class KEPMfgBufferFeedrate final
   void SetFeedParameter(const KEPBaseUnknown_var& parameter) override {
     feed_.setParameter(parameter);
   }
-  void GetValue(double& value) const override { value = feed_.value(); }
+  void GetValue(double& value) const override { feed_.getValue(value); }
 
   void SetFactor(const double& factor) override { feed_.setFactor(factor); }
   void GetFactor(double& factor) const override { factor = feed_.factor(); }

@@ -11,7 +11,7 @@ class KEPMfgBufferSpindle final
   void SetSpindleParameter(const KEPBaseUnknown_var& parameter) override {
     speed_.setParameter(parameter);
   }
-  void GetValue(double& value) const override { value = speed_.value(); }
+  void GetValue(double& value) const override { speed_.getValue(value); }
   void SetFactor(const double& factor) override { speed_.setFactor(factor); }
 
   bool IsAngular(bool& angular) const override {

@@ -4,10 +4,11 @@
 
 namespace ppword {
 
-double KnowledgeValue::value() const {
-  if (!parameter_) return 0.0;
+void KnowledgeValue::getValue(double& value) const {
+  value = 0.0;
+  if (!parameter_) return;
   const KEPUnicodeString text = parameter_->GetValueText();
-  return decimalPrefix(text.View()).value_or(0.0) * factor_;
+  value = decimalPrefix(text.View()).value_or(0.0) * factor_;
 }
 
 bool KnowledgeValue::isOfType(std::string_view typeName, bool& answer) const {

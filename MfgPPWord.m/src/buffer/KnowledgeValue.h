@@ -17,8 +17,9 @@ class KnowledgeValue {
   void setFactor(double factor) noexcept { factor_ = factor; }
   [[nodiscard]] double factor() const noexcept { return factor_; }
 
-  /// The number at the start of the parameter's value text times the factor; 0 without one.
-  [[nodiscard]] double value() const;
+  /// Sets `value` to the number at the start of the parameter's value text times the factor; to 0
+  /// without one, and when the parameter raises an error.
+  void getValue(double& value) const;
 
   /// Sets `answer` to whether the parameter's type has this name. False, with `answer` false, when
   /// there is no parameter or no type.

@@ -31,7 +31,7 @@ HRESULT KEPMfgPPWordContainer::Initialize(bool skipAttributeUpgrade) {
   try {
     return ppword::initialise(container(), skipAttributeUpgrade);
   } catch (const KEPError& error) {
-    return KEPError::GetReturn(std::make_unique<KEPError>(error));
+    return KEPError::GetReturn(error.Clone());
   }
 }
 

@@ -18,52 +18,52 @@ __extension__ using Wide = unsigned __int128;
 constexpr int kDefaultPrecision = 6;
 constexpr int kMantissaBits = 52;
 constexpr int kExponentBias = 1075;
-/// Below this the integer part is exact in 53 bits and the fraction is a difference without error.
-constexpr double kExactBound = 9007199254740992.0;
-constexpr int kMostExactPlaces = 18;
-constexpr int kMostExactShift = 126;
+constexpr int kFractionBits = 64;
+constexpr int kWholeBits = 31;
+constexpr std::size_t kMostExactPlaces = 9;
 
 constexpr auto kPowersOfTen = [] {
-  std::array<std::uint64_t, kMostExactPlaces + 1> powers{1};
+  std::array<std::uint32_t, kMostExactPlaces + 1> powers{1};
   for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
   return powers;
 }();
 
-/// A fraction in [0, 1) as the binary number mantissa / 2^shift.
-struct BinaryFraction {
-  std::uint64_t mantissa;
-  int shift;
+/// A number as a whole one and a fraction in units of 2^-64.
+struct BinaryParts {
+  std::uint32_t whole;
+  std::uint64_t fraction;
 };
 
-BinaryFraction binaryFraction(double fraction) {
-  const auto bits = std::bit_cast<std::uint64_t>(fraction);
+/// The parts of a non-negative number, without error. Nothing when they do not fit: for numbers
+/// from 2^31 on and for those below 2^-11 that are not 0.
+std::optional<BinaryParts> binaryParts(double value) {
+  if (value == 0.0) return BinaryParts{0, 0};
+  const auto bits = std::bit_cast<std::uint64_t>(value);
   const std::uint64_t hidden = std::uint64_t{1} << kMantissaBits;
-  const int exponent = static_cast<int>(bits >> kMantissaBits);
-  return {(bits & (hidden - 1)) | hidden, kExponentBias - exponent};
+  const std::uint64_t mantissa = (bits & (hidden - 1)) | hidden;
+  // The number is mantissa / 2^shift.
+  const int shift = kExponentBias - static_cast<int>(bits >> kMantissaBits);
+  if (shift <= kMantissaBits - kWholeBits || shift >= kFractionBits) return std::nullopt;
+  return BinaryParts{static_cast<std::uint32_t>(mantissa >> shift),
+                     mantissa << (kFractionBits - shift)};
 }
 
 /// A number in fixed notation as two whole numbers.
 struct FixedNumber {
-  std::uint64_t whole;
-  std::uint64_t places;
+  std::uint32_t whole;
+  std::uint32_t places;
 };
 
-/// Rounds to `count` places, half to even on the exact value as printf does. Nothing when the number
-/// is outside what fits.
-std::optional<FixedNumber> roundedExactly(double value, int count) {
-  if (!(value < kExactBound) || count > kMostExactPlaces) return std::nullopt;
-  const auto whole = static_cast<std::uint64_t>(value);
-  const double fraction = value - static_cast<double>(whole);
-  if (fraction == 0.0) return FixedNumber{whole, 0};
-  const auto [mantissa, shift] = binaryFraction(fraction);
-  if (shift > kMostExactShift) return std::nullopt;
-  const std::uint64_t scale = kPowersOfTen[static_cast<std::size_t>(count)];
-  const Wide roundedUp = static_cast<Wide>(mantissa) * scale + (Wide{1} << (shift - 1));
-  auto places = static_cast<std::uint64_t>(roundedUp >> shift);
-  const bool isTie = (roundedUp & ((Wide{1} << shift) - 1)) == 0;
-  const bool isOdd = (((count == 0 ? whole : 0) + places) & 1U) != 0;
-  if (isTie && isOdd) --places;
-  return places == scale ? FixedNumber{whole + 1, 0} : FixedNumber{whole, places};
+/// Rounds to a count of places, half to even as printf does; the number is exact.
+FixedNumber rounded(BinaryParts number, std::size_t count) {
+  constexpr std::uint64_t kHalf = std::uint64_t{1} << (kFractionBits - 1);
+  const std::uint32_t scale = kPowersOfTen[count];
+  const Wide scaled = static_cast<Wide>(number.fraction) * scale;
+  auto places = static_cast<std::uint32_t>(scaled >> kFractionBits);
+  const auto rest = static_cast<std::uint64_t>(scaled);
+  const bool isOdd = (((count == 0 ? number.whole : 0) + places) & 1U) != 0;
+  if (rest > kHalf || (rest == kHalf && isOdd)) ++places;
+  return places == scale ? FixedNumber{number.whole + 1, 0} : FixedNumber{number.whole, places};
 }
 
 /// The decimal digits of the numbers from 0 to 99.
@@ -77,29 +77,14 @@ constexpr auto kPairs = [] {
 }();
 
 /// Write the last digits of `number` in front of `at`.
-void writePair(std::uint64_t& number, char*& at) {
+void writePair(std::uint32_t& number, char*& at) {
   at -= 2;
   std::memcpy(at, &kPairs[2 * (number % 100)], 2);
   number /= 100;
 }
-void writeDigit(std::uint64_t& number, char*& at) {
+void writeDigit(std::uint32_t& number, char*& at) {
   *--at = static_cast<char>('0' + number % 10);
   number /= 10;
-}
-
-/// Fixed notation by whole numbers, written from the end of the room; empty when it does not fit.
-std::string_view exactFixed(double value, int count, Room room) {
-  auto number = roundedExactly(value, count);
-  if (!number) return {};
-  char* const end = room.data() + room.size();
-  char* at = end;
-  for (int left = count; left >= 2; left -= 2) writePair(number->places, at);
-  if (count % 2 != 0) writeDigit(number->places, at);
-  if (count > 0) *--at = '.';
-  while (number->whole >= 100) writePair(number->whole, at);
-  do writeDigit(number->whole, at);
-  while (number->whole != 0);
-  return {at, static_cast<std::size_t>(end - at)};
 }
 
 std::string_view standardDigits(double value, std::chars_format format, int precision, Room room) {
@@ -111,8 +96,10 @@ std::string_view standardDigits(double value, std::chars_format format, int prec
 }
 
 std::string_view fixedDigits(double value, int precision, Room room) {
-  const std::string_view exact = exactFixed(value, precision, room);
-  return exact.empty() ? standardDigits(value, std::chars_format::fixed, precision, room) : exact;
+  char* const end = room.data() + room.size();
+  char* const first = writeExactFixed(value, static_cast<std::size_t>(precision), end);
+  if (first == nullptr) return standardDigits(value, std::chars_format::fixed, precision, room);
+  return {first, static_cast<std::size_t>(end - first)};
 }
 
 /// "#" of fixed, scientific and hexadecimal notation: a decimal point always stands.
@@ -144,6 +131,21 @@ std::string_view generalDigits(double value, int precision, bool alternate, Room
 }
 
 }  // namespace
+
+char* writeExactFixed(double value, std::size_t places, char* end) {
+  if (places > kMostExactPlaces) return nullptr;
+  const auto parts = binaryParts(value);
+  if (!parts) return nullptr;
+  auto [whole, fraction] = rounded(*parts, places);
+  char* at = end;
+  for (std::size_t left = places; left >= 2; left -= 2) writePair(fraction, at);
+  if (places % 2 != 0) writeDigit(fraction, at);
+  if (places > 0) *--at = '.';
+  while (whole >= 100) writePair(whole, at);
+  do writeDigit(whole, at);
+  while (whole != 0);
+  return at;
+}
 
 std::string_view floatDigits(double value, char conversion, int precision, bool alternate,
                              std::span<char, kDigitsRoom> room) {

@@ -17,10 +17,6 @@ constexpr std::size_t kRoomInFront = 1008;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 char lower(char character) { return static_cast<char>(character | 0x20); }
-bool isFlag(char character) {
-  return character == '0' || character == '-' || character == '+' || character == ' ' ||
-         character == '#';
-}
 bool isConversion(char character) {
   const char kind = lower(character);
   return kind == 'f' || kind == 'e' || kind == 'g' || kind == 'a';
@@ -55,12 +51,47 @@ void appendLiteral(std::string_view text, std::string& out) {
   out.append(text);
 }
 
+/// A format "%W.Pf" with a width of at most two digits and one digit of places.
+struct PlainFixed {
+  unsigned width;
+  unsigned places;
+};
+
+unsigned digitOf(char character) { return static_cast<unsigned>(character) - unsigned{'0'}; }
+
+std::optional<PlainFixed> plainFixed(std::string_view format) {
+  const std::size_t size = format.size();
+  if (size < 4 || size > 6 || format.front() != '%' || format[size - 3] != '.' ||
+      format.back() != 'f') {
+    return std::nullopt;
+  }
+  const unsigned tens = size == 6 ? digitOf(format[1]) : 0;
+  const unsigned ones = size > 4 ? digitOf(format[size - 4]) : 0;
+  const unsigned places = digitOf(format[size - 2]);
+  // A "0" in front would be a flag.
+  const bool isPlain = format[1] != '0' && tens < 10 && ones < 10 && places < 10;
+  return isPlain ? std::optional(PlainFixed{tens * 10 + ones, places}) : std::nullopt;
+}
+
+/// Prints a finite number from its last character to its first; false, with `text` untouched, when
+/// its digits need the general way.
+bool printPlainFixed(PlainFixed format, double value, std::string& text) {
+  std::array<char, 128> room;
+  char* const end = room.data() + room.size();
+  char* first = writeExactFixed(std::fabs(value), format.places, end);
+  if (first == nullptr) return false;
+  if (std::signbit(value)) *--first = '-';
+  for (char* const start = end - format.width; first > start;) *--first = ' ';
+  text.clear();
+  text.append(first, static_cast<std::size_t>(end - first));
+  return true;
+}
+
 }  // namespace
 
 std::optional<NumberFormat> NumberFormat::parse(std::string_view text) {
-  std::optional<NumberFormat> format(std::in_place);
-  if (!format->read(text)) format.reset();
-  return format;
+  NumberFormat format;
+  return format.read(text) ? std::optional(format) : std::nullopt;
 }
 
 bool NumberFormat::read(std::string_view text) {
@@ -74,16 +105,25 @@ bool NumberFormat::read(std::string_view text) {
   return true;
 }
 
-void NumberFormat::readFlag(char flag) {
-  left_ |= flag == '-';
-  plus_ |= flag == '+';
-  blank_ |= flag == ' ';
-  alternate_ |= flag == '#';
-  zero_ |= flag == '0';
+bool NumberFormat::readFlag(char character) {
+  switch (character) {
+    case '-':
+      return left_ = true;
+    case '+':
+      return plus_ = true;
+    case ' ':
+      return blank_ = true;
+    case '#':
+      return alternate_ = true;
+    case '0':
+      return zero_ = true;
+    default:
+      return false;
+  }
 }
 
 const char* NumberFormat::readConversion(const char* at, const char* end) {
-  for (; at != end && isFlag(*at); ++at) readFlag(*at);
+  while (at != end && readFlag(*at)) ++at;
   width_ = readSize(at, end);
   if (at != end && *at == '.') {
     ++at;
@@ -140,10 +180,15 @@ char* NumberFormat::writeInFront(bool isNegative, char conversion, std::size_t l
 }
 
 bool printNumber(std::string_view format, double value, std::string& text) {
+  if (!std::isfinite(value)) return false;
+  const double snapped = std::fabs(value) < kSnapToZero ? 0.0 : value;
+  // Nearly every format is a plain one.
+  const auto plain = plainFixed(format);
+  if (plain && printPlainFixed(*plain, snapped, text)) return true;
   const auto parsed = NumberFormat::parse(format);
-  if (!parsed || !std::isfinite(value)) return false;
+  if (!parsed) return false;
   text.clear();
-  parsed->append(std::fabs(value) < kSnapToZero ? 0.0 : value, text);
+  parsed->append(snapped, text);
   if (!parsed->hasLiteral()) return true;
   // deliberate: a literal comma of the format becomes a point as a decimal comma would.
   const std::size_t comma = text.find(',');

@@ -36,9 +36,11 @@ class NumberFormat {
   int precision_ = -1;
 
   [[nodiscard]] bool read(std::string_view text);
-  /// Reads what follows a "%"; gives the place behind it, null when it is no conversion of one double.
+  /// Reads what follows a "%"; gives the place behind it, null when it is no conversion of one
+  /// double.
   [[nodiscard]] const char* readConversion(const char* at, const char* end);
-  void readFlag(char flag);
+  /// Takes a character for a flag; false, with nothing changed, when it is none.
+  bool readFlag(char character);
   /// Writes sign, "0x" and padding in front of `length` digits; gives the first character.
   [[nodiscard]] char* writeInFront(bool isNegative, char conversion, std::size_t length,
                                    char* digits) const;
@@ -47,8 +49,8 @@ class NumberFormat {
 
 /// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes
 /// 0, the format applies, and the first "," of the whole text becomes ".". A format without a
-/// conversion prints as it stands. Sets `text`; false, with `text` untouched, when the format is not
-/// acceptable or the value not finite.
+/// conversion prints as it stands. Sets `text`; false, with `text` untouched, when the format is
+/// not acceptable or the value not finite.
 [[nodiscard]] bool printNumber(std::string_view format, double value, std::string& text);
 
 }  // namespace ppword

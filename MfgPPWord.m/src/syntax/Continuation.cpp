@@ -23,8 +23,12 @@ void setContinuationMarks(KEPListValKEPUnicodeString& lines) {
   }
 }
 
+bool hasTrailingComma(const KEPListValKEPUnicodeString& lines) {
+  return lines.Size() == 1 && lines[1].View().ends_with(',');
+}
+
 void dropTrailingComma(KEPListValKEPUnicodeString& lines) {
-  if (lines.Size() != 1 || !lines[1].View().ends_with(',')) return;
+  if (!hasTrailingComma(lines)) return;
   std::string line(lines[1].View());
   line.pop_back();
   lines[1] = KEPUnicodeString(std::move(line));

@@ -10,7 +10,10 @@ namespace ppword {
 ///   GOTO/1,  and  2,3  become  GOTO/1,$  and  2,3
 void setContinuationMarks(KEPListValKEPUnicodeString& lines);
 
-/// Takes a "," off the end of the one line of a list; other lists stay as they are.
+/// True for a list of exactly one line that ends with ",".
+[[nodiscard]] bool hasTrailingComma(const KEPListValKEPUnicodeString& lines);
+
+/// Takes the "," off the end of such a list; other lists stay as they are.
 void dropTrailingComma(KEPListValKEPUnicodeString& lines);
 
 }  // namespace ppword

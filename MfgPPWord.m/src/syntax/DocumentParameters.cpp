@@ -5,6 +5,8 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
+#include "src/syntax/EscapedPercent.h"
 #include "src/syntax/ParameterValue.h"
 #include "src/syntax/ParameterValueText.h"
 
@@ -12,6 +14,13 @@ namespace ppword {
 namespace {
 
 using Source = KEPMfgPPWordListener::Source;
+
+/// What stands in place of a parameter that cannot be evaluated; read when the first one is met and
+/// kept for the process.
+std::string_view unevaluatedText() {
+  static const KEPString text = KEPMfgEnvVarMgt::Get("MFG_UNEVALUATED_PPPARAMETER");
+  return text.View();
+}
 
 bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, std::string& out) {
   KEPString text;
@@ -32,7 +41,7 @@ bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
                     const KEPISpecObject_var& type, std::string& out) {
   const auto value = parameterValue(feature, name);
   if (!value) return false;
-  const auto text = type ? formattedText(*value, formatOf(type)) : defaultText(*value);
+  const auto text = valueText(*value, type ? formatOf(type) : std::nullopt);
   if (text) out.append(*text);
   return text.has_value();
 }
@@ -46,19 +55,25 @@ bool DocumentParameters::isPPWordContainer() const {
   return static_cast<bool>(KEPIMfgPPWordContainer_var(container_));
 }
 
-bool DocumentParameters::appendText(std::string_view name, std::string& out) {
+void DocumentParameters::appendText(std::string_view name, std::string& out) {
   const std::size_t start = out.size();
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   const KEPIMfgParameterEvaluation_var evaluation = type;
   const bool done =
       evaluation ? appendEvaluation(*evaluation, out) : appendLookedUp(name, feature_, type, out);
-  if (listener_ == nullptr) return done;
+  if (!done) out.append(unevaluatedText());
+  if (listener_ == nullptr) return;
   const Source source = !done        ? Source::Nobody
                         : evaluation ? Source::Evaluation
                         : type       ? Source::FormattedParameter
                                      : Source::Parameter;
-  listener_->ReferenceReplaced(name, source, std::string_view(out).substr(start));
-  return done;
+  listener_->ReferenceReplaced(withEscapedPercents(name), source,
+                               std::string_view(out).substr(start));
+}
+
+void DocumentParameters::textDropped(std::string_view name, std::string_view text) {
+  if (listener_ == nullptr) return;
+  listener_->TextDropped(withEscapedPercents(name), withEscapedPercents(text));
 }
 
 void DocumentParameters::report(std::string_view pass, std::string_view line) const {

@@ -20,7 +20,8 @@ class DocumentParameters final : public ParameterSource {
   /// False when the feature's container is no PP word container: nothing can be looked up then.
   [[nodiscard]] bool isPPWordContainer() const;
 
-  [[nodiscard]] bool appendText(std::string_view name, std::string& out) override;
+  void appendText(std::string_view name, std::string& out) override;
+  void textDropped(std::string_view name, std::string_view text) override;
 
   /// Tells the listener, if there is one, of a line after a pass.
   void report(std::string_view pass, std::string_view line) const;

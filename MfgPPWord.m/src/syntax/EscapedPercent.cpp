@@ -9,19 +9,24 @@ namespace {
 constexpr std::string_view kEscaped = "\\%";
 constexpr std::string_view kMarker = "@#@#@#@#";
 
-void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
-  const std::string_view text = line.text();
-  // One scan for the first character: hardly any line holds it.
-  std::size_t at = text.find(what.front());
-  if (at != std::string_view::npos) at = text.find(what, at);
-  if (at == std::string_view::npos) return;
-  std::string& result = line.draft();
+/// Appends `text` to `result` with every `what` replaced, the first of which stands at `at`.
+void appendReplaced(std::string_view text, std::size_t at, std::string_view what,
+                    std::string_view by, std::string& result) {
   std::size_t from = 0;
   for (; at != std::string_view::npos; at = text.find(what, from)) {
     result.append(text, from, at - from).append(by);
     from = at + what.size();
   }
   result.append(text, from);
+}
+
+void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
+  const std::string_view text = line.text();
+  // One scan for the first character: hardly any line holds it.
+  std::size_t at = text.find(what.front());
+  if (at != std::string_view::npos) at = text.find(what, at);
+  if (at == std::string_view::npos) return;
+  appendReplaced(text, at, what, by, line.draft());
   line.accept();
 }
 
@@ -29,5 +34,11 @@ void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
 
 void maskEscapedPercents(PassedLine& line) { replaceAll(line, kEscaped, kMarker); }
 void unmaskEscapedPercents(PassedLine& line) { replaceAll(line, kMarker, "%"); }
+
+std::string withEscapedPercents(std::string_view masked) {
+  std::string text;
+  appendReplaced(masked, masked.find(kMarker), kMarker, kEscaped, text);
+  return text;
+}
 
 }  // namespace ppword

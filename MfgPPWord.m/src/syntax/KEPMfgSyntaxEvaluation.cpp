@@ -5,7 +5,6 @@
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgPPWordContainer.h"
-#include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
 #include "src/syntax/Continuation.h"
 #include "src/syntax/DocumentParameters.h"
@@ -19,18 +18,12 @@ namespace {
 
 constexpr std::string_view kDelayInstruction = "NC_DELAY";
 
-/// What stands in place of a parameter that cannot be evaluated; read once for the process.
-std::string_view unevaluatedText() {
-  static const KEPString text = KEPMfgEnvVarMgt::Get("MFG_UNEVALUATED_PPPARAMETER");
-  return text.View();
-}
-
 /// A line through the passes, in order; false when it cannot be processed.
 bool instantiateLine(PassedLine& line, DocumentParameters& parameters) {
   maskEscapedPercents(line);
   if (!parameters.isPPWordContainer()) return false;
   for (const std::string_view prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, unevaluatedText(), parameters);
+    substitute(line, prefix, parameters);
     parameters.report(prefix, line.text());
   }
   unmaskEscapedPercents(line);
@@ -49,7 +42,7 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   }
   if (outcome == Outcome::Failed) return false;
   setContinuationMarks(lines);
-  if (IsAKindOf(kDelayInstruction)) dropTrailingComma(lines);
+  if (hasTrailingComma(lines) && IsAKindOf(kDelayInstruction)) dropTrailingComma(lines);
   return outcome == Outcome::AllLines;
 }
 
@@ -66,11 +59,15 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   const auto syntax = syntaxAttribute(feature, index);
   if (!syntax) return Outcome::Failed;
   if (!syntax->IsAList()) return Outcome::NoSyntax;
+  const int count = syntax->GetTexts().Size();
   DocumentParameters parameters(feature);
   // Taken out for the call: an evaluation may instantiate this very syntax again.
   auto line = line_ ? std::move(line_) : std::make_unique<PassedLine>();
-  for (const KEPUnicodeString& syntaxLine : syntax->GetTexts()) {
-    line->start(syntaxLine.View());
+  for (int i = 1; i <= count; ++i) {
+    // Taken anew behind the first line: an evaluation may have changed the syntax.
+    const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
+    if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
+    line->start(current->GetTexts()[i]);
     if (!instantiateLine(*line, parameters)) return Outcome::Failed;
     lines.Append(KEPUnicodeString(line->text()));
   }

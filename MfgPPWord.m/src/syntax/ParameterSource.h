@@ -13,9 +13,12 @@ class ParameterSource {
   ParameterSource& operator=(const ParameterSource&) = delete;
   virtual ~ParameterSource() = default;
 
-  /// Appends the text of the parameter called `name` to `out`. False, with `out` untouched, when it
-  /// cannot be evaluated.
-  [[nodiscard]] virtual bool appendText(std::string_view name, std::string& out) = 0;
+  /// Appends to `out` the text of the parameter called `name`, or what stands in the place of one
+  /// that cannot be evaluated.
+  virtual void appendText(std::string_view name, std::string& out) = 0;
+
+  /// Hears of characters behind the name of a reference that stand in no output.
+  virtual void textDropped(std::string_view name, std::string_view text) = 0;
 };
 
 }  // namespace ppword

@@ -28,29 +28,27 @@ std::string_view wholeCharacters(std::string_view text, std::size_t count) {
   return text.substr(0, end);
 }
 
-std::optional<std::string> numberText(const KEPMfgParameterValue& value, std::string_view format) {
-  if (value.kind == KEPMfgParameterValue::kInteger) return std::to_string(value.integer);
+std::optional<std::string> realText(double value, std::string_view format) {
   std::string text;
-  const bool isPrinted =
-      value.kind == KEPMfgParameterValue::kReal && printNumber(format, value.real, text);
-  return isPrinted ? std::optional(std::move(text)) : std::nullopt;
+  return printNumber(format, value, text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
 }  // namespace
 
-std::optional<std::string> defaultText(const KEPMfgParameterValue& value) {
-  if (value.kind != KEPMfgParameterValue::kText) return numberText(value, kDefaultFormat);
-  const std::string_view text = firstCharacters(value.text.View(), kLongestText);
-  return std::string(wholeCharacters(text, kLongestText));
-}
-
-std::optional<std::string> formattedText(const KEPMfgParameterValue& value,
-                                         const std::optional<KEPUnicodeString>& format) {
-  if (value.kind != KEPMfgParameterValue::kText) {
-    return numberText(value, format ? format->View() : kDefaultFormat);
+std::optional<std::string> valueText(const KEPMfgParameterValue& value,
+                                     const std::optional<KEPUnicodeString>& format) {
+  switch (value.kind) {
+    case KEPMfgParameterValue::kInteger:
+      return std::to_string(value.integer);
+    case KEPMfgParameterValue::kReal:
+      return realText(value.real, format ? format->View() : kDefaultFormat);
+    case KEPMfgParameterValue::kText:
+      // deliberate: with a format only the characters are counted, not the bytes.
+      return std::string(format ? firstCharacters(value.text, kLongestText)
+                                : wholeCharacters(value.text, kLongestText));
+    default:
+      return std::nullopt;
   }
-  // deliberate: only the characters are counted here, not the bytes.
-  return std::string(firstCharacters(value.text.View(), kLongestText));
 }
 
 }  // namespace ppword

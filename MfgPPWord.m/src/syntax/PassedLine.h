@@ -10,8 +10,11 @@ namespace ppword {
 /// kept from line to line.
 class PassedLine {
  public:
-  /// Starts a line; `text` must stay valid until the next one starts.
-  void start(std::string_view text) noexcept { text_ = text; }
+  /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
+  void start(std::string_view text) {
+    original_ = text;
+    text_ = original_;
+  }
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
 
@@ -27,6 +30,7 @@ class PassedLine {
   }
 
  private:
+  std::string original_;
   std::string_view text_;
   std::string drafts_[2];
   int next_ = 0;

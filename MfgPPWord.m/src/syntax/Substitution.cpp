@@ -2,21 +2,31 @@
 
 #include <algorithm>
 
-#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "System/KEPUnicodeString.h"
 
 namespace ppword {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
-/// A reference as it stands in the line: its name, and what ends it.
+/// A reference as it stands in the line: its name, what was lost behind the name, and the place of
+/// the character that ends it; the size of the line when none does.
 struct Reference {
   std::string_view name;
+  std::string_view lost;
   std::size_t end;
-  char terminator;
-  /// True when nothing ends the name but the end of the line.
-  bool isLast;
 };
+
+/// Size of the text without its last character.
+std::size_t withoutLastCharacter(std::string_view text) {
+  std::size_t size = text.size();
+  while (size > 0 && !KEPUnicodeString::StartsCharacter(text[--size])) {
+  }
+  return size;
+}
+
+/// True for what ends a name in a line without the preferred terminator.
+bool endsName(char character) { return character == ' ' || character == '\n' || character == '"'; }
 
 /// Position of the first `prefix` from `from` on. The prefix is looked for by its last character: a
 /// line that has none of it costs one scan.
@@ -40,13 +50,14 @@ class ReferenceScanner {
     // deliberate: the preferred terminator wins over a nearer blank.
     std::size_t end = hasPreferred_ ? line_.find(preferred_, begin) : kNone;
     hasPreferred_ = end != kNone;
-    if (hasPreferred_) return {line_.substr(begin, end - begin), end, preferred_, false};
-    end = line_.find_first_of(" \n\"", begin);
-    if (end == kNone) return {line_.substr(begin), line_.size(), preferred_, true};
-    std::size_t length = end - begin;
+    if (hasPreferred_) return {line_.substr(begin, end - begin), {}, end};
+    end = begin;
+    while (end < line_.size() && !endsName(line_[end])) ++end;
+    const std::string_view name = line_.substr(begin, end - begin);
+    if (end == line_.size() || line_[end] != '\n') return {name, {}, end};
     // deliberate: the character before a line feed is lost.
-    if (line_[end] == '\n' && length > 0) --length;
-    return {line_.substr(begin, length), end, line_[end], false};
+    const std::size_t kept = withoutLastCharacter(name);
+    return {name.substr(0, kept), name.substr(kept), end};
   }
 
  private:
@@ -68,27 +79,20 @@ std::string_view cutAt(std::string_view& name, char mark) {
   return cut;
 }
 
-void reportDropped(std::string_view name, std::string_view dropped) {
-  KEPMfgPPWordListener* const listener = KEPMfgPPWordListener::Current();
-  if (listener != nullptr) listener->TextDropped(name, dropped);
-}
-
 /// Trims a name of the text behind it that is no part of it; gives the number of ")" to write back.
-std::size_t trimName(std::string_view& name, std::string_view prefix) {
+std::size_t trimName(std::string_view& name, std::string_view prefix, ParameterSource& parameters) {
   // deliberate: every character behind the first ")" comes back as a ")".
-  const std::string_view parentheses = cutAt(name, ')');
+  const std::string_view behind = cutAt(name, ')');
   const std::string_view mark = prefix == kNumberPrefix ? cutAt(name, '$') : std::string_view{};
-  if (!parentheses.empty() && parentheses.find_first_not_of(')') != kNone) {
-    reportDropped(name, parentheses);
-  }
-  if (!mark.empty()) reportDropped(name, mark);
-  return parentheses.size();
+  if (behind.find_first_not_of(')') != kNone) parameters.textDropped(name, behind);
+  if (!mark.empty()) parameters.textDropped(name, mark);
+  return static_cast<std::size_t>(
+      std::count_if(behind.begin(), behind.end(), KEPUnicodeString::StartsCharacter));
 }
 
 }  // namespace
 
-void substitute(PassedLine& line, std::string_view prefix, std::string_view unevaluated,
-                ParameterSource& parameters) {
+void substitute(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
   const std::string_view text = line.text();
   std::size_t start = findPrefix(text, prefix, 0);
   if (start == kNone) return;
@@ -99,14 +103,14 @@ void substitute(PassedLine& line, std::string_view prefix, std::string_view unev
   std::size_t from = 0;
   for (; start != kNone; start = findPrefix(text, prefix, from)) {
     out.append(text, from, start - from);
-    Reference reference = scanner.at(start);
-    const std::size_t parentheses = isTrimmed ? trimName(reference.name, prefix) : 0;
-    if (!parameters.appendText(reference.name, out)) out.append(unevaluated);
+    auto [name, lost, end] = scanner.at(start);
+    if (!lost.empty()) parameters.textDropped(name, lost);
+    const std::size_t parentheses = isTrimmed ? trimName(name, prefix, parameters) : 0;
+    parameters.appendText(name, out);
     if (parentheses > 0) out.append(parentheses, ')');
-    from = reference.end;
-    if (reference.isLast) break;
-    if (reference.terminator != ')') out.push_back(reference.terminator);
-    ++from;
+    from = end;
+    // The other terminators stay in the line.
+    if (from < text.size() && text[from] == ')') ++from;
   }
   out.append(text, from);
   line.accept();
