@@ -8,8 +8,8 @@ class KEP_PLATFORM KEPIMfgParameterEvaluation : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgParameterEvaluation";
 
-  /// True: `value` holds the parameter's text. False: the parameter cannot be evaluated, and `value`
-  /// is untouched.
+  /// True: `value` holds the parameter's text. False: the parameter cannot be evaluated, and
+  /// `value` is untouched.
   [[nodiscard]] virtual bool Evaluate(KEPString& value) = 0;
 };
 

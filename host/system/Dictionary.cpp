@@ -79,7 +79,6 @@ void KEPFillDictionary(const KEPMetaClass* extension, const KEPMetaClass* interf
     auto& providers = dictionary.lateTypes[lateType];
     if (host::findProvider(providers, interfaceClass) != nullptr) continue;
     providers.push_back({interfaceClass, creator});
-    dictionary.registrations.push_back(
-        {lateType, extension, interfaceClass, creator, data, flag});
+    dictionary.registrations.push_back({lateType, extension, interfaceClass, creator, data, flag});
   }
 }

@@ -1,20 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <string>
 #include <utility>
 
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferSeqMotionNumber.h"
-#include "KEPIMfgParameterEvaluation.h"
 #include "KEPIMfgSyntaxEvaluation.h"
-#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPError.h"
 #include "host/modeler/Container.h"
-#include "host/system/Session.h"
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 #include "tests/support/PPWordDocument.h"
+#include "tests/syntax/Instantiated.h"
 
 namespace ppword::test {
 namespace {
@@ -22,27 +19,6 @@ namespace {
 using host::integerValue;
 using host::realValue;
 using host::textValue;
-
-/// The instruction's first syntax instantiated into a list that holds `before` already.
-struct Instantiated {
-  bool done;
-  Texts lines;
-  friend bool operator==(const Instantiated&, const Instantiated&) = default;
-};
-
-std::ostream& operator<<(std::ostream& out, const Instantiated& result) {
-  out << (result.done ? "true" : "false");
-  for (const std::string& line : result.lines) out << " «" << line << "»";
-  return out;
-}
-
-Instantiated instantiate(const KEPISpecObject_var& instruction, int index = 1,
-                         const Texts& before = {}) {
-  KEPListValKEPUnicodeString lines = list(before);
-  const KEPIMfgSyntaxEvaluation_var evaluation = instruction;
-  const bool done = evaluation->InstantiateSyntax(lines, index);
-  return {done, texts(lines)};
-}
 
 struct Case {
   const char* syntax;
@@ -349,94 +325,6 @@ TEST_F(SyntaxEvaluation, ReferenceCountsAreAsBefore) {
   EXPECT_EQ(counts(), before);
 }
 
-/// Evaluation of the parameter types HOOK: calls what the running test set.
-std::function<bool(KEPString&)>* hook = nullptr;
-
-class HookEvaluation final : public KEPIMfgParameterEvaluation {
- public:
-  [[nodiscard]] bool Evaluate(KEPString& value) override { return (*hook)(value); }
-};
-
-KEPBaseUnknown* createHook(KEPBaseUnknown* extended) {
-  auto* const evaluation = new HookEvaluation;
-  evaluation->BindTo(*extended);
-  return evaluation;
-}
-
-class HookedSyntax : public SyntaxEvaluation {
- protected:
-  HookedSyntax() {
-    static const KEPMetaClass meta("HookEvaluation", KEPMetaClass::TypeOfClass::DataExtension,
-                                   nullptr, "HOOK", "Tests");
-    KEPFillDictionary(&meta, KEPInterfaceId<KEPIMfgParameterEvaluation>(), &createHook, nullptr, 1);
-    hook = &called;
-    make("HOOK", "MfgPPParameter");
-  }
-  ~HookedSyntax() override { hook = nullptr; }
-
-  std::function<bool(KEPString&)> called = [](KEPString&) { return true; };
-};
-
-TEST_F(HookedSyntax, EvaluationThatAssignsNothingPrintsNothing) {
-  int count = 0;
-  called = [&count](KEPString& value) {
-    if (++count == 1) value = "v";
-    return true;
-  };
-  EXPECT_EQ(instantiate(instruction("NC_X", {"%HOOK,%HOOK,1"})).lines, Texts{"v,,1"});
-}
-
-TEST_F(HookedSyntax, TextOfAnEvaluationThatFailsIsNotPrinted) {
-  called = [](KEPString& value) {
-    value = "half";
-    return false;
-  };
-  EXPECT_EQ(instantiate(instruction("NC_X", {"%HOOK,1"})).lines, Texts{",1"});
-}
-
-TEST_F(HookedSyntax, SyntaxMayBeInstantiatedAgainByAnEvaluation) {
-  activity()->parameters().set("A", integerValue(5));
-  const auto instr = instruction("NC_X", {"ONE/%HOOK,%A", "TWO/%A"});
-  int depth = 0;
-  called = [&](KEPString& value) {
-    if (++depth == 1) {
-      EXPECT_EQ(instantiate(instr).lines, (Texts{"ONE/in,5", "TWO/5"}));
-    }
-    value = "in";
-    return true;
-  };
-  EXPECT_EQ(instantiate(instr).lines, (Texts{"ONE/in,5", "TWO/5"}));
-}
-
-TEST_F(HookedSyntax, SyntaxMayBeRewrittenByAnEvaluation) {
-  const auto instr = instruction("NC_X", {"ONE/%HOOK,AND SOME LENGTH OF ITS OWN", "TWO", "THREE"});
-  called = [&](KEPString& value) {
-    KEPISpecAttrAccess_var(instr)->SetList("Syntaxe", list({"NEW ONE", "NEW TWO", "NEW THREE"}));
-    value = "v";
-    return true;
-  };
-  EXPECT_EQ(instantiate(instr),
-            (Instantiated{true, {"ONE/v,AND SOME LENGTH OF ITS OWN", "NEW TWO", "NEW THREE"}}));
-}
-
-TEST_F(HookedSyntax, SyntaxThatLosesItsLinesFails) {
-  const auto instr = instruction("NC_X", {"ONE/%HOOK,1", "TWO"});
-  called = [&](KEPString&) {
-    KEPISpecAttrAccess_var(instr)->RemoveAll("Syntaxe");
-    return true;
-  };
-  EXPECT_EQ(instantiate(instr), (Instantiated{false, {"ONE/,1"}}));
-}
-
-TEST_F(HookedSyntax, ErrorOfAnEvaluationLeavesTheFinishedLines) {
-  called = [](KEPString&) -> bool { throw KEPErrorNullHandle(); };
-  const KEPIMfgSyntaxEvaluation_var evaluation = instruction("NC_X", {"ONE,", "TWO/%HOOK"});
-  KEPListValKEPUnicodeString lines;
-  const int first = 1;
-  EXPECT_THROW((void)evaluation->InstantiateSyntax(lines, first), KEPErrorNullHandle);
-  EXPECT_EQ(texts(lines), Texts{"ONE,"});
-}
-
 TEST_F(SyntaxEvaluation, EvaluationWithoutValueIsNotLookedUpFurther) {
   make("MFG_XPOINT", "MfgPPParameter");
   activity()->parameters().set("MFG_XPOINT", realValue(5));
@@ -502,44 +390,6 @@ TEST_F(SyntaxEvaluation, InstanceIsInstantiatedAsItsType) {
   const auto delay = instruction("NC_DELAY", {"DELAY/2,%GONE"});
   const auto instance = KEPISpecObject_var::Adopt(features->CreateInstance(delay, ""));
   EXPECT_EQ(instantiate(instance).lines, Texts{"DELAY/2"});
-}
-
-/// Writes down what the engine tells.
-class Notes final : public KEPMfgPPWordListener {
- public:
-  Notes() { host::session().listener = this; }
-  ~Notes() override { host::session().listener = nullptr; }
-  Notes(const Notes&) = delete;
-  Notes& operator=(const Notes&) = delete;
-
-  void LineAfterPass(std::string_view pass, std::string_view line) override {
-    passes.push_back(std::string(pass) + " " + std::string(line));
-  }
-  void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
-    references.push_back(std::string(name) + " " + std::to_string(static_cast<int>(source)) + " " +
-                         std::string(text));
-  }
-  void TextDropped(std::string_view name, std::string_view text) override {
-    dropped.push_back(std::string(name) + " " + std::string(text));
-  }
-
-  Texts passes, references, dropped;
-};
-
-TEST_F(SyntaxEvaluation, ListenerHearsOfPassesAndReferences) {
-  format("MFG_XPOINT", "%.1f");
-  format("F", "%.2f");
-  auto operation = activity();
-  operation->parameters().set("F", realValue(2));
-  operation->parameters().set("W", textValue("RPM"));
-  const Notes notes;
-  EXPECT_EQ(instantiate(instruction("NC_X", {"&W,%F,%MFG_XPOINT,%BAD\\%,%F$"})).lines,
-            Texts{"RPM,2.00,0.0,,2.00"});
-  EXPECT_EQ(notes.references,
-            (Texts{"W 2 RPM", "F 1 2.00", "MFG_XPOINT 0 0.0", "BAD\\% 3 ", "F 1 2.00"}));
-  EXPECT_EQ(notes.dropped, Texts{"F $"});
-  EXPECT_EQ(notes.passes.back(), "% RPM,2.00,0.0,,2.00");
-  EXPECT_EQ(notes.passes.size(), 3U);
 }
 
 TEST_F(SyntaxEvaluation, BytesThatAreNotUtf8ComeOutUnchanged) {

@@ -56,8 +56,7 @@ bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer
   const auto numbers = KEPBaseUnknown_var::Adopt(container->QueryInterface(buffer));
   if (!numbers) return false;
   KEPUnicodeString format;
-  return findFormat(parameter, source, format) &&
-         printNumber(format, read(*numbers), value.Edit());
+  return findFormat(parameter, source, format) && printNumber(format, read(*numbers), value.Edit());
 }
 
 }  // namespace ppword
