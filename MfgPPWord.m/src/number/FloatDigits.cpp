@@ -79,7 +79,7 @@ constexpr auto kPairs = [] {
 /// Write the last digits of `number` in front of `at`.
 void writePair(std::uint32_t& number, char*& at) {
   at -= 2;
-  std::memcpy(at, &kPairs[2 * (number % 100)], 2);
+  std::memcpy(at, &kPairs[std::size_t{2} * (number % 100)], 2);
   number /= 100;
 }
 void writeDigit(std::uint32_t& number, char*& at) {

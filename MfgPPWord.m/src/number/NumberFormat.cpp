@@ -164,8 +164,8 @@ void NumberFormat::appendNumber(double value, std::string& out) const {
 
 char* NumberFormat::writeInFront(bool isNegative, char conversion, std::size_t length,
                                  char* digits) const {
-  const char sign = isNegative ? '-' : plus_ ? '+' : blank_ ? ' ' : 0;
-  const std::size_t signs = (sign != 0 ? 1U : 0U) + (conversion == 'a' ? 2U : 0U);
+  const char sign = isNegative ? '-' : plus_ ? '+' : blank_ ? ' ' : '\0';
+  const std::size_t signs = (sign != '\0' ? 1U : 0U) + (conversion == 'a' ? 2U : 0U);
   const auto width = static_cast<std::size_t>(width_);
   const std::size_t padding = !left_ && width > length + signs ? width - length - signs : 0;
   char* first = digits;
@@ -174,7 +174,7 @@ char* NumberFormat::writeInFront(bool isNegative, char conversion, std::size_t l
     *--first = 'x';
     *--first = '0';
   }
-  if (sign != 0) *--first = sign;
+  if (sign != '\0') *--first = sign;
   if (!zero_) first = std::fill_n(first - padding, padding, ' ') - padding;
   return first;
 }
