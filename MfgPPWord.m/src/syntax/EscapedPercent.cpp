@@ -20,10 +20,9 @@ void appendReplaced(std::string_view text, std::size_t at, std::string_view what
   result.append(text, from);
 }
 
-void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
+/// `at`: where the first `what` may stand, at the earliest.
+void replaceAll(PassedLine& line, std::size_t at, std::string_view what, std::string_view by) {
   const std::string_view text = line.text();
-  // One scan for the first character: hardly any line holds it.
-  std::size_t at = text.find(what.front());
   if (at != std::string_view::npos) at = text.find(what, at);
   if (at == std::string_view::npos) return;
   appendReplaced(text, at, what, by, line.draft());
@@ -32,8 +31,14 @@ void replaceAll(PassedLine& line, std::string_view what, std::string_view by) {
 
 }  // namespace
 
-void maskEscapedPercents(PassedLine& line) { replaceAll(line, kEscaped, kMarker); }
-void unmaskEscapedPercents(PassedLine& line) { replaceAll(line, kMarker, "%"); }
+void maskEscapedPercents(PassedLine& line) {
+  static constexpr CharacterSet kBackslash("\\");
+  if (line.mayHoldAny(kBackslash)) replaceAll(line, 0, kEscaped, kMarker);
+}
+
+void unmaskEscapedPercents(PassedLine& line) {
+  replaceAll(line, line.text().find(kMarker.front()), kMarker, "%");
+}
 
 std::string withEscapedPercents(std::string_view masked) {
   std::string text;

@@ -3,6 +3,8 @@
 #include <string>
 #include <string_view>
 
+#include "src/syntax/CharacterSet.h"
+
 namespace ppword {
 
 /// A syntax line on its way through the passes. A pass reads `text()`, writes the changed line into
@@ -13,10 +15,18 @@ class PassedLine {
   /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
   void start(std::string_view text) {
     original_ = text;
-    text_ = original_;
+    change(original_);
   }
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
+
+  /// False only when the text holds none of these characters. One scan answers for all passes until
+  /// the text changes: a pass asks here whether it has anything to do.
+  [[nodiscard]] bool mayHoldAny(CharacterSet characters) noexcept {
+    if (!isScanned_) characters_ = CharacterSet(text_);
+    isScanned_ = true;
+    return characters_.mayHoldAny(characters);
+  }
 
   /// Empty room for the changed line; `text()` stays valid while it is written.
   [[nodiscard]] std::string& draft() {
@@ -25,13 +35,20 @@ class PassedLine {
   }
   /// The draft becomes the text.
   void accept() noexcept {
-    text_ = drafts_[next_];
+    change(drafts_[next_]);
     next_ = 1 - next_;
   }
 
  private:
+  void change(std::string_view text) noexcept {
+    text_ = text;
+    isScanned_ = false;
+  }
+
   std::string original_;
   std::string_view text_;
+  CharacterSet characters_{""};
+  bool isScanned_ = false;
   std::string drafts_[2];
   int next_ = 0;
 };

@@ -9,6 +9,9 @@ namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 
+/// What ends a name without ending the reference.
+constexpr CharacterSet kTrimmed(")$");
+
 /// A reference as it stands in the line: its name, what was lost behind the name, and the place of
 /// the character that ends it; the size of the line when none does.
 struct Reference {
@@ -66,11 +69,6 @@ class ReferenceScanner {
   bool hasPreferred_ = true;
 };
 
-/// True when a line holds a character that ends a name without ending the reference.
-bool needsTrimming(std::string_view line) {
-  return line.find(')') != kNone || line.find('$') != kNone;
-}
-
 /// Cuts a name at its first `mark` and gives what was cut off.
 std::string_view cutAt(std::string_view& name, char mark) {
   const std::size_t place = std::min(name.find(mark), name.size());
@@ -93,11 +91,13 @@ std::size_t trimName(std::string_view& name, std::string_view prefix, ParameterS
 }  // namespace
 
 void substitute(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
+  // An expression shows by its "(": nearly every line has a "%".
+  if (!line.mayHoldAny(CharacterSet(prefix.substr(prefix.size() - 1)))) return;
   const std::string_view text = line.text();
   std::size_t start = findPrefix(text, prefix, 0);
   if (start == kNone) return;
   const bool isExpression = prefix == kExpressionPrefix;
-  const bool isTrimmed = !isExpression && needsTrimming(text);
+  const bool isTrimmed = !isExpression && line.mayHoldAny(kTrimmed);
   ReferenceScanner scanner(text, isExpression ? ')' : ',');
   std::string& out = line.draft();
   std::size_t from = 0;
