@@ -14,9 +14,9 @@
 #include <string>
 
 #include "host/generator/Generator.h"
-#include "host/generator/JobReader.h"
 #include "host/generator/LineReader.h"
 #include "host/generator/OutputFile.h"
+#include "host/job/JobReader.h"
 #include "tests/bench/PostJob.h"
 
 PostJob::PostJob()

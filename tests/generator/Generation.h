@@ -8,7 +8,7 @@
 
 #include "host/generator/Generator.h"
 #include "host/generator/InputError.h"
-#include "host/generator/JobSetup.h"
+#include "host/job/JobSetup.h"
 #include "tests/generator/Jobs.h"
 
 namespace host::test {

@@ -1,4 +1,4 @@
-#include "host/generator/JobReader.h"
+#include "host/job/JobReader.h"
 
 #include <gtest/gtest.h>
 

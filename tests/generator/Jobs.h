@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/generator/InputError.h"
-#include "host/generator/JobReader.h"
+#include "host/job/JobReader.h"
 #include "tests/support/InputFile.h"
 
 namespace host::test {

@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "Mathematics/KEPMathAxis.h"
-#include "host/generator/JobPlace.h"
 #include "host/generator/ToolPath.h"
+#include "host/job/JobPlace.h"
 
 namespace host::job {
 

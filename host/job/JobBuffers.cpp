@@ -1,9 +1,9 @@
-#include "host/generator/JobBuffers.h"
+#include "host/job/JobBuffers.h"
 
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
-#include "host/generator/JobObject.h"
+#include "host/job/JobObject.h"
 
 namespace host::job {
 namespace {

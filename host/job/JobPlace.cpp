@@ -1,4 +1,4 @@
-#include "host/generator/JobPlace.h"
+#include "host/job/JobPlace.h"
 
 #include <algorithm>
 

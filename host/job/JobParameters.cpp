@@ -1,11 +1,11 @@
-#include "host/generator/JobParameters.h"
+#include "host/job/JobParameters.h"
 
 #include <algorithm>
 #include <array>
 #include <limits>
 #include <unordered_set>
 
-#include "host/generator/JobObject.h"
+#include "host/job/JobObject.h"
 #include "host/manufacturing/Activity.h"
 
 namespace host::job {

@@ -2,7 +2,7 @@
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "System/KEPPlatform.h"
-#include "host/generator/JobHeader.h"
+#include "host/job/JobHeader.h"
 #include "host/modeler/Document.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/generator/JobValue.h"
+#include "host/job/JobValue.h"
 
 namespace host::job {
 

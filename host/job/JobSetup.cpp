@@ -1,4 +1,4 @@
-#include "host/generator/JobSetup.h"
+#include "host/job/JobSetup.h"
 
 #include "host/manufacturing/GeneratorData.h"
 #include "host/system/Session.h"

@@ -1,4 +1,4 @@
-#include "host/generator/JobObject.h"
+#include "host/job/JobObject.h"
 
 #include <string>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "System/KEPPlatform.h"
-#include "host/generator/JobBuffers.h"
-#include "host/generator/JobHeader.h"
+#include "host/job/JobBuffers.h"
+#include "host/job/JobHeader.h"
 
 namespace host::job {
 

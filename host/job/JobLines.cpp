@@ -1,9 +1,9 @@
-#include "host/generator/JobLines.h"
+#include "host/job/JobLines.h"
 
 #include <array>
 
-#include "host/generator/JobObject.h"
-#include "host/generator/JobParameters.h"
+#include "host/job/JobObject.h"
+#include "host/job/JobParameters.h"
 
 namespace host::job {
 namespace {

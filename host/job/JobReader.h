@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "System/KEPPlatform.h"
-#include "host/generator/JobHeader.h"
 #include "host/generator/LineReader.h"
 #include "host/generator/ToolPath.h"
+#include "host/job/JobHeader.h"
 
 namespace host {
 

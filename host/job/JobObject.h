@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/generator/JobValue.h"
+#include "host/job/JobValue.h"
 
 namespace host::job {
 

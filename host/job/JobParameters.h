@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
-#include "host/generator/JobValue.h"
+#include "host/job/JobValue.h"
 
 namespace host::job {
 

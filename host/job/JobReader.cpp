@@ -1,9 +1,9 @@
-#include "host/generator/JobReader.h"
+#include "host/job/JobReader.h"
 
 #include <utility>
 
 #include "host/generator/InputError.h"
-#include "host/generator/JobLines.h"
+#include "host/job/JobLines.h"
 
 namespace host {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/generator/JobValue.h"
+#include "host/job/JobValue.h"
 
 #include <array>
 #include <charconv>
