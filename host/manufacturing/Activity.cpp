@@ -14,6 +14,12 @@ KEPVar<Activity> Activity::createVirtual(std::string_view name, KEPIMfgActivity_
   return activity;
 }
 
+HRESULT Activity::GetToolAndAssembly(KEPBaseUnknown_var& tool, KEPBaseUnknown_var& assembly) const {
+  tool = nullptr;
+  assembly = nullptr;
+  return E_FAIL;
+}
+
 KEPBaseUnknown* Activity::Answer(const KEPMetaClass* interfaceClass) {
   if (interfaceClass == KEPInterfaceId<KEPIMfgActivity>()) return this;
   if (interfaceClass == KEPInterfaceId<KEPIMfgCustomParameters>()) return &customParameters_;

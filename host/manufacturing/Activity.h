@@ -41,6 +41,7 @@ class KEP_PLATFORM Activity final : public KEPIMfgActivity {
                                                       KEPIMfgActivity_var real);
 
   [[nodiscard]] KEPUnicodeString GetName() const override { return {name_}; }
+  HRESULT GetToolAndAssembly(KEPBaseUnknown_var& tool, KEPBaseUnknown_var& assembly) const override;
 
   /// The parameters that a user added; asked first.
   [[nodiscard]] ParameterTable<KEPIMfgCustomParameters>& customParameters() noexcept {

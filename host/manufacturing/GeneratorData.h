@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string_view>
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
@@ -16,12 +17,15 @@ class KEP_PLATFORM GeneratorData final : public KEPIMfgGeneratorData {
   [[nodiscard]] static KEPVar<GeneratorData> createWithoutSettings();
 
   [[nodiscard]] KEPIMfgOutputSettings_var GetOutputSettings() const override { return settings_; }
+  void GetAngleFactor(double& factor) const override { factor = angleFactor_.value_or(factor); }
+  void setAngleFactor(double factor) noexcept { angleFactor_ = factor; }
 
  private:
   explicit GeneratorData(KEPIMfgOutputSettings_var settings) : settings_(std::move(settings)) {}
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
 
   KEPIMfgOutputSettings_var settings_;
+  std::optional<double> angleFactor_;
 };
 
 /// Makes `data` (null: none) the data of the running generation.

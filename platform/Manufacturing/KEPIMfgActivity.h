@@ -1,14 +1,22 @@
 #pragma once
 
+#include "System/KEPResult.h"
 #include "System/KEPUnicodeString.h"
 #include "System/KEPVar.h"
 
 /// An activity of a manufacturing program: a machining operation, a tool change, an instruction.
+/// The names of its late type and of that type's base types tell its kind.
 class KEP_PLATFORM KEPIMfgActivity : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgActivity";
 
   [[nodiscard]] virtual KEPUnicodeString GetName() const = 0;
+
+  /// The tool that the activity works with, and the assembly that holds the tool; either is null
+  /// when there is none. A negative status means that the activity knows no tool; both are null
+  /// then.
+  virtual HRESULT GetToolAndAssembly(KEPBaseUnknown_var& tool,
+                                     KEPBaseUnknown_var& assembly) const = 0;
 };
 
 using KEPIMfgActivity_var = KEPVar<KEPIMfgActivity>;
@@ -23,3 +31,11 @@ class KEP_PLATFORM KEPIMfgVirtualActivity : public KEPBaseUnknown {
 };
 
 using KEPIMfgVirtualActivity_var = KEPVar<KEPIMfgVirtualActivity>;
+
+/// An activity that removes material.
+class KEP_PLATFORM KEPIMfgMachiningOperation : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgMachiningOperation";
+};
+
+using KEPIMfgMachiningOperation_var = KEPVar<KEPIMfgMachiningOperation>;

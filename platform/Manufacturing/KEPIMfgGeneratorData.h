@@ -23,6 +23,10 @@ class KEP_PLATFORM KEPIMfgGeneratorData : public KEPBaseUnknown {
 
   /// Null when the generation has no settings of its own.
   [[nodiscard]] virtual KEPIMfgOutputSettings_var GetOutputSettings() const = 0;
+
+  /// The factor that takes an angle in radians to the unit of the output; untouched when the
+  /// generation sets none.
+  virtual void GetAngleFactor(double& factor) const = 0;
 };
 
 using KEPIMfgGeneratorData_var = KEPVar<KEPIMfgGeneratorData>;

@@ -5,25 +5,62 @@
 #include "Manufacturing/KEPMfgParameterValue.h"
 #include "System/KEPVar.h"
 
-/// The parameters that a user added to an object, by name.
-class KEP_PLATFORM KEPIMfgCustomParameters : public KEPBaseUnknown {
+/// Typed values by name: what the interfaces below and those of tools have in common. No interface
+/// of its own.
+class KEP_PLATFORM KEPMfgNamedValues : public KEPBaseUnknown {
  public:
-  static constexpr const char* kInterfaceName = "KEPIMfgCustomParameters";
-
   /// Gives the typed value of a parameter. 0 for success; any other result means that the object
   /// has no such parameter, and `value` is untouched.
   [[nodiscard]] virtual int GetValue(std::string_view name, KEPMfgParameterValue& value) const = 0;
 };
 
+/// The parameters that a user added to an object.
+class KEP_PLATFORM KEPIMfgCustomParameters : public KEPMfgNamedValues {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgCustomParameters";
+};
+
 using KEPIMfgCustomParameters_var = KEPVar<KEPIMfgCustomParameters>;
 
 /// The object's own parameters under the names that NC output knows them by.
-class KEP_PLATFORM KEPIMfgV4ToV5Parameters : public KEPBaseUnknown {
+class KEP_PLATFORM KEPIMfgV4ToV5Parameters : public KEPMfgNamedValues {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgV4ToV5Parameters";
-
-  /// As KEPIMfgCustomParameters::GetValue.
-  [[nodiscard]] virtual int GetValue(std::string_view name, KEPMfgParameterValue& value) const = 0;
 };
 
 using KEPIMfgV4ToV5Parameters_var = KEPVar<KEPIMfgV4ToV5Parameters>;
+
+/// How an operation, or one motion of it, machines. A read that fails may leave a last error.
+///   MfgDwellMode         text, of an operation: MfgDwellRound or MfgDwellTime
+///   MfgSpindleDwellMode  text, of a sequential motion: "MfgSpindleDwellByRevolution" or
+///                        "MfgSpindleDwellByTimeUnit"
+class KEP_PLATFORM KEPIMfgStrategyParameters : public KEPMfgNamedValues {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgStrategyParameters";
+};
+
+using KEPIMfgStrategyParameters_var = KEPVar<KEPIMfgStrategyParameters>;
+
+/// The dimensions of a tool assembly: reals, lengths in the unit of the output.
+///   MFG_TL_SET_X, MFG_TL_SET_Y, MFG_TL_SET_Z  from the spindle or turret to the tool's reference
+class KEP_PLATFORM KEPIMfgGeomParameters : public KEPMfgNamedValues {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgGeomParameters";
+};
+
+using KEPIMfgGeomParameters_var = KEPVar<KEPIMfgGeomParameters>;
+
+/// Feed rates and spindle speeds of an operation, or of one motion of it.
+///   MfgSpindleSpeedType      text, of a sequential motion: "MfgSpindleSpeedLocal" when the motion
+///                            has a spindle speed of its own
+///   MfgSpindleWayOfRotation  text, of a sequential motion: "MfgSpindleCLW" or another way
+class KEP_PLATFORM KEPIMfgFeedrateParameters : public KEPMfgNamedValues {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgFeedrateParameters";
+
+  /// A feed rate or speed: Mfg_MachiningFeedrateValue, Mfg_SpindleSpeedValue; a knowledge parameter
+  /// as a rule. Null when the object has none of that name.
+  [[nodiscard]] virtual KEPBaseUnknown_var GetParameter(std::string_view name) const = 0;
+};
+
+using KEPIMfgFeedrateParameters_var = KEPVar<KEPIMfgFeedrateParameters>;

@@ -147,6 +147,10 @@ TEST_F(SyntaxEvaluation, VirtualActivityLeadsToTheRealOne) {
 class ForeignActivity final : public KEPIMfgActivity {
  public:
   [[nodiscard]] KEPUnicodeString GetName() const override { return "Foreign"; }
+  HRESULT GetToolAndAssembly(KEPBaseUnknown_var& /*tool*/,
+                             KEPBaseUnknown_var& /*assembly*/) const override {
+    return E_FAIL;
+  }
 
  private:
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override {

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "System/KEPResult.h"
+#include "System/KEPVar.h"
+
+/// A computed tool path.
+class KEP_PLATFORM KEPIMfgTraject : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgTraject";
+
+  /// Tells whether the type of the path is known and, if so, sets `type`: 1 when the tool axis
+  /// stays fixed, another code when it varies. A negative status means that nobody can tell; `type`
+  /// is untouched then.
+  virtual HRESULT GetType(bool& known, int& type) const = 0;
+};
+
+using KEPIMfgTraject_var = KEPVar<KEPIMfgTraject>;
+
+/// The tool path of an activity.
+class KEP_PLATFORM KEPIMfgToolPathManagement : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgToolPathManagement";
+
+  /// A negative status, or a null path, means that none is computed.
+  virtual HRESULT GetToolPath(KEPIMfgTraject_var& path) const = 0;
+};
+
+using KEPIMfgToolPathManagement_var = KEPVar<KEPIMfgToolPathManagement>;

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "System/KEPPlatform.h"
+
+/// Three components of a point or a direction.
+struct KEPMathVector {
+  double x = 0.0;
+  double y = 0.0;
+  double z = 0.0;
+
+  /// Makes it a unit vector; a vector of length 0 stays as it is.
+  KEP_PLATFORM void Normalize();
+
+  [[nodiscard]] double Dot(const KEPMathVector& other) const noexcept {
+    return x * other.x + y * other.y + z * other.z;
+  }
+  [[nodiscard]] KEPMathVector Cross(const KEPMathVector& other) const noexcept {
+    return {y * other.z - z * other.y, z * other.x - x * other.z, x * other.y - y * other.x};
+  }
+  friend KEPMathVector operator-(const KEPMathVector& left, const KEPMathVector& right) noexcept {
+    return {left.x - right.x, left.y - right.y, left.z - right.z};
+  }
+  friend bool operator==(const KEPMathVector&, const KEPMathVector&) = default;
+};
