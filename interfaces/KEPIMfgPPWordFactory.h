@@ -10,8 +10,9 @@ class KEP_PLATFORM KEPIMfgPPWordFactory : public KEPBaseUnknown {
   static constexpr const char* kInterfaceName = "KEPIMfgPPWordFactory";
 
   /// Sets `command` to a new, nameless instance of the type MfgPPCommand that stands for the NC
-  /// instruction `name` and its sequence `number`. Raises the null-handle error, with `command`
-  /// untouched, when the container cannot make one.
+  /// instruction `name` and its sequence `number`, neither of them checked. Raises the null-handle
+  /// error, with `command` and the container untouched, when the container has no such type or
+  /// what it makes of it is no PP command.
   virtual void CreatePPCommand(KEPIMfgPPCommand_var& command, const KEPUnicodeString& name,
                                const int& number) = 0;
 };

@@ -12,14 +12,15 @@ class KEP_PLATFORM KEPIMfgPPWordTable : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgPPWordTable";
 
-  /// The number of members less one.
+  /// The number of members less one: -1 when there is none. False, with a count of 0, when the
+  /// object extends no container.
   [[nodiscard]] virtual bool GetNumberOfNCInstruction(int& count) = 0;
 
-  /// The name of the type at an index. False when the index exceeds the number of members.
+  /// The late type name of the member at an index. False when there is no such member.
   [[nodiscard]] virtual bool GetNameOfNCInstruction(int index, KEPString& name) = 0;
 
-  /// The number of attributes at an index, the modeler's bookkeeping attributes not counted. False
-  /// when the index exceeds the number of members.
+  /// The number of attributes of the member at an index, the modeler's bookkeeping attributes not
+  /// counted, those without a value included. False when there is no such member.
   [[nodiscard]] virtual bool GetNumberOfSequenceForNCInstruction(int index, int& count) = 0;
 
   /// Appends the items of the list attribute at position `sequence` (from 1, bookkeeping attributes
@@ -27,7 +28,8 @@ class KEP_PLATFORM KEPIMfgPPWordTable : public KEPBaseUnknown {
   [[nodiscard]] virtual bool GetSyntaxOfSequenceForNCInstruction(int index, int sequence,
                                                                  KEPListValKEPString& lines) = 0;
 
-  /// The index of the first member from 1 on with this name. False when there is none.
+  /// The index of the first member from 1 on with this late type name. False, with an index of 0,
+  /// when there is none.
   [[nodiscard]] virtual bool GetIndexOfNCInstruction(const KEPString& name, int& index) = 0;
 };
 

@@ -44,8 +44,7 @@ KEPBaseUnknown* Feature::Answer(const KEPMetaClass* interfaceClass) {
   if (interfaceClass == KEPInterfaceId<KEPISpecObject>()) return this;
   if (interfaceClass == KEPInterfaceId<KEPISpecAttrAccess>()) return &attrAccess_;
   if (interfaceClass == KEPInterfaceId<KEPILifeCycleObject>()) return &lifeCycle_;
-  const Feature* type = kind_ == Kind::StartUp ? this : type_.Get();
-  for (; type != nullptr; type = type->type_.Get()) {
+  for (const Feature* type = &typeInUse(); type != nullptr; type = type->type_.Get()) {
     if (const KEPCreator creator = findCreator(type->name_, interfaceClass)) {
       return extensions_.make(creator, *this);
     }
@@ -54,8 +53,7 @@ KEPBaseUnknown* Feature::Answer(const KEPMetaClass* interfaceClass) {
 }
 
 bool Feature::HasType(std::string_view lateType) const {
-  const Feature* type = kind_ == Kind::StartUp ? this : type_.Get();
-  for (; type != nullptr; type = type->type_.Get()) {
+  for (const Feature* type = &typeInUse(); type != nullptr; type = type->type_.Get()) {
     if (type->name_ == lateType) return true;
   }
   return false;

@@ -28,6 +28,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
 
   [[nodiscard]] std::string_view GetName() const override { return name_; }
   [[nodiscard]] KEPISpecObject_var GetBaseType() const override;
+  [[nodiscard]] std::string_view GetLateType() const override { return typeInUse().name_; }
   [[nodiscard]] KEPVar<KEPIContainer> GetContainer() const override;
   [[nodiscard]] int GetNumberOfAttributes() const override;
   [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
@@ -75,6 +76,11 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
 
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
   [[nodiscard]] bool HasType(std::string_view lateType) const override;
+
+  /// The type that gives the feature its late type.
+  [[nodiscard]] const Feature& typeInUse() const noexcept {
+    return kind_ == Kind::StartUp ? *this : *type_.Get();
+  }
 
   /// The nearest slot of that name from the feature up its base types; `set` slots only if asked.
   [[nodiscard]] const AttributeTable::Slot* nearestSlot(std::string_view name, bool set) const;

@@ -18,6 +18,9 @@ class KEP_PLATFORM KEPISpecObject : public KEPBaseUnknown {
   /// The type's base type, the instance's type; null for a root type.
   [[nodiscard]] virtual KEPVar<KEPISpecObject> GetBaseType() const = 0;
 
+  /// The name of the feature's late type: a type's own name, the name of an instance's type.
+  [[nodiscard]] virtual std::string_view GetLateType() const = 0;
+
   /// The container that holds the feature; null once the feature is removed or its document closed.
   [[nodiscard]] virtual KEPVar<KEPIContainer> GetContainer() const = 0;
 

@@ -57,7 +57,7 @@ class ContainerDouble final : public KEPIContainer {
   explicit ContainerDouble(KEPIContainer_var real) : real_(std::move(real)) {}
 
   [[nodiscard]] KEPISpecObject* FindStartUp(std::string_view name) const override {
-    return real_->FindStartUp(name);
+    return real_->FindStartUp(otherName.empty() ? name : otherName);
   }
   [[nodiscard]] KEPISpecObject* CreateStartUp(std::string_view name,
                                               const KEPISpecObject_var& base) override {
@@ -77,6 +77,8 @@ class ContainerDouble final : public KEPIContainer {
 
   std::function<std::vector<KEPBaseUnknown_var>(const KEPMetaClass*)> members;
   std::function<KEPIDocument_var()> document;
+  /// The type that is found instead of the one asked for.
+  std::string_view otherName;
 
  private:
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override {

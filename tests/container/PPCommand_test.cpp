@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
+#include "System/KEPError.h"
 #include "host/modeler/Container.h"
 #include "src/container/KEPMfgPPCommand.h"
 #include "tests/container/Listing.h"
@@ -187,6 +188,21 @@ TEST_F(PPCommand, FeatureWithoutItsAttributesKeepsNothing) {
   EXPECT_EQ(number, 0);
   KEPListValKEPUnicodeString lines;
   EXPECT_FALSE(bare->Evaluate(lines));
+}
+
+TEST(PPCommandAlone, EvaluatesToFalseAndHasNoValues) {
+  KEPMfgPPCommand alone;
+  KEPListValKEPUnicodeString lines = list({"BEFORE"});
+  EXPECT_FALSE(alone.Evaluate(lines));
+  EXPECT_EQ(texts(lines), Texts{"BEFORE"});
+  KEPUnicodeString name("before");
+  int number = 7;
+  EXPECT_THROW(alone.SetCommandName("NC_TWO"), KEPErrorNullHandle);
+  EXPECT_THROW(static_cast<void>(alone.GetCommandName(name)), KEPErrorNullHandle);
+  EXPECT_THROW(alone.SetSequenceNumber(1), KEPErrorNullHandle);
+  EXPECT_THROW(static_cast<void>(alone.GetSequenceNumber(number)), KEPErrorNullHandle);
+  EXPECT_EQ(name.View(), "before");
+  EXPECT_EQ(number, 7);
 }
 
 }  // namespace

@@ -170,6 +170,18 @@ TEST_F(PPWordContainer, UserSyntaxReplacesSeveralLines) {
             std::string(kUserInstruction) + " : MfgPPSyntax\n  Syntaxe: ONE/1\n");
 }
 
+TEST_F(PPWordContainer, UserSyntaxLeavesFurtherSequencesAlone) {
+  const KEPISpecAttrAccess_var type = instruction(kUserInstruction, {"A"});
+  type->AddAttribute("Syntaxe2", KEPISpecAttribute::Kind::StringList);
+  type->SetList("Syntaxe2", list({"B/1", "B/2"}));
+  words->SetUserSyntax("ONE/1");
+  EXPECT_EQ(entry(kUserInstruction), std::string(kUserInstruction) +
+                                         " : MfgPPSyntax\n"
+                                         "  Syntaxe: ONE/1\n"
+                                         "  Syntaxe2: B/1\n"
+                                         "  Syntaxe2: B/2\n");
+}
+
 TEST_F(PPWordContainer, EmptyUserSyntaxIsOneEmptyLine) {
   words->SetUserSyntax("");
   EXPECT_EQ(entry(kUserInstruction),

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "KEPIMfgPPCommand.h"
+#include "System/KEPError.h"
 #include "host/modeler/Container.h"
 #include "src/container/KEPMfgPPCommand.h"
 #include "src/container/KEPMfgPPWordContainerTie.h"
@@ -155,6 +156,38 @@ TEST(ResetOrder, WalksFromTheLastMemberToTheFirstAndReleasesEach) {
   EXPECT_EQ(command.GetReferenceCount(), 1);
   EXPECT_EQ(last.GetReferenceCount(), 1);
   EXPECT_EQ(listing(document->features()).size(), 156U);
+}
+
+TEST(ResetOrder, ErrorInTheMiddlePassesOnWithTheRestAsItWas) {
+  const auto document = host::newDocument();
+  Log log;
+  LoggingMember first("first", log);
+  KEPBaseUnknown withoutLifeCycle;
+  LoggingMember last("last", log);
+  ContainerDouble features(document->features());
+  features.members = [&](const KEPMetaClass*) {
+    return std::vector<KEPBaseUnknown_var>{&first, &withoutLifeCycle, &last};
+  };
+  const auto before = listing(document->features());
+  KEPMfgPPWordContainerTie words(features);
+  EXPECT_THROW(words.ResetToDefault(), KEPErrorNullHandle);
+  EXPECT_EQ(log, (Log{"ask last for KEPIMfgPPCommand", "ask last for KEPILifeCycleObject",
+                      "remove last"}));
+  EXPECT_EQ(listing(document->features()), before);
+  EXPECT_EQ(first.GetReferenceCount(), 1);
+  EXPECT_EQ(withoutLifeCycle.GetReferenceCount(), 1);
+  EXPECT_EQ(last.GetReferenceCount(), 1);
+}
+
+TEST(ClosedDocument, ContainerThatOutlivesItIsResetToTheCatalogue) {
+  KEPIMfgPPWordContainer_var words = host::newDocument()->ppWordContainer();
+  const KEPIContainer_var features = words;
+  ASSERT_FALSE(features->GetDocument());
+  ASSERT_TRUE(listing(features).empty());
+  EXPECT_EQ(words->ResetToDefault(), 0);
+  EXPECT_EQ(listing(features), writtenOutCatalogue());
+  EXPECT_EQ(words->ResetToDefault(), 0);
+  EXPECT_EQ(listing(features).size(), 155U);
 }
 
 }  // namespace

@@ -64,6 +64,29 @@ TEST_F(TableLoad, ReplacedSequenceHoldsTheNewLinesOnly) {
             "  Syntaxe3 unset\n");
 }
 
+TEST_F(TableLoad, TwelveSequencesAreLoadedAndLostWithTheNextTable) {
+  std::string table = "*START_NC_COMMAND NC_ONE\n";
+  for (int i = 1; i <= 12; ++i) {
+    table += "*START_SEQUENCE\nLINE/" + std::to_string(i) + "\n*END\n";
+  }
+  ASSERT_EQ(load(table + "*END\n"), S_OK);
+  EXPECT_EQ(entry("NC_ONE"),
+            "NC_ONE : MfgPPSyntax\n  Syntaxe: LINE/1\n  Syntaxe2: LINE/2\n"
+            "  Syntaxe3: LINE/3\n  Syntaxe4: LINE/4\n  Syntaxe5: LINE/5\n"
+            "  Syntaxe6: LINE/6\n  Syntaxe7: LINE/7\n  Syntaxe8: LINE/8\n"
+            "  Syntaxe9: LINE/9\n  Syntaxe10: LINE/10\n  Syntaxe11: LINE/11\n"
+            "  Syntaxe12: LINE/12\n");
+  KEPListValKEPUnicodeString lines;
+  EXPECT_TRUE(KEPIMfgSyntaxEvaluation_var(find("NC_ONE"))->InstantiateSyntax(lines, 12));
+  EXPECT_EQ(texts(lines), Texts{"LINE/12"});
+  ASSERT_EQ(load("*START_NC_COMMAND NC_ONE\nNEW/1\n*END\n"), S_OK);
+  EXPECT_EQ(entry("NC_ONE"),
+            "NC_ONE : MfgPPSyntax\n  Syntaxe: NEW/1\n  Syntaxe2 unset\n  Syntaxe3 unset\n"
+            "  Syntaxe4 unset\n  Syntaxe5 unset\n  Syntaxe6 unset\n  Syntaxe7 unset\n"
+            "  Syntaxe8 unset\n  Syntaxe9 unset\n  Syntaxe10 unset\n  Syntaxe11 unset\n"
+            "  Syntaxe12 unset\n");
+}
+
 TEST_F(TableLoad, InstanceInheritsTheLoadedLines) {
   load(kTwoSequences);
   const auto instance =

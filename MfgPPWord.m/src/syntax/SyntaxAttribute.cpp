@@ -20,4 +20,11 @@ std::optional<KEPISpecAttribute> syntaxAttribute(const KEPISpecObject_var& featu
   return std::nullopt;
 }
 
+int syntaxAttributeCount(const KEPISpecObject_var& feature) {
+  const int all = feature->GetNumberOfAttributes();
+  int count = 0;
+  for (int i = 1; i <= all; ++i) count += isBookkeeping(feature->GetAttribute(i)) ? 0 : 1;
+  return count;
+}
+
 }  // namespace ppword

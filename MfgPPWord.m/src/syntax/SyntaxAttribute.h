@@ -12,4 +12,7 @@ namespace ppword {
 [[nodiscard]] std::optional<KEPISpecAttribute> syntaxAttribute(const KEPISpecObject_var& feature,
                                                                int position);
 
+/// How many attributes a feature has, the modeler's bookkeeping attributes not counted.
+[[nodiscard]] int syntaxAttributeCount(const KEPISpecObject_var& feature);
+
 }  // namespace ppword
