@@ -17,12 +17,13 @@ KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
   return container ? container->GetDocument() : nullptr;
 }
 
-/// The expression without its opening parenthesis. A further parenthesis means that the text was
-/// cut at the first ")" inside a nested group: nothing that could be computed truthfully.
+/// The expression without its opening parenthesis. Nothing that could be computed truthfully comes
+/// with a further parenthesis, where the text was cut at the first ")" inside a nested group, and
+/// with a comma, which stands where the syntax had a "+", "-" or "*".
 std::string_view flatExpression(std::string_view text) {
   if (text.empty() || text.front() != '(') return {};
   text.remove_prefix(1);
-  return text.find_first_of("()") == std::string_view::npos ? text : std::string_view{};
+  return text.find_first_of("(),") == std::string_view::npos ? text : std::string_view{};
 }
 
 }  // namespace

@@ -21,6 +21,9 @@ class MapParameters final : public ParameterSource {
     const auto found = texts_.find(name);
     out += found == texts_.end() ? unevaluated_ : found->second;
   }
+  [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view) override {
+    return std::nullopt;
+  }
   void textDropped(std::string_view name, std::string_view text) override {
     dropped += '[' + std::string(name) + '|' + std::string(text) + ']';
   }

@@ -56,9 +56,12 @@ INSTANTIATE_TEST_SUITE_P(
                     Case{"@#@#@#@#A", "%A"},
                     // expressions over the design parameters
                     Case{"DELAY/%(LENGTH)", "DELAY/   12.500000"},
-                    Case{"DELAY/%(LENGTH*2),1", "DELAY/   25.000000,1"},
-                    Case{"DELAY/%(LENGTH/0),1", "DELAY/,1"}, Case{"DELAY/%(NOBODY),1", "DELAY/,1"},
-                    Case{"DELAY/%((LENGTH)*2),1", "DELAY/*2),1"}, Case{"DELAY/%(),1", "DELAY/,1"}));
+                    Case{"DELAY/%(LENGTH/LENGTH),1", "DELAY/    1.000000,1"},
+                    Case{"DELAY/%(LENGTH^2),1", "DELAY/  156.250000,1"},
+                    // the sign is masked, and the host is asked for the masked text
+                    Case{"DELAY/%(LENGTH*2),1", "DELAY/"}, Case{"DELAY/%(LENGTH/0),1", "DELAY/,1"},
+                    Case{"DELAY/%(NOBODY),1", "DELAY/,1"},
+                    Case{"DELAY/%((LENGTH)*2),1", "DELAY/),1"}, Case{"DELAY/%(),1", "DELAY/,1"}));
 
 class SyntaxEvaluation : public testing::Test, protected PPWordDocument {};
 

@@ -144,8 +144,17 @@ TEST_F(ListenedSyntax, EngineTellsOfPassesAndReferences) {
   EXPECT_EQ(notes.references,
             (Texts{"W 2 RPM", "F 1 2.00", "MFG_XPOINT 0 0.0", "BAD\\% 3 ", "F 1 2.00"}));
   EXPECT_EQ(notes.dropped, Texts{"F $"});
-  EXPECT_EQ(notes.passes.back(), "% RPM,2.00,0.0,,2.00");
-  EXPECT_EQ(notes.passes.size(), 3U);
+  EXPECT_EQ(notes.passes,
+            (Texts{"mask escapes &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "rewrite divisions &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "mask signs &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "groups & &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "references & RPM,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "groups %( RPM,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "references %( RPM,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "groups % RPM,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+                   "references % RPM,2.00,0.0,,2.00", "restore signs RPM,2.00,0.0,,2.00",
+                   "evaluate RPM,2.00,0.0,,2.00", "unmask escapes RPM,2.00,0.0,,2.00"}));
 }
 
 }  // namespace

@@ -71,13 +71,13 @@ void DocumentParameters::appendText(std::string_view name, std::string& out) {
                                std::string_view(out).substr(start));
 }
 
+std::optional<KEPMfgParameterValue> DocumentParameters::typedValue(std::string_view name) {
+  return parameterValue(feature_, name);
+}
+
 void DocumentParameters::textDropped(std::string_view name, std::string_view text) {
   if (listener_ == nullptr) return;
   listener_->TextDropped(withEscapedPercents(name), withEscapedPercents(text));
-}
-
-void DocumentParameters::report(std::string_view pass, std::string_view line) const {
-  if (listener_ != nullptr) listener_->LineAfterPass(pass, line);
 }
 
 }  // namespace ppword

@@ -21,10 +21,11 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] bool isPPWordContainer() const;
 
   void appendText(std::string_view name, std::string& out) override;
+  [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view name) override;
   void textDropped(std::string_view name, std::string_view text) override;
 
-  /// Tells the listener, if there is one, of a line after a pass.
-  void report(std::string_view pass, std::string_view line) const;
+  /// Who is told of what happens; null when nobody listens.
+  [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:
   KEPISpecObject_var feature_;

@@ -8,8 +8,6 @@
 #include "Manufacturing/KEPMfgModelUtilities.h"
 #include "src/syntax/Continuation.h"
 #include "src/syntax/DocumentParameters.h"
-#include "src/syntax/EscapedPercent.h"
-#include "src/syntax/Substitution.h"
 #include "src/syntax/SyntaxAttribute.h"
 
 using namespace ppword;
@@ -17,18 +15,6 @@ using namespace ppword;
 namespace {
 
 constexpr std::string_view kDelayInstruction = "NC_DELAY";
-
-/// A line through the passes, in order; false when it cannot be processed.
-bool instantiateLine(PassedLine& line, DocumentParameters& parameters) {
-  maskEscapedPercents(line);
-  if (!parameters.isPPWordContainer()) return false;
-  for (const std::string_view prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, parameters);
-    parameters.report(prefix, line.text());
-  }
-  unmaskEscapedPercents(line);
-  return true;
-}
 
 }  // namespace
 
@@ -61,17 +47,18 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   if (!syntax->IsAList()) return Outcome::NoSyntax;
   const int count = syntax->GetTexts().Size();
   DocumentParameters parameters(feature);
+  if (count > 0 && !parameters.isPPWordContainer()) return Outcome::Failed;
   // Taken out for the call: an evaluation may instantiate this very syntax again.
-  auto line = line_ ? std::move(line_) : std::make_unique<PassedLine>();
+  auto room = room_ ? std::move(room_) : std::make_unique<LineRoom>();
   for (int i = 1; i <= count; ++i) {
     // Taken anew behind the first line: an evaluation may have changed the syntax.
     const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
     if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
-    line->start(current->GetTexts()[i]);
-    if (!instantiateLine(*line, parameters)) return Outcome::Failed;
-    lines.Append(KEPUnicodeString(line->text()));
+    room->line.start(current->GetTexts()[i]);
+    if (!instantiateLine(*room, parameters, parameters.listener())) return Outcome::Failed;
+    lines.Append(KEPUnicodeString(room->line.text()));
   }
-  line_ = std::move(line);
+  room_ = std::move(room);
   return Outcome::AllLines;
 }
 

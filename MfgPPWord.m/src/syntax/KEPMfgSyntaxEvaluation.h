@@ -5,7 +5,7 @@
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "src/registration/Registered.h"
-#include "src/syntax/PassedLine.h"
+#include "src/syntax/LinePasses.h"
 
 /// The syntax engine of an NC instruction: an extension of "MfgPPSyntax" types.
 class KEPMfgSyntaxEvaluation final
@@ -29,5 +29,5 @@ class KEPMfgSyntaxEvaluation final
   int auxNumber_ = -1;
   int seqMotionNumber_ = -1;
   /// The room that lines are processed in, kept from call to call.
-  std::unique_ptr<ppword::PassedLine> line_;
+  std::unique_ptr<ppword::LineRoom> room_;
 };

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "Manufacturing/KEPMfgParameterValue.h"
 
 namespace ppword {
 
@@ -16,6 +19,9 @@ class ParameterSource {
   /// Appends to `out` the text of the parameter called `name`, or what stands in the place of one
   /// that cannot be evaluated.
   virtual void appendText(std::string_view name, std::string& out) = 0;
+
+  /// The value of the parameter called `name` before any format; nothing when nobody knows it.
+  [[nodiscard]] virtual std::optional<KEPMfgParameterValue> typedValue(std::string_view name) = 0;
 
   /// Hears of characters behind the name of a reference that stand in no output.
   virtual void textDropped(std::string_view name, std::string_view text) = 0;

@@ -1,0 +1,121 @@
+#include "src/syntax/arithmetic/EvaluateLine.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "src/number/DecimalPrefix.h"
+#include "src/number/NumberFormat.h"
+#include "src/syntax/arithmetic/Operation.h"
+
+namespace ppword {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kLeftEnds = "/,=()";
+constexpr std::string_view kRightEnds = "/,*+=()-";
+constexpr std::string_view kOperators = "+-*";
+constexpr std::string_view kNumberCharacters = "0123456789., -";
+
+bool isOneOf(char character, std::string_view set) { return set.find(character) != kNone; }
+
+bool isText(std::string_view line) {
+  return line.find("$$") != kNone || line.find("PPRINT") != kNone || line.find("*VORTA") != kNone;
+}
+
+std::optional<double> numberOf(std::string_view operand) {
+  if (operand.find_first_not_of(kNumberCharacters) != kNone) return std::nullopt;
+  return decimalPrefix(operand);
+}
+
+/// The right operand that `text` begins with: a "-" in front is its sign.
+std::string_view rightOperand(std::string_view text) {
+  const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
+  const bool isSigned = first < text.size() && text[first] == '-';
+  return text.substr(0, text.find_first_of(kRightEnds, first + (isSigned ? 1 : 0)));
+}
+
+/// The result of an operation; nothing when an operand is no number or it cannot be printed.
+std::optional<std::string> resultOf(std::string_view left, char sign, std::string_view right) {
+  const auto leftNumber = numberOf(left);
+  const auto rightNumber = leftNumber ? numberOf(right) : std::nullopt;
+  if (!rightNumber) return std::nullopt;
+  const double value = computed(sign, *leftNumber, *rightNumber);
+  std::string text;
+  // deliberate: a result that is too large becomes 0; large negative ones are not bounded.
+  const bool done = printNumber(kResultFormat, value > kOverflowBound ? 0.0 : value, text);
+  return done ? std::optional(std::move(text)) : std::nullopt;
+}
+
+/// Computes a line from left to right: what was worked out stands in `out`, the rest is still text.
+class Evaluator {
+ public:
+  explicit Evaluator(std::string& out) : out_(out) {}
+
+  void run(std::string_view text) {
+    while (!text.empty()) {
+      const char character = text.front();
+      text.remove_prefix(1);
+      if (!isOneOf(character, kOperators)) {
+        copy(character);
+        continue;
+      }
+      const std::string_view right = rightOperand(text);
+      operate(character, right);
+      text.remove_prefix(right.size());
+    }
+  }
+
+ private:
+  void copy(char character) {
+    out_ += character;
+    if (isOneOf(character, kLeftEnds)) leftStart_ = out_.size();
+  }
+
+  void operate(char sign, std::string_view right) {
+    // deliberate: no operator ends a left operand, so that results join in without precedence.
+    const std::string_view left = std::string_view(out_).substr(leftStart_);
+    if (sign == '-' && left.empty() && !right.empty()) {
+      // deliberate: a "-" in front of what is no number is deleted with it.
+      if (decimalPrefix(right)) keep(sign, right);
+    } else if (left.empty() || right.empty()) {
+      // deliberate: an operator without one of its operands is deleted with the other.
+      out_.resize(leftStart_);
+    } else if (const auto result = resultOf(left, sign, right)) {
+      out_.replace(leftStart_, kNone, *result);
+    } else {
+      keep(sign, right);
+    }
+  }
+
+  void keep(char sign, std::string_view right) {
+    out_ += sign;
+    out_ += right;
+  }
+
+  std::string& out_;
+  std::size_t leftStart_ = 0;
+};
+
+/// Removes the blanks directly behind every "-".
+void closeUpNegatives(std::string& line) {
+  char before = 0;
+  std::erase_if(line, [&before](char character) {
+    if (before == '-' && character == ' ') return true;
+    before = character;
+    return false;
+  });
+}
+
+}  // namespace
+
+void evaluateLine(PassedLine& line, const SignRecords& records) {
+  if (records.signs.empty() || isText(line.text())) return;
+  std::string& out = line.draft();
+  Evaluator(out).run(line.text());
+  closeUpNegatives(out);
+  line.accept();
+}
+
+}  // namespace ppword

@@ -1,0 +1,91 @@
+#include "src/syntax/arithmetic/RewriteDivisions.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "src/number/DecimalPrefix.h"
+
+namespace ppword {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kOperandEnds = "/,*+-=()";
+constexpr CharacterSet kReference("%");
+constexpr double kReciprocalThreshold = 1.0e-5;
+constexpr int kReciprocalDigits = 6;
+
+bool isOpenedByPercent(std::string_view text, std::size_t parenthesis) {
+  return parenthesis > 0 && text[parenthesis - 1] == '%';
+}
+
+/// The "(" that a ")" closes, nesting counted.
+std::size_t findOpening(std::string_view text, std::size_t closing) {
+  int depth = 1;
+  for (std::size_t at = closing; at-- > 0;) {
+    if (text[at] == ')') ++depth;
+    if (text[at] == '(' && --depth == 0) return at;
+  }
+  return kNone;
+}
+
+/// True for the ")" of a "%(" group.
+bool closesGroup(std::string_view text, std::size_t closing) {
+  const std::size_t opening = findOpening(text, closing);
+  return opening != kNone && isOpenedByPercent(text, opening);
+}
+
+/// What stands in front of a "/" at the end of `text`.
+std::string_view leftOperand(std::string_view text) {
+  std::size_t start = text.size();
+  const std::size_t last = text.find_last_not_of(' ');
+  // deliberate: of a group only its parentheses are looked through, not what ends an operand
+  // inside.
+  if (last != kNone && text[last] == ')' && closesGroup(text, last)) start = last;
+  for (; start > 0; --start) {
+    const char before = text[start - 1];
+    const bool isGroup = before == '(' && isOpenedByPercent(text, start - 1);
+    if (!isGroup && kOperandEnds.find(before) != kNone) break;
+  }
+  return text.substr(start);
+}
+
+/// What a division by `divisor` is replaced by: "*" and the reciprocal.
+std::optional<std::string> asProduct(std::string_view divisor) {
+  const auto number = decimalPrefix(divisor);
+  if (!number || std::fabs(*number) <= kReciprocalThreshold) return std::nullopt;
+  std::array<char, 32> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), 1.0 / *number,
+                                 std::chars_format::general, kReciprocalDigits)
+                       .ptr;
+  return std::string("*").append(digits.data(), end);
+}
+
+}  // namespace
+
+void rewriteDivisions(PassedLine& line) {
+  if (!line.mayHoldAny(kReference)) return;
+  const std::string_view text = line.text();
+  std::string& out = line.draft();
+  std::size_t from = 0;
+  std::size_t at = text.find('/');
+  while (at != kNone && (at = text.find('/', at + 1)) != kNone) {
+    out.append(text, from, at - from);
+    from = at;
+    if (leftOperand(out).find('%') == kNone) continue;
+    const std::size_t end = std::min(text.find_first_of(kOperandEnds, at + 1), text.size());
+    const auto product = asProduct(text.substr(at + 1, end - at - 1));
+    if (!product) continue;
+    out += *product;
+    from = end;
+  }
+  if (from == 0) return;
+  out.append(text, from);
+  line.accept();
+}
+
+}  // namespace ppword
