@@ -3,6 +3,7 @@
 #include "Manufacturing/KEPMfgUtilities.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/manufacturing/Activity.h"
+#include "host/manufacturing/Program.h"
 #include "host/modeler/Document.h"
 
 namespace {
@@ -11,6 +12,17 @@ namespace {
 KEPIContainer_var containerOf(const KEPBaseUnknown_var& object) {
   if (const KEPISpecObject_var feature = object) return feature->GetContainer();
   return KEPIContainer_var(object);
+}
+
+/// The host's own program behind an interface of it; null when it is none.
+const host::Program* programOf(const KEPBaseUnknown* object) {
+  return object == nullptr ? nullptr : dynamic_cast<const host::Program*>(object->GetImpl());
+}
+
+KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
+  if (const host::Program* const program = programOf(object.Get())) return program->document();
+  const KEPIContainer_var container = containerOf(object);
+  return container ? container->GetDocument() : nullptr;
 }
 
 template <class Handle>
@@ -29,9 +41,7 @@ HRESULT KEPMfgModelUtilities::GetPPWordContainer(const KEPBaseUnknown_var& objec
 HRESULT KEPMfgModelUtilities::GetRootContainer(const KEPBaseUnknown_var& object,
                                                KEPIMfgRootContainer_var& root) {
   root = nullptr;
-  const KEPIContainer_var container = containerOf(object);
-  if (!container) return E_FAIL;
-  const KEPIDocument_var document = container->GetDocument();
+  const KEPIDocument_var document = documentOf(object);
   const auto* const own = dynamic_cast<const host::Document*>(document.Get());
   if (own != nullptr) root = own->rootContainer();
   return statusOf(root);
@@ -43,6 +53,13 @@ HRESULT KEPMfgModelUtilities::GetCurrentActivity(const KEPIMfgPPWordContainer_va
   if (container) container->GetFirstObject(first);
   activity = first;
   return statusOf(activity);
+}
+
+HRESULT KEPMfgModelUtilities::GetSetup(const KEPIMfgActivity_var& activity,
+                                       KEPIMfgSetup_var& setup) {
+  const host::Program* const program = programOf(activity.Get());
+  setup = program == nullptr ? nullptr : program->setup();
+  return statusOf(setup);
 }
 
 HRESULT KEPMfgModelUtilities::GetV5ObjectFromV4Parameter(const KEPIMfgActivity_var& activity,

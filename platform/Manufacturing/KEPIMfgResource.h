@@ -1,5 +1,8 @@
 #pragma once
 
+#include <string_view>
+
+#include "System/KEPResult.h"
 #include "System/KEPUnicodeString.h"
 #include "System/KEPVar.h"
 
@@ -10,6 +13,10 @@ class KEP_PLATFORM KEPIMfgResource : public KEPBaseUnknown {
 
   /// The type of the resource; of a groove insert MfgGrooveInsert or KEPEMfgGrooveInsert.
   [[nodiscard]] virtual KEPUnicodeString GetResourceType() const = 0;
+
+  /// Reads a value by name, of a machine MfgPPWordTable: the file name of its PP word table. A
+  /// negative status means that the resource has no such value; `value` is untouched then.
+  [[nodiscard]] virtual HRESULT GetValue(std::string_view name, KEPUnicodeString& value) const = 0;
 };
 
 using KEPIMfgResource_var = KEPVar<KEPIMfgResource>;

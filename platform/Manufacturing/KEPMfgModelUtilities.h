@@ -4,6 +4,7 @@
 
 #include "Manufacturing/KEPIMfgActivity.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
+#include "Manufacturing/KEPIMfgSetup.h"
 #include "System/KEPPlatform.h"
 #include "System/KEPResult.h"
 #include "System/KEPVar.h"
@@ -22,6 +23,8 @@ class KEP_PLATFORM KEPMfgModelUtilities {
   /// The activity that the document is generating; it is the PP word container's first object.
   static HRESULT GetCurrentActivity(const KEPVar<KEPIMfgPPWordContainer>& container,
                                     KEPIMfgActivity_var& activity);
+  /// The setup that an activity is part of.
+  static HRESULT GetSetup(const KEPIMfgActivity_var& activity, KEPIMfgSetup_var& setup);
   /// The object of an activity (the activity itself, its tool ...) that carries the parameter which
   /// NC output knows by `name`.
   static HRESULT GetV5ObjectFromV4Parameter(const KEPIMfgActivity_var& activity,

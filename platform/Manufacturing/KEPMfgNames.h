@@ -27,3 +27,6 @@ inline constexpr std::string_view MfgLeftNoseRadius = "MfgLeftNoseRadius";
 inline constexpr std::string_view MfgRightNoseRadius = "MfgRightNoseRadius";
 inline constexpr std::string_view MfgGrooveInsert = "MfgGrooveInsert";
 inline constexpr std::string_view KEPEMfgGrooveInsert = "KEPEMfgGrooveInsert";
+
+// Values of a machine.
+inline constexpr std::string_view MfgPPWordTable = "MfgPPWordTable";

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 #include "ObjectSpecsModeler/KEPIDocument.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "System/KEPList.h"
@@ -18,4 +20,13 @@ class KEP_PLATFORM KEPMfgUtilities {
   static HRESULT UpgradeComponentAttributes(const KEPISpecAttrAccess_var& component,
                                             KEPListVal<KEPBaseUnknown_var>* objects, int publish,
                                             int recursive);
+
+  /// The files of the application's folders of one name, such as "PPTables": `files` holds their
+  /// bare names and `directories`, entry by entry, the folders that they lie in. Both are replaced;
+  /// both are empty when there is no such folder. The folders come in the order of the
+  /// application's search list, the files of each by their bytes. `flag` is 1: files that lie
+  /// directly in a folder.
+  static void GetListOfMfgFilesAndDirectories(std::string_view folderName,
+                                              KEPListValKEPUnicodeString& directories,
+                                              KEPListValKEPUnicodeString& files, int flag);
 };

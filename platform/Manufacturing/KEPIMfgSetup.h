@@ -1,0 +1,15 @@
+#pragma once
+
+#include "Manufacturing/KEPIMfgResource.h"
+#include "System/KEPVar.h"
+
+/// The setup of a part on a machine.
+class KEP_PLATFORM KEPIMfgSetup : public KEPBaseUnknown {
+ public:
+  static constexpr const char* kInterfaceName = "KEPIMfgSetup";
+
+  /// The machine that the setup designates; null when it designates none.
+  [[nodiscard]] virtual KEPIMfgResource_var GetResource() const = 0;
+};
+
+using KEPIMfgSetup_var = KEPVar<KEPIMfgSetup>;
