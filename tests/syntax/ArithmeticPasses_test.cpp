@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "src/syntax/arithmetic/CleanParentheses.h"
+#include "src/syntax/arithmetic/EvaluateLine.h"
+#include "src/syntax/arithmetic/RewriteDivisions.h"
+#include "src/syntax/arithmetic/Signs.h"
+
+namespace ppword {
+namespace {
+
+struct Case {
+  const char* line;
+  const char* result;
+};
+
+PassedLine started(std::string_view text) {
+  PassedLine line;
+  line.start(text);
+  return line;
+}
+
+std::string cleaned(std::string_view text) {
+  PassedLine line;
+  line.start(text);
+  cleanParentheses(line);
+  return std::string(line.text());
+}
+
+std::string rewritten(std::string_view text) {
+  PassedLine line;
+  line.start(text);
+  rewriteDivisions(line);
+  return std::string(line.text());
+}
+
+TEST(CleanParentheses, LineGivesResult) {
+  constexpr Case kCases[] = {
+      {"X=((A+B)+D)", "X=(A+B+D)"},
+      {"X/(A+B)", "X/A+B"},
+      {"X/(A)(B)*1", "X/AB*1"},
+      {"X/((A)-1", "X/(A-1"},
+      // without a sign nothing is redundant
+      {"X/(A)", "X/(A)"},
+      {"X/((A/B))", "X/((A/B))"},
+      // the very first character and the groups of "%(" are kept
+      {"(A+B)", "(A+B)"},
+      {"((A+B))", "(A+B)"},
+      {"X/%(A+B)", "X/%(A+B)"},
+      {"X/(%(A+B)*C)", "X/%(A+B)*C"},
+      {"X/%((A+B))", "X/%(A+B)"},
+      // a group within a group does not deepen it
+      {"X/(%(A%(B)C)+D)", "X/%(A%(B)C+D)"},
+      // without a partner only the "(" goes, and the scan goes on where it stood
+      {"X/(A+B", "X/A+B"},
+      {"X+(", "X+"},
+      {"A((+", "A+"},
+      {"A(%(B(C)+", "A%(BC+"},
+      // a ")" without a "(" is kept
+      {"X/A+B)", "X/A+B)"},
+      // a "(" that comes to stand behind "%" is a group
+      {"A(B%)(C+D)", "AB%(C+D)"},
+      {"", ""},
+  };
+  for (const auto& [line, result] : kCases) EXPECT_EQ(cleaned(line), result) << line;
+}
+
+TEST(RewriteDivisions, LineGivesResult) {
+  constexpr Case kCases[] = {
+      {"GOTO/%A/4", "GOTO/%A*0.25"},
+      {"GOTO/%A/3,%B/8", "GOTO/%A*0.333333,%B*0.125"},
+      {"X/%A/1000000", "X/%A*1e-06"},
+      {"X/%A/-4", "X/%A/-4"},
+      {"X/%A/+4", "X/%A/+4"},
+      {"X/%A/", "X/%A/"},
+      {"X/%A/4/", "X/%A*0.25/"},
+      {"X//4", "X//4"},
+      {"X/&A/4", "X/&A/4"},
+      {"X/&%A/4", "X/&%A*0.25"},
+      {"%A/4", "%A/4"},
+      {"/%A/4", "/%A*0.25"},
+      // what follows a number in the divisor goes with it
+      {"X/%A/4 MM,1", "X/%A*0.25,1"},
+      {"X/%A/1e1", "X/%A*0.1"},
+      // an overflowing divisor is no number; nan and inf are none either
+      {"X/%A/1e999", "X/%A/1e999"},
+      {"X/%A/inf", "X/%A/inf"},
+      {"X/%A/0x10", "X/%A/0x10"},
+      // groups of "%(" are looked through
+      {"X/%(NAME)/2", "X/%(NAME)*0.5"},
+      {"X/%(NAME)  /2", "X/%(NAME)  *0.5"},
+      {"X/%(A%(B))/2", "X/%(A%(B))/2"},
+      {"X/%(A,B)/2", "X/%(A,B)/2"},
+      {"X/%(A)B)/2", "X/%(A)B)/2"},
+      {"X/(%A)/2", "X/(%A)/2"},
+      {"X/%(A/2", "X/%(A*0.5"},
+      {"X/%A)/2", "X/%A)/2"},
+  };
+  for (const auto& [line, result] : kCases) EXPECT_EQ(rewritten(line), result) << line;
+}
+
+TEST(Signs, AreMaskedInOrderOfTheirKinds) {
+  PassedLine line = started("A-B,C+D*E+-F");
+  SignRecords records{{9}, "?"};
+  maskSigns(line, records);
+  EXPECT_EQ(line.text(), "A,B,C,D,E,,F");
+  EXPECT_EQ(records.ordinals, (std::vector<int>{3, 5, 4, 1, 6}));
+  EXPECT_EQ(records.signs, "++*--");
+  EXPECT_TRUE(restoreSigns(line, records));
+  EXPECT_EQ(line.text(), "A-B,C+D*E+-F");
+}
+
+TEST(Signs, OfTheLineBeforeAreForgotten) {
+  PassedLine line = started("GOTO/1");
+  SignRecords records{{1}, "+"};
+  maskSigns(line, records);
+  EXPECT_TRUE(records.ordinals.empty());
+  EXPECT_TRUE(records.signs.empty());
+}
+
+TEST(Signs, RecordsOfDifferentLengthFail) {
+  PassedLine line = started("A,B");
+  EXPECT_FALSE(restoreSigns(line, {{1}, ""}));
+  EXPECT_FALSE(restoreSigns(line, {{}, "+"}));
+  EXPECT_FALSE(restoreSigns(line, {{1}, "+-"}));
+  EXPECT_EQ(line.text(), "A,B");
+}
+
+TEST(Signs, SignWhoseCommaIsGoneIsLost) {
+  PassedLine line = started("A,B");
+  EXPECT_TRUE(restoreSigns(line, {{3, 1, 2}, "+*-"}));
+  EXPECT_EQ(line.text(), "A*B");
+}
+
+TEST(EvaluateLine, WithoutRecordsLineStays) {
+  PassedLine line = started("X/1+1- 2");
+  evaluateLine(line, {});
+  EXPECT_EQ(line.text(), "X/1+1- 2");
+  evaluateLine(line, {{1}, "+"});
+  EXPECT_EQ(line.text(), "X/    0.000000");
+}
+
+TEST(EvaluateLine, BlanksBehindAMinusGoFromEveryEvaluatedLine) {
+  PassedLine line = started("-   1,A-  B,-  -2");
+  evaluateLine(line, {{1}, "+"});
+  EXPECT_EQ(line.text(), "-1,A-B,--2");
+}
+
+TEST(ArithmeticPasses, LongLinesCostTheirLength) {
+  std::string sums = "X/1";
+  for (int i = 0; i < 200000; ++i) sums += "+1-1*1";
+  PassedLine line = started(sums);
+  SignRecords records;
+  maskSigns(line, records);
+  ASSERT_EQ(records.signs.size(), 600000U);
+  ASSERT_TRUE(restoreSigns(line, records));
+  ASSERT_EQ(line.text(), sums);
+  evaluateLine(line, records);
+  EXPECT_EQ(line.text(), "X/    1.000000");
+  EXPECT_EQ(cleaned("+" + std::string(200000, ')')).size(), 200001U);
+  EXPECT_EQ(rewritten("X" + std::string(200000, '/')).size(), 200001U);
+}
+
+}  // namespace
+}  // namespace ppword

@@ -1,0 +1,136 @@
+// Random lines through the engine: what holds for every line, and the same lines through the rules
+// written down step by step.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "Manufacturing/KEPMfgDesignParameter.h"
+#include "src/syntax/CharacterSet.h"
+#include "src/syntax/arithmetic/CleanParentheses.h"
+#include "tests/support/Mutator.h"
+#include "tests/syntax/Instantiated.h"
+#include "tests/syntax/LiteralPasses.h"
+
+namespace ppword::test {
+namespace {
+
+constexpr int kLines = 100000;
+
+constexpr std::string_view kPieces[] = {
+    "GOTO/", "X/",    "X",   "/",    "/",    ",",  ",",  "+",   "-",        "*",          "=",
+    "(",     ")",     " ",   "%",    "&",    "%(", "%A", "%B",  "%I",       "%J",         "%Z",
+    "&W",    "&G",    "&L",  "%BAD", "1",    "2",  ".5", "0",   "12.25",    "1e5",        "1e-5",
+    "9e30",  "MM",    "$",   "$$",   "\n",   "\"", "@",  "\\%", "PPRINT ",  "*VORTA ",    "A",
+    "B)",    "(%A/2", "%R)", "(%I/", "(8/4", "-5", "+ ", "- ",  "\xC3\xA9", "99999999999"};
+
+/// Lines of pieces of syntaxes, now and then with a byte of any kind.
+class RandomLines {
+ public:
+  explicit RandomLines(unsigned seed) : random_(seed) {}
+
+  [[nodiscard]] std::string next() {
+    std::string line;
+    for (std::size_t count = below(14); count > 0; --count)
+      line += kPieces[below(std::size(kPieces))];
+    if (below(20) == 0) line += static_cast<char>(below(256));
+    return line;
+  }
+
+ private:
+  std::size_t below(std::size_t limit) { return random_() % limit; }
+  std::mt19937 random_;
+};
+
+class RandomSyntax : public testing::Test, protected PPWordDocument {
+ protected:
+  void SetUp() override {
+    std::cout << "seed " << seed_ << " (PPWORD_TEST_SEED repeats it)\n";
+    auto& parameters = operation_->parameters();
+    parameters.set("A", host::realValue(1.5));
+    parameters.set("B", host::realValue(-2));
+    parameters.set("Z", host::realValue(0.0000001));
+    parameters.set("R", host::realValue(1.0e15));
+    parameters.set("I", host::integerValue(7));
+    parameters.set("J", host::integerValue(-2));
+    parameters.set("W", host::textValue("ON,OFF"));
+    parameters.set("G", host::textValue("(%A/%B)"));
+    parameters.set("L", host::textValue("%A+(%I-3)"));
+    document->setDesignParameter("A", 12.5);
+  }
+
+  [[nodiscard]] std::string instantiated(const std::string& line) {
+    KEPISpecAttrAccess_var(instruction_)->SetList("Syntaxe", list({line}));
+    const Instantiated result = instantiate(instruction_);
+    EXPECT_TRUE(result.done) << line;
+    return result.lines.at(0);
+  }
+
+  [[nodiscard]] std::optional<KEPMfgParameterValue> lookUp(const std::string& name) const {
+    KEPMfgParameterValue value;
+    const bool isFound =
+        name.starts_with('(')
+            ? KEPSucceeded(KEPMfgDesignParameter::GetExtendedValue(instruction_, name, value))
+            : operation_->parameters().GetValue(name, value) == 0;
+    return isFound ? std::optional(value) : std::nullopt;
+  }
+
+  unsigned seed_ = chosenSeed();
+  RandomLines lines_{seed_};
+  KEPVar<host::Activity> operation_ = activity();
+  KEPISpecObject_var instruction_ = instruction("NC_X", {});
+};
+
+/// Length that no result may exceed: no number that a reference or a group gives is longer than 320
+/// characters, and no result of an operator than 32.
+std::size_t bound(const std::string& line) {
+  const auto values = std::count_if(line.begin(), line.end(),
+                                    [](char c) { return c == '%' || c == '&' || c == '('; });
+  return 32 * (line.size() + 1) + 320 * static_cast<std::size_t>(values);
+}
+
+auto commas(const std::string& line) { return std::count(line.begin(), line.end(), ','); }
+
+TEST_F(RandomSyntax, EngineFollowsTheRulesStepByStep) {
+  LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
+  for (int i = 0; i < kLines; ++i) {
+    const std::string line = lines_.next();
+    const std::string result = instantiated(line);
+    ASSERT_EQ(result, literal.instantiated(line)) << "seed " << seed_ << " «" << line << "»";
+    ASSERT_LE(result.size(), bound(line)) << line;
+    if (line.find_first_of("%&(") == std::string::npos) {
+      ASSERT_EQ(commas(result), commas(line)) << line;
+    }
+  }
+}
+
+TEST_F(RandomSyntax, PassesThatAreLeftOutWouldChangeNothing) {
+  // An argument that makes the scan of a line affirm every character that a pass looks for.
+  const std::string disguise = "kjmhoefid\x1C,";
+  for (const char looked : std::string_view("+*-(/%&)$\\")) {
+    ASSERT_TRUE(CharacterSet(disguise).mayHoldAny(CharacterSet({&looked, 1}))) << looked;
+  }
+  for (int i = 0; i < kLines / 4; ++i) {
+    const std::string line = lines_.next();
+    ASSERT_EQ(instantiated(disguise + line), disguise + instantiated(line))
+        << "seed " << seed_ << " «" << line << "»";
+  }
+}
+
+TEST_F(RandomSyntax, ParenthesesAreCleanedStepByStep) {
+  PassedLine passed;
+  for (int i = 0; i < kLines; ++i) {
+    const std::string line = lines_.next();
+    passed.start(line);
+    cleanParentheses(passed);
+    ASSERT_EQ(passed.text(), LiteralPasses::cleaned(line))
+        << "seed " << seed_ << " «" << line << "»";
+  }
+}
+
+}  // namespace
+}  // namespace ppword::test
