@@ -9,9 +9,9 @@
 namespace {
 
 /// The container that holds a feature, or the container itself.
-KEPIContainer_var containerOf(const KEPBaseUnknown_var& object) {
-  if (const KEPISpecObject_var feature = object) return feature->GetContainer();
-  return KEPIContainer_var(object);
+KEPIContainer* containerOf(const KEPBaseUnknown_var& object) {
+  const auto* const feature = KEPBorrow<KEPISpecObject>(object.Get());
+  return feature != nullptr ? feature->GetContainer() : KEPBorrow<KEPIContainer>(object.Get());
 }
 
 /// The host's own program behind an interface of it; null when it is none.
@@ -34,7 +34,7 @@ HRESULT statusOf(const Handle& handle) {
 
 HRESULT KEPMfgModelUtilities::GetPPWordContainer(const KEPBaseUnknown_var& object,
                                                  KEPIMfgPPWordContainer_var& container) {
-  container = containerOf(object);
+  container = KEPIMfgPPWordContainer_var::Of(containerOf(object));
   return statusOf(container);
 }
 

@@ -17,6 +17,28 @@ std::optional<KEPISpecAttribute> attribute(const KEPISpecAttrAccess_var& feature
   return found && found->GetKind() == kind ? found : std::nullopt;
 }
 
+HRESULT readText(const KEPISpecAttrAccess& attributes, std::string_view name, int& found,
+                 KEPUnicodeString& text) {
+  if (const KEPUnicodeString* const value = attributes.FindText(name)) {
+    text = *value;
+    found = 1;
+    return S_OK;
+  }
+  const auto declared = attributes.FindAttribute(name);
+  return declared && declared->GetKind() == Kind::String ? S_OK : E_FAIL;
+}
+
+HRESULT readEntry(const KEPISpecAttrAccess& attributes, std::string_view name, int entry,
+                  int& found, KEPUnicodeString& text) {
+  const auto list = attributes.FindAttribute(name);
+  if (!list || !list->IsAList()) return E_FAIL;
+  const KEPListValKEPUnicodeString& texts = list->GetTexts();
+  if (entry < 1 || entry > texts.Size()) return S_OK;
+  text = texts[entry];
+  found = 1;
+  return S_OK;
+}
+
 KEPListValKEPUnicodeString unicode(const KEPListValKEPString& items) {
   KEPListValKEPUnicodeString texts;
   for (const KEPString& item : items) texts.Append(KEPUnicodeString(item.View()));
@@ -71,16 +93,11 @@ HRESULT KEPMfgAttributeUtilities::UnsetAttributeValue(const KEPISpecObject_var& 
 HRESULT KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
     const KEPBaseUnknown_var& feature, int kind, std::string_view name, int entry, int& found,
     KEPUnicodeString& text) {
-  const Kind wanted = kind == kListEntry ? Kind::StringList : Kind::String;
-  if (kind != kListEntry && kind != kWholeText) return E_FAIL;
-  const auto value = KEPISpecAttrAccess_var(feature)->FindAttribute(name);
-  if (!value || value->GetKind() != wanted) return E_FAIL;
-  const int position = kind == kListEntry ? entry : 1;
-  const KEPListValKEPUnicodeString& texts = value->GetTexts();
-  if (position < 1 || position > texts.Size()) return S_OK;
-  text = texts[position];
-  found = 1;
-  return S_OK;
+  const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(feature.Get());
+  if (attributes == nullptr) KEPRaiseNullHandle();
+  return kind == kWholeText   ? readText(*attributes, name, found, text)
+         : kind == kListEntry ? readEntry(*attributes, name, entry, found, text)
+                              : E_FAIL;
 }
 
 HRESULT KEPMfgAttributeUtilities::StandardUpdateForPPWordContainer(

@@ -17,7 +17,7 @@ Feature::~Feature() = default;
 
 KEPISpecObject_var Feature::GetBaseType() const { return KEPISpecObject_var(type_.Get()); }
 
-KEPVar<KEPIContainer> Feature::GetContainer() const { return {container_}; }
+KEPIContainer* Feature::GetContainer() const { return container_; }
 
 int Feature::GetNumberOfAttributes() const {
   int count = 0;
@@ -97,6 +97,14 @@ std::optional<KEPISpecAttribute> Feature::AttrAccess::FindAttribute(std::string_
   // The nearest slot holds the nearest value when it has one.
   if (slot->set) return KEPISpecAttribute(slot->name, slot->kind, &slot->texts, slot->integer);
   return feature_.view(*slot, /*isOwn=*/false);
+}
+
+const KEPUnicodeString* Feature::AttrAccess::FindText(std::string_view name) const {
+  const Slot* const slot = feature_.nearestSlot(name, /*set=*/false);
+  if (slot == nullptr || slot->kind != AttributeKind::String) return nullptr;
+  if (slot->set) return &slot->texts[1];
+  const KEPISpecAttribute inherited = feature_.view(*slot, /*isOwn=*/false);
+  return inherited.IsSet() ? &inherited.GetTexts()[1] : nullptr;
 }
 
 HRESULT Feature::AttrAccess::SetString(std::string_view name, std::string_view text) {

@@ -29,7 +29,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] std::string_view GetName() const override { return name_; }
   [[nodiscard]] KEPISpecObject_var GetBaseType() const override;
   [[nodiscard]] std::string_view GetLateType() const override { return typeInUse().name_; }
-  [[nodiscard]] KEPVar<KEPIContainer> GetContainer() const override;
+  [[nodiscard]] KEPIContainer* GetContainer() const override;
   [[nodiscard]] int GetNumberOfAttributes() const override;
   [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
 
@@ -54,6 +54,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
     HRESULT AddAttribute(std::string_view name, KEPISpecAttribute::Kind kind) override;
     [[nodiscard]] std::optional<KEPISpecAttribute> FindAttribute(
         std::string_view name) const override;
+    [[nodiscard]] const KEPUnicodeString* FindText(std::string_view name) const override;
     HRESULT SetString(std::string_view name, std::string_view text) override;
     HRESULT SetInteger(std::string_view name, int value) override;
     HRESULT SetList(std::string_view name, const KEPListValKEPUnicodeString& items) override;

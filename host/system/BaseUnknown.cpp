@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <utility>
+
 #include "System/KEPBaseUnknown.h"
 
 KEPBaseUnknown::~KEPBaseUnknown() = default;
@@ -13,11 +16,22 @@ KEPBaseUnknown* KEPBaseUnknown::AnswerFirst(const KEPMetaClass* interfaceClass) 
   const bool isRoot = interfaceClass == KEPInterfaceId<KEPBaseUnknown>();
   KEPBaseUnknown* const object = isRoot ? this : Answer(interfaceClass);
   if (object == nullptr) return nullptr;
-  std::unique_ptr<Known>* last = &known_;
-  while (*last != nullptr) last = &(*last)->next;
-  *last = std::make_unique<Known>(Known{interfaceClass, object, nullptr});
-  AddRef();
+  known_.Enter({interfaceClass, object});
   return object;
+}
+
+void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
+  constexpr unsigned kFirstSize = 8;
+  const unsigned size = slots == nullptr ? 0 : mask + 1;
+  if (2 * ++count > size) {
+    const auto old = std::exchange(slots, nullptr);
+    mask = std::max(2 * size, kFirstSize) - 1;
+    slots = std::make_unique<Slot[]>(std::size_t{mask} + 1);
+    for (unsigned i = 0; i < size; ++i) {
+      if (old[i].object != nullptr) slots[PlaceOf(old[i].interfaceClass)] = old[i];
+    }
+  }
+  slots[PlaceOf(answer.interfaceClass)] = answer;
 }
 
 KEPBaseUnknown* KEPBaseUnknown::Answer(const KEPMetaClass* /*interfaceClass*/) { return nullptr; }

@@ -53,9 +53,19 @@ bool isLateTypeKnown(std::string_view lateType) {
 
 }  // namespace host
 
+namespace {
+
+/// Interfaces count up from 0, so that few of them meet in a small table.
+unsigned numberFor(KEPMetaClass::TypeOfClass type) {
+  static unsigned next = 0;
+  return type == KEPMetaClass::TypeOfClass::Interface ? next++ : 0;
+}
+
+}  // namespace
+
 KEPMetaClass::KEPMetaClass(std::string_view className, TypeOfClass type, const KEPMetaClass* base,
                            std::string_view lateType, std::string_view framework)
-    : name_(className), type_(type), base_(base), framework_(framework) {
+    : number_(numberFor(type)), name_(className), type_(type), base_(base), framework_(framework) {
   if (!lateType.empty()) Extend(lateType);
 }
 

@@ -22,6 +22,10 @@ class KEP_PLATFORM KEPISpecAttrAccess : public KEPBaseUnknown {
   [[nodiscard]] virtual std::optional<KEPISpecAttribute> FindAttribute(
       std::string_view name) const = 0;
 
+  /// The text that a string attribute of that name has; null when none is declared or no value is
+  /// set. Valid as the attribute's view is.
+  [[nodiscard]] virtual const KEPUnicodeString* FindText(std::string_view name) const = 0;
+
   /// Sets a string attribute; a list attribute holds exactly this one item afterwards.
   virtual HRESULT SetString(std::string_view name, std::string_view text) = 0;
   virtual HRESULT SetInteger(std::string_view name, int value) = 0;

@@ -21,8 +21,9 @@ class KEP_PLATFORM KEPISpecObject : public KEPBaseUnknown {
   /// The name of the feature's late type: a type's own name, the name of an instance's type.
   [[nodiscard]] virtual std::string_view GetLateType() const = 0;
 
-  /// The container that holds the feature; null once the feature is removed or its document closed.
-  [[nodiscard]] virtual KEPVar<KEPIContainer> GetContainer() const = 0;
+  /// The container that holds the feature, not counted; null once the feature is removed or its
+  /// document closed.
+  [[nodiscard]] virtual KEPIContainer* GetContainer() const = 0;
 
   /// Number of declared attributes, inherited ones included.
   [[nodiscard]] virtual int GetNumberOfAttributes() const = 0;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string_view>
 
@@ -32,10 +33,17 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// The component's object for an interface, carrying one reference that the caller releases;
   /// null when the component does not offer the interface. Repeated queries give the same object.
   [[nodiscard]] KEPBaseUnknown* QueryInterface(const KEPMetaClass* interfaceClass) const {
-    for (const Known* known = impl_->known_.get(); known != nullptr; known = known->next.get()) {
-      if (known->interfaceClass != interfaceClass) continue;
-      AddRef();
-      return known->object;
+    KEPBaseUnknown* const object = FindInterface(interfaceClass);
+    if (object != nullptr) AddRef();
+    return object;
+  }
+
+  /// As QueryInterface, but not counted: valid as long as somebody holds the component.
+  [[nodiscard]] KEPBaseUnknown* FindInterface(const KEPMetaClass* interfaceClass) const {
+    const Answers& known = impl_->known_;
+    if (known.slots != nullptr && interfaceClass != nullptr) {
+      const Answers::Slot& slot = known.slots[known.PlaceOf(interfaceClass)];
+      if (slot.interfaceClass == interfaceClass) return slot.object;
     }
     return impl_->AnswerFirst(interfaceClass);
   }
@@ -50,17 +58,35 @@ class KEP_PLATFORM KEPBaseUnknown {
   void BindTo(KEPBaseUnknown& implementation) noexcept { impl_ = implementation.impl_; }
 
  private:
-  /// An interface that the component has answered: the answer holds as long as the component.
-  struct Known {
-    const KEPMetaClass* interfaceClass;
-    KEPBaseUnknown* object;
-    std::unique_ptr<Known> next;
+  /// The interfaces that the component has answered: an answer holds as long as the component. A
+  /// flat hash table, at most half full.
+  struct Answers {
+    struct Slot {
+      const KEPMetaClass* interfaceClass = nullptr;
+      KEPBaseUnknown* object = nullptr;
+    };
+
+    /// Where an interface stands in the table, or the empty slot where it would be entered.
+    [[nodiscard]] std::size_t PlaceOf(const KEPMetaClass* interfaceClass) const noexcept {
+      unsigned place = interfaceClass->GetNumber() & mask;
+      while (slots[place].interfaceClass != interfaceClass &&
+             slots[place].interfaceClass != nullptr) {
+        place = (place + 1) & mask;
+      }
+      return place;
+    }
+    void Enter(const Slot& answer);
+
+    std::unique_ptr<Slot[]> slots;
+    /// As many slots as a power of two, less one.
+    unsigned mask = 0;
+    unsigned count = 0;
   };
 
   /// Asked of implementations only, for an interface not answered yet: its object, not counted, or
   /// null.
   [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
-  /// As QueryInterface; keeps the answer.
+  /// As FindInterface; keeps the answer.
   [[nodiscard]] KEPBaseUnknown* AnswerFirst(const KEPMetaClass* interfaceClass);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
   /// Ends the component: the last reference is gone.
@@ -68,5 +94,5 @@ class KEP_PLATFORM KEPBaseUnknown {
 
   KEPBaseUnknown* impl_;
   mutable int references_ = 1;
-  std::unique_ptr<Known> known_;
+  Answers known_;
 };

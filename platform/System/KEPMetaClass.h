@@ -35,6 +35,8 @@ class KEP_PLATFORM KEPMetaClass {
   void Extend(std::string_view lateType);
 
   [[nodiscard]] const std::string& GetName() const noexcept { return name_; }
+  /// An interface's number: no other interface has it; 0 for every other class.
+  [[nodiscard]] unsigned GetNumber() const noexcept { return number_; }
   [[nodiscard]] TypeOfClass GetTypeOfClass() const noexcept { return type_; }
   [[nodiscard]] const KEPMetaClass* GetBase() const noexcept { return base_; }
   [[nodiscard]] const std::string& GetFramework() const noexcept { return framework_; }
@@ -42,6 +44,7 @@ class KEP_PLATFORM KEPMetaClass {
   [[nodiscard]] const std::vector<std::string>& GetLateTypes() const noexcept { return lateTypes_; }
 
  private:
+  unsigned number_;
   std::string name_;
   TypeOfClass type_;
   const KEPMetaClass* base_;

@@ -67,3 +67,12 @@ class KEPVar {
 };
 
 using KEPBaseUnknown_var = KEPVar<KEPBaseUnknown>;
+
+/// Interface `T` of the component of `object` (null allowed), not counted: valid as long as
+/// somebody holds the component; null when it does not offer the interface. For the few places
+/// where the counting of a handle would cost more than what is done with it.
+template <class T>
+[[nodiscard]] T* KEPBorrow(const KEPBaseUnknown* object) {
+  if (object == nullptr) return nullptr;
+  return static_cast<T*>(object->FindInterface(KEPInterfaceId<T>()));
+}

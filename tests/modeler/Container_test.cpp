@@ -59,7 +59,7 @@ TEST_F(FeatureContainer, TypeKnowsItsBaseTypeAndContainer) {
   const KEPISpecObject_var type = document_.make("NC_GOTO", "MfgPPSyntax");
   EXPECT_EQ(type->GetBaseType().Get(), document_.find("MfgPPSyntax").Get());
   EXPECT_FALSE(document_.find("MfgPPWordRoot")->GetBaseType());
-  EXPECT_EQ(type->GetContainer().Get(), document_.features.Get());
+  EXPECT_EQ(type->GetContainer(), document_.features.Get());
 }
 
 TEST_F(FeatureContainer, TakenOrEmptyNameMakesNothing) {

@@ -36,7 +36,7 @@ bool findGenerationFormat(FormatSource source, KEPUnicodeString& format) {
 
 /// The format that holds for a parameter type: the generation's for points and axes, otherwise the
 /// "Format" attribute. False when there is none.
-bool findFormat(const KEPISpecObject_var& parameter, FormatSource source,
+bool findFormat(const KEPBaseUnknown_var& parameter, FormatSource source,
                 KEPUnicodeString& format) {
   if (source != FormatSource::Attribute && findGenerationFormat(source, format)) return true;
   int found = 0;
@@ -49,14 +49,16 @@ bool findFormat(const KEPISpecObject_var& parameter, FormatSource source,
 
 bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer, BufferNumber read,
                     FormatSource source, KEPString& value) {
-  const auto parameter = KEPISpecObject_var::Of(evaluation.GetImpl());
+  const auto* const parameter = KEPBorrow<KEPISpecObject>(evaluation.GetImpl());
+  if (parameter == nullptr) KEPRaiseNullHandle();
   // A PP word container is one that offers motion buffers.
-  const KEPIContainer_var container = parameter->GetContainer();
-  if (!container) return false;
-  const auto numbers = KEPBaseUnknown_var::Adopt(container->QueryInterface(buffer));
-  if (!numbers) return false;
+  const KEPIContainer* const container = parameter->GetContainer();
+  if (container == nullptr) return false;
+  const KEPBaseUnknown* const numbers = container->FindInterface(buffer);
+  if (numbers == nullptr) return false;
   KEPUnicodeString format;
-  return findFormat(parameter, source, format) && printNumber(format, read(*numbers), value.Edit());
+  return findFormat(evaluation.GetImpl(), source, format) &&
+         printNumber(format, read(*numbers), value.Edit());
 }
 
 }  // namespace ppword

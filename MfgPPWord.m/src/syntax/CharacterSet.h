@@ -1,29 +1,36 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <string_view>
 
 namespace ppword {
 
-/// Which characters a text may hold, found in one scan: what the set denies does not occur. A few
-/// characters share a bit, so what it affirms still has to be looked for.
+/// Which of the characters that mean something in a syntax a text holds, found in one scan.
 class CharacterSet {
  public:
   explicit constexpr CharacterSet(std::string_view text) noexcept {
-    for (const char character : text) bits_ |= bitOf(character);
+    for (const char character : text) bits_ |= kBits[static_cast<unsigned char>(character)];
   }
 
-  /// False only when none of these characters occurs in the text.
-  [[nodiscard]] constexpr bool mayHoldAny(CharacterSet other) const noexcept {
-    return (bits_ & other.bits_) != 0;
+  /// True when one of these characters occurs in the text.
+  [[nodiscard]] constexpr bool holdsAny(CharacterSet others) const noexcept {
+    return (bits_ & others.bits_) != 0;
   }
 
  private:
-  static constexpr std::uint64_t bitOf(char character) noexcept {
-    return std::uint64_t{1} << (static_cast<unsigned char>(character) & 63U);
-  }
+  using Bits = std::uint32_t;
+  static constexpr std::string_view kCharacters = "%&()\\+-*/=,$ \n\"@";
 
-  std::uint64_t bits_ = 0;
+  static constexpr auto kBits = [] {
+    std::array<Bits, 256> bits{};
+    for (std::size_t i = 0; i < kCharacters.size(); ++i) {
+      bits[static_cast<unsigned char>(kCharacters[i])] = Bits{1} << i;
+    }
+    return bits;
+  }();
+
+  Bits bits_ = 0;
 };
 
 }  // namespace ppword

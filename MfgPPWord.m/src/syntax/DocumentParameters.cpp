@@ -52,21 +52,22 @@ DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature)
     : feature_(feature), container_(feature->GetContainer()) {}
 
 bool DocumentParameters::isPPWordContainer() const {
-  return static_cast<bool>(KEPIMfgPPWordContainer_var(container_));
+  return KEPBorrow<KEPIMfgPPWordContainer>(container_.Get()) != nullptr;
 }
 
 void DocumentParameters::appendText(std::string_view name, std::string& out) {
   const std::size_t start = out.size();
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
-  const KEPIMfgParameterEvaluation_var evaluation = type;
-  const bool done =
-      evaluation ? appendEvaluation(*evaluation, out) : appendLookedUp(name, feature_, type, out);
+  // Held by its type.
+  auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
+  const bool done = evaluation != nullptr ? appendEvaluation(*evaluation, out)
+                                          : appendLookedUp(name, feature_, type, out);
   if (!done) out.append(unevaluatedText());
   if (listener_ == nullptr) return;
-  const Source source = !done        ? Source::Nobody
-                        : evaluation ? Source::Evaluation
-                        : type       ? Source::FormattedParameter
-                                     : Source::Parameter;
+  const Source source = !done                   ? Source::Nobody
+                        : evaluation != nullptr ? Source::Evaluation
+                        : type                  ? Source::FormattedParameter
+                                                : Source::Parameter;
   listener_->ReferenceReplaced(withEscapedPercents(name), source,
                                std::string_view(out).substr(start));
 }

@@ -33,7 +33,7 @@ void replaceAll(PassedLine& line, std::size_t at, std::string_view what, std::st
 
 void maskEscapedPercents(PassedLine& line) {
   static constexpr CharacterSet kBackslash("\\");
-  if (line.mayHoldAny(kBackslash)) replaceAll(line, 0, kEscaped, kMarker);
+  if (line.holdsAny(kBackslash)) replaceAll(line, 0, kEscaped, kMarker);
 }
 
 void unmaskEscapedPercents(PassedLine& line) {

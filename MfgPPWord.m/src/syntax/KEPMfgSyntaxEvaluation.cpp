@@ -35,8 +35,8 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
 void KEPMfgSyntaxEvaluation::tellSequentialMotion(const KEPISpecObject_var& feature) const {
   KEPIMfgPPWordContainer_var container;
   KEPMfgModelUtilities::GetPPWordContainer(feature, container);
-  const KEPIMfgBufferSeqMotionNumber_var buffer = container;
-  if (buffer) buffer->SetNumber(seqMotionNumber_);
+  auto* const buffer = KEPBorrow<KEPIMfgBufferSeqMotionNumber>(container.Get());
+  if (buffer != nullptr) buffer->SetNumber(seqMotionNumber_);
 }
 
 KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(

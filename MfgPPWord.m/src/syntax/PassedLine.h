@@ -20,12 +20,12 @@ class PassedLine {
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
 
-  /// False only when the text holds none of these characters. One scan answers for all passes until
+  /// True when the text holds one of these characters. One scan answers for all passes until
   /// the text changes: a pass asks here whether it has anything to do.
-  [[nodiscard]] bool mayHoldAny(CharacterSet characters) noexcept {
+  [[nodiscard]] bool holdsAny(CharacterSet characters) noexcept {
     if (!isScanned_) characters_ = CharacterSet(text_);
     isScanned_ = true;
-    return characters_.mayHoldAny(characters);
+    return characters_.holdsAny(characters);
   }
 
   /// Empty room for the changed line; `text()` stays valid while it is written.

@@ -92,12 +92,12 @@ std::size_t trimName(std::string_view& name, std::string_view prefix, ParameterS
 
 void substitute(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
   // An expression shows by its "(": nearly every line has a "%".
-  if (!line.mayHoldAny(CharacterSet(prefix.substr(prefix.size() - 1)))) return;
+  if (!line.holdsAny(CharacterSet(prefix.substr(prefix.size() - 1)))) return;
   const std::string_view text = line.text();
   std::size_t start = findPrefix(text, prefix, 0);
   if (start == kNone) return;
   const bool isExpression = prefix == kExpressionPrefix;
-  const bool isTrimmed = !isExpression && line.mayHoldAny(kTrimmed);
+  const bool isTrimmed = !isExpression && line.holdsAny(kTrimmed);
   ReferenceScanner scanner(text, isExpression ? ')' : ',');
   std::string& out = line.draft();
   std::size_t from = 0;
