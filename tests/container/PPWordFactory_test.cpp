@@ -22,7 +22,7 @@ TEST_F(PPWordFactory, CommandIsANamelessInstanceWithItsNameAndNumber) {
   const KEPISpecObject_var feature = command;
   EXPECT_EQ(entryOf(feature), " : MfgPPCommand\n  CommandName: NC_GOTO\n  SequenceNumber: 2\n");
   EXPECT_EQ(feature->GetLateType(), "MfgPPCommand");
-  EXPECT_EQ(feature->GetContainer().Get(), features.Get());
+  EXPECT_EQ(feature->GetContainer(), features.Get());
 }
 
 TEST_F(PPWordFactory, EveryCallMakesAnotherCommandBehindTheMembers) {

@@ -55,6 +55,33 @@ TEST_F(Attributes, NamesAreExact) {
   EXPECT_FALSE(base_->FindAttribute("").has_value());
 }
 
+TEST_F(Attributes, TextIsFoundOnlyWhereAStringIsSet) {
+  base_->AddAttribute("Text", Kind::String);
+  base_->AddAttribute("Number", Kind::Integer);
+  base_->AddAttribute("List", Kind::StringList);
+  EXPECT_EQ(base_->FindText("Text"), nullptr);
+  base_->SetString("Text", "%7.2f");
+  base_->SetInteger("Number", 4);
+  base_->SetString("List", "entry");
+  ASSERT_NE(base_->FindText("Text"), nullptr);
+  EXPECT_EQ(base_->FindText("Text")->View(), "%7.2f");
+  EXPECT_EQ(base_->FindText("Number"), nullptr);
+  EXPECT_EQ(base_->FindText("List"), nullptr);
+  EXPECT_EQ(base_->FindText("Absent"), nullptr);
+}
+
+TEST_F(Attributes, TextIsFoundThroughTheBaseTypesUntilTheOwnIsSet) {
+  base_->AddAttribute("Text", Kind::String);
+  base_->SetString("Text", "base");
+  ASSERT_NE(instance_->FindText("Text"), nullptr);
+  EXPECT_EQ(instance_->FindText("Text")->View(), "base");
+  derived_->SetString("Text", "derived");
+  EXPECT_EQ(instance_->FindText("Text")->View(), "derived");
+  EXPECT_EQ(base_->FindText("Text")->View(), "base");
+  derived_->Unset("Text");
+  EXPECT_EQ(instance_->FindText("Text")->View(), "base");
+}
+
 TEST_F(Attributes, EveryKindKeepsItsValue) {
   base_->AddAttribute("Text", Kind::String);
   base_->AddAttribute("Number", Kind::Integer);

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "tests/system/TestComponent.h"
 
 namespace {
@@ -65,6 +69,46 @@ TEST_F(ComponentModel, FailedQueryAddsNoReference) {
   const KEPVar<Named> named = Component::make("a");
   EXPECT_EQ(named->QueryInterface(KEPInterfaceId<Absent>()), nullptr);
   EXPECT_EQ(named->GetReferenceCount(), 1);
+}
+
+TEST_F(ComponentModel, UncountedQueryGivesTheSameObjectAndAddsNoReference) {
+  const KEPVar<Named> named = Component::make("a");
+  auto* const numbered = KEPBorrow<Numbered>(named.Get());
+  ASSERT_NE(numbered, nullptr);
+  EXPECT_EQ(numbered, KEPVar<Numbered>(named).Get());
+  EXPECT_EQ(KEPBorrow<Named>(numbered), named.Get());
+  EXPECT_EQ(KEPBorrow<Absent>(named.Get()), nullptr);
+  EXPECT_EQ(KEPBorrow<Numbered>(nullptr), nullptr);
+  EXPECT_EQ(named->FindInterface(nullptr), nullptr);
+  EXPECT_EQ(named->GetReferenceCount(), 1);
+  EXPECT_EQ(Number::made, 1);
+}
+
+/// A component that answers every interface there is with an extension of its own.
+class Everything final : public KEPBaseUnknown {
+ private:
+  KEPBaseUnknown* Answer(const KEPMetaClass* /*interfaceClass*/) override {
+    return extensions_.make(&Number::create, *this);
+  }
+  host::Extensions extensions_;
+};
+
+TEST_F(ComponentModel, ManyInterfacesKeepTheirAnswers) {
+  const auto everything = KEPBaseUnknown_var::Adopt(new Everything);
+  std::vector<std::pair<const KEPMetaClass*, KEPBaseUnknown*>> answers;
+  for (int i = 0; i < 100; ++i) {
+    const auto* const asked = KEPMetaClass::Interface("KEPITestMany" + std::to_string(i));
+    answers.emplace_back(asked, everything->FindInterface(asked));
+    for (const auto& [interfaceClass, answer] : answers) {
+      ASSERT_EQ(everything->FindInterface(interfaceClass), answer) << i;
+    }
+  }
+  EXPECT_EQ(Number::made, 100);
+}
+
+TEST_F(ComponentModel, EveryInterfaceHasANumberOfItsOwn) {
+  EXPECT_NE(KEPInterfaceId<Named>()->GetNumber(), KEPInterfaceId<Numbered>()->GetNumber());
+  EXPECT_EQ(KEPInterfaceId<Named>()->GetNumber(), KEPInterfaceId<Named>()->GetNumber());
 }
 
 TEST_F(ComponentModel, ExtensionBelongsToItsImplementation) {

@@ -26,9 +26,8 @@ std::size_t findPartner(std::string_view text, std::size_t from) {
 }  // namespace
 
 void cleanParentheses(PassedLine& line) {
-  if (!line.mayHoldAny(kOpening) || !line.mayHoldAny(kSigns)) return;
+  if (!line.holdsAny(kOpening) || !line.holdsAny(kSigns)) return;
   const std::string_view text = line.text();
-  if (text.find_first_of("+-*") == kNone) return;
   std::string& out = line.draft();
   for (std::size_t at = 0; at < text.size(); ++at) {
     const bool isRemoved = text[at] == '(' && !out.empty() && out.back() != '%';

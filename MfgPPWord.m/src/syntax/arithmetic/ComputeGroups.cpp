@@ -113,7 +113,7 @@ std::optional<std::string> computedGroup(std::string_view inner, char sign, std:
 }  // namespace
 
 void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
-  if (!line.mayHoldAny(kOpening)) return;
+  if (!line.holdsAny(kOpening)) return;
   const std::string_view text = line.text();
   std::size_t open = text.find('(');
   if (open == kNone) return;

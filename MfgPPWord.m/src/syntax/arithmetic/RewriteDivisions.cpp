@@ -68,7 +68,7 @@ std::optional<std::string> asProduct(std::string_view divisor) {
 }  // namespace
 
 void rewriteDivisions(PassedLine& line) {
-  if (!line.mayHoldAny(kReference)) return;
+  if (!line.holdsAny(kReference)) return;
   const std::string_view text = line.text();
   std::string& out = line.draft();
   std::size_t from = 0;

@@ -51,7 +51,7 @@ class CommaFinder {
 void maskSigns(PassedLine& line, SignRecords& records) {
   records.ordinals.clear();
   records.signs.clear();
-  if (!line.mayHoldAny(kSigns)) return;
+  if (!line.holdsAny(kSigns)) return;
   const std::string_view text = line.text();
   for (const char sign : kMaskingOrder) record(text, sign, records);
   if (records.signs.empty()) return;
