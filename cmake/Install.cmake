@@ -31,7 +31,8 @@ install(
   PATTERN "*.h")
 set(host_dir ${PROJECT_SOURCE_DIR}/host)
 install(
-  DIRECTORY ${host_dir}/knowledge ${host_dir}/manufacturing ${host_dir}/modeler ${host_dir}/system
+  DIRECTORY ${host_dir}/document ${host_dir}/knowledge ${host_dir}/manufacturing
+            ${host_dir}/modeler ${host_dir}/system
   DESTINATION ${include_dir}/host
   COMPONENT embedding
   FILES_MATCHING

@@ -10,31 +10,20 @@
 #include <system_error>
 #include <utility>
 
+#include "host/system/FilePlace.h"
 #include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 16U;
-constexpr mode_t kModeBeforeMask = 0666;
 constexpr mode_t kPermissions = 0777;
-constexpr int kMostNames = 100;
 
 /// The file that a path leads to through symbolic links; the path itself for one that is new.
 std::string resolved(const std::string& path) {
   std::error_code error;
   const std::filesystem::path real = std::filesystem::canonical(path, error);
   return error ? path : real.string();
-}
-
-std::string directoryOf(const std::string& path) {
-  const std::filesystem::path directory = std::filesystem::path(path).parent_path();
-  return directory.empty() ? "." : directory.string();
-}
-
-// Pipes, devices and some file systems have nothing to synchronise.
-bool isSynchronised(int descriptor) {
-  return ::fsync(descriptor) == 0 || errno == EINVAL || errno == ENOTSUP || errno == EROFS;
 }
 
 }  // namespace
@@ -72,7 +61,7 @@ void OutputFile::write(std::string_view line) {
 
 void OutputFile::finish() {
   flush();
-  require(isSynchronised(descriptor_));
+  require(synchronise(descriptor_));
   if (target_ == "-") return;
   require(::close(std::exchange(descriptor_, -1)) == 0);
   if (!temporary_.empty()) putInPlace();
@@ -94,14 +83,9 @@ void OutputFile::close() noexcept {
 
 void OutputFile::openBeside() {
   target_ = resolved(target_);
-  const std::string begin = directoryOf(target_) + "/.ppword-" + std::to_string(::getpid()) + '-';
-  errno = EEXIST;
-  for (int number = 0; descriptor_ < 0 && errno == EEXIST && number < kMostNames; ++number) {
-    temporary_ = begin + std::to_string(number) + ".tmp";
-    descriptor_ =
-        ::open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kModeBeforeMask);
-  }
-  if (descriptor_ < 0) temporary_.clear();
+  FileBeside file = createBeside(target_);
+  descriptor_ = file.descriptor;
+  if (descriptor_ >= 0) temporary_ = std::move(file.path);
 }
 
 void OutputFile::flush() {
@@ -117,9 +101,7 @@ void OutputFile::flush() {
 void OutputFile::putInPlace() {
   require(::rename(temporary_.c_str(), target_.c_str()) == 0);
   temporary_.clear();
-  descriptor_ = ::open(directoryOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  require(descriptor_ >= 0 && isSynchronised(descriptor_));
-  close();
+  require(synchroniseFolderOf(target_));
 }
 
 }  // namespace host

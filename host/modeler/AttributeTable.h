@@ -32,6 +32,9 @@ class AttributeTable {
   /// it). A position outside raises the host's error.
   Slot& insert(int position, std::string_view name, KEPISpecAttribute::Kind kind);
 
+  /// All slots, declared or not, in order.
+  [[nodiscard]] const std::vector<Slot>& slots() const noexcept { return slots_; }
+
   [[nodiscard]] int declaredCount() const noexcept { return declaredCount_; }
   /// The declared slot at a position from 1 to their number.
   [[nodiscard]] const Slot& declaredAt(int position) const;

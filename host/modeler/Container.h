@@ -35,6 +35,7 @@ class KEP_PLATFORM Container final : public KEPIContainer {
   void close();
 
   [[nodiscard]] Document* document() const noexcept { return document_; }
+  [[nodiscard]] std::string_view lateType() const noexcept { return lateType_; }
 
  private:
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;

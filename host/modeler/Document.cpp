@@ -13,22 +13,31 @@ void makePPCommandType(Container& container) {
 
 }  // namespace
 
-KEPVar<Document> Document::create() { return KEPVar<Document>::Adopt(new Document); }
+KEPVar<Document> Document::createEmpty() { return KEPVar<Document>::Adopt(new Document); }
+
+KEPVar<Document> Document::create() {
+  KEPVar<Document> document = createEmpty();
+  makePPCommandType(*document->ppWords_);
+  return document;
+}
 
 Document::Document()
     : root_(KEPVar<Root>::Adopt(new Root(*this))),
-      ppWords_(KEPVar<Container>::Adopt(new Container(*this, "MfgPPWordCont"))) {
-  makePPCommandType(*ppWords_);
-}
+      ppWords_(KEPVar<Container>::Adopt(new Container(*this, "MfgPPWordCont"))) {}
 
 Document::~Document() {
-  while (!containers_.empty()) (*containers_.begin())->close();
+  while (!containers_.empty()) containers_.back()->close();
   root_->close();
   if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
     // What the container was told to keep may hold the container in turn, and may ask for this
     // document while it dies: it is let go when nothing leads here any more.
     words->SetObjects({});
   }
+}
+
+Container& Document::addContainer(std::string_view lateType) {
+  furtherContainers_.push_back(KEPVar<Container>::Adopt(new Container(*this, lateType)));
+  return *furtherContainers_.back();
 }
 
 void Document::setDesignParameter(std::string_view name, double value) {

@@ -1,7 +1,8 @@
 #pragma once
 
-#include <set>
+#include <cstdint>
 #include <string_view>
+#include <vector>
 
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
@@ -19,6 +20,8 @@ class KEP_PLATFORM Document final : public KEPIDocument {
   /// it holds the first handle; containers and features die with the document, except those that
   /// handles still hold, which then belong to no container.
   [[nodiscard]] static KEPVar<Document> create();
+  /// The same with nothing in its PP word container, for who fills it from a file.
+  [[nodiscard]] static KEPVar<Document> createEmpty();
 
   ~Document() override;
 
@@ -34,12 +37,20 @@ class KEP_PLATFORM Document final : public KEPIDocument {
   /// Sets a design parameter that "%(" expressions may name.
   void setDesignParameter(std::string_view name, double value);
   /// A container belongs to the document from its making until it closes.
-  void add(Container& container) { containers_.insert(&container); }
-  void remove(Container& container) noexcept { containers_.erase(&container); }
+  void add(Container& container) { containers_.push_back(&container); }
+  void remove(Container& container) noexcept { std::erase(containers_, &container); }
+  /// Makes a further container, which lives as long as the document.
+  Container& addContainer(std::string_view lateType);
+  /// The containers in the order of their making; the PP word container is the first.
+  [[nodiscard]] const std::vector<Container*>& containers() const noexcept { return containers_; }
 
   [[nodiscard]] const TextMap<double>& designParameters() const noexcept {
     return designParameters_;
   }
+
+  /// The mark of the stored state that the document was opened from or saved as; 0 for none.
+  [[nodiscard]] std::int64_t storedStamp() const noexcept { return storedStamp_; }
+  void setStoredStamp(std::int64_t stamp) noexcept { storedStamp_ = stamp; }
 
  private:
   Document();
@@ -56,11 +67,13 @@ class KEP_PLATFORM Document final : public KEPIDocument {
     Document* document_;
   };
 
-  std::set<Container*> containers_;
+  std::vector<Container*> containers_;
   KEPVar<Root> root_;
   KEPVar<Container> ppWords_;
+  std::vector<KEPVar<Container>> furtherContainers_;
   TextMap<double> designParameters_;
   bool needsUpgrade_ = false;
+  std::int64_t storedStamp_ = 0;
 };
 
 /// A new document with the default catalogue. The module must be loaded; otherwise the null-handle

@@ -43,6 +43,9 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   void publish() noexcept { published_ = true; }
 
   [[nodiscard]] Kind kind() const noexcept { return kind_; }
+  /// The attributes that the feature itself declares or gives a value to, for who stores them.
+  [[nodiscard]] const AttributeTable& attributes() const noexcept { return attributes_; }
+  [[nodiscard]] AttributeTable& attributes() noexcept { return attributes_; }
 
  private:
   friend class Container;
