@@ -3,22 +3,12 @@
 #include "KEPIMfgBufferCircle.h"
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferTLAxis.h"
-#include "KEPIMfgParameterEvaluation.h"
 #include "System/KEPError.h"
-#include "host/manufacturing/GeneratorData.h"
 #include "src/evaluation/ParameterEvaluations.h"
-#include "tests/support/PPWordDocument.h"
+#include "tests/evaluation/Evaluations.h"
 
 namespace ppword::test {
 namespace {
-
-/// What an evaluation gives: its text, or the untouched text and false.
-std::string evaluated(const KEPISpecObject_var& parameter) {
-  KEPString text = "untouched";
-  const KEPIMfgParameterEvaluation_var evaluation = parameter;
-  return evaluation->Evaluate(text) ? std::string(text.View())
-                                    : "no value, " + std::string(text.View());
-}
 
 class NumericEvaluation : public testing::Test, protected PPWordDocument {
  protected:
@@ -109,11 +99,11 @@ TEST_F(NumericEvaluation, EmptyGenerationFormatLeavesTheAttribute) {
 
 TEST_F(NumericEvaluation, WithoutAnyFormatThereIsNoValue) {
   make("MFG_XPOINT", "MfgPPParameter");
-  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), kNoValue);
   // declared and not set
   KEPISpecAttrAccess_var(find("MFG_XPOINT"))
       ->AddAttribute("Format", KEPISpecAttribute::Kind::String);
-  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), kNoValue);
   // the generation's format needs no attribute
   host::setCurrentGeneratorData(host::GeneratorData::create("%.1f", ""));
   EXPECT_EQ(evaluated(find("MFG_XPOINT")), "1.0");
@@ -123,7 +113,7 @@ TEST_F(NumericEvaluation, FormatOfAListAttributeIsNoFormat) {
   const KEPISpecAttrAccess_var type = make("MFG_XPOINT", "MfgPPParameter");
   type->AddAttribute("Format", KEPISpecAttribute::Kind::StringList);
   type->SetString("Format", "%.1f");
-  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), kNoValue);
 }
 
 TEST_F(NumericEvaluation, EmptyFormatThatIsSetPrintsNothing) {
@@ -136,18 +126,18 @@ TEST_F(NumericEvaluation, FormatWithoutConversionPrintsItself) {
 
 TEST_F(NumericEvaluation, UnusableFormatGivesNoValue) {
   for (const char* unusable : {"%n", "%s", "%d", "%f %f", "%.99999999f"}) {
-    EXPECT_EQ(evaluatedWith("MFG_XPOINT", unusable), "no value, untouched") << unusable;
+    EXPECT_EQ(evaluatedWith("MFG_XPOINT", unusable), kNoValue) << unusable;
   }
   // of the generation too: the attribute does not step in
   KEPISpecAttrAccess_var(find("MFG_XPOINT"))->SetString("Format", "%.1f");
   host::setCurrentGeneratorData(host::GeneratorData::create("%s", ""));
-  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), kNoValue);
 }
 
 TEST_F(NumericEvaluation, ValueThatIsNotFiniteGivesNoValue) {
   format("MFG_XPOINT", "%.1f");
   KEPIMfgBufferPoint_var(words)->SetPoint(std::numeric_limits<double>::quiet_NaN(), 0, 0);
-  EXPECT_EQ(evaluated(find("MFG_XPOINT")), "no value, untouched");
+  EXPECT_EQ(evaluated(find("MFG_XPOINT")), kNoValue);
 }
 
 TEST_F(NumericEvaluation, FreshBuffersPrintZeros) {
@@ -162,12 +152,12 @@ TEST_F(NumericEvaluation, ParameterOutsideAPPWordContainerGivesNoValue) {
   format("MFG_XPOINT", "%.1f");
   const auto parameter = find("MFG_XPOINT");
   KEPILifeCycleObject_var(parameter)->remove();
-  EXPECT_EQ(evaluated(parameter), "no value, untouched");
+  EXPECT_EQ(evaluated(parameter), kNoValue);
   auto other = KEPIContainer_var::Adopt(new host::Container(*document, "MfgOtherCont"));
   const auto foreign = KEPISpecObject_var::Adopt(other->CreateStartUp("MFG_XPOINT", {}));
   KEPISpecAttrAccess_var(foreign)->AddAttribute("Format", KEPISpecAttribute::Kind::String);
   KEPISpecAttrAccess_var(foreign)->SetString("Format", "%.1f");
-  EXPECT_EQ(evaluated(foreign), "no value, untouched");
+  EXPECT_EQ(evaluated(foreign), kNoValue);
 }
 
 TEST_F(NumericEvaluation, WithoutParameterFeatureTheNullHandleErrorIsRaised) {
@@ -188,17 +178,10 @@ TEST_F(NumericEvaluation, ReferenceCountsAreAsBefore) {
   EXPECT_EQ(evaluated(parameter), "1.00");
   KEPISpecAttrAccess_var(parameter)->SetString("Format", "%n");
   host::setCurrentGeneratorData(nullptr);
-  EXPECT_EQ(evaluated(parameter), "no value, untouched");
+  EXPECT_EQ(evaluated(parameter), kNoValue);
   EXPECT_EQ(
       parameter->GetReferenceCount() + words->GetReferenceCount() + generation->GetReferenceCount(),
       before - 1);
-}
-
-TEST_F(NumericEvaluation, OtherParametersAreKnownAndHaveNoValue) {
-  for (const char* name : {"MFG_FEED_VALUE", "MFG_SPNDL_SPEED", "MFG_HELICAL_PITCH"}) {
-    format(name, "%.1f");
-    EXPECT_EQ(evaluated(find(name)), "no value, untouched") << name;
-  }
 }
 
 }  // namespace

@@ -61,4 +61,10 @@ bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer
          printNumber(format, read(*numbers), value.Edit());
 }
 
+bool printWithAttribute(const KEPBaseUnknown_var& parameter, double number, KEPString& value) {
+  KEPUnicodeString format;
+  return findFormat(parameter, FormatSource::Attribute, format) &&
+         printNumber(format, number, value.Edit());
+}
+
 }  // namespace ppword

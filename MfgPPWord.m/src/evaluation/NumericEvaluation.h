@@ -1,6 +1,7 @@
 #pragma once
 
 #include "System/KEPString.h"
+#include "System/KEPVar.h"
 #include "src/registration/Registered.h"
 
 namespace ppword {
@@ -21,6 +22,11 @@ using BufferNumber = double (*)(const KEPBaseUnknown& buffer);
 /// feature raises the null-handle error.
 [[nodiscard]] bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer,
                                   BufferNumber read, FormatSource source, KEPString& value);
+
+/// Prints a number with the "Format" attribute of a parameter type. False, with `value` untouched,
+/// when there is no format or it cannot print the number.
+[[nodiscard]] bool printWithAttribute(const KEPBaseUnknown_var& parameter, double number,
+                                      KEPString& value);
 
 /// How a getter of a buffer interface gives a component: one number, or one of three.
 template <class Getter>

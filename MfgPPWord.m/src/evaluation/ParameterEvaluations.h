@@ -1,10 +1,13 @@
 #pragma once
 
 #include "KEPIMfgBufferCircle.h"
+#include "KEPIMfgBufferFeedrate.h"
+#include "KEPIMfgBufferHelix.h"
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferTLAxis.h"
+#include "src/evaluation/HelixEvaluation.h"
 #include "src/evaluation/NumericEvaluation.h"
-#include "src/evaluation/SilentEvaluation.h"
+#include "src/evaluation/ToolSettingEvaluation.h"
 
 // One class for each parameter name, registered under it. A class that differs from its sisters
 // only in what it reads is a row.
@@ -36,41 +39,60 @@ PPWORD_NUMBER(KEPMfgMFGYTGTCIRCLEvaluation, KEPIMfgBufferCircle::GetTgt, kSecond
 PPWORD_NUMBER(KEPMfgMFGZTGTCIRCLEvaluation, KEPIMfgBufferCircle::GetTgt, kThird, Attribute);
 PPWORD_NUMBER(KEPMfgMFGRADIUSCIRCLEvaluation, KEPIMfgBufferCircle::GetRadius, kFirst, Attribute);
 
+PPWORD_NUMBER(KEPMfgMFGFEEDVALUEEvaluation, KEPIMfgBufferFeedrate::GetValue, kFirst, Attribute);
+
+PPWORD_NUMBER(KEPMfgMFGHELICALXCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALYCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALZCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALXENDEvaluation, KEPIMfgBufferHelix::GetEnd, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALYENDEvaluation, KEPIMfgBufferHelix::GetEnd, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALZENDEvaluation, KEPIMfgBufferHelix::GetEnd, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALIAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALJAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALKAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVIEvaluation, KEPIMfgBufferHelix::GetInDirV, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVJEvaluation, KEPIMfgBufferHelix::GetInDirV, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVKEvaluation, KEPIMfgBufferHelix::GetInDirV, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALRADIUSEvaluation, KEPIMfgBufferHelix::GetRadius, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALPITCHEvaluation, KEPIMfgBufferHelix::GetPitch, kFirst, Attribute);
+
 #undef PPWORD_NUMBER
 
-#define PPWORD_SILENT(Class) \
-  class Class final : public ppword::SilentEvaluation<Class> {}
+#define PPWORD_HELIX(Class, number) \
+  class Class final : public ppword::HelixEvaluation<Class, &ppword::number> {}
 
-PPWORD_SILENT(KEPMfgCmpNoseRadiusEvaluation);
-PPWORD_SILENT(KEPMfgCmpTlSetXEvaluation);
-PPWORD_SILENT(KEPMfgCmpTlSetYEvaluation);
-PPWORD_SILENT(KEPMfgCmpTlSetZEvaluation);
-PPWORD_SILENT(KEPMfgMFGDELAYUNITEvaluation);
-PPWORD_SILENT(KEPMfgMFGFEEDRATIOEvaluation);
-PPWORD_SILENT(KEPMfgMFGFEEDTYPEEvaluation);
-PPWORD_SILENT(KEPMfgMFGFEEDUNITEvaluation);
-PPWORD_SILENT(KEPMfgMFGFEEDVALUEEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALANGLEEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALHEIGHTEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALIAXISEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALINDIRVIEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALINDIRVJEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALINDIRVKEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALJAXISEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALKAXISEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALPITCHEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALRADIUSEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALROUNDEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALXCENTEREvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALXENDEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALYCENTEREvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALYENDEvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALZCENTEREvaluation);
-PPWORD_SILENT(KEPMfgMFGHELICALZENDEvaluation);
-PPWORD_SILENT(KEPMfgMFGOUTPUTCOMMENTEvaluation);
-PPWORD_SILENT(KEPMfgMFGSPNDLSPEEDEvaluation);
-PPWORD_SILENT(KEPMfgMFGSPNDLUNITEvaluation);
-PPWORD_SILENT(KEPMfgMFGSPNDLWAYEvaluation);
-PPWORD_SILENT(KEPMfgMFGTOOLPATHTYPEEvaluation);
+PPWORD_HELIX(KEPMfgMFGHELICALHEIGHTEvaluation, helixHeight);
+PPWORD_HELIX(KEPMfgMFGHELICALROUNDEvaluation, helixTurns);
+PPWORD_HELIX(KEPMfgMFGHELICALANGLEEvaluation, helixAngle);
 
-#undef PPWORD_SILENT
+#undef PPWORD_HELIX
+
+#define PPWORD_TOOL_SETTING(Class, axis) \
+  class Class final : public ppword::ToolSettingEvaluation<Class, ppword::axis> {}
+
+PPWORD_TOOL_SETTING(KEPMfgCmpTlSetXEvaluation, kToolSettingX);
+PPWORD_TOOL_SETTING(KEPMfgCmpTlSetYEvaluation, kToolSettingY);
+PPWORD_TOOL_SETTING(KEPMfgCmpTlSetZEvaluation, kToolSettingZ);
+
+#undef PPWORD_TOOL_SETTING
+
+// These have code of their own, in a source named after the class.
+#define PPWORD_OWN(Class)                                \
+  class Class final : public ppword::Registered<Class> { \
+   public:                                               \
+    /* As KEPIMfgParameterEvaluation::Evaluate. */       \
+    [[nodiscard]] bool Evaluate(KEPString& value) const; \
+  }
+
+PPWORD_OWN(KEPMfgCmpNoseRadiusEvaluation);
+PPWORD_OWN(KEPMfgMFGDELAYUNITEvaluation);
+PPWORD_OWN(KEPMfgMFGFEEDRATIOEvaluation);
+PPWORD_OWN(KEPMfgMFGFEEDTYPEEvaluation);
+PPWORD_OWN(KEPMfgMFGFEEDUNITEvaluation);
+PPWORD_OWN(KEPMfgMFGOUTPUTCOMMENTEvaluation);
+PPWORD_OWN(KEPMfgMFGSPNDLSPEEDEvaluation);
+PPWORD_OWN(KEPMfgMFGSPNDLUNITEvaluation);
+PPWORD_OWN(KEPMfgMFGSPNDLWAYEvaluation);
+PPWORD_OWN(KEPMfgMFGTOOLPATHTYPEEvaluation);
+
+#undef PPWORD_OWN

@@ -1,0 +1,78 @@
+#include "KEPIMfgBufferCorrectorNumber.h"
+#include "Manufacturing/KEPIMfgInsert.h"
+#include "Manufacturing/KEPIMfgLatheOperation.h"
+#include "Manufacturing/KEPIMfgResource.h"
+#include "Manufacturing/KEPIMfgTool.h"
+#include "Manufacturing/KEPIMfgToolAssembly.h"
+#include "Manufacturing/KEPMfgNames.h"
+#include "src/evaluation/Compensation.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterEvaluations.h"
+
+namespace {
+
+/// The radii of an insert's cutting edge.
+struct NoseRadii {
+  double left = 0.0;
+  double right = 0.0;
+  bool isGroove = false;
+};
+
+NoseRadii radiiOf(const KEPIMfgToolAssembly_var& assembly) {
+  if (!assembly) return {};
+  const KEPIMfgInsert_var insert = assembly->GetInsert();
+  const KEPIMfgResource_var resource = insert;
+  if (!resource) return {};
+  const KEPUnicodeString type = resource->GetResourceType();
+  if (type.View() != MfgGrooveInsert && type.View() != KEPEMfgGrooveInsert) {
+    const double radius = ppword::lengthOf(*insert, MfgNoseRadius);
+    return {radius, radius, false};
+  }
+  // deliberate: whether the assembly is inverted is asked and makes no difference
+  KEPMfgParameterValue inverted;
+  static_cast<void>(assembly->GetValue(MfgInvertedAssembly, inverted));
+  return {ppword::lengthOf(*insert, MfgLeftNoseRadius),
+          ppword::lengthOf(*insert, MfgRightNoseRadius), true};
+}
+
+/// The name of the tool point that a corrector (below 1: none) compensates.
+KEPUnicodeString outputPoint(const KEPIMfgActivity_var& activity, const ppword::Tooling& tooling,
+                             int corrector) {
+  KEPUnicodeString point("P9");
+  if (const KEPIMfgLatheOperation_var lathe = activity) {
+    int number = 0;
+    if (corrector < 1) {
+      lathe->GetDefaultCorrector(number, point);
+    } else {
+      lathe->GetCorrector(corrector, point);
+    }
+  } else if (tooling.assembly) {
+    const KEPIMfgLatheRefCompensation_var reference = tooling.assembly;
+    if (reference) reference->GetNumber(corrector);
+    const KEPIMfgToolCompensation_var tool = tooling.tool;
+    if (tool) tool->GetOutputPoint(corrector, point);
+  }
+  return point;
+}
+
+double noseRadius(const KEPIMfgActivity_var& activity, int corrector) {
+  const auto tooling = ppword::toolingOf(activity);
+  const NoseRadii radii = radiiOf(tooling.assembly);
+  const KEPUnicodeString point = outputPoint(activity, tooling, corrector);
+  double radius = point.View() == "P9" || point.View() == "P3" ? radii.left : radii.right;
+  const KEPIMfgLatheToolInsertUtilities_var utilities = tooling.assembly;
+  if (radii.isGroove && utilities) utilities->GetRadius(activity, point, radius);
+  return radius;
+}
+
+}  // namespace
+
+bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
+  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto activity = parameter.activity();
+  const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
+  if (activity) ppword::printLength(noseRadius(activity, corrector), value);
+  // deliberate: a success even when there was nothing to print
+  return true;
+}

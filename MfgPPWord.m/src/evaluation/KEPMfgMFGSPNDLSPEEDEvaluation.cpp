@@ -1,0 +1,38 @@
+#include <optional>
+
+#include "KEPIMfgBufferSeqMotionNumber.h"
+#include "KEPIMfgBufferSpindle.h"
+#include "Manufacturing/KEPMfgNames.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterEvaluations.h"
+
+namespace {
+
+/// The speed that a sequential motion, or else its operation, sets itself.
+std::optional<double> ownSpeed(const ppword::MotionSpindle& motion,
+                               const KEPIMfgActivity_var& operation) {
+  const auto parameters =
+      motion.isLocal ? motion.parameters : KEPIMfgFeedrateParameters_var(operation);
+  return ppword::numberOf(parameters, Mfg_SpindleSpeedValue);
+}
+
+}  // namespace
+
+bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
+  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto activity = parameter.activity();
+  std::optional<double> speed;
+  if (ppword::isSequential(activity)) {
+    const auto motion =
+        ppword::motionSpindle(activity, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>());
+    if (!motion) return false;
+    speed = ownSpeed(*motion, activity);
+  }
+  if (!speed) {
+    const auto spindle = parameter.buffer<KEPIMfgBufferSpindle>();
+    if (!spindle) return false;
+    spindle->GetValue(speed.emplace());
+  }
+  return parameter.print(*speed, value);
+}

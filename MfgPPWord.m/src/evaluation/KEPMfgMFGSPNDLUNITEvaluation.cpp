@@ -1,0 +1,47 @@
+#include "KEPIMfgBufferSeqMotionNumber.h"
+#include "KEPIMfgBufferSpindle.h"
+#include "Manufacturing/KEPMfgNames.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterEvaluations.h"
+
+namespace {
+
+// deliberate: angular stands before linear here, the other way round than in the feed rate's unit
+constexpr int kAngular = 1;
+constexpr int kLinear = 2;
+
+int kindOfParameters(const KEPIMfgFeedrateParameters_var& parameters) {
+  return ppword::kindOf(parameters, Mfg_SpindleSpeedValue, "ANGULARSPINDLESPEED",
+                        "LINEARSPINDLESPEED");
+}
+
+int kindOfBuffer(const KEPIMfgBufferSpindle_var& spindle) {
+  bool answer = false;
+  if (!spindle) return 0;
+  if (spindle->IsAngular(answer) && answer) return kAngular;
+  return spindle->IsLinear(answer) && answer ? kLinear : 0;
+}
+
+/// The buffer's kind, or the operation's when the buffer gives no answer.
+int kindOfOperation(const ppword::EvaluatedParameter& parameter,
+                    const KEPIMfgActivity_var& operation) {
+  const int buffered = kindOfBuffer(parameter.buffer<KEPIMfgBufferSpindle>());
+  return buffered != 0 ? buffered : kindOfParameters(operation);
+}
+
+}  // namespace
+
+bool KEPMfgMFGSPNDLUNITEvaluation::Evaluate(KEPString& value) const {
+  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto operation = ppword::operationOf(parameter.activity());
+  int kind = 0;
+  if (ppword::isSequential(operation)) {
+    const auto motion =
+        ppword::motionSpindle(operation, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>());
+    if (!motion) return false;
+    if (motion->isLocal) kind = kindOfParameters(motion->parameters);
+  }
+  if (kind == 0) kind = kindOfOperation(parameter, operation);
+  return kind != 0 && parameter.readWord(kind, value);
+}

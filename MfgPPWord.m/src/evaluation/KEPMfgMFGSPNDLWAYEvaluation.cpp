@@ -1,0 +1,87 @@
+#include <optional>
+
+#include "KEPIMfgBufferSeqMotionNumber.h"
+#include "KEPIMfgBufferSpindle.h"
+#include "Manufacturing/KEPIMfgLatheOperation.h"
+#include "Manufacturing/KEPIMfgTool.h"
+#include "Manufacturing/KEPMfgNames.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterEvaluations.h"
+
+namespace {
+
+constexpr int kReverseWay = -1;
+constexpr int kSwapped = 2;
+
+/// Which entry of the list of words holds, as far as a source can tell.
+enum class Way {
+  /// The source knows nothing; the next one is asked.
+  Unknown,
+  /// The first and the second entry.
+  First,
+  Second,
+  /// There is no word at all.
+  None
+};
+
+/// The way of rotation of a turning operation, or of the one that a tool change is made for.
+Way wayOfOperation(const KEPIMfgActivity_var& activity) {
+  KEPIMfgLatheOperation_var lathe = activity;
+  if (!lathe) lathe = ppword::operationOf(activity);
+  int code = 0;
+  if (!lathe || KEPFailed(lathe->GetWayOfRotation(code))) return Way::Unknown;
+  return code == kReverseWay ? Way::Second : Way::First;
+}
+
+/// The way of rotation that a sequential motion sets itself.
+Way wayOfMotion(const KEPIMfgActivity_var& activity, int number) {
+  if (!ppword::isSequential(activity) || number <= 0) return Way::Unknown;
+  const auto motion = ppword::motionSpindle(activity, number);
+  // deliberate: a motion without a spindle gives no word, whatever the tool says
+  if (!motion) return Way::None;
+  if (!motion->isLocal) return Way::Unknown;
+  const auto way = ppword::textOf(*motion->parameters, "MfgSpindleWayOfRotation");
+  if (!way) return Way::Unknown;
+  return way->View() == "MfgSpindleCLW" ? Way::First : Way::Second;
+}
+
+Way handOfTool(const KEPIMfgActivity_var& activity) {
+  const KEPIMfgTool_var tool = ppword::toolingOf(activity).tool;
+  if (!tool) return Way::None;
+  const auto hand = ppword::textOf(*tool, "MFG_WAY_OF_ROT");
+  if (hand && hand->View() == MfgRightHand) return Way::First;
+  return hand && hand->View() == MfgLeftHand ? Way::Second : Way::None;
+}
+
+/// The way that suits the hand of the tool; a spindle that turns the other way swaps them.
+Way wayOfTool(const KEPIMfgActivity_var& activity, const KEPIMfgBufferSpindle_var& spindle) {
+  const Way hand = handOfTool(activity);
+  int way = 1;
+  if (spindle) spindle->GetWay(way);
+  if (way != kSwapped || hand == Way::None) return hand;
+  return hand == Way::First ? Way::Second : Way::First;
+}
+
+Way wayOf(const ppword::EvaluatedParameter& parameter) {
+  const auto activity = parameter.activity();
+  if (!activity) return Way::First;
+  Way way = wayOfOperation(activity);
+  if (way != Way::Unknown) return way;
+  way = wayOfMotion(activity, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>());
+  if (way != Way::Unknown) return way;
+  return wayOfTool(activity, parameter.buffer<KEPIMfgBufferSpindle>());
+}
+
+}  // namespace
+
+bool KEPMfgMFGSPNDLWAYEvaluation::Evaluate(KEPString& value) const {
+  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  KEPString first;
+  KEPString second;
+  if (!parameter.readWord(1, first) || !parameter.readWord(2, second)) return false;
+  const Way way = wayOf(parameter);
+  if (way == Way::None) return false;
+  value = way == Way::First ? first : second;
+  return true;
+}

@@ -1,0 +1,26 @@
+#include "Manufacturing/KEPIMfgToolPath.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterEvaluations.h"
+
+namespace {
+
+constexpr int kFixedAxis = 1;
+
+/// The entry for the type of an activity's tool path: 1 for a fixed tool axis, 2 for any other
+/// type, 0 when nobody can tell.
+int entryOf(const KEPIMfgToolPathManagement_var& activity) {
+  KEPIMfgTraject_var path;
+  if (!activity || KEPFailed(activity->GetToolPath(path)) || !path) return 0;
+  bool known = false;
+  int type = 0;
+  if (KEPFailed(path->GetType(known, type)) || !known) return 0;
+  return type == kFixedAxis ? 1 : 2;
+}
+
+}  // namespace
+
+bool KEPMfgMFGTOOLPATHTYPEEvaluation::Evaluate(KEPString& value) const {
+  const auto parameter = ppword::EvaluatedParameter::ofAny(*this);
+  const int entry = entryOf(parameter.activity());
+  return entry != 0 && parameter.readWord(entry, value);
+}

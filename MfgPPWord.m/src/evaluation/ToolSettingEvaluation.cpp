@@ -1,0 +1,64 @@
+#include "src/evaluation/ToolSettingEvaluation.h"
+
+#include "KEPIMfgBufferCorrectorNumber.h"
+#include "Manufacturing/KEPIMfgTool.h"
+#include "Manufacturing/KEPIMfgToolAssembly.h"
+#include "Manufacturing/KEPIMfgTurningEnvironment.h"
+#include "Mathematics/KEPMathTransformation.h"
+#include "src/evaluation/Compensation.h"
+#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/Operations.h"
+
+namespace ppword {
+namespace {
+
+/// The number of the tool point that setting values refer to.
+int referencePoint(const KEPBaseUnknown_var& assembly) {
+  int number = 9;
+  const KEPIMfgLatheRefCompensation_var reference = KEPIMfgLatheToolAssembly_var(assembly);
+  if (reference) reference->GetNumber(number);
+  return number;
+}
+
+/// An offset in the turning axis system of an activity; as it is without a usable system.
+KEPMathVector inTurningAxes(const KEPMathVector& offset,
+                            const KEPIMfgTurningEnvironment_var& activity) {
+  if (!activity) return offset;
+  KEPMathVector origin;
+  KEPMathVector third{1.0, 0.0, 0.0};
+  KEPMathVector first{1.0, 0.0, 0.0};
+  if (KEPFailed(activity->GetAxisSystem(origin, third, first))) return offset;
+  KEPMathTransformation frame({first, third.Cross(first), third}, {});
+  return frame.Invert() ? frame.Apply(offset) : offset;
+}
+
+/// What the corrector's point is away from the reference point; no offset where nobody can tell.
+KEPMathVector correctorOffset(const KEPIMfgActivity_var& activity, const Tooling& tooling,
+                              int corrector) {
+  const KEPIMfgToolCompensationValueReplay_var replay = tooling.tool;
+  const int reference = referencePoint(tooling.assembly);
+  if (!replay || reference <= 0 || corrector <= 0) return {};
+  KEPMathVector from;
+  KEPMathVector to;
+  replay->GetPosition(activity, reference, from);
+  replay->GetPosition(activity, corrector, to);
+  return inTurningAxes(to - from, activity);
+}
+
+}  // namespace
+
+bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis& axis,
+                         KEPString& value) {
+  const auto parameter = EvaluatedParameter::of(evaluation);
+  const auto activity = parameter.activity();
+  // deliberate: a success even when there was nothing to print
+  if (!activity) return true;
+  const Tooling tooling = toolingOf(activity);
+  const KEPIMfgGeomParameters_var dimensions = tooling.assembly;
+  const double setting = dimensions ? lengthOf(*dimensions, axis.name) : 0.0;
+  const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
+  printLength(setting + correctorOffset(activity, tooling, corrector).*axis.component, value);
+  return true;
+}
+
+}  // namespace ppword

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string_view>
+
+#include "Mathematics/KEPMathVector.h"
+#include "System/KEPString.h"
+#include "src/registration/Registered.h"
+
+namespace ppword {
+
+/// One axis of the tool setting values: the parameter of the tool assembly that holds the value,
+/// and the component of the corrector's offset that is added.
+struct ToolSettingAxis {
+  std::string_view name;
+  double KEPMathVector::*component;
+};
+
+inline constexpr ToolSettingAxis kToolSettingX{"MFG_TL_SET_X", &KEPMathVector::x};
+inline constexpr ToolSettingAxis kToolSettingY{"MFG_TL_SET_Y", &KEPMathVector::y};
+inline constexpr ToolSettingAxis kToolSettingZ{"MFG_TL_SET_Z", &KEPMathVector::z};
+
+/// Prints the tool setting value of the current activity's tool, from the spindle or turret to the
+/// point of the current corrector, in the turning axis system; lengths in the unit of the output.
+/// Always true: `value` is untouched when there is no PP word container or no activity, or the
+/// value is not finite. An evaluation that extends no feature raises the null-handle error.
+[[nodiscard]] bool evaluateToolSetting(const KEPBaseUnknown& evaluation,
+                                       const ToolSettingAxis& axis, KEPString& value);
+
+/// A tool setting value along one axis.
+template <class Self, const ToolSettingAxis& kAxis>
+class ToolSettingEvaluation : public Registered<Self> {
+ public:
+  /// As KEPIMfgParameterEvaluation::Evaluate.
+  [[nodiscard]] bool Evaluate(KEPString& value) const {
+    return evaluateToolSetting(*this, kAxis, value);
+  }
+};
+
+}  // namespace ppword
