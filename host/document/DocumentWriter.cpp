@@ -84,7 +84,7 @@ class MakingOrder {
   }
 
   void addBase(const Feature& base) {
-    const auto home = homes_.find(base.GetContainer().Get());
+    const auto home = homes_.find(base.GetContainer());
     if (home == homes_.end()) return append(base, std::nullopt);
     while (!ids_.contains(&base)) addNext(home->second);
   }
