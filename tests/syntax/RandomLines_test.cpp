@@ -112,7 +112,7 @@ TEST_F(RandomSyntax, PassesThatAreLeftOutWouldChangeNothing) {
   // An argument that makes the scan of a line affirm every character that a pass looks for.
   const std::string disguise = "kjmhoefid\x1C,";
   for (const char looked : std::string_view("+*-(/%&)$\\")) {
-    ASSERT_TRUE(CharacterSet(disguise).mayHoldAny(CharacterSet({&looked, 1}))) << looked;
+    ASSERT_TRUE(CharacterSet(disguise).holdsAny(CharacterSet({&looked, 1}))) << looked;
   }
   for (int i = 0; i < kLines / 4; ++i) {
     const std::string line = lines_.next();
