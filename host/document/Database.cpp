@@ -39,10 +39,18 @@ void requireFile(const std::string& path, std::string_view name) {
   }
 }
 
+/// The operating system's error behind a failure of reading or writing; 0 when nobody knows it.
+int systemError(sqlite3* connection) {
+  int error = 0;
+  // What the file remembers: undoing a change may have met other errors since.
+  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+  return error != 0 ? error : sqlite3_system_errno(connection);
+}
+
 std::string reasonOf(int code, sqlite3* connection) {
   const int kind = code & 0xFF;
   const bool isSystemError = kind == SQLITE_IOERR || kind == SQLITE_CANTOPEN;
-  const int error = isSystemError ? sqlite3_system_errno(connection) : 0;
+  const int error = isSystemError ? systemError(connection) : 0;
   if (kind == SQLITE_BUSY || kind == SQLITE_LOCKED) {
     return "another process holds it; try again later";
   }

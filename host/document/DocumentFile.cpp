@@ -97,6 +97,7 @@ KEPVar<Document> openDocument(const std::string& path) {
 void saveDocument(Document& document, const std::string& path) {
   requireUpgraded(document, path);
   if (!isThere(path)) return saveNew(document, path);
+  if (document.storedStamp() == 0) refuseWriting(path, systemReason(EEXIST));
   Database database(path, path);
   database.beginWriting();
   static_cast<void>(requireDocument(database));

@@ -14,7 +14,7 @@ class Arguments(program.ProgramTest):
         self.check(self.run_program(*arguments), 2, "", expected)
 
     def test_no_command_names_the_commands(self):
-        self.check_mistake([], "a command is required: check, list or post")
+        self.check_mistake([], "a command is required: check, list, document or post")
 
     def test_unknown_command_suggests_the_nearest(self):
         self.check_mistake(["chekc", "t"], "there is no command 'chekc'; did you mean 'check'?")
@@ -118,7 +118,7 @@ class Arguments(program.ProgramTest):
 
 
 class Help(program.ProgramTest):
-    COMMANDS = ([], ["check"], ["list"], ["post"])
+    COMMANDS = ([], ["check"], ["list"], ["document"], ["post"])
 
     def test_version_is_told(self):
         with open(os.path.join(program.SOURCE, "CMakeLists.txt"), encoding="ascii") as file:
@@ -146,7 +146,7 @@ class Help(program.ProgramTest):
                 done = self.run_program(*shlex.split(example))
                 self.assertEqual(done.returncode, 0, example + "\n" + done.stderr)
                 ran += 1
-        self.assertEqual(ran, 14)
+        self.assertEqual(ran, 21)
 
 
 if __name__ == "__main__":

@@ -71,6 +71,8 @@ TEST_F(SavedDocument, ChangeOfAnotherIsNotReplaced) {
 
 TEST_F(SavedDocument, AnotherDocumentIsNotReplaced) {
   const auto other = newDocument();
+  EXPECT_EQ(failureOf([&] { saveDocument(*other, path); }), "cannot be written: File exists");
+  saveDocument(*other, folder.path("other.ppdoc"));
   EXPECT_EQ(failureOf([&] { saveDocument(*other, path); }), kChanged);
   EXPECT_EQ(stored(), contentOf(*document));
 }

@@ -8,9 +8,10 @@
 #include <vector>
 
 #include "host/diagnostics/DiagnosticText.h"
-#include "host/diagnostics/Nearest.h"
+#include "tools/ppword/DocumentArguments.h"
 #include "tools/ppword/HelpTexts.h"
 #include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/Suggestion.h"
 
 namespace {
 
@@ -19,11 +20,6 @@ constexpr std::array<std::string_view, 6> kSections = {"words",     "syntaxes", 
 
 bool isSection(std::string_view text) {
   return std::find(kSections.begin(), kSections.end(), text) != kSections.end();
-}
-
-std::string suggestion(std::string_view word, std::span<const std::string_view> candidates) {
-  const std::string_view meant = host::nearest(word, candidates);
-  return meant.empty() ? "" : "; did you mean '" + std::string(meant) + "'?";
 }
 
 // The program's arguments and the options of each command that they set.
@@ -36,6 +32,7 @@ class Arguments {
     app_.require_subcommand(1);
     addCheck();
     addList();
+    addDocument();
     addPost();
   }
   Arguments(const Arguments&) = delete;
@@ -88,6 +85,13 @@ class Arguments {
     list_->add_flag("--default", default_, "Show the catalogue of a new document");
   }
 
+  void addDocument() {
+    document_ = addCommand("document", help::kDocument, help::kDocumentFooter, documentFormat_);
+    document_->add_option("ACTION", action_, "What to do")->required()->option_text(" ");
+    document_->add_option("FILE", file_, "Document file")->required()->option_text(" ");
+    document_->add_option("ARGUMENT", arguments_, "What the action needs")->option_text("...");
+  }
+
   void addPost() {
     post_ = addCommand("post", help::kPost, help::kPostFooter, postOptions_.format);
     post_->add_option("JOB", postOptions_.job, "Job or listing; - for the standard input")
@@ -95,6 +99,8 @@ class Arguments {
         ->option_text(" ");
     post_->add_option("-t,--table", postOptions_.table, "PP word table to load")
         ->option_text("TABLE");
+    post_->add_option("-d,--document", postOptions_.document, "Document to post with")
+        ->option_text("FILE");
     post_->add_option("-o,--output", postOptions_.output, "Write the text to FILE")
         ->option_text("FILE");
     post_->add_flag("--strict", postOptions_.strict,
@@ -121,6 +127,7 @@ class Arguments {
 
   [[nodiscard]] CommandOptions command() {
     if (check_->parsed()) return checkOptions_;
+    if (document_->parsed()) return document();
     if (post_->parsed()) {
       if (postOptions_.output == "-") postOptions_.output.clear();
       return postOptions_;
@@ -135,6 +142,16 @@ class Arguments {
                                suggestion(section, kSections));
   }
 
+  [[nodiscard]] DocumentOptions document() const {
+    try {
+      DocumentOptions options = documentOptions(action_, file_, arguments_);
+      options.format = documentFormat_;
+      return options;
+    } catch (const ArgumentError& error) {
+      throw CLI::ValidationError(error.what());
+    }
+  }
+
   [[nodiscard]] std::string unknownOption(const CLI::App& command, std::string_view word) const {
     std::vector<std::string> names;
     for (const CLI::Option* option : command.get_options()) {
@@ -147,7 +164,7 @@ class Arguments {
   }
 
   [[nodiscard]] std::string unknownCommand(std::string_view word) const {
-    constexpr std::array<std::string_view, 3> kCommands = {"check", "list", "post"};
+    constexpr std::array<std::string_view, 4> kCommands = {"check", "list", "document", "post"};
     return "there is no command '" + std::string(word) + "'" + suggestion(word, kCommands);
   }
 
@@ -156,7 +173,8 @@ class Arguments {
     const auto parsed = app_.get_subcommands();
     const CLI::App& command = parsed.empty() ? app_ : *parsed.front();
     const std::string name = parsed.empty() ? "ppword" : "ppword " + command.get_name();
-    std::string text = parsed.empty() ? "a command is required: check, list or post" : error.what();
+    std::string text =
+        parsed.empty() ? "a command is required: check, list, document or post" : error.what();
     for (const std::string& word : app_.remaining(true)) {
       if (word.size() > 1 && word.starts_with('-')) {
         text = unknownOption(command, word);
@@ -173,9 +191,14 @@ class Arguments {
   CLI::App app_{help::kProgram, "ppword"};
   CLI::App* check_ = nullptr;
   CLI::App* list_ = nullptr;
+  CLI::App* document_ = nullptr;
   CLI::App* post_ = nullptr;
   CheckOptions checkOptions_;
   ListOptions listOptions_;
+  OutputFormat documentFormat_ = OutputFormat::Text;
+  std::string action_;
+  std::string file_;
+  std::vector<std::string> arguments_;
   PostOptions postOptions_;
   bool default_ = false;
 };

@@ -31,6 +31,16 @@ struct FormatEntry {
   std::optional<std::string> format;
 };
 
+/// Nothing stands for a value that is not set.
+struct PPCommandEntry {
+  std::optional<std::string> name;
+  std::optional<int> sequence;
+};
+using PPCommandEntries = std::vector<PPCommandEntry>;
+
+/// The section of a document that holds its PP commands.
+inline constexpr std::string_view kPPCommands = "pp-commands";
+
 /// What a table, or a document, holds. Nothing stands for a section that cannot be read.
 struct Contents {
   std::optional<std::vector<AptWord>> words;
@@ -40,6 +50,8 @@ struct Contents {
   std::vector<FormatEntry> formats;
   /// Parameters that have neither a list nor a format; a document only.
   Lines otherParameters;
+  /// By their positions; a document only.
+  std::optional<PPCommandEntries> ppCommands;
 };
 
 /// What the reader gives of the table at `path`: at least the section of that name, all without

@@ -62,6 +62,16 @@ Json formatsJson(const Contents& contents) {
   return array;
 }
 
+Json ppCommandsJson(const Contents& contents) {
+  Json array = Json::array();
+  for (const PPCommandEntry& command : contents.ppCommands.value_or(PPCommandEntries{})) {
+    array.push_back({{"position", array.size() + 1},
+                     {"name", optionalJson(command.name)},
+                     {"sequence", command.sequence ? Json(*command.sequence) : Json(nullptr)}});
+  }
+  return array;
+}
+
 }  // namespace
 
 Json contentsJson(const Contents& contents, std::string_view section) {
@@ -77,6 +87,10 @@ Json contentsJson(const Contents& contents, std::string_view section) {
   if (wanted("formats")) json["formats"] = formatsJson(contents);
   if (section.empty() && !contents.otherParameters.empty()) {
     json["otherParameters"] = linesJson(contents.otherParameters);
+  }
+  const bool hasCommands = contents.ppCommands && !contents.ppCommands->empty();
+  if (section == kPPCommands || (section.empty() && hasCommands)) {
+    json["ppCommands"] = ppCommandsJson(contents);
   }
   return json;
 }

@@ -124,6 +124,18 @@ std::string otherParametersText(const Contents& contents) {
   return text;
 }
 
+std::string ppCommandsText(const Contents& contents) {
+  const PPCommandEntries commands = contents.ppCommands.value_or(PPCommandEntries{});
+  std::string text = heading("PP commands", commands.size());
+  for (std::size_t i = 0; i < commands.size(); ++i) {
+    const auto& [name, sequence] = commands[i];
+    text += row(std::to_string(i + 1), 0,
+                (name ? host::terminalSafe(*name) : "(no name)") +
+                    (sequence ? ", sequence " + std::to_string(*sequence) : ", no sequence"));
+  }
+  return text;
+}
+
 struct Section {
   std::string_view name;
   std::string (*text)(const Contents&);
@@ -142,5 +154,8 @@ std::string contentsText(const Contents& contents, std::string_view section) {
   for (const Section& candidate : kSections) {
     if (section.empty() || candidate.name == section) text += candidate.text(contents);
   }
-  return section.empty() ? text + otherParametersText(contents) : text;
+  const bool hasCommands = contents.ppCommands && !contents.ppCommands->empty();
+  if (section.empty()) text += otherParametersText(contents);
+  if (section == kPPCommands || (section.empty() && hasCommands)) text += ppCommandsText(contents);
+  return text;
 }

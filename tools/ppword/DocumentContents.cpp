@@ -1,5 +1,6 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "host/manufacturing/PPCommands.h"
 #include "tools/ppword/Contents.h"
 
 namespace {
@@ -23,19 +24,43 @@ void addParameter(const KEPISpecObject_var& type, Contents& contents) {
   }
 }
 
+/// The lines of every sequence of an instruction; none of one that has a single sequence.
+std::vector<std::optional<Lines>> sequencesOf(const KEPISpecObject_var& type) {
+  std::vector<std::optional<Lines>> sequences;
+  const int count = type->GetNumberOfAttributes();
+  for (int position = 1; count > 1 && position <= count; ++position) {
+    sequences.push_back(textsOf(type, type->GetAttribute(position).GetName()));
+  }
+  return sequences;
+}
+
+PPCommandEntry entryOf(const KEPIMfgPPCommand& command) {
+  PPCommandEntry entry;
+  KEPUnicodeString name;
+  int sequence = 0;
+  if (command.GetCommandName(name)) entry.name = name.View();
+  if (command.GetSequenceNumber(sequence)) entry.sequence = sequence;
+  return entry;
+}
+
 }  // namespace
 
 Contents documentContents(const host::Document& document) {
-  Contents contents{std::vector<AptWord>{}, Lines{}, {}, {}, {}, {}};
+  Contents contents{std::vector<AptWord>{}, Lines{}, {}, {}, {}, {}, {}};
   const auto types = document.features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
   for (const KEPISpecObject_var type : types) {
     const KEPISpecObject_var base = type->GetBaseType();
     const std::string_view baseName = base ? base->GetName() : std::string_view();
     if (baseName == "MfgPPSyntax") {
-      contents.commands.push_back({std::string(type->GetName()), textsOf(type, "Syntaxe"), {}});
+      contents.commands.push_back(
+          {std::string(type->GetName()), textsOf(type, "Syntaxe"), sequencesOf(type)});
     } else if (baseName == "MfgPPParameter") {
       addParameter(type, contents);
     }
+  }
+  contents.ppCommands.emplace();
+  for (const auto& command : host::ppCommands(document)) {
+    contents.ppCommands->push_back(entryOf(*command));
   }
   return contents;
 }

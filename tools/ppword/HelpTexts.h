@@ -41,9 +41,36 @@ Examples:
   ppword list --default formats
   ppword list --format json mill.pptable commands)";
 
+inline constexpr const char* kDocument = "Make, change or show a document that lasts";
+inline constexpr const char* kDocumentFooter =
+    R"(A document keeps NC instructions, parameters and PP commands in a file.
+ACTION is one of
+  new                             make a document with the default catalogue
+  load-table FILE TABLE           let a PP word table add to it and replace what it names
+  show FILE [SECTION]             commands, sequences, lists, formats, pp-commands; or all
+  set-syntax FILE LINE            set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX
+  add-command FILE NAME [NUMBER]  add a PP command: an NC instruction and one of its sequences
+                                  (1 without NUMBER); posted by its position in pp-commands
+  reset FILE                      return the NC instructions to the default catalogue
+  upgrade FILE                    bring a document of an older version up to date
+
+A change is stored whole or not at all; after an error, a kill or a power failure the file holds
+what it held. Another process can read meanwhile; a second change waits, for two seconds at most.
+Behind -- a LINE may begin with '-'.
+
+Examples:
+  ppword document new part.ppdoc
+  ppword document load-table part.ppdoc mill.pptable
+  ppword document add-command part.ppdoc NC_TOOL_CHANGE
+  ppword document set-syntax part.ppdoc "PPRINT/%MFG_XPOINT"
+  ppword document show part.ppdoc pp-commands
+  ppword document show --format json part.ppdoc formats)";
+
 inline constexpr const char* kPost = "Write the APT text of a tool path";
 inline constexpr const char* kPostFooter =
     R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
+The PP words are those of a new document, or of a document file; TABLE is loaded over them, for
+this run only.
 A report goes to the standard error: what was written, what could not be evaluated, which calls
 wait for a line.
 
@@ -58,6 +85,7 @@ Examples:
   ppword post bracket.canon
   ppword post bracket.canon -t mill.pptable -o bracket.apt
   ppword post bracket.canon -t mill.pptable -v --units inch -o bracket.apt
+  ppword post bracket.canon -d part.ppdoc -o bracket.apt
   ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt
   ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt)";
 

@@ -24,10 +24,27 @@ struct ListOptions {
   OutputFormat format = OutputFormat::Text;
 };
 
+struct DocumentOptions {
+  enum class Action { New, LoadTable, Show, SetSyntax, AddCommand, Reset, Upgrade };
+  Action action = Action::Show;
+  std::string file;
+  // What the actions need: load-table a table, set-syntax a line, add-command a name and a
+  // sequence.
+  std::string table;
+  std::string line;
+  std::string name;
+  int sequence = 1;
+  /// What is shown; empty: all sections.
+  std::string section;
+  OutputFormat format = OutputFormat::Text;
+};
+
 struct PostOptions {
   /// "-": the standard input.
   std::string job;
   std::string table;
+  /// Empty: the one that the job names, or a new one.
+  std::string document;
   /// Empty: the standard output.
   std::string output;
   bool strict = false;
@@ -38,4 +55,4 @@ struct PostOptions {
   std::optional<host::RotaryChain> rotary;
 };
 
-using CommandOptions = std::variant<CheckOptions, ListOptions, PostOptions>;
+using CommandOptions = std::variant<CheckOptions, ListOptions, DocumentOptions, PostOptions>;

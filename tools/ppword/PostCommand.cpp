@@ -8,10 +8,7 @@
 #include <optional>
 #include <utility>
 
-#include "System/KEPError.h"
 #include "host/diagnostics/InputDiagnostic.h"
-#include "host/diagnostics/TableError.h"
-#include "host/diagnostics/TableFile.h"
 #include "host/generator/Generator.h"
 #include "host/generator/InputError.h"
 #include "host/generator/LineReader.h"
@@ -23,17 +20,15 @@
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/PostReport.h"
 #include "tools/ppword/Progress.h"
+#include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/TableCheck.h"
 
 namespace {
 
-// A run that ends early because of its arguments or its input.
+// A run that ends early because of its arguments.
 struct UsageError {
   std::string message;
-};
-struct Refusal {
-  host::Diagnostic diagnostic;
 };
 
 bool isRegularFile(const std::string& path) {
@@ -47,12 +42,6 @@ bool isSameFile(const std::string& left, const std::string& right) {
   return isRegularFile(left) && stat(left.c_str(), &leftState) == 0 &&
          stat(right.c_str(), &rightState) == 0 && leftState.st_dev == rightState.st_dev &&
          leftState.st_ino == rightState.st_ino;
-}
-
-void loadTable(host::Document& document, const std::string& path) {
-  if (auto unreadable = host::unreadableTable(path)) throw Refusal{std::move(*unreadable)};
-  if (KEPSucceeded(document.ppWordContainer()->LoadPPWordTable(KEPUnicodeString(path)))) return;
-  throw Refusal{host::tableError(path, *KEPError::KEPGetLastError())};
 }
 
 // The tool path of a run: a job or a listing.
@@ -111,6 +100,13 @@ class Output {
   std::optional<HeldOutput> held_;
 };
 
+KEPVar<host::Document> documentOf(const PostOptions& options) {
+  if (options.document.empty()) return host::newDocument();
+  KEPVar<host::Document> document = host::openDocument(options.document);
+  warnOfOldVersion(*document, options.document);
+  return document;
+}
+
 void reportRun(const PostOptions& options, const PostReport& report, bool written,
                const LoadReport& load, const host::Document& document) {
   if (options.format == OutputFormat::Json) {
@@ -124,7 +120,7 @@ void reportRun(const PostOptions& options, const PostReport& report, bool writte
 }
 
 ExitStatus generate(const PostOptions& options) {
-  const KEPVar<host::Document> document = host::newDocument();
+  const KEPVar<host::Document> document = documentOf(options);
   LoadReport load;
   if (!options.table.empty()) loadTable(*document, options.table);
   Source source(options, *document);
@@ -158,7 +154,8 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
 
 ExitStatus postJob(const PostOptions& options) {
   try {
-    if (isSameFile(options.output, options.job) || isSameFile(options.output, options.table)) {
+    if (isSameFile(options.output, options.job) || isSameFile(options.output, options.table) ||
+        isSameFile(options.output, options.document)) {
       throw UsageError{"the output would replace the input " + options.output};
     }
     return generate(options);
@@ -169,5 +166,7 @@ ExitStatus postJob(const PostOptions& options) {
     return refuse(options, refusal.diagnostic);
   } catch (const host::InputError& error) {
     return refuse(options, host::inputDiagnostic(error));
+  } catch (const host::DocumentError& error) {
+    return refuse(options, documentDiagnostic(error));
   }
 }

@@ -4,10 +4,12 @@
 #include <variant>
 
 #include "System/KEPError.h"
+#include "host/document/DocumentError.h"
 #include "host/generator/OutputFile.h"
 #include "host/system/Module.h"
 #include "tools/ppword/CheckCommand.h"
 #include "tools/ppword/CommandLine.h"
+#include "tools/ppword/DocumentCommand.h"
 #include "tools/ppword/ListCommand.h"
 #include "tools/ppword/PostCommand.h"
 #include "tools/ppword/StandardStreams.h"
@@ -17,6 +19,7 @@ namespace {
 struct Runner {
   ExitStatus operator()(const CheckOptions& options) const { return checkTables(options); }
   ExitStatus operator()(const ListOptions& options) const { return listTable(options); }
+  ExitStatus operator()(const DocumentOptions& options) const { return runDocument(options); }
   ExitStatus operator()(const PostOptions& options) const { return postJob(options); }
 };
 
@@ -37,6 +40,8 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
     return run(argc, argv);
   } catch (const host::OutputError& error) {
     return told(ExitStatus::NotWritten, error.file() + " cannot be written: " + error.reason());
+  } catch (const host::DocumentError& error) {
+    return told(ExitStatus::NotWritten, error.file() + ' ' + error.reason());
   } catch (const KEPError& error) {
     return told(ExitStatus::Internal, error.GetNLSMessage().View());
   } catch (const std::bad_alloc&) {

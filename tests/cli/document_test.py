@@ -1,0 +1,410 @@
+"""Documents that last: every action, and what is left when one goes wrong."""
+
+import json
+import os
+import random
+import resource
+import signal
+import sqlite3
+import subprocess
+import time
+
+import program
+from program import PPWORD
+
+TABLE = (
+    "*START_FORMAT MFG_ZPOINT\n%.3f\n*END\n"
+    "*START_NC_COMMAND NC_TWO\n"
+    "*START_SEQUENCE\nFIRST/1\n*END\n"
+    "*START_SEQUENCE\nSECOND/%MFG_ZPOINT\n*END\n"
+    "*END\n"
+)
+HELD = "another process holds it; try again later\n"
+
+
+class DocumentTest(program.ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.write("table", TABLE)
+
+    def run_document(self, *arguments, **options):
+        return self.run_program("document", *arguments, **options)
+
+    def make(self, name="d"):
+        self.check(self.run_document("new", name), 0, f"{name}: made with the default catalogue\n")
+
+    def commands(self, name="d"):
+        return self.run_document("show", name, "pp-commands").stdout
+
+    def sql(self, statement, name="d"):
+        connection = sqlite3.connect(os.path.join(self.folder, name))
+        connection.executescript(statement)
+        connection.close()
+
+
+class Actions(DocumentTest):
+    def test_new_document_holds_the_default_catalogue(self):
+        self.make()
+        self.assertEqual(self.files(), ["d", "table"])
+        shown = self.run_document("show", "d")
+        self.check(shown, 0, self.run_program("list", "--default").stdout)
+
+    def test_new_document_replaces_nothing(self):
+        self.check(
+            self.run_document("new", "table"),
+            3,
+            "",
+            "ppword: error: table cannot be written: File exists\n",
+        )
+        self.assertEqual(self.read("table"), TABLE)
+
+    def test_table_is_loaded(self):
+        self.make()
+        self.check(self.run_document("load-table", "d", "table"), 0, "d: table loaded\n")
+        self.check(
+            self.run_document("show", "d", "sequences"),
+            0,
+            "sequences (2)\n  NC_TWO, sequence 1\n      FIRST/1\n"
+            "  NC_TWO, sequence 2\n      SECOND/%MFG_ZPOINT\n",
+        )
+
+    def test_table_that_is_refused_changes_nothing(self):
+        self.make()
+        before = self.read("d")
+        self.write("bad", "*END\n")
+        done = self.run_document("load-table", "d", "bad")
+        self.assertEqual(done.returncode, 1)
+        self.assertTrue(done.stderr.startswith("bad:1:1: error ERR_5002: "), done.stderr)
+        self.check(
+            self.run_document("load-table", "d", "none"),
+            1,
+            "",
+            "none: error ERR_5009: the PP word table cannot be opened: No such file or directory\n",
+        )
+        self.assertEqual(self.read("d"), before)
+
+    def test_entries_that_are_not_loaded_are_counted(self):
+        self.make()
+        self.write("odd", "*START_NC_COMMAND NC_LOOP\n*INSERT NC_LOOP\n*END\n")
+        self.check(
+            self.run_document("load-table", "d", "odd"),
+            0,
+            "d: table loaded\n",
+            "d: warning not-loaded: 1 entry of the table was not loaded\n",
+        )
+
+    def test_commands_are_listed_by_name_and_position(self):
+        self.make()
+        self.check(self.run_document("load-table", "d", "table"), 0, "d: table loaded\n")
+        for position, arguments in enumerate((["NC_TWO"], ["NC_GOTO", "7"], ["NC_TWO", "2"])):
+            self.check(
+                self.run_document("add-command", "d", *arguments),
+                0,
+                f"d: PP command {position + 1} added\n",
+            )
+        self.assertEqual(
+            self.commands(),
+            "PP commands (3)\n  1  NC_TWO, sequence 1\n  2  NC_GOTO, sequence 7\n"
+            "  3  NC_TWO, sequence 2\n",
+        )
+        shown = json.loads(self.run_document("show", "--format", "json", "d").stdout)
+        self.assertEqual(
+            shown["ppCommands"][2], {"position": 3, "name": "NC_TWO", "sequence": 2}
+        )
+        self.assertTrue(self.run_document("show", "d").stdout.endswith(self.commands()))
+
+    def test_command_for_no_instruction_is_added_with_a_warning(self):
+        self.make()
+        for name in ("NC_NONE", "MFG_XPOINT"):
+            done = self.run_document("add-command", "d", name)
+            self.assertEqual(done.returncode, 0)
+            self.assertEqual(
+                done.stderr,
+                f"d: warning no-instruction: the document has no NC instruction '{name}' for the"
+                " command to put out\n",
+            )
+
+    def test_command_without_values_is_shown(self):
+        self.make()
+        self.run_document("add-command", "d", "")
+        self.assertEqual(self.commands(), "PP commands (1)\n  1  , sequence 1\n")
+
+    def test_user_syntax_is_set(self):
+        self.make()
+        self.check(
+            self.run_document("set-syntax", "d", "PPRINT/%MFG_XPOINT"), 0, "d: user syntax set\n"
+        )
+        self.check(self.run_document("set-syntax", "d", "--", "-1"), 0, "d: user syntax set\n")
+        shown = self.run_document("show", "d", "commands").stdout
+        self.assertTrue(
+            shown.endswith("  NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX\n      -1\n"), shown[-90:]
+        )
+
+    def test_reset_keeps_commands_and_formats(self):
+        self.make()
+        self.run_document("load-table", "d", "table")
+        self.run_document("add-command", "d", "NC_TWO")
+        self.check(
+            self.run_document("reset", "d"),
+            0,
+            "d: NC instructions reset to the default catalogue\n",
+        )
+        shown = self.run_document("show", "d").stdout
+        self.assertNotIn("  NC_TWO\n", shown)
+        self.assertIn("  MFG_ZPOINT            %.3f\n", shown)
+        self.assertIn("  1  NC_TWO, sequence 1\n", shown)
+
+    def test_upgrade_of_a_present_document_changes_nothing(self):
+        self.make()
+        before = self.read("d")
+        self.check(self.run_document("upgrade", "d"), 0, "d: needs no upgrade\n")
+        self.assertEqual(self.read("d"), before)
+
+    def test_changes_are_told_in_json(self):
+        done = self.run_document("new", "--format", "json", "d")
+        self.assertEqual(
+            json.loads(done.stdout),
+            {"file": "d", "saved": True, "done": "made with the default catalogue"},
+        )
+
+    def test_name_like_a_uri_is_a_name(self):
+        for name in ("file:x?mode=memory", ":memory:", "file::memory:?cache=shared", "a%20b#c"):
+            self.make(name)
+            self.run_document("add-command", name, "NC_GOTO")
+            self.assertIn("1  NC_GOTO, sequence 1", self.commands(name))
+            self.assertIn(name, self.files())
+        self.assertEqual(len(self.files()), 5)
+
+
+class OlderVersion(DocumentTest):
+    WARNING = (
+        "d: warning old-version: the document is of an older version; 'ppword document upgrade'"
+        " upgrades it\n"
+    )
+
+    def setUp(self):
+        super().setUp()
+        path = os.path.join(program.SOURCE, "tests", "document", "version1.sql")
+        with open(path, encoding="utf-8") as file:
+            self.sql("BEGIN;" + file.read() + "COMMIT;")
+
+    def test_is_shown_with_a_warning(self):
+        self.check(
+            self.run_document("show", "d", "pp-commands"),
+            0,
+            "PP commands (1)\n  1  NC_ONE, sequence 1\n",
+            self.WARNING,
+        )
+
+    def test_is_posted_with_a_warning(self):
+        self.write("job", program.JOB.replace("NC_GOTO", "NC_ONE"))
+        done = self.run_program("post", "-d", "d", "job")
+        self.assertEqual(done.stdout, "ONE/1\nONE/2\n" * 2)
+        self.assertTrue(done.stderr.startswith(self.WARNING), done.stderr)
+
+    def test_is_changed_after_its_upgrade_only(self):
+        self.check(
+            self.run_document("add-command", "d", "NC_ONE"),
+            1,
+            "",
+            "d: error: the document is of an older version; upgrade it first\n",
+        )
+        self.check(self.run_document("upgrade", "d"), 0, "d: upgraded\n")
+        self.check(self.run_document("add-command", "d", "NC_ONE"), 0, "d: PP command 2 added\n")
+        self.assertIn("  NC_GOTO\n", self.run_document("show", "d", "commands").stdout)
+
+
+class Refusals(DocumentTest):
+    def test_no_document_gives_1(self):
+        for action in (["show"], ["reset"], ["set-syntax"], ["upgrade"]):
+            line = ["x"] if action == ["set-syntax"] else []
+            self.check(
+                self.run_document(*action, "table", *line),
+                1,
+                "",
+                "table: error: this file is no document\n",
+            )
+            self.check(
+                self.run_document(*action, "none", *line),
+                1,
+                "",
+                "none: error: cannot be opened: No such file or directory\n",
+            )
+        self.assertEqual(self.files(), ["table"])
+        self.assertEqual(self.read("table"), TABLE)
+
+    def test_no_document_is_told_in_json(self):
+        done = self.run_document("show", "--format", "json", "table")
+        self.assertEqual(
+            json.loads(done.stdout),
+            {
+                "file": "table",
+                "saved": False,
+                "diagnostics": [
+                    {"severity": "error", "file": "table", "message": "this file is no document"}
+                ],
+            },
+        )
+        self.assertEqual(done.returncode, 1)
+
+    def test_newer_document_gives_1(self):
+        self.make()
+        self.sql("PRAGMA user_version=9")
+        self.check(
+            self.run_document("show", "d"),
+            1,
+            "",
+            "d: error: the document is of version 9; this program reads no newer version than 2\n",
+        )
+
+    def test_post_with_no_document_gives_1(self):
+        self.write("job", program.JOB)
+        self.check(
+            self.run_program("post", "job", "-d", "table"),
+            1,
+            "",
+            "table: error: this file is no document\n",
+        )
+
+    def test_post_does_not_replace_its_document(self):
+        self.make()
+        self.write("job", program.JOB)
+        self.check(
+            self.run_program("post", "job", "-d", "d", "-o", "d"),
+            2,
+            "",
+            "ppword post: the output would replace the input d\nTry 'ppword post --help'.\n",
+        )
+
+    def test_mistakes_are_told(self):
+        mistakes = [
+            (["shwo", "d"], "there is no action 'shwo'; did you mean 'show'?"),
+            (["show"], "FILE is required"),
+            ([], "ACTION is required"),
+            (["show", ""], "FILE is required"),
+            (["new", "d", "x"], "'x' is one argument too many"),
+            (["load-table", "d"], "load-table needs TABLE"),
+            (["set-syntax", "d"], "set-syntax needs LINE"),
+            (["add-command", "d"], "add-command needs NAME"),
+            (
+                ["add-command", "d", "NC_GOTO", "0"],
+                "SEQUENCE is a whole number from 1 to 2147483647, not '0'",
+            ),
+            (
+                ["add-command", "d", "NC_GOTO", "2147483648"],
+                "SEQUENCE is a whole number from 1 to 2147483647, not '2147483648'",
+            ),
+            (["show", "d", "format"], "there is no section 'format'; did you mean 'formats'?"),
+        ]
+        for arguments, message in mistakes:
+            self.check(
+                self.run_document(*arguments),
+                2,
+                "",
+                f"ppword document: {message}\nTry 'ppword document --help'.\n",
+            )
+
+
+class Trouble(DocumentTest):
+    def setUp(self):
+        super().setUp()
+        self.make()
+
+    def test_lock_of_another_process_is_told(self):
+        connection = sqlite3.connect(os.path.join(self.folder, "d"), isolation_level=None)
+        connection.execute("BEGIN IMMEDIATE")
+        self.assertEqual(self.run_document("show", "d").returncode, 0)
+        self.check(
+            self.run_document("reset", "d"),
+            3,
+            "",
+            "ppword: error: d cannot be written: " + HELD,
+        )
+        connection.execute("COMMIT")
+        connection.execute("BEGIN EXCLUSIVE")
+        self.check(self.run_document("show", "d"), 1, "", "d: error: cannot be read: " + HELD)
+        connection.close()
+        self.assertEqual(self.run_document("reset", "d").returncode, 0)
+
+    def test_changes_at_the_same_time_are_all_made(self):
+        processes = [
+            subprocess.Popen(
+                [PPWORD, "document", "add-command", "d", "NC_GOTO", str(number)],
+                cwd=self.folder,
+                stdout=subprocess.DEVNULL,
+                stderr=subprocess.PIPE,
+            )
+            for number in range(1, 5)
+        ]
+        for process in processes:
+            self.assertEqual((process.communicate()[1], process.returncode), (b"", 0))
+        sequences = sorted(line.split()[-1] for line in self.commands().splitlines()[1:])
+        self.assertEqual(sequences, ["1", "2", "3", "4"])
+
+    def test_file_that_may_not_grow_is_told_and_kept(self):
+        shown = self.run_document("show", "d").stdout
+        for most in (0, 5000, 30000):
+            self.check(
+                self.run_document(
+                    "add-command",
+                    "d",
+                    "NC_GOTO",
+                    preexec_fn=lambda most=most: resource.setrlimit(
+                        resource.RLIMIT_FSIZE, (most, most)
+                    ),
+                ),
+                3,
+                "",
+                "ppword: error: d cannot be written: File too large\n",
+            )
+            self.assertEqual(self.run_document("show", "d").stdout, shown)
+            self.check(
+                self.run_document(
+                    "new",
+                    "e",
+                    preexec_fn=lambda most=most: resource.setrlimit(
+                        resource.RLIMIT_FSIZE, (most, most)
+                    ),
+                ),
+                3,
+                "",
+                "ppword: error: e cannot be written: File too large\n",
+            )
+        self.assertEqual(self.files(), ["d", "table"])
+
+    def test_killed_program_leaves_the_old_or_the_new_state(self):
+        count = 0
+        for _ in range(15):
+            process = subprocess.Popen(
+                [PPWORD, "document", "add-command", "d", "NC_GOTO"],
+                cwd=self.folder,
+                stdout=subprocess.DEVNULL,
+                stderr=subprocess.DEVNULL,
+            )
+            time.sleep(random.uniform(0.0, 0.15))
+            process.send_signal(signal.SIGKILL)
+            process.wait()
+            shown = self.run_document("show", "d", "pp-commands")
+            self.assertEqual((shown.stderr, shown.returncode), ("", 0))
+            now = len(shown.stdout.splitlines()) - 1
+            self.assertIn(now, (count, count + 1))
+            count = now
+
+    def test_full_standard_output_does_not_undo_a_change(self):
+        with open("/dev/full", "w", encoding="ascii") as full:
+            done = self.run_document("add-command", "d", "NC_GOTO", stdout=full)
+        self.assertEqual(done.returncode, 3)
+        self.assertIn("1  NC_GOTO", self.commands())
+
+    def test_special_files_are_no_documents(self):
+        for place in ("/dev/full", "/dev/null", "."):
+            self.check(
+                self.run_document("reset", place),
+                1,
+                "",
+                f"{place}: error: is no regular file, so no document\n",
+            )
+
+
+if __name__ == "__main__":
+    program.main()
