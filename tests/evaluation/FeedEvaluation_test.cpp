@@ -47,6 +47,7 @@ TEST_F(FeedEvaluation, RatioIsTheFactorInPercentCutToAWholeNumber) {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
   const std::pair<double, const char*> expected[] = {{1.0, "100"},
                                                      {0.004, "1"},
+                                                     {0.009, "1"},
                                                      {0.0, "0"},
                                                      {-0.0, "0"},
                                                      {1.239, "123"},

@@ -122,9 +122,13 @@ TEST_F(NoseRadius, NobodyToNameThePointLeavesP9) {
 }
 
 TEST_F(NoseRadius, ToolWithoutAssemblyIsNotAsked) {
-  toolObject->add<TestToolCompensation>().points = {{0, "P1"}};
+  auto& compensation = toolObject->add<TestToolCompensation>();
+  setCorrector(2);
+  (void)radius();
+  EXPECT_EQ(compensation.asked, std::vector{2});
   its.assembly = nullptr;
   EXPECT_EQ(radius(), "0.000000");
+  EXPECT_EQ(compensation.asked, std::vector{2});
 }
 
 TEST_F(NoseRadius, InsertUtilitiesAnswerForGrooveInserts) {

@@ -218,12 +218,14 @@ class TestToolPathManagement final : public KEPIMfgToolPathManagement {
 class TestToolCompensation final : public KEPIMfgToolCompensation {
  public:
   HRESULT GetOutputPoint(int corrector, KEPUnicodeString& point) const override {
+    asked.push_back(corrector);
     const auto found = points.find(corrector);
     if (found == points.end()) return E_FAIL;
     point = found->second;
     return S_OK;
   }
   std::map<int, KEPUnicodeString> points;
+  mutable std::vector<int> asked;
 };
 
 class TestReplay final : public KEPIMfgToolCompensationValueReplay {
