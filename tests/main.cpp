@@ -18,6 +18,8 @@ TEST(Locale, IsTheOneAskedFor) {
 
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
+  // The messages that the tests expect are English; their translation has tests of its own.
+  std::setlocale(LC_MESSAGES, "C");
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
 }

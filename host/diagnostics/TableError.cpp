@@ -119,14 +119,18 @@ Mark markOf(std::string_view line, std::string_view keyword) {
   return wordBehind(line, end == std::string_view::npos ? line.size() : end);
 }
 
+std::string hintText(std::string_view key, const std::vector<KEPUnicodeString>& parameters) {
+  return std::string(messageText("System", key, parameters).View());
+}
+
 // What the line was most likely meant to be.
 std::string hint(std::string_view line, std::string_view keyword, const Mark& mark) {
   if (keyword.empty()) {
     const std::string_view meant = nearest(line.substr(mark.offset, mark.width), kKeywords);
-    return meant.empty() ? "" : "; did you mean " + std::string(meant) + '?';
+    return meant.empty() ? "" : hintText("HINT_MEANT", {KEPUnicodeString(meant)});
   }
   const bool afterTab = mark.offset < line.size() && line[mark.offset - 1] == '\t';
-  return afterTab ? "; a blank must stand before the name, not a tab" : "";
+  return afterTab ? hintText("HINT_TAB", {}) : "";
 }
 
 }  // namespace

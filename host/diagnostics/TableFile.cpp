@@ -6,6 +6,7 @@
 
 #include <cerrno>
 
+#include "host/system/MessageCatalogue.h"
 #include "host/system/SystemReason.h"
 
 namespace host {
@@ -34,7 +35,7 @@ std::optional<Diagnostic> unreadableTable(const std::string& path) {
   Diagnostic diagnostic;
   diagnostic.file = path;
   diagnostic.key = "ERR_5009";
-  diagnostic.message = "the PP word table cannot be opened: " + reason;
+  diagnostic.message = messageText("System", "TABLE_UNREADABLE", {KEPUnicodeString(reason)}).View();
   return diagnostic;
 }
 

@@ -1,8 +1,12 @@
 #include "host/system/MessageCatalogue.h"
 
+#include <libintl.h>
+
 #include <algorithm>
 #include <array>
 #include <string>
+
+#include "host/system/Module.h"
 
 namespace host {
 namespace {
@@ -10,15 +14,16 @@ namespace {
 enum class Place { None, Line };
 
 struct Message {
-  std::string_view catalogue;
-  std::string_view key;
+  const char* catalogue;
+  const char* key;
   Place place;
   std::string_view text;
 };
 
-constexpr std::string_view kTable = "ManufacturingError";
-constexpr std::string_view kLine = "line /p1: ";
+constexpr const char* kTable = "ManufacturingError";
+constexpr const char* kSystem = "System";
 
+// The texts as they stand without a translation.
 constexpr std::array kMessages = {
     Message{kTable, "ERR_5000", Place::Line,
             "*INSERT names no NC instruction; write \"*INSERT NC_NAME\""},
@@ -40,14 +45,39 @@ constexpr std::array kMessages = {
             "no block begins like this; check the spelling of the *START_ keyword"},
     Message{kTable, "ERR_5009", Place::None,
             "the PP word table cannot be opened; check its path and permissions"},
-    Message{kTable, "ERR_5010", Place::None, "the program's resource names no PP word table"},
-    Message{kTable, "ERR_5011", Place::None, "the program's setup has no resource"},
+    Message{kTable, "ERR_5010", Place::None,
+            "the resource of the program's setup names no PP word table; give it the file name of "
+            "one"},
+    Message{kTable, "ERR_5011", Place::None,
+            "the program's setup has no resource; assign a machine to it"},
     Message{kTable, "ERR_5015", Place::None,
-            "the named PP word table is not among the files of the PPTables folders"},
-    Message{"System", "ERR_NULL_HANDLE", Place::None, "a null handle was used"},
-    Message{"System", "ERR_POSITION_OUT_OF_LIST", Place::None,
+            "the PP word table that the program's resource names is in none of the PPTables "
+            "folders; put the file there or correct its name, small and capital letters count"},
+    Message{kSystem, "ERR_NULL_HANDLE", Place::None, "a null handle was used"},
+    Message{kSystem, "ERR_POSITION_OUT_OF_LIST", Place::None,
             "position /p1 is outside a list of /p2 entries"},
+    Message{kSystem, "AT_LINE", Place::None, "line /p1: "},
+    Message{kSystem, "TABLE_UNREADABLE", Place::None, "the PP word table cannot be opened: /p1"},
+    Message{kSystem, "HINT_MEANT", Place::None, "; did you mean /p1?"},
+    Message{kSystem, "HINT_TAB", Place::None, "; a blank must stand before the name, not a tab"},
 };
+
+// The translations lie beside the library that this code is part of.
+bool bindCatalogues() {
+  const std::string directory =
+      (defaultModulePath().parent_path() / PPWORD_LOCALE_FROM_LIBRARY).lexically_normal();
+  for (const char* const catalogue : {kTable, kSystem}) {
+    bindtextdomain(catalogue, directory.c_str());
+    bind_textdomain_codeset(catalogue, "UTF-8");
+  }
+  return true;
+}
+
+std::string_view textOf(const Message& message) {
+  [[maybe_unused]] static const bool bound = bindCatalogues();
+  const char* const translated = dgettext(message.catalogue, message.key);
+  return translated == message.key ? message.text : translated;
+}
 
 std::string filled(std::string_view text, const std::vector<KEPUnicodeString>& parameters) {
   std::string result(text);
@@ -68,7 +98,16 @@ KEPUnicodeString messageText(std::string_view catalogue, std::string_view key,
   });
   if (found == kMessages.end()) return KEPUnicodeString(key);
   const bool placed = found->place == Place::Line && !parameters.empty();
-  return (placed ? filled(kLine, parameters) : "") + filled(found->text, parameters);
+  const std::string place(placed ? messageText(kSystem, "AT_LINE", parameters).View() : "");
+  return place + filled(textOf(*found), parameters);
+}
+
+std::vector<std::string_view> messageKeys(std::string_view catalogue) {
+  std::vector<std::string_view> keys;
+  for (const Message& message : kMessages) {
+    if (message.catalogue == catalogue) keys.emplace_back(message.key);
+  }
+  return keys;
 }
 
 }  // namespace host

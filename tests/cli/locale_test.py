@@ -46,9 +46,22 @@ class DecimalComma(program.ProgramTest):
             done.stdout.splitlines()[0], "GOTO/    1.50000,   -2.25000,    0.12500"
         )
 
-    def test_messages_are_the_same(self):
+    def test_table_errors_speak_the_users_language(self):
+        self.write("table", "*START_LIST\n*END\n")
+        done = self.run_program("check", "table", env=self.environment)
+        self.assertEqual(done.returncode, 1)
+        self.assertEqual(done.stdout, "table: refused\n")
+        message = done.stderr.encode("latin-1").decode().splitlines()[0]
+        self.assertEqual(
+            message,
+            "table:1:13: error ERR_5006: *START_LIST nennt keinen Parameter; schreiben Sie "
+            '"*START_LIST MFG_NAME"',
+        )
+
+    def test_language_can_be_chosen_apart_from_the_locale(self):
+        environment = {**self.environment, "LANGUAGE": "C"}
         self.check(
-            self.run_program("check", "absent", env=self.environment),
+            self.run_program("check", "absent", env=environment),
             1,
             "absent: refused\n",
             "absent: error ERR_5009: the PP word table cannot be opened: No such file or "

@@ -14,6 +14,8 @@ if grep -rlF "$build" "$work/installed" --include='*.cmake'; then
   exit 1
 fi
 
+test -s "$work/installed/share/MfgPPWord/locale/de/LC_MESSAGES/ManufacturingError.mo"
+
 cp -R "$project" "$work/project"
 build_project() {
   "$cmake" -S "$work/project" -B "$work/build" -DCMAKE_PREFIX_PATH="$work/installed" &&

@@ -1,3 +1,4 @@
+#include <clocale>
 #include <exception>
 #include <new>
 #include <string>
@@ -57,5 +58,7 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
 
 int main(int argc, char** argv) {
   prepareStandardStreams();
+  // Messages only: numbers and characters are read and written as ever.
+  std::setlocale(LC_MESSAGES, "");
   return static_cast<int>(guardedRun(argc, argv));
 }
