@@ -1,92 +1,81 @@
 #include "src/table/CommandQueries.h"
 
-#include <array>
+#include <utility>
 
 namespace ppword {
 namespace {
 
-constexpr std::array<std::string_view, 2> kCommandKeywords = {"*START_NC_COMMAND",
-                                                              "*START_NC_INSTRUCTION"};
-constexpr std::string_view kCommandPrefix = "NC_";
-
-// Calls `visit` with each name that follows a command keyword and begins with the prefix, until
-// it gives true. False when it never does.
+// Visits the names that follow a command keyword and begin with the prefix.
 template <class Visit>
-bool anyCommand(TableSource& source, Visit visit) {
-  for (const std::string_view keyword : kCommandKeywords) {
-    if (!source.rewind()) return false;
-    while (findToken(source, keyword)) {
-      const auto name = source.nextToken();
-      if (name && name->starts_with(kCommandPrefix) && visit(*name)) return true;
-    }
-  }
-  return false;
-}
-
-enum class SequenceStop { Wanted, CommandEnd, EndOfFile };
-
-// Reads on from a command body to the start of the sequence `wanted` or to the "*END" that closes
-// the command. `starts` becomes the number of sequences that began.
-SequenceStop scanSequences(TableSource& source, int wanted, int& starts) {
-  int ends = 0;
-  starts = 0;
-  while (const auto token = nextPlainToken(source)) {
-    if (contains(*token, "*START_SEQUENCE") && ++starts == wanted) return SequenceStop::Wanted;
-    // deliberate: the end of a nested list counts although its start does not
-    if (contains(*token, "*END") && ++ends > starts) return SequenceStop::CommandEnd;
-  }
-  return SequenceStop::EndOfFile;
+Walk walkNames(TableSource& source, Visit visit) {
+  return walkCommands(source, [&] {
+    const auto name = nextName(source, kCommandPrefix);
+    return name && visit(*name);
+  });
 }
 
 }  // namespace
 
 bool numberOfCommands(TableSource& source, int& count) {
   count = 0;
-  for (const std::string_view keyword : kCommandKeywords) {
-    if (!source.rewind()) return false;
-    while (findToken(source, keyword)) ++count;
-  }
-  return !source.tooLong();
+  const Walk walk = walkCommands(source, [&] {
+    ++count;
+    return false;
+  });
+  return walk == Walk::Whole && !source.tooLong();
 }
 
 bool nameOfCommand(TableSource& source, int index, KEPString& name) {
-  int counter = 0;
-  for (const std::string_view keyword : kCommandKeywords) {
-    if (!source.rewind()) return false;
-    if (nameAtIndex(source, keyword, kCommandPrefix, index, counter, name)) return true;
-  }
-  return false;
+  const auto walk = [&](auto visit) { return walkCommands(source, visit); };
+  return nameAtIndex(source, walk, kCommandPrefix, index, name);
 }
 
 // deliberate: only names with the prefix count, while nameOfCommand counts every keyword
 bool rangeOfCommand(TableSource& source, std::string_view name, int& range) {
   range = 0;
-  return anyCommand(source, [&](std::string_view found) {
+  const Walk walk = walkNames(source, [&](std::string_view found) {
     ++range;
     return found == name;
   });
+  return walk == Walk::Stopped;
 }
 
-bool numberOfSequences(TableSource& source, int& count) {
-  constexpr int kNone = 0;
-  int starts = 0;
-  if (scanSequences(source, kNone, starts) != SequenceStop::CommandEnd) return false;
-  count = starts;
-  return true;
-}
-
-bool findSequence(TableSource& source, int index) {
-  int starts = 0;
-  return scanSequences(source, index, starts) == SequenceStop::Wanted;
-}
-
-std::unordered_map<std::string, long> commandPositions(TableSource& source) {
-  std::unordered_map<std::string, long> positions;
-  anyCommand(source, [&](std::string_view name) {
+CommandPositions commandPositions(TableSource& source) {
+  CommandPositions positions;
+  walkNames(source, [&](std::string_view name) {
     positions.try_emplace(std::string(name), source.position());
     return false;
   });
   return positions;
+}
+
+bool SequenceWalk::next() {
+  while (true) {
+    // deliberate: the end of a nested list counts although its start does not
+    if (std::exchange(endPending_, false) && ++ends_ > starts_) return false;
+    const auto token = nextPlainToken(source_);
+    if (!token) return false;
+    endPending_ = contains(*token, "*END");
+    if (!contains(*token, "*START_SEQUENCE")) continue;
+    ++starts_;
+    return true;
+  }
+}
+
+bool numberOfSequences(TableSource& source, int& count) {
+  SequenceWalk walk(source);
+  while (walk.next()) continue;
+  if (!walk.closed()) return false;
+  count = walk.count();
+  return true;
+}
+
+bool findSequence(TableSource& source, int index) {
+  SequenceWalk walk(source);
+  while (walk.next()) {
+    if (walk.count() == index) return true;
+  }
+  return false;
 }
 
 }  // namespace ppword

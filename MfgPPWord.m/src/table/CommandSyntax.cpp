@@ -41,8 +41,12 @@ struct Body {
 // reading the table and not that of writing out what it describes.
 class SyntaxReader {
  public:
-  SyntaxReader(TableSource& source, std::string_view commandName)
-      : source_(source), commandName_(commandName), from_(source.position()) {}
+  SyntaxReader(TableSource& source, std::string_view commandName,
+               std::optional<CommandPositions>& positions)
+      : source_(source),
+        commandName_(commandName),
+        positions_(positions),
+        from_(source.position()) {}
 
   std::optional<std::vector<std::string>> read();
 
@@ -71,7 +75,8 @@ class SyntaxReader {
   TableSource& source_;
   std::string_view commandName_;
   std::vector<Frame> frames_;
-  std::optional<std::unordered_map<std::string, long>> positions_;
+  std::optional<CommandPositions>& positions_;
+  bool hasInserts_ = false;
   std::unordered_map<std::string, Body> inserted_;
   std::size_t pieces_ = 0;  // of the whole inserted bodies
   long from_;               // where the scan began or went last
@@ -143,7 +148,7 @@ bool SyntaxReader::endBody() {
   Body& body = current();
   const long behind = frames_.back().behind;
   pieces_ += body.pieces.size();
-  if (positions_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
+  if (hasInserts_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
   body.state = Body::State::Whole;
   frames_.pop_back();
   return frames_.empty() || (goTo(behind) && keepInserted(body));
@@ -154,6 +159,7 @@ bool SyntaxReader::insert() {
   if (!token) return false;
   if (!token->starts_with("NC_")) return breakBody();
   const std::string name(*token);
+  hasInserts_ = true;
   if (!positions_ && !findCommands()) return false;
   const auto start = positions_->find(name);
   if (start == positions_->end()) return false;
@@ -217,8 +223,9 @@ void SyntaxReader::add(std::string element) {
 }  // namespace
 
 std::optional<std::vector<std::string>> readSyntax(TableSource& source,
-                                                   std::string_view commandName) {
-  return SyntaxReader(source, commandName).read();
+                                                   std::string_view commandName,
+                                                   std::optional<CommandPositions>& positions) {
+  return SyntaxReader(source, commandName, positions).read();
 }
 
 }  // namespace ppword

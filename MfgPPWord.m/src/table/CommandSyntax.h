@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "src/table/CommandQueries.h"
 #include "src/table/TableSource.h"
 
 namespace ppword {
@@ -13,7 +14,9 @@ namespace ppword {
 /// their places, mended; the position is then behind the "*END" of the body. `commandName` is the
 /// command that the body belongs to. Nothing at end of file, for an insert that names no command,
 /// for inserts that never end and for those that make more than 100,000 elements.
-[[nodiscard]] std::optional<std::vector<std::string>> readSyntax(TableSource& source,
-                                                                 std::string_view commandName);
+/// `positions` are those of the table's commands; they are found when an insert asks for them
+/// first.
+[[nodiscard]] std::optional<std::vector<std::string>> readSyntax(
+    TableSource& source, std::string_view commandName, std::optional<CommandPositions>& positions);
 
 }  // namespace ppword

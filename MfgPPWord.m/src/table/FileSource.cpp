@@ -3,27 +3,13 @@
 namespace ppword {
 namespace {
 
-// The white space of the C locale, whatever the locale of the process.
-constexpr bool isBlank(int byte) { return byte == ' ' || (byte >= '\t' && byte <= '\r'); }
+struct FileBytes {
+  std::FILE* file;
 
-// The source is used by one thread, so the stream needs no lock.
-int nextByte(std::FILE* file) { return getc_unlocked(file); }
-
-// As nextByte, with a carriage return and a line feed read as the line feed.
-int nextOfLine(std::FILE* file) {
-  const int byte = nextByte(file);
-  if (byte != '\r') return byte;
-  const int next = nextByte(file);
-  if (next == '\n') return next;
-  if (next != EOF) std::ungetc(next, file);
-  return byte;
-}
-
-int firstOfToken(std::FILE* file) {
-  int byte = nextByte(file);
-  while (isBlank(byte)) byte = nextByte(file);
-  return byte;
-}
+  // The source is used by one thread, so the stream needs no lock.
+  [[nodiscard]] int next() const { return getc_unlocked(file); }
+  void putBack(int byte) const { std::ungetc(byte, file); }
+};
 
 }  // namespace
 
@@ -40,31 +26,13 @@ bool FileSource::rewind() {
 std::optional<std::string_view> FileSource::nextToken() {
   std::FILE* const stream = file();
   if (stream == nullptr || tooLong_) return std::nullopt;
-  std::size_t size = 0;
-  int byte = firstOfToken(stream);
-  for (; byte != EOF && !isBlank(byte); byte = nextByte(stream)) {
-    if (size == buffer_.size()) {
-      tooLong_ = true;
-      return std::nullopt;
-    }
-    buffer_[size++] = static_cast<char>(byte);
-  }
-  if (byte != EOF) std::ungetc(byte, stream);
-  if (size == 0) return std::nullopt;
-  return std::string_view(buffer_.data(), size);
+  return readToken(FileBytes{stream}, buffer_, tooLong_);
 }
 
 std::optional<std::string_view> FileSource::nextLine() {
   std::FILE* const stream = file();
-  std::size_t size = 0;
-  while (stream != nullptr && size < buffer_.size()) {
-    const int byte = nextOfLine(stream);
-    if (byte == EOF) break;
-    buffer_[size++] = static_cast<char>(byte);
-    if (byte == '\n') break;
-  }
-  if (size == 0) return std::nullopt;
-  return std::string_view(buffer_.data(), size);
+  if (stream == nullptr) return std::nullopt;
+  return readLine(FileBytes{stream}, buffer_);
 }
 
 long FileSource::position() { return file() == nullptr ? -1 : std::ftell(file()); }

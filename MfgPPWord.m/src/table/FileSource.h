@@ -1,9 +1,9 @@
 #pragma once
 
-#include <array>
 #include <memory>
 
 #include "System/KEPString.h"
+#include "src/table/ByteReading.h"
 #include "src/table/TableSource.h"
 #include "src/table/TableStream.h"
 
@@ -30,7 +30,7 @@ class FileSource final : public TableSource {
   const KEPString& path_;
   bool& isOpen_;
   bool tooLong_ = false;
-  std::array<char, kMostCharacters> buffer_;
+  TextBuffer buffer_;
 };
 
 }  // namespace ppword

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "src/number/IntegerPrefix.h"
+#include "src/table/AppendAll.h"
 #include "src/table/CommandQueries.h"
 #include "src/table/CommandSyntax.h"
 #include "src/table/CutSyntaxes.h"
@@ -12,15 +13,8 @@
 #include "src/table/TableCheck.h"
 #include "src/table/TableError.h"
 
+using ppword::appendAll;
 using ppword::FileSource;
-
-namespace {
-
-void appendAll(std::vector<std::string> texts, KEPListValKEPString& list) {
-  for (std::string& text : texts) list.Append(std::move(text));
-}
-
-}  // namespace
 
 KEPMfgPPTableTxt::KEPMfgPPTableTxt(const KEPString& path) : path_(path) {}
 KEPMfgPPTableTxt::KEPMfgPPTableTxt(const KEPMfgPPTableTxt& other) = default;
@@ -157,7 +151,8 @@ bool KEPMfgPPTableTxt::GetListOfPPValues(KEPRawCollint& kinds, KEPListValKEPStri
 bool KEPMfgPPTableTxt::GetSyntaxFromPosition(const KEPString& commandName,
                                              KEPListValKEPString& syntaxes) {
   FileSource source(stream_, path_, isOpen_);
-  auto elements = ppword::readSyntax(source, commandName);
+  std::optional<ppword::CommandPositions> positions;
+  auto elements = ppword::readSyntax(source, commandName, positions);
   if (!elements) return false;
   appendAll(*std::move(elements), syntaxes);
   return true;

@@ -40,20 +40,25 @@ bool readBody(TableSource& source, Keep keep) {
 
 bool numberOfParameters(TableSource& source, std::string_view keyword, int& count) {
   count = 0;
-  if (!source.rewind()) return false;
-  while (findToken(source, keyword)) ++count;
-  return !source.tooLong();
+  const Walk walk = walkKeyword(source, keyword, [&] {
+    ++count;
+    return false;
+  });
+  return walk == Walk::Whole && !source.tooLong();
 }
 
 bool nameOfParameter(TableSource& source, std::string_view keyword, int index, KEPString& name) {
-  int counter = 0;
-  return source.rewind() && nameAtIndex(source, keyword, "MFG_", index, counter, name);
+  const auto walk = [&](auto visit) { return walkKeyword(source, keyword, visit); };
+  return nameAtIndex(source, walk, kParameterPrefix, index, name);
 }
 
 bool valuesOfMultiList(TableSource& source, int index, KEPListValKEPString& values) {
   values.RemoveAll();
   KEPString name;
-  if (!nameOfParameter(source, kListKeyword, index, name)) return false;
+  return nameOfParameter(source, kListKeyword, index, name) && readValues(source, values);
+}
+
+bool readValues(TableSource& source, KEPListValKEPString& values) {
   std::size_t cursor = 0;
   while (const auto token = source.nextToken()) {
     if (*token == kEnd) return true;
@@ -66,8 +71,11 @@ bool valuesOfMultiList(TableSource& source, int index, KEPListValKEPString& valu
 
 bool valueOfFormat(TableSource& source, int index, KEPString& value) {
   KEPString name;
-  return nameOfParameter(source, kFormatKeyword, index, name) &&
-         readBody(source, [&](std::string_view token) { value = token; });
+  return nameOfParameter(source, kFormatKeyword, index, name) && readFormat(source, value);
+}
+
+bool readFormat(TableSource& source, KEPString& value) {
+  return readBody(source, [&](std::string_view token) { value = token; });
 }
 
 bool listOfSyntaxes(TableSource& source, KEPListValKEPString& syntaxes) {

@@ -15,16 +15,9 @@ bool findToken(TableSource& source, std::string_view text) {
   return false;
 }
 
-bool nameAtIndex(TableSource& source, std::string_view keyword, std::string_view prefix, int index,
-                 int& counter, KEPString& name) {
-  while (findToken(source, keyword)) {
-    if (++counter != index) continue;
-    const auto token = source.nextToken();
-    if (!token || !token->starts_with(prefix)) continue;
-    name = *token;
-    return true;
-  }
-  return false;
+std::optional<std::string_view> nextName(TableSource& source, std::string_view prefix) {
+  const auto token = source.nextToken();
+  return token && token->starts_with(prefix) ? token : std::nullopt;
 }
 
 bool contains(std::string_view text, std::string_view part) {

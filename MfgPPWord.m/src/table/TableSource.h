@@ -41,10 +41,41 @@ class TableSource {
 /// Reads up to the next token that does not begin with "/" and contains `text`. False at the end.
 bool findToken(TableSource& source, std::string_view text);
 
-/// Reads on to the keyword token that raises `counter` to `index`, and the token behind it, which
-/// becomes `name` if it begins with `prefix`. False when it does not, and at the end.
-[[nodiscard]] bool nameAtIndex(TableSource& source, std::string_view keyword,
-                               std::string_view prefix, int index, int& counter, KEPString& name);
+/// The very next token; nothing when it does not begin with `prefix`.
+[[nodiscard]] std::optional<std::string_view> nextName(TableSource& source,
+                                                       std::string_view prefix);
+
+/// How a walk over a table ended.
+enum class Walk { Stopped, Whole, NotOpened };
+
+/// Walks through the table from its beginning and calls `visit` behind each token that does not
+/// begin with "/" and contains `keyword`, until it gives true. The walk goes on where the visit
+/// left the position.
+template <class Visit>
+Walk walkKeyword(TableSource& source, std::string_view keyword, Visit visit) {
+  if (!source.rewind()) return Walk::NotOpened;
+  while (findToken(source, keyword)) {
+    if (visit()) return Walk::Stopped;
+  }
+  return Walk::Whole;
+}
+
+/// `name`: what follows the `index`-th keyword of a walk, which is given the visit to make. False
+/// when there is none, or it does not begin with `prefix`.
+template <class WalkKeywords>
+[[nodiscard]] bool nameAtIndex(TableSource& source, WalkKeywords walk, std::string_view prefix,
+                               int index, KEPString& name) {
+  int counter = 0;
+  std::optional<std::string_view> found;
+  walk([&] {
+    if (++counter != index) return false;
+    found = nextName(source, prefix);
+    return true;
+  });
+  if (!found) return false;
+  name = *found;
+  return true;
+}
 
 [[nodiscard]] bool contains(std::string_view text, std::string_view part);
 
