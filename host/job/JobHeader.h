@@ -29,7 +29,4 @@ struct JobHeader {
   long tableColumn = 0;
 };
 
-/// Refuses, with an InputError, a header that names a table when the user has given none.
-KEP_PLATFORM void requireTable(const JobHeader& header, bool tableGiven);
-
 }  // namespace host

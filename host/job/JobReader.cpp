@@ -100,11 +100,4 @@ bool JobReader::next(ToolPathEvent& event) {
   return false;
 }
 
-void requireTable(const JobHeader& header, bool tableGiven) {
-  if (header.table.empty() || tableGiven) return;
-  throw InputError(header.file, header.line, header.tableColumn,
-                   "$.resource.table: the table \"" + header.table +
-                       "\" is not looked up by its name; give its file with -t");
-}
-
 }  // namespace host

@@ -34,6 +34,8 @@ class Arguments {
     addList();
     addDocument();
     addPost();
+    addWordQueries();
+    addTables();
   }
   Arguments(const Arguments&) = delete;
   Arguments& operator=(const Arguments&) = delete;
@@ -119,6 +121,25 @@ class Arguments {
         ->option_text("AXES");
   }
 
+  void addWordQueries() {
+    words_ = addCommand("words", help::kWords, help::kWordsFooter, wordsOptions_.format);
+    addTable(words_, wordsOptions_.table);
+    code_ = addCommand("code", help::kCode, help::kCodeFooter, codeOptions_.format);
+    addTable(code_, codeOptions_.table);
+    code_->add_option("WORD", codeOptions_.words, "APT words")->required()->option_text("...");
+    word_ = addCommand("word", help::kWord, help::kWordFooter, wordOptions_.format);
+    addTable(word_, wordOptions_.table);
+    word_->add_option("CODE", wordOptions_.codes, "CL-file codes")->required()->option_text("...");
+  }
+
+  static void addTable(CLI::App* command, std::string& table) {
+    command->add_option("TABLE", table, "PP word table")->required()->option_text(" ");
+  }
+
+  void addTables() {
+    tables_ = addCommand("tables", help::kTables, help::kTablesFooter, tablesOptions_.format);
+  }
+
   void setRotary(const std::string& text) {
     std::string reason;
     postOptions_.rotary = host::RotaryChain::parse(text, reason);
@@ -132,6 +153,10 @@ class Arguments {
       if (postOptions_.output == "-") postOptions_.output.clear();
       return postOptions_;
     }
+    if (words_->parsed()) return wordsOptions_;
+    if (code_->parsed()) return codeOptions_;
+    if (word_->parsed()) return wordOptions_;
+    if (tables_->parsed()) return tablesOptions_;
     if (default_ && listOptions_.section.empty()) listOptions_.section.swap(listOptions_.table);
     if (default_ != listOptions_.table.empty()) {
       throw CLI::ValidationError(default_ ? "--default takes no table" : "TABLE is required");
@@ -164,7 +189,8 @@ class Arguments {
   }
 
   [[nodiscard]] std::string unknownCommand(std::string_view word) const {
-    constexpr std::array<std::string_view, 4> kCommands = {"check", "list", "document", "post"};
+    constexpr std::array<std::string_view, 8> kCommands = {"check", "list", "document", "post",
+                                                           "words", "code", "word",     "tables"};
     return "there is no command '" + std::string(word) + "'" + suggestion(word, kCommands);
   }
 
@@ -174,7 +200,9 @@ class Arguments {
     const CLI::App& command = parsed.empty() ? app_ : *parsed.front();
     const std::string name = parsed.empty() ? "ppword" : "ppword " + command.get_name();
     std::string text =
-        parsed.empty() ? "a command is required: check, list, document or post" : error.what();
+        parsed.empty()
+            ? "a command is required: check, list, document, post, words, code, word or tables"
+            : error.what();
     for (const std::string& word : app_.remaining(true)) {
       if (word.size() > 1 && word.starts_with('-')) {
         text = unknownOption(command, word);
@@ -193,6 +221,10 @@ class Arguments {
   CLI::App* list_ = nullptr;
   CLI::App* document_ = nullptr;
   CLI::App* post_ = nullptr;
+  CLI::App* words_ = nullptr;
+  CLI::App* code_ = nullptr;
+  CLI::App* word_ = nullptr;
+  CLI::App* tables_ = nullptr;
   CheckOptions checkOptions_;
   ListOptions listOptions_;
   OutputFormat documentFormat_ = OutputFormat::Text;
@@ -200,6 +232,10 @@ class Arguments {
   std::string file_;
   std::vector<std::string> arguments_;
   PostOptions postOptions_;
+  WordsOptions wordsOptions_;
+  CodeOptions codeOptions_;
+  WordOptions wordOptions_;
+  TablesOptions tablesOptions_;
   bool default_ = false;
 };
 

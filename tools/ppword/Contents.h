@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "System/KEPList.h"
 #include "host/modeler/Document.h"
 
 using Lines = std::vector<std::string>;
@@ -15,6 +16,10 @@ struct AptWord {
   int kind = 0;
   std::optional<int> code;
 };
+
+/// The words with their kinds; with their codes when there are as many.
+[[nodiscard]] std::vector<AptWord> paired(const KEPListValKEPString& words,
+                                          const KEPRawCollint& kinds, const KEPRawCollint& codes);
 
 /// Nothing stands for a name or lines that cannot be read.
 struct InstructionEntry {

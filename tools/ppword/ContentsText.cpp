@@ -62,8 +62,8 @@ std::string wordsText(const Contents& contents) {
   for (const AptWord& word : *contents.words) {
     std::string code = word.code ? std::to_string(*word.code) : "?";
     code.append(code.size() < 6 ? 6 - code.size() : 0, ' ');
-    const auto kind = static_cast<std::size_t>(word.kind);
-    text += row(host::terminalSafe(word.word), width, code + "  " + std::string(kKinds[kind]));
+    text +=
+        row(host::terminalSafe(word.word), width, code + "  " + std::string(kindName(word.kind)));
   }
   if (!paired) text += "  A word lacks its code, or a code its word: no code can be told.\n";
   return text;
@@ -148,6 +148,8 @@ constexpr std::array<Section, 6> kSections = {{{"words", wordsText},
                                                {"formats", formatsText}}};
 
 }  // namespace
+
+std::string_view kindName(int kind) { return kKinds[static_cast<std::size_t>(kind)]; }
 
 std::string contentsText(const Contents& contents, std::string_view section) {
   std::string text;

@@ -74,6 +74,10 @@ this run only.
 A report goes to the standard error: what was written, what could not be evaluated, which calls
 wait for a line.
 
+The table of -t, otherwise the one that the job's resource names ('ppword tables' shows those that
+can be named) is laid over the default catalogue. With the setting MFG_PPTABLE_NOLOAD the job's is
+not loaded.
+
 A file appears whole or not at all. To the standard output the text goes as it is made; with
 --strict only at the end, when nothing is missing.
 
@@ -88,5 +92,34 @@ Examples:
   ppword post bracket.canon -d part.ppdoc -o bracket.apt
   ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt
   ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt)";
+
+inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
+inline constexpr const char* kWordsFooter =
+    R"(TPRINT (1075) and NOTE (181) stand at the end where the table does not have them.
+
+Example:
+  ppword words mill.pptable)";
+
+inline constexpr const char* kCode = "Tell the CL-file codes of words";
+inline constexpr const char* kCodeFooter = R"(A word ends before its first blank.
+
+Examples:
+  ppword code mill.pptable GOTO TPRINT
+  ppword code --format json mill.pptable 'GOTO /1,2')";
+
+inline constexpr const char* kWord = "Tell the words of CL-file codes";
+inline constexpr const char* kWordFooter = R"(Of words with the same code the first one counts.
+
+Example:
+  ppword word mill.pptable 1075 181)";
+
+inline constexpr const char* kTables = "Show the tables of the PPTables folders";
+inline constexpr const char* kTablesFooter =
+    R"(PPWORD_RESOURCE_PATH names directories, separated by ":"; the folder PPTables in each is
+searched, in this order. A job names its table by its file name; the first file of that name counts,
+and hides those in later folders. Links that lead out of their folder are passed over.
+
+Example:
+  PPWORD_RESOURCE_PATH=/srv/shop:$HOME/cam ppword tables)";
 
 }  // namespace help

@@ -6,23 +6,11 @@
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/TableCheck.h"
 
-namespace {
-
-ExitStatus refuse(const host::Diagnostic& refusal, OutputFormat format) {
-  if (format == OutputFormat::Json) {
-    writeOutput(documentText({{"diagnostics", Json::array({diagnosticJson(refusal)})}}));
-  } else {
-    tell(refusal);
-  }
-  return ExitStatus::Refused;
-}
-
-}  // namespace
-
 ExitStatus listTable(const ListOptions& options) {
   const bool ofTable = !options.table.empty();
   if (ofTable) {
-    if (const auto refusal = tableRefusal(options.table)) return refuse(*refusal, options.format);
+    if (const auto refusal = tableRefusal(options.table))
+      return refuseTable(*refusal, options.format);
   }
   const Contents contents = ofTable ? tableContents(options.table, options.section)
                                     : documentContents(*host::newDocument());

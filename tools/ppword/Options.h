@@ -55,4 +55,26 @@ struct PostOptions {
   std::optional<host::RotaryChain> rotary;
 };
 
-using CommandOptions = std::variant<CheckOptions, ListOptions, DocumentOptions, PostOptions>;
+struct WordsOptions {
+  std::string table;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct CodeOptions {
+  std::string table;
+  std::vector<std::string> words;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct WordOptions {
+  std::string table;
+  std::vector<int> codes;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct TablesOptions {
+  OutputFormat format = OutputFormat::Text;
+};
+
+using CommandOptions = std::variant<CheckOptions, ListOptions, DocumentOptions, PostOptions,
+                                    WordsOptions, CodeOptions, WordOptions, TablesOptions>;

@@ -19,6 +19,7 @@
 #include "tools/ppword/HeldOutput.h"
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/PostReport.h"
+#include "tools/ppword/PostTable.h"
 #include "tools/ppword/Progress.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
@@ -44,6 +45,12 @@ bool isSameFile(const std::string& left, const std::string& right) {
          leftState.st_ino == rightState.st_ino;
 }
 
+void requireOther(const std::string& output, const std::string& input) {
+  if (isSameFile(output, input)) {
+    throw UsageError{"the output would replace the input " + output};
+  }
+}
+
 // The tool path of a run: a job or a listing.
 class Source {
  public:
@@ -57,7 +64,6 @@ class Source {
       throw UsageError{"--units and --rotary are for listings; a job states its own"};
     }
     job_.emplace(std::move(lines));
-    host::requireTable(job_->header(), !options.table.empty());
     setup_.emplace(job_->header(), document);
   }
 
@@ -65,6 +71,8 @@ class Source {
     if (listing_) return *listing_;
     return *job_;
   }
+  /// Null for a listing.
+  [[nodiscard]] const host::JobHeader* header() const { return job_ ? &job_->header() : nullptr; }
   [[nodiscard]] const host::ListingReader* listing() const {
     return listing_ ? &*listing_ : nullptr;
   }
@@ -122,8 +130,11 @@ void reportRun(const PostOptions& options, const PostReport& report, bool writte
 ExitStatus generate(const PostOptions& options) {
   const KEPVar<host::Document> document = documentOf(options);
   LoadReport load;
-  if (!options.table.empty()) loadTable(*document, options.table);
+  PostTable table;
+  if (!options.table.empty()) loadGivenTable(*document, options.table, table);
   Source source(options, *document);
+  if (source.header() != nullptr) loadNamedTable(document, *source.header(), table);
+  requireOther(options.output, table.path);
   Output output(options);
   const std::string name = options.job == "-" ? "standard input" : options.job;
   host::Generator generator(document, name, output.lines());
@@ -132,7 +143,8 @@ ExitStatus generate(const PostOptions& options) {
     Progress progress(source.events(), shown);
     generator.run(progress);
   }
-  const PostReport report{generator.summary(), source.listing(), load.missing(), options.output};
+  const PostReport report{generator.summary(), source.listing(), load.missing(), table,
+                          options.output};
   const bool written = !options.strict || missingPieces(report) == 0;
   if (written) output.finish();
   reportRun(options, report, written, load, *document);
@@ -154,10 +166,9 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
 
 ExitStatus postJob(const PostOptions& options) {
   try {
-    if (isSameFile(options.output, options.job) || isSameFile(options.output, options.table) ||
-        isSameFile(options.output, options.document)) {
-      throw UsageError{"the output would replace the input " + options.output};
-    }
+    requireOther(options.output, options.job);
+    requireOther(options.output, options.table);
+    requireOther(options.output, options.document);
     return generate(options);
   } catch (const UsageError& error) {
     writeMessage("ppword post: " + error.message + "\nTry 'ppword post --help'.\n");

@@ -86,6 +86,7 @@ std::string reportText(const PostReport& report, bool written) {
   const host::Summary& summary = report.summary;
   std::string text = host::terminalSafe(summary.file) + ": " + number(summary.elements, "element") +
                      ", " + number(summary.lines, "line") + '\n';
+  text += tableText(report.table);
   text += tallyLine("instructions", summary.instructions, false);
   if (report.listing != nullptr) {
     for (const std::string& line : host::summaryLines(*report.listing)) {
@@ -108,6 +109,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"written", written},
             {"elements", summary.elements},
             {"lines", summary.lines},
+            {"table", tableJson(report.table)},
             {"missing", missingPieces(report)},
             {"instructions", tallyJson(summary.instructions, true)},
             {"unevaluated", tallyJson(summary.unevaluated, false)},

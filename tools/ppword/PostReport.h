@@ -5,6 +5,7 @@
 #include "host/generator/ListingReader.h"
 #include "host/generator/Summary.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/PostTable.h"
 
 /// What a run gave, for its report.
 struct PostReport {
@@ -13,6 +14,7 @@ struct PostReport {
   const host::ListingReader* listing;
   /// Entries of the table that should have been loaded and were not.
   long missingEntries;
+  const PostTable& table;
   /// Where the text went; empty for the standard output.
   std::string output;
 };

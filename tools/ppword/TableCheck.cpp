@@ -1,9 +1,12 @@
 #include "tools/ppword/TableCheck.h"
 
+#include <nlohmann/json.hpp>
+
 #include "KEPMfgPPTableTxt.h"
 #include "host/diagnostics/DiagnosticText.h"
 #include "host/diagnostics/TableError.h"
 #include "host/diagnostics/TableFile.h"
+#include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 
 std::optional<host::Diagnostic> tableRefusal(const std::string& path) {
@@ -14,3 +17,12 @@ std::optional<host::Diagnostic> tableRefusal(const std::string& path) {
 }
 
 void tell(const host::Diagnostic& diagnostic) { writeMessage(host::diagnosticText(diagnostic)); }
+
+ExitStatus refuseTable(const host::Diagnostic& refusal, OutputFormat format) {
+  if (format == OutputFormat::Json) {
+    writeOutput(documentText({{"diagnostics", Json::array({diagnosticJson(refusal)})}}));
+  } else {
+    tell(refusal);
+  }
+  return ExitStatus::Refused;
+}

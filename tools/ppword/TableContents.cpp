@@ -14,13 +14,7 @@ std::optional<std::vector<AptWord>> wordsOf(KEPMfgPPTableTxt& table) {
   KEPListValKEPString words;
   KEPRawCollint codes;
   if (!table.GetListOfAptWord(kinds, words) || !table.GetListOfNcCode(codes)) return std::nullopt;
-  const bool paired = codes.Size() == words.Size();
-  std::vector<AptWord> entries;
-  for (int i = 1; i <= words.Size(); ++i) {
-    entries.push_back({std::string(words[i].View()), kinds[i],
-                       paired ? std::optional<int>(codes[i]) : std::nullopt});
-  }
-  return entries;
+  return paired(words, kinds, codes);
 }
 
 std::optional<Lines> syntaxesOf(KEPMfgPPTableTxt& table) {
@@ -67,6 +61,17 @@ FormatEntry formatAt(KEPMfgPPTableTxt& table, int index) {
 }
 
 }  // namespace
+
+std::vector<AptWord> paired(const KEPListValKEPString& words, const KEPRawCollint& kinds,
+                            const KEPRawCollint& codes) {
+  const bool asMany = codes.Size() == words.Size();
+  std::vector<AptWord> entries;
+  for (int i = 1; i <= words.Size(); ++i) {
+    entries.push_back({std::string(words[i].View()), kinds[i],
+                       asMany ? std::optional<int>(codes[i]) : std::nullopt});
+  }
+  return entries;
+}
 
 Contents tableContents(const std::string& path, std::string_view section) {
   // Every query scans the file, so only those that are needed are asked.

@@ -14,6 +14,8 @@
 #include "tools/ppword/ListCommand.h"
 #include "tools/ppword/PostCommand.h"
 #include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/TablesCommand.h"
+#include "tools/ppword/WordsCommand.h"
 
 namespace {
 
@@ -22,6 +24,10 @@ struct Runner {
   ExitStatus operator()(const ListOptions& options) const { return listTable(options); }
   ExitStatus operator()(const DocumentOptions& options) const { return runDocument(options); }
   ExitStatus operator()(const PostOptions& options) const { return postJob(options); }
+  ExitStatus operator()(const WordsOptions& options) const { return showWords(options); }
+  ExitStatus operator()(const CodeOptions& options) const { return showCodes(options); }
+  ExitStatus operator()(const WordOptions& options) const { return showWordsOfCodes(options); }
+  ExitStatus operator()(const TablesOptions& options) const { return showTables(options); }
 };
 
 ExitStatus run(int argc, const char* const* argv) {

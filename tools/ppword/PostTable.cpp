@@ -1,0 +1,111 @@
+#include "tools/ppword/PostTable.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "KEPMfgPPWordUtilities.h"
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
+#include "System/KEPError.h"
+#include "System/KEPMakePath.h"
+#include "host/diagnostics/DiagnosticText.h"
+#include "host/diagnostics/InputDiagnostic.h"
+#include "host/diagnostics/TableError.h"
+#include "host/diagnostics/TableFile.h"
+#include "host/job/JobProgram.h"
+#include "host/system/MessageCatalogue.h"
+#include "host/system/ResourceFolders.h"
+
+namespace {
+
+bool isSwitchedOff() { return !KEPMfgEnvVarMgt::Get("MFG_PPTABLE_NOLOAD").IsEmpty(); }
+
+void requireReadable(const std::string& path) {
+  if (auto unreadable = host::unreadableTable(path)) throw Refusal{std::move(*unreadable)};
+}
+
+void requireLoaded(HRESULT status, const std::string& path) {
+  if (KEPFailed(status)) throw Refusal{host::tableError(path, *KEPError::KEPGetLastError())};
+}
+
+[[noreturn]] void refuseName(const host::JobHeader& header) {
+  constexpr std::string_view kKey = "ERR_5015";
+  const KEPUnicodeString text = host::messageText("ManufacturingError", kKey, {});
+  host::Diagnostic diagnostic = host::inputDiagnostic(
+      {header.file, header.line, header.tableColumn,
+       "$.resource.table: \"" + header.table + "\": " + std::string(text.View())});
+  diagnostic.key = kKey;
+  throw Refusal{std::move(diagnostic)};
+}
+
+// Where the file of that name stands behind the first one.
+std::vector<std::string> hiddenFiles(const std::string& name) {
+  std::vector<std::string> paths;
+  for (const host::ResourceFolder& folder : host::resourceFolders("PPTables")) {
+    if (!std::binary_search(folder.files.begin(), folder.files.end(), name)) continue;
+    KEPString path;
+    KEPMakePath(folder.path, name, path);
+    paths.emplace_back(path.View());
+  }
+  if (!paths.empty()) paths.erase(paths.begin());
+  return paths;
+}
+
+}  // namespace
+
+void loadGivenTable(host::Document& document, const std::string& path, PostTable& table) {
+  loadTable(document, path);
+  table.path = path;
+  table.given = true;
+}
+
+void loadNamedTable(const KEPVar<host::Document>& document, const host::JobHeader& header,
+                    PostTable& table) {
+  table.named = header.table;
+  if (header.table.empty() || table.given || isSwitchedOff()) return;
+  const KEPUnicodeString name(header.table);
+  KEPUnicodeString found;
+  if (KEPMfgPPWordUtilities::BuildCompletePathFromPPWordTableName(name, found) == 0) {
+    refuseName(header);
+  }
+  const std::string path(found.View());
+  requireReadable(path);
+  int isFound = 0;
+  requireLoaded(KEPMfgPPWordUtilities::InitializePPWordsEnvironment(
+                    host::programOf(header, document), &isFound),
+                path);
+  table.path = path;
+  table.hidden = hiddenFiles(header.table);
+}
+
+std::string tableText(const PostTable& table) {
+  if (table.path.empty()) {
+    if (table.named.empty()) return "";
+    return "  table: none, since MFG_PPTABLE_NOLOAD is set\n";
+  }
+  std::string text = "  table: " + host::terminalSafe(table.path);
+  if (table.given) text += ", given with -t";
+  if (table.given && isSwitchedOff()) text += "; MFG_PPTABLE_NOLOAD does not apply to it";
+  if (table.given && !table.named.empty()) {
+    text += "; that of the job, " + host::terminalSafe(table.named) + ", is not used";
+  }
+  text += '\n';
+  for (const std::string& path : table.hidden) {
+    text += "  WARNING: " + host::terminalSafe(path) + " is hidden by it\n";
+  }
+  return text;
+}
+
+Json tableJson(const PostTable& table) {
+  if (table.path.empty() && table.named.empty()) return nullptr;
+  const auto optional = [](const std::string& text) {
+    return text.empty() ? Json(nullptr) : textJson(text);
+  };
+  Json hidden = Json::array();
+  for (const std::string& path : table.hidden) hidden.push_back(textJson(path));
+  return {{"file", optional(table.path)},
+          {"given", table.given},
+          {"named", optional(table.named)},
+          {"loadingSwitchedOff", isSwitchedOff()},
+          {"hidden", std::move(hidden)}};
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/job/JobHeader.h"
+#include "host/modeler/Document.h"
+#include "tools/ppword/Json.h"
+#include "tools/ppword/Refusal.h"
+
+/// The PP word table of a run: the one given with -t, otherwise the one that the resource of the
+/// job names.
+struct PostTable {
+  /// The file that was loaded; empty when none was.
+  std::string path;
+  /// Given with -t.
+  bool given = false;
+  /// The name that the job's resource gives; empty without one.
+  std::string named;
+  /// Files of that name in later folders.
+  std::vector<std::string> hidden;
+};
+
+/// Loads the file at `path`, whatever the setting MFG_PPTABLE_NOLOAD says. Raises a Refusal.
+void loadGivenTable(host::Document& document, const std::string& path, PostTable& table);
+
+/// Loads the table that the header names, unless one was given or the setting MFG_PPTABLE_NOLOAD is
+/// set. Raises a Refusal.
+void loadNamedTable(const KEPVar<host::Document>& document, const host::JobHeader& header,
+                    PostTable& table);
+
+/// For people: indented lines; empty without a table.
+[[nodiscard]] std::string tableText(const PostTable& table);
+/// Null without a table.
+[[nodiscard]] Json tableJson(const PostTable& table);

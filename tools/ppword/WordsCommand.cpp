@@ -1,0 +1,109 @@
+#include "tools/ppword/WordsCommand.h"
+
+#include <nlohmann/json.hpp>
+
+#include "KEPMfgPPWordUtilities.h"
+#include "host/diagnostics/DiagnosticText.h"
+#include "tools/ppword/ContentsText.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/TableCheck.h"
+
+namespace {
+
+// Why the words of a table cannot be asked for: what the check refuses, and words without end.
+std::optional<host::Diagnostic> refusalOfWords(const std::string& table) {
+  if (auto refusal = tableRefusal(table)) return refusal;
+  if (KEPSucceeded(KEPMfgPPWordUtilities::StoreListOfPPWords(KEPUnicodeString(table)))) {
+    return std::nullopt;
+  }
+  host::Diagnostic diagnostic;
+  diagnostic.file = table;
+  diagnostic.message =
+      "the words cannot be read: a section of words lacks its *END, or a word has more than 1023 "
+      "characters";
+  return diagnostic;
+}
+
+// Lines for people, or the entries as one member of an object; and what was not found.
+struct Answers {
+  std::string text;
+  Json entries = Json::array();
+  std::vector<std::string> missing;
+};
+
+ExitStatus tellAnswers(const Answers& answers, const std::string& table, std::string_view member,
+                       OutputFormat format) {
+  writeOutput(format == OutputFormat::Json ? documentText({{member, answers.entries}})
+                                           : answers.text);
+  for (const std::string& message : answers.missing) {
+    host::Diagnostic diagnostic;
+    diagnostic.file = table;
+    diagnostic.message = message;
+    tell(diagnostic);
+  }
+  return answers.missing.empty() ? ExitStatus::Done : ExitStatus::Refused;
+}
+
+void addWord(const std::string& word, Answers& answers) {
+  int kind = 0;
+  int code = 0;
+  Json entry{{"word", textJson(word)}, {"kind", nullptr}, {"code", nullptr}};
+  if (KEPSucceeded(KEPMfgPPWordUtilities::GetClfileCode(word, kind, code))) {
+    entry["kind"] = kind;
+    entry["code"] = code;
+    answers.text += host::terminalSafe(word) + "  " + std::to_string(code) + "  " +
+                    std::string(kindName(kind)) + '\n';
+  } else {
+    answers.missing.push_back("the word \"" + word + "\" is not in the table, or has no code");
+  }
+  answers.entries.push_back(std::move(entry));
+}
+
+void addCode(int code, Answers& answers) {
+  KEPString word;
+  Json entry{{"code", code}, {"word", nullptr}};
+  if (KEPSucceeded(KEPMfgPPWordUtilities::GetAptWord(code, word))) {
+    entry["word"] = textJson(word);
+    answers.text += std::to_string(code) + "  " + host::terminalSafe(word.View()) + '\n';
+  } else {
+    answers.missing.push_back("no word of the table has the code " + std::to_string(code));
+  }
+  answers.entries.push_back(std::move(entry));
+}
+
+}  // namespace
+
+ExitStatus showWords(const WordsOptions& options) {
+  if (const auto refusal = refusalOfWords(options.table)) {
+    return refuseTable(*refusal, options.format);
+  }
+  Contents contents;
+  KEPListValKEPString words;
+  KEPRawCollint kinds;
+  KEPRawCollint codes;
+  const KEPUnicodeString path(options.table);
+  if (KEPSucceeded(KEPMfgPPWordUtilities::GetListOfPPWords(path, words, kinds, codes))) {
+    contents.words = paired(words, kinds, codes);
+  }
+  writeOutput(options.format == OutputFormat::Json ? documentText(contentsJson(contents, "words"))
+                                                   : contentsText(contents, "words"));
+  return ExitStatus::Done;
+}
+
+ExitStatus showCodes(const CodeOptions& options) {
+  if (const auto refusal = refusalOfWords(options.table)) {
+    return refuseTable(*refusal, options.format);
+  }
+  Answers answers;
+  for (const std::string& word : options.words) addWord(word, answers);
+  return tellAnswers(answers, options.table, "words", options.format);
+}
+
+ExitStatus showWordsOfCodes(const WordOptions& options) {
+  if (const auto refusal = refusalOfWords(options.table)) {
+    return refuseTable(*refusal, options.format);
+  }
+  Answers answers;
+  for (const int code : options.codes) addCode(code, answers);
+  return tellAnswers(answers, options.table, "codes", options.format);
+}
