@@ -14,7 +14,9 @@ class Arguments(program.ProgramTest):
         self.check(self.run_program(*arguments), 2, "", expected)
 
     def test_no_command_names_the_commands(self):
-        self.check_mistake([], "a command is required: check, list, document or post")
+        self.check_mistake(
+            [], "a command is required: check, list, document, post, words, code, word or tables"
+        )
 
     def test_unknown_command_suggests_the_nearest(self):
         self.check_mistake(["chekc", "t"], "there is no command 'chekc'; did you mean 'check'?")

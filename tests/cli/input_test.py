@@ -220,20 +220,6 @@ class Jobs(program.ProgramTest):
             "job:2: error: the line is longer than 1 MiB (1048576 bytes)\n",
         )
 
-    def test_job_that_names_a_table_needs_the_option(self):
-        self.write(
-            "job", JOB.replace('"units"', '"resource":{"name":"M","table":"m.pptable"},"units"')
-        )
-        self.write("table", TABLE)
-        done = self.run_program("post", "job")
-        self.assertEqual(done.returncode, 1)
-        self.assertIn(
-            '$.resource.table: the table "m.pptable" is not looked up by its name; give its file '
-            "with -t\n",
-            done.stderr,
-        )
-        self.assertEqual(self.run_program("post", "job", "-t", "table").returncode, 0)
-
     def test_error_far_into_a_line_is_cut_out(self):
         points = "[1,2,3]," * 1000
         self.check_refused_line(

@@ -5,6 +5,8 @@ import re
 
 import program
 
+NAMES = ("check", "list", "document", "post", "words", "code", "word", "tables")
+COMMANDS = ["ppword"] + ["ppword " + name for name in NAMES]
 OPTION = re.compile(r"^\s*((?:-\w, ?)?--[\w-]+)", re.MULTILINE)
 
 
@@ -32,7 +34,7 @@ class Manual(program.ProgramTest):
         return sorted(OPTION.findall(section))
 
     def test_every_command_has_the_options_of_its_help(self):
-        for command in ("ppword", "ppword check", "ppword list", "ppword document", "ppword post"):
+        for command in COMMANDS:
             listed = self.help_of(command).split("Options:")[1]
             listed = re.split(r"\n\n", listed)[0]
             self.assertEqual(self.options_of(command), sorted(OPTION.findall(listed)), command)
@@ -40,7 +42,7 @@ class Manual(program.ProgramTest):
 
     def test_every_example_of_the_help_stands_in_the_manual(self):
         manual = self.page.split("\n.SH EXAMPLES\n")[1].splitlines()
-        for command in ("ppword", "ppword check", "ppword list", "ppword document", "ppword post"):
+        for command in COMMANDS:
             for example in re.findall(r"^  (ppword .*)$", self.help_of(command), re.MULTILINE):
                 self.assertIn(example, manual)
 

@@ -54,6 +54,7 @@ class LoadReport(program.ProgramTest):
         ending = (
             ", MFG_FEED_TYPE, MFG_FEED_RATIO, MFG_OUTPUT_COMMENT\n"
             "job: 2 elements, 2 lines\n"
+            "  table: table, given with -t\n"
             "  instructions: NC_GOTO 2\n"
             "  WARNING: 4 entries of the table were not loaded; -v tells which\n"
             "standard output: written\n"

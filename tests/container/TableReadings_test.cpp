@@ -121,7 +121,12 @@ class LoadedEntries final : public Listener {
     if (section == Section::Sequence) attribute += std::to_string(number);
     const KEPISpecAttrAccess_var type = document_.find(name);
     const auto found = type->FindAttribute(attribute);
-    return found ? joined(texts(found->GetTexts())) : "not declared";
+    std::string text = found ? joined(texts(found->GetTexts())) : "not declared";
+    // A later command of this name may leave the lines of a sequence standing and append to them.
+    if (section == Section::Sequence) {
+      KEPMfgAttributeUtilities::UnsetAttributeValue(document_.find(name), attribute);
+    }
+    return text;
   }
 
   const PPWordDocument& document_;

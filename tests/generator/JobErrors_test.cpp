@@ -289,29 +289,5 @@ TEST(JobHeader, OfAnotherShapeIsRefused) {
   }
 }
 
-TEST(JobHeader, TableWithoutOneGivenIsRefused) {
-  const JobReading reading = readJob(
-      R"({"job":1,"program":"P","units":"mm","resource":{"name":"M","table":"mill.pptable"}}
-{"end":true})");
-  EXPECT_EQ(reading.error, "");
-  EXPECT_EQ(reading.header.table, "mill.pptable");
-  try {
-    requireTable(reading.header, false);
-    FAIL() << "nothing was raised";
-  } catch (const InputError& error) {
-    EXPECT_EQ(withoutFile(error),
-              ":1:68: error: $.resource.table: the table \"mill.pptable\" is not looked up by its "
-              "name; give its file with -t");
-    EXPECT_EQ(error.file(), reading.header.file);
-  }
-  EXPECT_NO_THROW(requireTable(reading.header, true));
-}
-
-TEST(JobHeader, WithoutTableNeedsNone) {
-  const JobReading reading = readJob(jobOf(""));
-  EXPECT_EQ(reading.error, "");
-  EXPECT_NO_THROW(requireTable(reading.header, false));
-}
-
 }  // namespace
 }  // namespace host::test

@@ -119,7 +119,8 @@ inline constexpr const char* kTablesFooter =
 searched, in this order. A job names its table by its file name; the first file of that name counts,
 and hides those in later folders. Links that lead out of their folder are passed over.
 
-Example:
-  PPWORD_RESOURCE_PATH=/srv/shop:$HOME/cam ppword tables)";
+Examples:
+  ppword tables
+  ppword tables --format json)";
 
 }  // namespace help

@@ -31,9 +31,10 @@ void requireLoaded(HRESULT status, const std::string& path) {
 [[noreturn]] void refuseName(const host::JobHeader& header) {
   constexpr std::string_view kKey = "ERR_5015";
   const KEPUnicodeString text = host::messageText("ManufacturingError", kKey, {});
-  host::Diagnostic diagnostic = host::inputDiagnostic(
-      {header.file, header.line, header.tableColumn,
-       "$.resource.table: \"" + header.table + "\": " + std::string(text.View())});
+  host::Diagnostic diagnostic = host::inputDiagnostic({header.file, header.line, header.tableColumn,
+                                                       "$.resource.table: \"" + header.table +
+                                                           "\": " + std::string(text.View()) +
+                                                           "; 'ppword tables' shows them"});
   diagnostic.key = kKey;
   throw Refusal{std::move(diagnostic)};
 }
