@@ -15,7 +15,8 @@ class Arguments(program.ProgramTest):
 
     def test_no_command_names_the_commands(self):
         self.check_mistake(
-            [], "a command is required: check, list, document, post, words, code, word or tables"
+            [],
+            "a command is required: check, explain, list, document, post, words, code, word or tables",
         )
 
     def test_unknown_command_suggests_the_nearest(self):
@@ -50,6 +51,7 @@ class Arguments(program.ProgramTest):
 
     def test_missing_arguments_are_named(self):
         self.check_mistake(["check"], "TABLE is required", "ppword check")
+        self.check_mistake(["explain"], "INSTRUCTION is required", "ppword explain")
         self.check_mistake(["list"], "TABLE is required", "ppword list")
         self.check_mistake(["post"], "JOB is required", "ppword post")
 
@@ -63,6 +65,27 @@ class Arguments(program.ProgramTest):
     def test_default_catalogue_takes_no_table(self):
         self.check_mistake(
             ["list", "--default", "t", "words"], "--default takes no table", "ppword list"
+        )
+
+    def test_syntax_takes_no_instruction(self):
+        self.check_mistake(
+            ["explain", "t", "NC_GOTO", "--syntax", "GOTO/1"],
+            "--syntax takes no instruction",
+            "ppword explain",
+        )
+
+    def test_setting_that_is_none_is_told(self):
+        self.check_mistake(
+            ["explain", "NC_GOTO", "--set", "A=1", "--set", "B=RPM"],
+            "--set: 'RPM' is no number; a text is given as B:text=RPM",
+            "ppword explain",
+        )
+
+    def test_sequence_that_is_no_number_is_told(self):
+        self.check_mistake(
+            ["explain", "NC_GOTO", "--sequence", "two"],
+            "Could not convert: --sequence = two",
+            "ppword explain",
         )
 
     def test_argument_too_many_is_told(self):
@@ -120,7 +143,7 @@ class Arguments(program.ProgramTest):
 
 
 class Help(program.ProgramTest):
-    COMMANDS = ([], ["check"], ["list"], ["document"], ["post"])
+    COMMANDS = ([], ["check"], ["explain"], ["list"], ["document"], ["post"])
 
     def test_version_is_told(self):
         with open(os.path.join(program.SOURCE, "CMakeLists.txt"), encoding="ascii") as file:
@@ -148,7 +171,7 @@ class Help(program.ProgramTest):
                 done = self.run_program(*shlex.split(example))
                 self.assertEqual(done.returncode, 0, example + "\n" + done.stderr)
                 ran += 1
-        self.assertEqual(ran, 21)
+        self.assertEqual(ran, 27)
 
 
 if __name__ == "__main__":

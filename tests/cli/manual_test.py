@@ -5,7 +5,7 @@ import re
 
 import program
 
-NAMES = ("check", "list", "document", "post", "words", "code", "word", "tables")
+NAMES = ("check", "explain", "list", "document", "post", "words", "code", "word", "tables")
 COMMANDS = ["ppword"] + ["ppword " + name for name in NAMES]
 OPTION = re.compile(r"^\s*((?:-\w, ?)?--[\w-]+)", re.MULTILINE)
 

@@ -136,15 +136,15 @@ TEST(Signs, SignWhoseCommaIsGoneIsLost) {
 
 TEST(EvaluateLine, WithoutRecordsLineStays) {
   PassedLine line = started("X/1+1- 2");
-  evaluateLine(line, {});
+  evaluateLine(line, {}, nullptr);
   EXPECT_EQ(line.text(), "X/1+1- 2");
-  evaluateLine(line, {{1}, "+"});
+  evaluateLine(line, {{1}, "+"}, nullptr);
   EXPECT_EQ(line.text(), "X/    0.000000");
 }
 
 TEST(EvaluateLine, BlanksBehindAMinusGoFromEveryEvaluatedLine) {
   PassedLine line = started("-   1,A-  B,-  -2");
-  evaluateLine(line, {{1}, "+"});
+  evaluateLine(line, {{1}, "+"}, nullptr);
   EXPECT_EQ(line.text(), "-1,A-B,--2");
 }
 
@@ -157,7 +157,7 @@ TEST(ArithmeticPasses, LongLinesCostTheirLength) {
   ASSERT_EQ(records.signs.size(), 600000U);
   ASSERT_TRUE(restoreSigns(line, records));
   ASSERT_EQ(line.text(), sums);
-  evaluateLine(line, records);
+  evaluateLine(line, records, nullptr);
   EXPECT_EQ(line.text(), "X/    1.000000");
   EXPECT_EQ(cleaned("+" + std::string(200000, ')')).size(), 200001U);
   EXPECT_EQ(rewritten("X" + std::string(200000, '/')).size(), 200001U);

@@ -145,7 +145,8 @@ TEST_F(ListenedSyntax, EngineTellsOfPassesAndReferences) {
             (Texts{"W 2 RPM", "F 1 2.00", "MFG_XPOINT 0 0.0", "BAD\\% 3 ", "F 1 2.00"}));
   EXPECT_EQ(notes.dropped, Texts{"F $"});
   EXPECT_EQ(notes.passes,
-            (Texts{"mask escapes &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
+            (Texts{"syntax &W,%F,%MFG_XPOINT,%BAD\\%,%F$",
+                   "mask escapes &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
                    "rewrite divisions &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
                    "mask signs &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
                    "groups & &W,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",

@@ -31,6 +31,7 @@ class Arguments {
     app_.footer(help::kProgramFooter);
     app_.require_subcommand(1);
     addCheck();
+    addExplain();
     addList();
     addDocument();
     addPost();
@@ -78,6 +79,37 @@ class Arguments {
         ->required()
         ->option_text("...");
     check_->add_flag("--strict", checkOptions_.strict, "Exit with 1 on warnings too");
+  }
+
+  void addExplain() {
+    explain_ = addCommand("explain", help::kExplain, help::kExplainFooter, explainOptions_.format);
+    explain_->add_option("TABLE", explainOptions_.table, "PP word table")->option_text(" ");
+    explain_->add_option("INSTRUCTION", explainOptions_.instruction, "NC instruction")
+        ->option_text(" ");
+    explain_->add_option("--sequence", explainOptions_.sequence, "Which of its sequences, from 1")
+        ->option_text("N");
+    explain_
+        ->add_option("--syntax", explainOptions_.syntax,
+                     "A line to explain in its place; repeatable")
+        ->expected(1)
+        ->take_all()
+        ->option_text("LINE");
+    explain_
+        ->add_option_function<std::vector<std::string>>(
+            "--set", [this](const auto& texts) { setValues(texts); },
+            "Give a parameter its value; repeatable")
+        ->expected(1)
+        ->take_all()
+        ->option_text("NAME=VALUE");
+  }
+
+  void setValues(const std::vector<std::string>& texts) {
+    for (const std::string& text : texts) {
+      std::string reason;
+      if (!host::readSetting(text, explainOptions_.values.emplace_back(), reason)) {
+        throw CLI::ValidationError("--set", reason);
+      }
+    }
   }
 
   void addList() {
@@ -157,6 +189,7 @@ class Arguments {
     if (code_->parsed()) return codeOptions_;
     if (word_->parsed()) return wordOptions_;
     if (tables_->parsed()) return tablesOptions_;
+    if (explain_->parsed()) return explained();
     if (default_ && listOptions_.section.empty()) listOptions_.section.swap(listOptions_.table);
     if (default_ != listOptions_.table.empty()) {
       throw CLI::ValidationError(default_ ? "--default takes no table" : "TABLE is required");
@@ -177,6 +210,18 @@ class Arguments {
     }
   }
 
+  // A single name is the instruction of the default catalogue; with lines it is the table.
+  [[nodiscard]] ExplainOptions explained() {
+    ExplainOptions& options = explainOptions_;
+    if (options.syntax.empty()) {
+      if (options.instruction.empty()) options.instruction.swap(options.table);
+      if (options.instruction.empty()) throw CLI::ValidationError("INSTRUCTION is required");
+    } else if (!options.instruction.empty()) {
+      throw CLI::ValidationError("--syntax takes no instruction");
+    }
+    return options;
+  }
+
   [[nodiscard]] std::string unknownOption(const CLI::App& command, std::string_view word) const {
     std::vector<std::string> names;
     for (const CLI::Option* option : command.get_options()) {
@@ -189,8 +234,8 @@ class Arguments {
   }
 
   [[nodiscard]] std::string unknownCommand(std::string_view word) const {
-    constexpr std::array<std::string_view, 8> kCommands = {"check", "list", "document", "post",
-                                                           "words", "code", "word",     "tables"};
+    constexpr std::array<std::string_view, 9> kCommands = {
+        "check", "explain", "list", "document", "post", "words", "code", "word", "tables"};
     return "there is no command '" + std::string(word) + "'" + suggestion(word, kCommands);
   }
 
@@ -199,10 +244,10 @@ class Arguments {
     const auto parsed = app_.get_subcommands();
     const CLI::App& command = parsed.empty() ? app_ : *parsed.front();
     const std::string name = parsed.empty() ? "ppword" : "ppword " + command.get_name();
-    std::string text =
-        parsed.empty()
-            ? "a command is required: check, list, document, post, words, code, word or tables"
-            : error.what();
+    std::string text = parsed.empty()
+                           ? "a command is required: check, explain, list, document, post, "
+                             "words, code, word or tables"
+                           : error.what();
     for (const std::string& word : app_.remaining(true)) {
       if (word.size() > 1 && word.starts_with('-')) {
         text = unknownOption(command, word);
@@ -218,6 +263,7 @@ class Arguments {
 
   CLI::App app_{help::kProgram, "ppword"};
   CLI::App* check_ = nullptr;
+  CLI::App* explain_ = nullptr;
   CLI::App* list_ = nullptr;
   CLI::App* document_ = nullptr;
   CLI::App* post_ = nullptr;
@@ -226,6 +272,7 @@ class Arguments {
   CLI::App* word_ = nullptr;
   CLI::App* tables_ = nullptr;
   CheckOptions checkOptions_;
+  ExplainOptions explainOptions_;
   ListOptions listOptions_;
   OutputFormat documentFormat_ = OutputFormat::Text;
   std::string action_;

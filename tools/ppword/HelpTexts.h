@@ -9,6 +9,7 @@ inline constexpr const char* kProgram =
 inline constexpr const char* kProgramFooter = R"(Examples:
   ppword check mill.pptable
   ppword list mill.pptable commands
+  ppword explain mill.pptable NC_GOTO
   ppword post bracket.canon -t mill.pptable -o bracket.apt
 
 Exit status: 0 done; 1 input refused or unreadable; 2 wrong use; 3 output not written; 4 internal
@@ -27,6 +28,26 @@ An error refuses a table; warnings tell what its load would pass over:
 Examples:
   ppword check mill.pptable
   ppword check --strict --format json mill.pptable)";
+
+inline constexpr const char* kExplain = "Show how the lines of an NC instruction come about";
+inline constexpr const char* kExplainFooter =
+    R"help(Prints each line of the instruction after every pass. Under a pass stand the references that it
+replaced (the parameter type found, who answered, the value, the format) and what it computed; a "!"
+marks what is lost, cut or moved. Without TABLE the catalogue of a new document holds.
+
+A parameter has no value but that of --set:
+  NAME=5            a real number; MFG_XPOINT, MFG_YPOINT, MFG_ZPOINT, MFG_XAXIS, MFG_YAXIS and
+                    MFG_ZAXIS set the point and the tool axis
+  NAME:int=5        an integer
+  NAME:text=RPM     a text
+  NAME:design=0.5   a design parameter, for the expressions in "%(" and ")"
+
+Examples:
+  ppword explain NC_GOTO --set MFG_XPOINT=10
+  ppword explain mill.pptable NC_FEEDRATE
+  ppword explain --syntax 'GOTO/%A+10,0' --set A=5
+  ppword explain --syntax 'SPINDL/(%I/2),&W' --set I:int=7 --set W:text=RPM
+  ppword explain mill.pptable --syntax 'GOTO/%MFG_XPOINT*2' --format json)help";
 
 inline constexpr const char* kList = "Show what a PP word table, or a new document, holds";
 inline constexpr const char* kListFooter =

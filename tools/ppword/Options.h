@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "host/explain/ValueSetting.h"
 #include "host/generator/LengthUnit.h"
 #include "host/generator/RotaryChain.h"
 
@@ -13,6 +14,17 @@ enum class OutputFormat { Text, Json };
 struct CheckOptions {
   std::vector<std::string> tables;
   bool strict = false;
+  OutputFormat format = OutputFormat::Text;
+};
+
+struct ExplainOptions {
+  /// Empty: the default catalogue.
+  std::string table;
+  /// Empty: the lines of `syntax`.
+  std::string instruction;
+  std::vector<std::string> syntax;
+  int sequence = 1;
+  std::vector<host::ValueSetting> values;
   OutputFormat format = OutputFormat::Text;
 };
 
@@ -76,5 +88,6 @@ struct TablesOptions {
   OutputFormat format = OutputFormat::Text;
 };
 
-using CommandOptions = std::variant<CheckOptions, ListOptions, DocumentOptions, PostOptions,
-                                    WordsOptions, CodeOptions, WordOptions, TablesOptions>;
+using CommandOptions =
+    std::variant<CheckOptions, ExplainOptions, ListOptions, DocumentOptions, PostOptions,
+                 WordsOptions, CodeOptions, WordOptions, TablesOptions>;

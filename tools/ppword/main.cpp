@@ -11,6 +11,7 @@
 #include "tools/ppword/CheckCommand.h"
 #include "tools/ppword/CommandLine.h"
 #include "tools/ppword/DocumentCommand.h"
+#include "tools/ppword/ExplainCommand.h"
 #include "tools/ppword/ListCommand.h"
 #include "tools/ppword/PostCommand.h"
 #include "tools/ppword/StandardStreams.h"
@@ -21,6 +22,7 @@ namespace {
 
 struct Runner {
   ExitStatus operator()(const CheckOptions& options) const { return checkTables(options); }
+  ExitStatus operator()(const ExplainOptions& options) const { return explainSyntax(options); }
   ExitStatus operator()(const ListOptions& options) const { return listTable(options); }
   ExitStatus operator()(const DocumentOptions& options) const { return runDocument(options); }
   ExitStatus operator()(const PostOptions& options) const { return postJob(options); }

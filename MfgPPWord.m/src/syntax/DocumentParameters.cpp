@@ -38,10 +38,13 @@ std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
 }
 
 bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
-                    const KEPISpecObject_var& type, std::string& out) {
+                    const KEPISpecObject_var& type, KEPMfgPPWordListener* listener,
+                    std::string& out) {
   const auto value = parameterValue(feature, name);
   if (!value) return false;
-  const auto text = valueText(*value, type ? formatOf(type) : std::nullopt);
+  const auto format = type ? formatOf(type) : std::nullopt;
+  if (listener != nullptr) listener->ValueFound(*value, format ? &*format : nullptr);
+  const auto text = valueText(*value, format);
   if (text) out.append(*text);
   return text.has_value();
 }
@@ -60,8 +63,11 @@ void DocumentParameters::appendText(std::string_view name, std::string& out) {
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   // Held by its type.
   auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
+  if (listener_ != nullptr) {
+    listener_->ReferenceLookedUp(withEscapedPercents(name), type.Get(), evaluation);
+  }
   const bool done = evaluation != nullptr ? appendEvaluation(*evaluation, out)
-                                          : appendLookedUp(name, feature_, type, out);
+                                          : appendLookedUp(name, feature_, type, listener_, out);
   if (!done) out.append(unevaluatedText());
   if (listener_ == nullptr) return;
   const Source source = !done                   ? Source::Nobody
@@ -73,7 +79,12 @@ void DocumentParameters::appendText(std::string_view name, std::string& out) {
 }
 
 std::optional<KEPMfgParameterValue> DocumentParameters::typedValue(std::string_view name) {
-  return parameterValue(feature_, name);
+  auto value = parameterValue(feature_, name);
+  if (listener_ != nullptr) {
+    listener_->ReferenceLookedUp(withEscapedPercents(name), nullptr, nullptr);
+    if (value) listener_->ValueFound(*value, nullptr);
+  }
+  return value;
 }
 
 void DocumentParameters::textDropped(std::string_view name, std::string_view text) {

@@ -37,6 +37,7 @@ bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordLi
   const auto tell = [&line, listener](std::string_view pass) {
     if (listener != nullptr) listener->LineAfterPass(pass, line.text());
   };
+  tell("syntax");
   maskEscapedPercents(line);
   tell("mask escapes");
   if (cleansParentheses()) {
@@ -48,14 +49,14 @@ bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordLi
   maskSigns(line, signs);
   tell("mask signs");
   for (const Prefix& prefix : kPrefixes) {
-    computeGroups(line, prefix.text, parameters);
+    computeGroups(line, prefix.text, parameters, listener);
     tell(prefix.groups);
     substitute(line, prefix.text, parameters);
     tell(prefix.references);
   }
   if (!restoreSigns(line, signs)) return false;
   tell("restore signs");
-  evaluateLine(line, signs);
+  evaluateLine(line, signs, listener);
   tell("evaluate");
   unmaskEscapedPercents(line);
   tell("unmask escapes");

@@ -9,6 +9,7 @@
 
 #include "src/number/DecimalPrefix.h"
 #include "src/number/NumberFormat.h"
+#include "src/syntax/EscapedPercent.h"
 #include "src/syntax/arithmetic/Operation.h"
 
 namespace ppword {
@@ -99,9 +100,10 @@ std::optional<std::string> resultOf(char sign, const Operand& left, const Operan
   return printNumber(kResultFormat, value, text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The result of the inner text of a group as one operation.
-std::optional<std::string> computedGroup(std::string_view inner, char sign, std::string_view prefix,
+/// The result of a group, parentheses included, as one operation.
+std::optional<std::string> computedGroup(std::string_view group, char sign, std::string_view prefix,
                                          ParameterSource& parameters) {
+  const std::string_view inner = group.substr(1, group.size() - 2);
   const std::size_t place = inner.find(sign);
   if (place == kNone) return std::nullopt;
   const auto left = operandOf(inner.substr(0, place), prefix, parameters);
@@ -110,9 +112,17 @@ std::optional<std::string> computedGroup(std::string_view inner, char sign, std:
   return right ? resultOf(sign, *left, *right) : std::nullopt;
 }
 
+void tell(KEPMfgPPWordListener& listener, std::string_view group,
+          const std::optional<std::string>& result) {
+  using Operation = KEPMfgPPWordListener::Operation;
+  listener.OperationEnded(result ? Operation::Computed : Operation::Kept,
+                          withEscapedPercents(group), result.value_or(""));
+}
+
 }  // namespace
 
-void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
+void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& parameters,
+                   KEPMfgPPWordListener* listener) {
   if (!line.holdsAny(kOpening)) return;
   const std::string_view text = line.text();
   std::size_t open = text.find('(');
@@ -124,8 +134,9 @@ void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& p
     const std::size_t close = text.find(')', open);
     const char sign = operators.firstFrom(open);
     if (close == kNone || sign == 0) break;
-    const auto result =
-        computedGroup(text.substr(open + 1, close - open - 1), sign, prefix, parameters);
+    const std::string_view group = text.substr(open, close - open + 1);
+    const auto result = computedGroup(group, sign, prefix, parameters);
+    if (listener != nullptr && group.find(sign) != kNone) tell(*listener, group, result);
     if (result) {
       out.append(text, from, open - from).append(*result);
       from = close + 1;

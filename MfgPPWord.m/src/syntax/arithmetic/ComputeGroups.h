@@ -2,6 +2,7 @@
 
 #include <string_view>
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/ParameterSource.h"
 #include "src/syntax/PassedLine.h"
 
@@ -13,6 +14,8 @@ namespace ppword {
 ///   GOTO/(%I/%J) with the integers I = 7 and J = 2 becomes GOTO/3
 /// A result is an integer, cut toward zero, for two integers and for an integer with a literal;
 /// any other is printed as "%12.6f". What cannot be computed stays as it is.
-void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& parameters);
+/// `listener` (null: nobody) hears of the groups that hold the operator looked for.
+void computeGroups(PassedLine& line, std::string_view prefix, ParameterSource& parameters,
+                   KEPMfgPPWordListener* listener);
 
 }  // namespace ppword

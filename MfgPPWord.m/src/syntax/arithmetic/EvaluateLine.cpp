@@ -7,6 +7,7 @@
 
 #include "src/number/DecimalPrefix.h"
 #include "src/number/NumberFormat.h"
+#include "src/syntax/EscapedPercent.h"
 #include "src/syntax/arithmetic/Operation.h"
 
 namespace ppword {
@@ -17,6 +18,8 @@ constexpr std::string_view kLeftEnds = "/,=()";
 constexpr std::string_view kRightEnds = "/,*+=()-";
 constexpr std::string_view kOperators = "+-*";
 constexpr std::string_view kNumberCharacters = "0123456789., -";
+
+using Operation = KEPMfgPPWordListener::Operation;
 
 bool isOneOf(char character, std::string_view set) { return set.find(character) != kNone; }
 
@@ -51,7 +54,7 @@ std::optional<std::string> resultOf(std::string_view left, char sign, std::strin
 /// Computes a line from left to right: what was worked out stands in `out`, the rest is still text.
 class Evaluator {
  public:
-  explicit Evaluator(std::string& out) : out_(out) {}
+  Evaluator(std::string& out, KEPMfgPPWordListener* listener) : out_(out), listener_(listener) {}
 
   void run(std::string_view text) {
     while (!text.empty()) {
@@ -78,13 +81,17 @@ class Evaluator {
     const std::string_view left = std::string_view(out_).substr(leftStart_);
     if (sign == '-' && left.empty() && !right.empty()) {
       // deliberate: a "-" in front of what is no number is deleted with it.
-      if (decimalPrefix(right)) keep(sign, right);
+      if (decimalPrefix(right)) return keep(sign, right);
+      tell(Operation::Deleted, left, sign, right);
     } else if (left.empty() || right.empty()) {
       // deliberate: an operator without one of its operands is deleted with the other.
+      tell(Operation::Deleted, left, sign, right);
       out_.resize(leftStart_);
     } else if (const auto result = resultOf(left, sign, right)) {
+      tell(Operation::Computed, left, sign, right, *result);
       out_.replace(leftStart_, kNone, *result);
     } else {
+      tell(Operation::Kept, left, sign, right);
       keep(sign, right);
     }
   }
@@ -94,7 +101,16 @@ class Evaluator {
     out_ += right;
   }
 
+  void tell(Operation outcome, std::string_view left, char sign, std::string_view right,
+            std::string_view result = {}) const {
+    if (listener_ == nullptr) return;
+    std::string text(left);
+    (text += sign) += right;
+    listener_->OperationEnded(outcome, withEscapedPercents(text), result);
+  }
+
   std::string& out_;
+  KEPMfgPPWordListener* listener_;
   std::size_t leftStart_ = 0;
 };
 
@@ -110,10 +126,10 @@ void closeUpNegatives(std::string& line) {
 
 }  // namespace
 
-void evaluateLine(PassedLine& line, const SignRecords& records) {
+void evaluateLine(PassedLine& line, const SignRecords& records, KEPMfgPPWordListener* listener) {
   if (records.signs.empty() || isText(line.text())) return;
   std::string& out = line.draft();
-  Evaluator(out).run(line.text());
+  Evaluator(out, listener).run(line.text());
   closeUpNegatives(out);
   line.accept();
 }

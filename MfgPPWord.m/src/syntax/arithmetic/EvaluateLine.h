@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/PassedLine.h"
 #include "src/syntax/arithmetic/Signs.h"
 
@@ -11,6 +12,7 @@ namespace ppword {
 /// An operation on anything but numbers stays as it is; one that lacks an operand is deleted with
 /// the operand that it has, and so is a "-" in front of what is no number. Blanks behind a "-" go.
 /// A line without records, or with "$$", "PPRINT" or "*VORTA", is left as it is.
-void evaluateLine(PassedLine& line, const SignRecords& records);
+/// `listener` (null: nobody) hears of every operation.
+void evaluateLine(PassedLine& line, const SignRecords& records, KEPMfgPPWordListener* listener);
 
 }  // namespace ppword

@@ -1,0 +1,91 @@
+#include "host/explain/Explain.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "host/explain/ExplanationText.h"
+#include "host/system/Session.h"
+#include "tests/support/PPWordDocument.h"
+
+namespace ppword::test {
+namespace {
+
+class Explain : public testing::Test, protected PPWordDocument {
+ protected:
+  [[nodiscard]] host::Explanation explained(const Texts& syntax, int sequence = 1) const {
+    const KEPIMfgSyntaxEvaluation_var evaluation = instruction("NC_X", syntax);
+    return host::explain(*evaluation, sequence);
+  }
+  /// The notes of all passes of one line.
+  [[nodiscard]] Texts notes(const char* syntax) const {
+    Texts all;
+    const host::Explanation explanation = explained({syntax});
+    for (const auto& pass : explanation.lines.at(0).passes) {
+      all.insert(all.end(), pass.notes.begin(), pass.notes.end());
+    }
+    return all;
+  }
+};
+
+TEST_F(Explain, ListenerOfTheSessionIsAsBefore) {
+  KEPMfgPPWordListener own;
+  host::session().listener = &own;
+  (void)explained({"X/1+1"});
+  EXPECT_EQ(host::session().listener, &own);
+  host::session().listener = nullptr;
+}
+
+TEST_F(Explain, MissingSequenceIsNotDone) {
+  const auto explanation = explained({"X/1"}, 2);
+  EXPECT_FALSE(explanation.isDone);
+  EXPECT_TRUE(explanation.lines.empty());
+}
+
+TEST_F(Explain, InstructionWithoutLinesIsDone) {
+  const auto explanation = explained({});
+  EXPECT_TRUE(explanation.isDone);
+  EXPECT_EQ(host::explanationText(explanation), "");
+}
+
+TEST_F(Explain, FormatThatPrintsNoNumberIsShownWithTheValue) {
+  format("F", "%n");
+  activity()->parameters().set("F", host::realValue(2));
+  const auto text = host::explanationText(explained({"%F,1"}));
+  EXPECT_NE(text.find("%F: type F under MfgPPParameter, parameter of the activity, real 2, format "
+                      "«%n»: «»\n"),
+            std::string::npos)
+      << text;
+}
+
+TEST_F(Explain, ControlCharactersDoNotReachTheTerminal) {
+  const auto text = host::explanationText(explained({"X/\x1B[2J"}));
+  EXPECT_EQ(text.find('\x1B'), std::string::npos);
+  EXPECT_NE(text.find("«X/\\x1b[2J»"), std::string::npos) << text;
+}
+
+TEST_F(Explain, LineFeedCutsTheCharacterInFrontOfIt) {
+  EXPECT_EQ(notes("%AX\n1").back(), "«X» behind the name «A» is cut off and lost");
+}
+
+TEST_F(Explain, ParameterDroppedBesideASignTellsBoth) {
+  EXPECT_EQ(notes("X/%I-1"),
+            (Texts{"the name «I» is cut by the \"-\" behind it",
+                   "«I» cannot be evaluated and is dropped; the separators around it stay"}));
+}
+
+TEST_F(Explain, SignsOfUnchangedCommasAreNotMoved) {
+  activity()->parameters().set("W", host::textValue("A,B"));
+  // the sign stands in front of the word with the comma
+  EXPECT_EQ(notes("PSIS/A+B,&W"),
+            Texts{"«A+B» is not computed and stays: not both operands are numbers"});
+}
+
+TEST_F(Explain, GroupThatLosesACommaMovesTheSignBehindIt) {
+  EXPECT_EQ(notes("X/(1,8/4)+5,6"),
+            Texts{"the \"+\" behind «4)» stands behind «5» now: it takes the place of comma 2, and "
+                  "the commas in front of it are no longer as many"});
+}
+
+}  // namespace
+}  // namespace ppword::test

@@ -1,0 +1,85 @@
+#include "host/explain/ValueSetting.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "KEPIMfgBufferPoint.h"
+#include "KEPIMfgBufferTLAxis.h"
+
+namespace host {
+namespace {
+
+/// A setting as it was read: name, kind, value.
+std::string shown(const char* text) {
+  ValueSetting setting;
+  std::string reason;
+  if (!readSetting(text, setting, reason)) return reason;
+  const auto& value = setting.value;
+  std::string result = setting.name + (setting.isDesign ? " design " : " ");
+  if (value.kind == KEPMfgParameterValue::kInteger) return result + std::to_string(value.integer);
+  if (value.kind == KEPMfgParameterValue::kText)
+    return result + '"' + value.text.ConvertToChar() + '"';
+  return result + (value.real == 0.5 ? "one half" : value.real == -2e3 ? "minus 2000" : "other");
+}
+
+TEST(ValueSetting, TextGivesNameKindAndValue) {
+  EXPECT_EQ(shown("A=0.5"), "A one half");
+  EXPECT_EQ(shown("A=-2e3"), "A minus 2000");
+  EXPECT_EQ(shown("I:int=-7"), "I -7");
+  EXPECT_EQ(shown("W:text=RPM"), "W \"RPM\"");
+  EXPECT_EQ(shown("W:text="), "W \"\"");
+  EXPECT_EQ(shown("W:text=A=B:int=1"), "W \"A=B:int=1\"");
+  EXPECT_EQ(shown("D:design=.5"), "D design one half");
+  EXPECT_EQ(shown("TWO WORDS=0.5"), "TWO WORDS one half");
+}
+
+TEST(ValueSetting, MistakesAreTold) {
+  EXPECT_EQ(shown("A"), "'A' is no NAME=VALUE");
+  EXPECT_EQ(shown(""), "'' is no NAME=VALUE");
+  EXPECT_EQ(shown("=5"), "'=5' is no NAME=VALUE");
+  EXPECT_EQ(shown(":int=5"), "':int=5' is no NAME=VALUE");
+  EXPECT_EQ(shown("A:real=5"), "'real' of 'A:real=5' is no kind: text, int or design");
+  EXPECT_EQ(shown("A:=5"), "'' of 'A:=5' is no kind: text, int or design");
+  EXPECT_EQ(shown("A=RPM"), "'RPM' is no number; a text is given as A:text=RPM");
+  EXPECT_EQ(shown("A=5mm"), "'5mm' is no number; a text is given as A:text=5mm");
+  EXPECT_EQ(shown("A=inf"), "'inf' is no number; a text is given as A:text=inf");
+  EXPECT_EQ(shown("A=nan"), "'nan' is no number; a text is given as A:text=nan");
+  EXPECT_EQ(shown("A=1e999"), "'1e999' is no number; a text is given as A:text=1e999");
+  EXPECT_EQ(shown("A="), "'' is no number; a text is given as A:text=");
+  EXPECT_EQ(shown("A:int=1.5"), "'1.5' is no integer; a text is given as A:text=1.5");
+  EXPECT_EQ(shown("A:int=3000000000"),
+            "'3000000000' is no integer; a text is given as A:text=3000000000");
+}
+
+TEST(ValueSetting, CoordinateSetsItsBufferAndNoOther) {
+  const auto document = newDocument();
+  const auto activity = Activity::create("A");
+  const KEPIMfgBufferPoint_var point = document->ppWordContainer();
+  const KEPIMfgBufferTLAxis_var axis = document->ppWordContainer();
+  point->SetPoint(1, 2, 3);
+  axis->SetTLAxis(4, 5, 6);
+  applySetting({"MFG_YPOINT", realValue(20), false}, *document, *activity);
+  applySetting({"MFG_ZAXIS", realValue(60), false}, *document, *activity);
+  applySetting({"MFG_XPOINT", textValue("no number"), false}, *document, *activity);
+  double x = 0;
+  double y = 0;
+  double z = 0;
+  point->GetPoint(x, y, z);
+  EXPECT_EQ((std::vector<double>{x, y, z}), (std::vector<double>{1, 20, 3}));
+  axis->GetTLAxis(x, y, z);
+  EXPECT_EQ((std::vector<double>{x, y, z}), (std::vector<double>{4, 5, 60}));
+}
+
+TEST(ValueSetting, OtherNamesSetParameters) {
+  const auto document = newDocument();
+  const auto activity = Activity::create("A");
+  applySetting({"W", textValue("RPM"), false}, *document, *activity);
+  applySetting({"D", realValue(0.5), true}, *document, *activity);
+  EXPECT_TRUE(activity->knows("W"));
+  EXPECT_FALSE(activity->knows("D"));
+  ASSERT_TRUE(document->designParameters().contains("D"));
+}
+
+}  // namespace
+}  // namespace host
