@@ -58,11 +58,7 @@ void Generator::run(ToolPathSource& toolPath) {
 }
 
 void Generator::put(const ActivityStart& start) {
-  KEPVar<Activity> activity = Activity::create(start.name);
-  for (const auto& [name, value] : start.parameters) activity->parameters().set(name, value);
-  for (const auto& [name, value] : start.customParameters) {
-    activity->customParameters().set(name, value);
-  }
+  KEPVar<Activity> activity = Activity::create(static_cast<const ActivityValues&>(start));
   if (start.isVirtual) activity = Activity::createVirtual(start.name, activity);
   words_->SetObjects(activity);
 }

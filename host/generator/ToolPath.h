@@ -3,12 +3,12 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
-#include "Manufacturing/KEPMfgParameterValue.h"
 #include "Mathematics/KEPMathAxis.h"
+#include "host/knowledge/KnowledgeParameter.h"
+#include "host/manufacturing/ActivityValues.h"
 
 namespace host {
 
@@ -28,11 +28,6 @@ struct CircleChange {
 struct HelixChange {
   std::optional<Triple> inDirV, center, axis, start, end;
   std::optional<double> radius, pitch;
-};
-/// A feed rate or a spindle speed: value text and type name (such as "LINEARFEEDRATE").
-struct TypedValue {
-  std::string text;
-  std::string type;
 };
 struct FeedrateChange {
   std::optional<TypedValue> value;
@@ -72,11 +67,8 @@ struct Element {
   long line = 0;
 };
 
-/// The activity that the elements after it belong to, with its own parameters.
-struct ActivityStart {
-  std::string name;
-  std::vector<std::pair<std::string, KEPMfgParameterValue>> parameters;
-  std::vector<std::pair<std::string, KEPMfgParameterValue>> customParameters;
+/// The activity that the elements after it belong to.
+struct ActivityStart : ActivityValues {
   /// True for an activity that is reached through a virtual one.
   bool isVirtual = false;
   long line = 0;

@@ -1,46 +1,26 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 #include <utility>
 
 #include "Manufacturing/KEPIMfgActivity.h"
-#include "Manufacturing/KEPIMfgParameterAccess.h"
-#include "host/system/TextHash.h"
+#include "host/manufacturing/ParameterTable.h"
 
 namespace host {
 
-/// The named values of an object, behind one of the two parameter interfaces.
-template <class Interface>
-class ParameterTable final : public Interface {
+/// An activity of a program with its parameters and, as its values say, its tool, the assembly that
+/// holds it and what its kind of operation has.
+class KEP_PLATFORM Activity final : public ModelObject<ActivityValues, KEPIMfgActivity> {
  public:
-  explicit ParameterTable(KEPBaseUnknown& owner) { this->BindTo(owner); }
-
-  [[nodiscard]] int GetValue(std::string_view name, KEPMfgParameterValue& value) const override {
-    const auto found = values_.find(name);
-    if (found == values_.end()) return 1;
-    value = found->second;
-    return 0;
-  }
-  void set(std::string_view name, KEPMfgParameterValue value) {
-    values_.insert_or_assign(std::string(name), std::move(value));
-  }
-  [[nodiscard]] bool holds(std::string_view name) const { return values_.contains(name); }
-
- private:
-  TextMap<KEPMfgParameterValue> values_;
-};
-
-/// An activity of a program with its parameters.
-class KEP_PLATFORM Activity final : public KEPIMfgActivity {
- public:
+  [[nodiscard]] static KEPVar<Activity> create(ActivityValues values);
+  /// An activity of no particular kind.
   [[nodiscard]] static KEPVar<Activity> create(std::string_view name);
   /// A virtual activity, which stands for `real` (null: for none).
   [[nodiscard]] static KEPVar<Activity> createVirtual(std::string_view name,
                                                       KEPIMfgActivity_var real);
 
-  [[nodiscard]] KEPUnicodeString GetName() const override { return {name_}; }
+  [[nodiscard]] KEPUnicodeString GetName() const override { return {values().name}; }
   HRESULT GetToolAndAssembly(KEPBaseUnknown_var& tool, KEPBaseUnknown_var& assembly) const override;
 
   /// The parameters that a user added; asked first.
@@ -51,9 +31,9 @@ class KEP_PLATFORM Activity final : public KEPIMfgActivity {
   [[nodiscard]] ParameterTable<KEPIMfgV4ToV5Parameters>& parameters() noexcept {
     return parameters_;
   }
-  [[nodiscard]] bool knows(std::string_view name) const {
-    return customParameters_.holds(name) || parameters_.holds(name);
-  }
+  /// The object that carries a parameter: the activity, its tool, the assembly or its insert, asked
+  /// in this order; null when none does.
+  [[nodiscard]] KEPBaseUnknown_var ownerOf(std::string_view name) const;
 
  private:
   class Virtual final : public KEPIMfgVirtualActivity {
@@ -65,12 +45,13 @@ class KEP_PLATFORM Activity final : public KEPIMfgActivity {
     KEPIMfgActivity_var real_;
   };
 
-  explicit Activity(std::string_view name) : name_(name) {}
+  explicit Activity(ActivityValues values);
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
 
-  std::string name_;
-  ParameterTable<KEPIMfgCustomParameters> customParameters_{*this};
-  ParameterTable<KEPIMfgV4ToV5Parameters> parameters_{*this};
+  ParameterTable<KEPIMfgCustomParameters> customParameters_;
+  ParameterTable<KEPIMfgV4ToV5Parameters> parameters_;
+  KEPBaseUnknown_var tool_;
+  KEPBaseUnknown_var assembly_;
   std::optional<Virtual> virtual_;
 };
 

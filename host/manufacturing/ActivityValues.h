@@ -81,17 +81,10 @@ struct ToolAssemblyValues {
   /// Number of the tool point that the setting values refer to.
   std::optional<int> reference;
   /// Radii of the cutting edge at the tool points.
-  std::optional<std::map<std::string, double>> radii;
+  std::optional<std::map<std::string, double, std::less<>>> radii;
 };
 
-enum class ActivityKind {
-  Plain,
-  ToolChange,
-  Machining,
-  Lathe,
-  SequentialAxial,
-  SequentialGroove
-};
+enum class ActivityKind { Plain, ToolChange, Machining, Lathe, SequentialAxial, SequentialGroove };
 
 struct ActivityValues {
   std::string name;

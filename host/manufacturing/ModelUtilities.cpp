@@ -67,7 +67,7 @@ HRESULT KEPMfgModelUtilities::GetV5ObjectFromV4Parameter(const KEPIMfgActivity_v
                                                          KEPBaseUnknown_var& object) {
   object = nullptr;
   const auto* const own = dynamic_cast<const host::Activity*>(activity.Get());
-  if (own != nullptr && own->knows(name)) object = activity;
+  if (own != nullptr) object = own->ownerOf(name);
   return statusOf(object);
 }
 

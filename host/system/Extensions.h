@@ -10,9 +10,12 @@ namespace host {
 /// The extension objects of one component; they live as long as it.
 class Extensions {
  public:
-  /// Makes the object for an interface that has none yet.
+  /// Makes the object for an interface that has none yet; null when the creator makes none for this
+  /// component.
   KEPBaseUnknown* make(KEPCreator creator, KEPBaseUnknown& component) {
-    return objects_.emplace_back(creator(&component)).get();
+    KEPBaseUnknown* const object = creator(&component);
+    if (object != nullptr) objects_.emplace_back(object);
+    return object;
   }
 
  private:

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <map>
+#include <string>
+
+#include "Manufacturing/KEPIMfgResource.h"
+#include "Manufacturing/KEPIMfgToolAssembly.h"
+#include "host/manufacturing/ParameterTable.h"
+#include "host/manufacturing/model/LookUp.h"
+
+namespace host {
+
+/// What holds a tool, with its insert.
+class ToolAssembly final : public NamedTable<ToolAssembly, KEPIMfgToolAssembly> {
+ public:
+  explicit ToolAssembly(const ToolAssemblyValues& values) : NamedTable(values.attributes) {
+    if (values.insert) insert_ = makeModelObject(model::kInsert, *values.insert);
+  }
+
+  [[nodiscard]] KEPBaseUnknown_var GetInsert() const override { return insert_; }
+
+ private:
+  KEPBaseUnknown_var insert_;
+};
+
+/// A marker: the assembly is that of a turning tool.
+class LatheToolAssembly final : public ModelExtension<LatheToolAssembly, KEPIMfgLatheToolAssembly> {
+ public:
+  explicit LatheToolAssembly(const ToolAssemblyValues& /*values*/) {}
+};
+
+/// The point of a turning tool that its setting values refer to.
+class LatheRefCompensation final
+    : public ModelExtension<LatheRefCompensation, KEPIMfgLatheRefCompensation> {
+ public:
+  explicit LatheRefCompensation(int number) : number_(number) {}
+
+  HRESULT GetNumber(int& number) const override {
+    number = number_;
+    return S_OK;
+  }
+
+ private:
+  int number_;
+};
+
+/// The radii of the cutting edge, for whatever activity works with it.
+class LatheToolInsertUtilities final
+    : public ModelExtension<LatheToolInsertUtilities, KEPIMfgLatheToolInsertUtilities> {
+ public:
+  using Radii = std::map<std::string, double, std::less<>>;
+  explicit LatheToolInsertUtilities(const Radii& radii) : radii_(radii) {}
+
+  HRESULT GetRadius(const KEPIMfgActivity_var& /*activity*/, const KEPUnicodeString& outputPoint,
+                    double& radius) const override {
+    return lookUp(radii_, outputPoint.View(), radius);
+  }
+
+ private:
+  const Radii& radii_;
+};
+
+/// An insert as something that a program works with.
+class InsertResource final : public ModelExtension<InsertResource, KEPIMfgResource> {
+ public:
+  explicit InsertResource(const InsertValues& values) : type_(values.type) {}
+
+  [[nodiscard]] KEPUnicodeString GetResourceType() const override { return type_; }
+
+ private:
+  KEPUnicodeString type_;
+};
+
+}  // namespace host
