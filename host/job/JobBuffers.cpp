@@ -3,16 +3,10 @@
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
-#include "host/job/JobObject.h"
+#include "host/job/JobTypedValue.h"
 
 namespace host::job {
 namespace {
-
-using WordPair = std::array<std::string_view, 2>;
-
-constexpr WordPair kValueTypes{"linear", "angular"};
-constexpr WordPair kFeedrateTypes{"LINEARFEEDRATE", "ANGULARFEEDRATE"};
-constexpr WordPair kSpindleTypes{"LINEARSPINDLESPEED", "ANGULARSPINDLESPEED"};
 
 constexpr std::array<std::string_view, 7> kFeedWords{
     "machining", "approach", "retract", "finishing", "plunge", "chamfering", "value"};
@@ -30,13 +24,13 @@ TypedValue& valueOf(Change& change) {
 }
 
 template <class Change>
-void readValueText(Value value, const Place& place, Change& change) {
-  valueOf(change).text = readNumberText(value, place);
+void readChangedText(Value value, const Place& place, Change& change) {
+  readValueText(value, place, valueOf(change));
 }
 
-template <const WordPair& TypeNames, class Change>
-void readValueType(Value value, const Place& place, Change& change) {
-  valueOf(change).type = TypeNames[readWord(value, place, kValueTypes)];
+template <const TypeNames& kNames, class Change>
+void readChangedType(Value value, const Place& place, Change& change) {
+  readValueType<kNames>(value, place, valueOf(change));
 }
 
 void readFeedType(Value value, const Place& place, FeedrateChange& change) {
@@ -68,15 +62,15 @@ constexpr std::array<Key<HelixChange>, 7> kHelixKeys{{
 }};
 
 constexpr std::array<Key<FeedrateChange>, 4> kFeedrateKeys{{
-    {"value", readValueText<FeedrateChange>},
-    {"type", readValueType<kFeedrateTypes, FeedrateChange>},
+    {"value", readChangedText<FeedrateChange>},
+    {"type", readChangedType<kFeedrateTypes, FeedrateChange>},
     {"factor", into<&FeedrateChange::factor>},
     {"feedType", readFeedType},
 }};
 
 constexpr std::array<Key<SpindleChange>, 4> kSpindleKeys{{
-    {"value", readValueText<SpindleChange>},
-    {"type", readValueType<kSpindleTypes, SpindleChange>},
+    {"value", readChangedText<SpindleChange>},
+    {"type", readChangedType<kSpindleTypes, SpindleChange>},
     {"factor", into<&SpindleChange::factor>},
     {"way", into<&SpindleChange::way>},
 }};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -21,6 +22,8 @@ struct JobHeader {
   /// Formats of points and tool axes; empty where the parameters' own formats hold.
   std::string pointFormat;
   std::string axisFormat;
+  /// What angles in radians are multiplied by before they are printed.
+  std::optional<double> angleFactor;
   std::vector<std::pair<std::string, double>> designParameters;
 
   /// Where the header stands, and in it the table's name (0 without one).

@@ -2,8 +2,11 @@
 
 #include <array>
 
+#include "host/job/JobActivity.h"
 #include "host/job/JobObject.h"
+#include "host/job/JobOperation.h"
 #include "host/job/JobParameters.h"
+#include "host/job/JobTool.h"
 
 namespace host::job {
 namespace {
@@ -12,14 +15,9 @@ constexpr int kVersion = 1;
 
 // Values of their own.
 
-void readName(Value value, const Place& place, std::string& name) {
-  name = readText(value, place);
-  if (name.empty()) place.refuse(value.raw_json_token().data(), "a name is expected");
-}
-
 template <auto Member, class Target>
 void intoName(Value value, const Place& place, Target& target) {
-  readName(value, place, target.*Member);
+  target.*Member = readName(value, place);
 }
 
 void readVersion(Value value, const Place& place, JobHeader& /*header*/) {
@@ -36,7 +34,7 @@ void readUnits(Value value, const Place& place, JobHeader& header) {
 
 void readTable(Value value, const Place& place, JobHeader& header) {
   header.tableColumn = place.column(value.raw_json_token().data());
-  readName(value, place, header.table);
+  header.table = readName(value, place);
 }
 
 constexpr std::array<Key<JobHeader>, 2> kResourceKeys{{
@@ -46,11 +44,6 @@ constexpr std::array<Key<JobHeader>, 2> kResourceKeys{{
 
 void readResource(Value value, const Place& place, JobHeader& header) {
   readFields<JobHeader>(value, place, kResourceKeys, header);
-}
-
-void readIsVirtual(Value value, const Place& place, ActivityStart& activity) {
-  if (value.get_bool().get(activity.isVirtual) == simdjson::SUCCESS) return;
-  refuseValue(value, place, "true or false");
 }
 
 void readSequence(Value value, const Place& place, Element& element) {
@@ -72,21 +65,15 @@ void readEndMark(Value value, const Place& place, EndMark& /*end*/) {
 
 // The kinds of line.
 
-constexpr std::array<Key<JobHeader>, 7> kHeaderKeys{{
+constexpr std::array<Key<JobHeader>, 8> kHeaderKeys{{
     {"job", readVersion, true},
     {"program", intoName<&JobHeader::program>, true},
     {"units", readUnits, true},
     {"resource", readResource},
     {"pointFormat", into<&JobHeader::pointFormat>},
     {"axisFormat", into<&JobHeader::axisFormat>},
+    {"angleFactor", into<&JobHeader::angleFactor>},
     {"designParameters", into<&JobHeader::designParameters>},
-}};
-
-constexpr std::array<Key<ActivityStart>, 4> kActivityKeys{{
-    {"activity", intoName<&ActivityStart::name>, true},
-    {"parameters", into<&ActivityStart::parameters>},
-    {"customParameters", into<&ActivityStart::customParameters>},
-    {"virtual", readIsVirtual},
 }};
 
 constexpr std::array<Key<Element>, 12> kElementKeys{{
@@ -119,12 +106,17 @@ simdjson::ondemand::object objectOf(Line& line, const Place& place) {
   place.refuse(beginOf(line), "a line is an object: {...}");
 }
 
+/// Nothing may stand behind the line's object.
+void requireEnd(Line& line, const Place& root) {
+  const char* behind = nullptr;
+  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
+}
+
 template <class Target>
 void readLine(Line& line, Keys<Target> keys, Target& target) {
   const Place root(line);
   readFields<Target>(objectOf(line, root), beginOf(line), root, keys, target);
-  const char* behind = nullptr;
-  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
+  requireEnd(line, root);
 }
 
 }  // namespace
@@ -146,7 +138,9 @@ LineKind kindOf(Line& line) {
 void readHeader(Line& line, JobHeader& header) { readLine<JobHeader>(line, kHeaderKeys, header); }
 
 void readActivity(Line& line, ActivityStart& activity) {
-  readLine<ActivityStart>(line, kActivityKeys, activity);
+  const Place root(line);
+  readActivity(objectOf(line, root), beginOf(line), root, activity);
+  requireEnd(line, root);
 }
 
 void readElement(Line& line, Element& element) { readLine<Element>(line, kElementKeys, element); }
@@ -157,13 +151,15 @@ void readEnd(Line& line) {
 }
 
 KeyNames keyNames() {
-  KeyNames names = bufferKeyNames();
-  names["header"] = namesOf<JobHeader>(kHeaderKeys);
-  names["resource"] = namesOf<JobHeader>(kResourceKeys);
-  names["activity"] = namesOf<ActivityStart>(kActivityKeys);
-  names["parameter"] = numberKeyNames();
-  names["element"] = namesOf<Element>(kElementKeys);
-  names["end"] = namesOf<EndMark>(kEndKeys);
+  KeyNames names{{"header", namesOf<JobHeader>(kHeaderKeys)},
+                 {"resource", namesOf<JobHeader>(kResourceKeys)},
+                 {"parameter", numberKeyNames()},
+                 {"element", namesOf<Element>(kElementKeys)},
+                 {"end", namesOf<EndMark>(kEndKeys)}};
+  names.merge(bufferKeyNames());
+  names.merge(activityKeyNames());
+  names.merge(operationKeyNames());
+  names.merge(toolKeyNames());
   return names;
 }
 

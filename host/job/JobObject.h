@@ -1,9 +1,12 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "host/job/JobValue.h"
@@ -71,6 +74,30 @@ template <class Target>
 void readFields(Value value, const Place& place, Keys<Target> keys, Target& target) {
   const char* const at = value.raw_json_token().data();
   readFields(readObject(value, place), at, place, keys, target);
+}
+
+/// The keys of two objects as those of one.
+template <class Target, std::size_t kFirst, std::size_t kSecond>
+[[nodiscard]] constexpr std::array<Key<Target>, kFirst + kSecond> joined(
+    const std::array<Key<Target>, kFirst>& first, const std::array<Key<Target>, kSecond>& second) {
+  std::array<Key<Target>, kFirst + kSecond> keys{};
+  std::copy(first.begin(), first.end(), keys.begin());
+  std::copy(second.begin(), second.end(), keys.begin() + kFirst);
+  return keys;
+}
+
+/// Hands every field of an object whose keys are names of the writer's choice, each at most once,
+/// to `put`: the name, the value and its place.
+template <class Put>
+void readNamed(Value value, const Place& place, Put put) {
+  std::unordered_set<std::string_view> seen;
+  for (auto item : readObject(value, place)) {
+    auto field = take(std::move(item), place);
+    const FieldName name = nameOf(field, place);
+    const Place here(place, name.text);
+    if (!seen.insert(name.text).second) here.refuse(name.at, "the key stands here twice");
+    put(name, field.value(), here);
+  }
 }
 
 template <class T>

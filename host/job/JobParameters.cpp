@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <limits>
-#include <unordered_set>
 
 #include "host/job/JobObject.h"
 #include "host/manufacturing/Activity.h"
@@ -44,10 +43,19 @@ void read(Value value, const Place& place, KEPMfgParameterValue& parameter) {
   if (parameter.kind == 0) refuseValue(value, place, kParameterForms);
 }
 
-using NameCheck = void (*)(const FieldName&, const Place&);
-
 void checkParameter(const FieldName& name, const Place& place) {
   if (name.text.empty()) place.refuse(name.at, "a parameter needs a name");
+}
+
+/// The number that a key of digits writes, in one way only.
+int numberOf(const FieldName& name, const Place& place) {
+  constexpr std::size_t kMostDigits = 9;
+  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+  const std::string_view text = name.text;
+  const bool good = !text.empty() && text.size() <= kMostDigits && text.front() != '0' &&
+                    std::all_of(text.begin(), text.end(), isDigit);
+  if (!good) place.refuse(name.at, "a number from 1 to 999999999 is expected as the key");
+  return std::stoi(std::string(text));
 }
 
 void checkDesignParameter(const FieldName& name, const Place& place) {
@@ -61,30 +69,27 @@ void checkDesignParameter(const FieldName& name, const Place& place) {
     place.refuse(name.at, "a name of letters, digits and \"_\" is expected, no digit first");
 }
 
-template <class T>
-void readNamed(Value value, const Place& place, NameCheck check,
-               std::vector<std::pair<std::string, T>>& named) {
-  std::unordered_set<std::string_view> seen;
-  for (auto item : readObject(value, place)) {
-    auto field = take(std::move(item), place);
-    const FieldName name = nameOf(field, place);
-    const Place here(place, name.text);
-    check(name, here);
-    if (!seen.insert(name.text).second) here.refuse(name.at, "the key stands here twice");
-    read(field.value(), here, named.emplace_back(name.text, T{}).second);
-  }
-}
-
 }  // namespace
 
-void read(Value value, const Place& place,
-          std::vector<std::pair<std::string, KEPMfgParameterValue>>& parameters) {
-  readNamed(value, place, checkParameter, parameters);
+void read(Value value, const Place& place, NamedValues& parameters) {
+  readNamed(value, place, [&](const FieldName& name, Value parameter, const Place& here) {
+    checkParameter(name, here);
+    read(parameter, here, parameters.emplace_back(name.text, KEPMfgParameterValue{}).second);
+  });
 }
 
 void read(Value value, const Place& place,
           std::vector<std::pair<std::string, double>>& designParameters) {
-  readNamed(value, place, checkDesignParameter, designParameters);
+  readNamed(value, place, [&](const FieldName& name, Value parameter, const Place& here) {
+    checkDesignParameter(name, here);
+    designParameters.emplace_back(name.text, readNumber(parameter, here));
+  });
+}
+
+void readByNumber(Value value, const Place& place, const NumberedReader& read) {
+  readNamed(value, place, [&](const FieldName& name, Value numbered, const Place& here) {
+    read(numberOf(name, here), numbered, here);
+  });
 }
 
 std::vector<std::string_view> numberKeyNames() {

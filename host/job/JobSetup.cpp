@@ -7,7 +7,9 @@ namespace host {
 
 JobSetup::JobSetup(const JobHeader& header, Document& document)
     : previous_(session().generatorData) {
-  setCurrentGeneratorData(GeneratorData::create(header.pointFormat, header.axisFormat));
+  const auto generation = GeneratorData::create(header.pointFormat, header.axisFormat);
+  if (header.angleFactor) generation->setAngleFactor(*header.angleFactor);
+  setCurrentGeneratorData(generation);
   for (const auto& [name, value] : header.designParameters) {
     document.setDesignParameter(name, value);
   }

@@ -72,6 +72,18 @@ std::string readText(Value value, const Place& place) {
   return std::string(text);
 }
 
+std::string readName(Value value, const Place& place) {
+  std::string name = readText(value, place);
+  if (name.empty()) place.refuse(tokenOf(value).data(), "a name is expected");
+  return name;
+}
+
+bool readTruth(Value value, const Place& place) {
+  bool truth = false;
+  if (value.get_bool().get(truth) == simdjson::SUCCESS) return truth;
+  refuseValue(value, place, "true or false");
+}
+
 simdjson::ondemand::array readArray(Value value, const Place& place) {
   auto result = value.get_array();
   if (result.error() == simdjson::INCORRECT_TYPE) refuseValue(value, place, "an array");

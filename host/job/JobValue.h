@@ -22,6 +22,9 @@ using Value = simdjson::ondemand::value;
 [[nodiscard]] int readInteger(Value value, const Place& place, int least);
 /// A text without control characters.
 [[nodiscard]] std::string readText(Value value, const Place& place);
+/// A text that is not empty.
+[[nodiscard]] std::string readName(Value value, const Place& place);
+[[nodiscard]] bool readTruth(Value value, const Place& place);
 [[nodiscard]] simdjson::ondemand::array readArray(Value value, const Place& place);
 [[nodiscard]] simdjson::ondemand::object readObject(Value value, const Place& place);
 /// A number as it is written.

@@ -103,7 +103,7 @@ struct ActivityValues {
   std::optional<ToolPathValues> toolPath;
   std::optional<TurningValues> turning;
   // Of lathe and sequential groove operations.
-  LatheValues lathe;
+  std::optional<LatheValues> lathe;
   // Of sequential operations.
   std::optional<std::vector<SequentialMotionValues>> motions;
 };

@@ -42,8 +42,9 @@ constexpr Refusal kKeys[] = {
      R"(:2:1: error: $: one of the keys "job", "activity", "nc" and "end" is expected)"},
     {"  {}", R"(:2:3: error: $: one of the keys "job", "activity", "nc" and "end" is expected)"},
     {R"({"activity":"A","nc":"B"})",
-     R"(:2:17: error: $: unknown key "nc"; the keys here are activity, parameters, )"
-     R"(customParameters, virtual)"},
+     R"(:2:17: error: $: unknown key "nc"; the keys here are activity, kind, virtual, operation, )"
+     R"(parameters, customParameters, tool, assembly, feedsAndSpeeds, strategy, toolPath, )"
+     R"(turning, lathe, motions)"},
     {R"({"end":true,"lines":3})", R"(:2:13: error: $: unknown key "lines"; the keys here are end)"},
     {R"({"nc":"A","rotate":{"axisSystem":{"origin":[0,0,0],"x":[1,0,0],"z":[0,0,1]}}})",
      R"(:2:34: error: $.rotate.axisSystem: the key "y" is missing)"},

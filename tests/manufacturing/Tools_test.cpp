@@ -134,6 +134,9 @@ TEST(Insert, GivesTypeDimensionsAndParameters) {
   const KEPBaseUnknown_var insert = KEPIMfgToolAssembly_var(assemblyOf(values))->GetInsert();
   EXPECT_TRUE(insert->IsAKindOf("MfgInsert"));
   EXPECT_EQ(KEPIMfgResource_var(insert)->GetResourceType(), KEPUnicodeString("MfgGrooveInsert"));
+  KEPUnicodeString text("kept");
+  EXPECT_EQ(KEPIMfgResource_var(insert)->GetValue("MfgPPWordTable", text), E_FAIL);
+  EXPECT_EQ(text, KEPUnicodeString("kept"));
   KEPMfgParameterValue value;
   EXPECT_EQ(KEPIMfgInsert_var(insert)->GetValue(MfgLeftNoseRadius, value), 0);
   EXPECT_EQ(value.real, 0.2);

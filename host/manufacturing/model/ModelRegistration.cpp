@@ -112,7 +112,7 @@ constexpr Row kRows[] = {
                                                    "StrategyParameters"),
     row<ToolPathManagement, Activities>(model::kMachiningOperation, "ToolPathManagement"),
     row<TurningEnvironment, &Activities::turning>(model::kMachiningOperation, "TurningEnvironment"),
-    row<LatheOperation, &Activities::lathe>(model::kLatheOperation, "LatheOperation"),
+    row<LatheOperation, Activities>(model::kLatheOperation, "LatheOperation"),
     row<SequentialMotions, &Activities::motions>(model::kSequentialAxialOperation,
                                                  "SequentialMotions"),
     row<SequentialMotions, &Activities::motions>(model::kSequentialGrooveOperation,

@@ -10,14 +10,15 @@ namespace host {
 /// The way of rotation and the correctors of a turning operation.
 class LatheOperation final : public ModelExtension<LatheOperation, KEPIMfgLatheOperation> {
  public:
-  explicit LatheOperation(const LatheValues& values) : values_(values) {}
+  explicit LatheOperation(const ActivityValues& values)
+      : values_(values.lathe.value_or(LatheValues())) {}
 
   HRESULT GetWayOfRotation(int& code) const override;
   HRESULT GetDefaultCorrector(int& number, KEPUnicodeString& outputPoint) const override;
   HRESULT GetCorrector(int number, KEPUnicodeString& outputPoint) const override;
 
  private:
-  const LatheValues& values_;
+  LatheValues values_;
 };
 
 /// The axis system that an operation is programmed in.

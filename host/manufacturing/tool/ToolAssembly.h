@@ -66,6 +66,11 @@ class InsertResource final : public ModelExtension<InsertResource, KEPIMfgResour
   explicit InsertResource(const InsertValues& values) : type_(values.type) {}
 
   [[nodiscard]] KEPUnicodeString GetResourceType() const override { return type_; }
+  /// An insert has no texts by name.
+  [[nodiscard]] HRESULT GetValue(std::string_view /*name*/,
+                                 KEPUnicodeString& /*value*/) const override {
+    return E_FAIL;
+  }
 
  private:
   KEPUnicodeString type_;
