@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <span>
+
 #include "tests/generator/Jobs.h"
 
 namespace host::test {
