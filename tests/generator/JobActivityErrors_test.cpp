@@ -30,8 +30,8 @@ TEST(JobActivityErrors, UnknownKeyIsNamed) {
        R"(parameters, customParameters, tool, assembly, feedsAndSpeeds, strategy, toolPath, )"
        "turning, lathe, motions"},
       {R"({"activity":"A","kind":"machining","feedsAndSpeeds":{"spindleWay":"clw"}})",
-       R"(:2:54: error: $.feedsAndSpeeds: unknown key "spindleWay"; the keys here are machining, )"
-       "spindle"},
+       R"(:2:54: error: $.feedsAndSpeeds: unknown key "spindleWay"; did you mean )"
+       R"("spindle"?)"},
       {R"({"activity":"A","kind":"machining","feedsAndSpeeds":{"spindle":{"way":1}}})",
        R"(:2:65: error: $.feedsAndSpeeds.spindle: unknown key "way"; the keys here are value, type)"},
       {R"({"activity":"A","kind":"machining","strategy":{"dwel":"time"}})",
@@ -222,7 +222,7 @@ TEST(JobActivityErrors, KeyThatIsNoNumberIsRefused) {
 TEST(JobActivityErrors, AngleFactorIsANumber) {
   const JobReading reading = readJob(
       "{\"job\":1,\"program\":\"P\",\"units\":\"mm\",\"angleFactor\":\"deg\"}\n{\"end\":true}\n");
-  EXPECT_EQ(reading.error, ":1:54: error: $.angleFactor: a number is expected, found \"deg\"");
+  EXPECT_EQ(reading.error, ":1:51: error: $.angleFactor: a number is expected, found \"deg\"");
 }
 
 }  // namespace
