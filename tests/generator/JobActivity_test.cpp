@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "tests/generator/Jobs.h"
 
 namespace host::test {
@@ -11,16 +13,16 @@ ActivityStart activityOf(std::string_view line) {
   return std::get<ActivityStart>(reading.events.front());
 }
 
-/// A table of named values as text: "NAME=text NAME=2.500000".
+/// A table of named values as text: "NAME=text NAME=2.5".
 std::string described(const NamedValues& values) {
-  std::string text;
+  std::ostringstream text;
   for (const auto& [name, value] : values) {
-    text += (text.empty() ? "" : " ") + name + '=';
-    text += value.kind == KEPMfgParameterValue::kText      ? std::string(value.text.View())
-            : value.kind == KEPMfgParameterValue::kInteger ? std::to_string(value.integer)
-                                                           : std::to_string(value.real);
+    text << (&value == &values.front().second ? "" : " ") << name << '=';
+    if (value.kind == KEPMfgParameterValue::kText) text << value.text.View();
+    if (value.kind == KEPMfgParameterValue::kInteger) text << value.integer;
+    if (value.kind == KEPMfgParameterValue::kReal) text << value.real;
   }
-  return text;
+  return text.str();
 }
 
 std::string described(const std::optional<TypedValue>& value) {
@@ -172,7 +174,7 @@ TEST(JobActivity, AssemblyHasWhatItsKindAllows) {
   EXPECT_EQ(activity.assembly->radii->size(), 2U);
   EXPECT_EQ(activity.assembly->radii->at("P3"), 0.21);
   EXPECT_EQ(activity.assembly->radii->at("P9"), 0.4);
-  EXPECT_EQ(described(activity.assembly->parameters), "MFG_TL_SET_X=62.500000");
+  EXPECT_EQ(described(activity.assembly->parameters), "MFG_TL_SET_X=62.5");
   EXPECT_EQ(described(activity.assembly->attributes), "MfgInvertedAssembly=1");
 }
 
@@ -190,8 +192,8 @@ TEST(JobActivity, InsertHasTypeRadiiAndParameters) {
   const InsertValues& insert = *activity.assembly->insert;
   EXPECT_EQ(insert.type, "MfgGrooveInsert");
   EXPECT_EQ(described(insert.dimensions),
-            "MfgLeftNoseRadius=0.200000 MfgRightNoseRadius=0.400000 MfgNoseRadius=0.800000");
-  EXPECT_EQ(described(insert.parameters), "MFG_NOSE_RADIUS=0.400000");
+            "MfgLeftNoseRadius=0.2 MfgRightNoseRadius=0.4 MfgNoseRadius=0.8");
+  EXPECT_EQ(described(insert.parameters), "MFG_NOSE_RADIUS=0.4");
 }
 
 TEST(JobActivity, ToolChangeHasItsOperation) {
@@ -205,7 +207,7 @@ TEST(JobActivity, ToolChangeHasItsOperation) {
   const ActivityValues& operation = *activity.operation;
   EXPECT_EQ(operation.name, "Groove.1");
   EXPECT_EQ(operation.kind, ActivityKind::SequentialGroove);
-  EXPECT_EQ(described(operation.parameters), "D=1.000000");
+  EXPECT_EQ(described(operation.parameters), "D=1");
   EXPECT_EQ(described(operation.customParameters), "E=x");
   EXPECT_TRUE(operation.tool && operation.assembly && operation.feedsAndSpeeds);
   EXPECT_TRUE(operation.strategy && operation.toolPath && operation.turning);
