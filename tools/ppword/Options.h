@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/explain/ValueSetting.h"
-#include "host/generator/LengthUnit.h"
-#include "host/generator/RotaryChain.h"
+#include "host/listing/LengthUnit.h"
+#include "host/listing/RotaryChain.h"
 
 enum class OutputFormat { Text, Json };
 

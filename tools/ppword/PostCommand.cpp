@@ -57,7 +57,8 @@ class Source {
   Source(const PostOptions& options, host::Document& document) {
     auto lines = std::make_unique<host::LineReader>(options.job);
     if (host::recogniseSource(*lines) == host::SourceKind::Listing) {
-      listing_.emplace(std::move(lines), host::ListingOptions{options.units, options.rotary});
+      listing_.emplace(std::move(lines), host::ListingOptions{options.units, options.rotary,
+                                                              host::listingWords(document)});
       return;
     }
     if (options.units || options.rotary) {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "host/diagnostics/DiagnosticText.h"
-#include "host/generator/ListingSummary.h"
+#include "host/listing/ListingSummary.h"
 
 namespace {
 
@@ -47,8 +47,8 @@ Json tallyJson(const Tally& tally, bool instructions) {
 }
 
 std::string_view fateName(CallFate fate) {
-  constexpr std::array<std::string_view, 5> kNames = {"move", "waiting", "other", "lostMove",
-                                                      "unknown"};
+  constexpr std::array<std::string_view, 6> kNames = {"move", "line",     "other",
+                                                      "lost", "lostMove", "unknown"};
   return kNames[static_cast<std::size_t>(fate)];
 }
 
@@ -75,7 +75,7 @@ std::string outcomeText(const PostReport& report, bool written) {
 long missingPieces(const PostReport& report) {
   long count = report.summary.unevaluated.total() + report.summary.dropped.total();
   if (report.listing != nullptr) {
-    for (const CallFate fate : {CallFate::Waiting, CallFate::LostMove, CallFate::Unknown}) {
+    for (const CallFate fate : {CallFate::Lost, CallFate::LostMove, CallFate::Unknown}) {
       count += report.listing->calls().total(fate);
     }
   }

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/generator/ListingReader.h"
 #include "host/generator/Summary.h"
+#include "host/listing/ListingReader.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/PostTable.h"
 
@@ -20,7 +20,7 @@ struct PostReport {
 };
 
 /// What the text lacks: references that were not evaluated, ends of names that were cut off, calls
-/// that wait, are unknown or lost their move, and entries of the table.
+/// that say more than the text, are unknown or lost their move, and entries of the table.
 [[nodiscard]] long missingPieces(const PostReport& report);
 
 [[nodiscard]] std::string reportText(const PostReport& report, bool written);

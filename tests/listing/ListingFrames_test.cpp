@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/generator/Listings.h"
+#include "tests/listing/Listings.h"
 
 namespace {
 

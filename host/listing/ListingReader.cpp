@@ -1,13 +1,13 @@
-#include "host/generator/ListingReader.h"
+#include "host/listing/ListingReader.h"
 
 #include <span>
 #include <string>
 #include <utility>
 
-#include "host/generator/CallTable.h"
-#include "host/generator/CanonicalCall.h"
 #include "host/generator/InputError.h"
 #include "host/generator/LineReader.h"
+#include "host/listing/CallTable.h"
+#include "host/listing/CanonicalCall.h"
 
 namespace host {
 namespace {
@@ -15,21 +15,6 @@ namespace {
 constexpr std::size_t kLengths = 3;
 constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
-
-CallFate fateOf(const CallRule* rule) {
-  if (rule == nullptr) return CallFate::Unknown;
-  switch (rule->effect) {
-    case CallEffect::Traverse:
-    case CallEffect::Feed:
-      return CallFate::Move;
-    case CallEffect::Waiting:
-      return CallFate::Waiting;
-    case CallEffect::LostMove:
-      return CallFate::LostMove;
-    default:
-      return CallFate::Other;
-  }
-}
 
 /// The x y z a b c among the arguments of a call.
 std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
@@ -56,30 +41,21 @@ void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& argume
 }  // namespace
 
 ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options)
-    : lines_(std::move(lines)), options_(std::move(options)), multaxDue_(options_.rotary) {}
+    : lines_(std::move(lines)),
+      options_(std::move(options)),
+      multaxDue_(options_.rotary),
+      modalCalls_(options_.words, events_) {}
 
 ListingReader::~ListingReader() = default;
 
 bool ListingReader::next(ToolPathEvent& event) {
-  while (!move_) {
+  while (given_ == events_.size()) {
+    events_.clear();
+    given_ = 0;
     if (!readCall()) return false;
   }
-  event = nextElement();
+  event = std::move(events_[given_++]);
   return true;
-}
-
-Element ListingReader::nextElement() {
-  Element element;
-  element.line = lines_->lineNumber();
-  if (std::exchange(multaxDue_, false)) {
-    element.instruction = "NC_MULTAX_ON";
-  } else if (std::exchange(rapidDue_, false)) {
-    element.instruction = "NC_RAPID";
-  } else {
-    element.instruction = options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO";
-    element.positions.push_back(*std::exchange(move_, std::nullopt));
-  }
-  return element;
 }
 
 bool ListingReader::readCall() {
@@ -98,8 +74,7 @@ bool ListingReader::readCall() {
   const CanonicalCall call = parseCall(line, place);
   checkRunningNumber(call, place);
   const CallRule* const rule = findCallRule(call.name);
-  count(call, rule, place);
-  if (rule != nullptr) obey(*rule, call, place);
+  count(call, rule != nullptr ? obey(*rule, call, place) : CallFate::Unknown, place);
   return true;
 }
 
@@ -112,38 +87,60 @@ void ListingReader::checkRunningNumber(const CanonicalCall& call, const LinePlac
   lastRunningNumber_ = due;
 }
 
-void ListingReader::count(const CanonicalCall& call, const CallRule* rule, const LinePlace& place) {
-  calls_.add(call.name, fateOf(rule), place.line);
+void ListingReader::count(const CanonicalCall& call, CallFate fate, const LinePlace& place) {
+  calls_.add(call.name, fate, place.line);
   if (calls_.names(CallFate::Unknown) <= kMostUnknownNames) return;
   place.refuse(call.nameAt, "more than " + std::to_string(kMostUnknownNames) +
                                 " different calls are unknown; this is not a listing of rs274");
 }
 
-void ListingReader::obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place) {
+CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
+                             const LinePlace& place) {
   if (rule.effect == CallEffect::Compensation) refuseCompensation(call, place);
   if (rule.effect == CallEffect::InterpreterError) {
     place.refuse(call.nameAt, "the interpreter reports an error of the program here");
   }
-  if (rule.shape == "*") return;
-  const CanonicalArguments arguments = readArguments(call, rule.shape, place);
+  const bool isRead = rule.shape != "*";
+  return obey(rule, call, isRead ? readArguments(call, rule.shape, place) : CanonicalArguments(),
+              place);
+}
+
+CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
+                             const CanonicalArguments& arguments, const LinePlace& place) {
   switch (rule.effect) {
     case CallEffect::Traverse:
     case CallEffect::Feed:
-      return move(rule, call, arguments, place);
+      move(rule, call, arguments, place);
+      return CallFate::Move;
+    case CallEffect::LostMove:
+      lastPoint_.reset();
+      return CallFate::LostMove;
     case CallEffect::Units:
-      return useUnits(arguments, place);
+      useUnits(arguments, place);
+      return CallFate::Other;
     case CallEffect::FixtureOffset:
     case CallEffect::ProgramOffset:
     case CallEffect::PlaneRotation:
-      return changeFrame(rule, arguments, place);
+      changeFrame(rule, arguments, place);
+      return CallFate::Other;
     case CallEffect::ToolOffset:
-      return checkToolOffset(call, arguments, place);
-    case CallEffect::End:
-      ended_ = true;
-      return;
+      checkToolOffset(call, arguments, place);
+      return CallFate::Other;
     default:
-      return;
+      return obeyModal(rule, call, arguments, place);
   }
+}
+
+CallFate ListingReader::obeyModal(const CallRule& rule, const CanonicalCall& call,
+                                  const CanonicalArguments& arguments, const LinePlace& place) {
+  if (ended_) return CallFate::Other;
+  ended_ = rule.effect == CallEffect::End || rule.effect == CallEffect::ProgramEnd;
+  const bool isFeed =
+      rule.effect == CallEffect::FeedRate || rule.effect == CallEffect::SynchronisedOn;
+  if (isFeed && arguments.numbers[0] != 0.0) requireUnit(call, "a feed rate", place);
+  const LengthUnit here = inputUnit_.value_or(options_.unit.value_or(LengthUnit::Millimetre));
+  const LengthUnit text = outputUnit_.value_or(options_.unit.value_or(here));
+  return modalCalls_.obey({rule, call, arguments, place, here, text});
 }
 
 void ListingReader::useUnits(const CanonicalArguments& arguments, const LinePlace& place) {
@@ -174,21 +171,45 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
                          const CanonicalArguments& arguments, const LinePlace& place) {
   if (ended_) place.refuse(call.nameAt, "a move stands behind the end of the program");
-  settleUnits(call, place);
+  requireUnit(call, "a move", place);
+  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
   checkFrame(call, place);
   checkRotaryWords(arguments, place);
-  move_ = positionOf(arguments);
-  rapidDue_ = rule.effect == CallEffect::Traverse;
+  const Position position = positionOf(arguments);
+  const Triple words{arguments.numbers[3], arguments.numbers[4], arguments.numbers[5]};
+  if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
+  if (rule.effect == CallEffect::Traverse) {
+    put("NC_RAPID", place.line);
+  } else if (onlyTurns(position, words)) {
+    // Its feed rate is in degrees, which no word of the text says.
+    calls_.add(call.name, CallFate::Lost, place.line);
+  } else {
+    modalCalls_.tellFeedRate(*outputUnit_, place.line);
+  }
+  put(options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO", place.line, position);
+  lastPoint_ = position.point;
+  lastWords_ = words;
 }
 
-void ListingReader::settleUnits(const CanonicalCall& call, const LinePlace& place) {
+bool ListingReader::onlyTurns(const Position& position, const Triple& words) const {
+  return lastPoint_ == position.point && lastWords_ != words;
+}
+
+void ListingReader::put(std::string_view instruction, long line, std::optional<Position> position) {
+  Element element;
+  element.instruction = instruction;
+  element.line = line;
+  if (position) element.positions.push_back(*position);
+  events_.emplace_back(std::move(element));
+}
+
+void ListingReader::requireUnit(const CanonicalCall& call, std::string_view what,
+                                const LinePlace& place) {
   if (!inputUnit_) inputUnit_ = options_.unit;
-  if (!inputUnit_) {
-    place.refuse(call.nameAt,
-                 "a move stands before any length unit is named; name it with --units mm or "
-                 "--units inch");
-  }
-  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
+  if (inputUnit_) return;
+  place.refuse(call.nameAt, std::string(what) +
+                                " stands before any length unit is named; name it with --units mm "
+                                "or --units inch");
 }
 
 void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place) {

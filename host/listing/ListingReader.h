@@ -4,21 +4,20 @@
 #include <memory>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "System/KEPPlatform.h"
-#include "host/generator/CallCounts.h"
-#include "host/generator/LengthUnit.h"
-#include "host/generator/RotaryChain.h"
 #include "host/generator/ToolPath.h"
-#include "host/generator/WorkFrame.h"
+#include "host/listing/CallCounts.h"
+#include "host/listing/LengthUnit.h"
+#include "host/listing/ListingWords.h"
+#include "host/listing/ModalCalls.h"
+#include "host/listing/RotaryChain.h"
+#include "host/listing/WorkFrame.h"
 
 namespace host {
 
 class LineReader;
-struct CallRule;
-struct CanonicalArguments;
-struct CanonicalCall;
-struct LinePlace;
 
 struct ListingOptions {
   /// Unit of the positions that come out; also that of positions before any unit is named. Without
@@ -28,11 +27,14 @@ struct ListingOptions {
   /// as those of the tool's tip in the part's frame; without it a rotary word other than 0 is
   /// refused.
   std::optional<RotaryChain> rotary;
+  /// What the document that the listing is put out with can say.
+  ListingWords words{};
 };
 
-/// Reads a canonical listing, one call a line, in constant memory: straight moves become elements,
-/// every other call is counted. Whatever would leave a position in doubt raises an InputError with
-/// file, line and column.
+/// Reads a canonical listing, one call a line, in constant memory: straight moves, feed rates, the
+/// spindle, tool changes, dwells, texts and what else the document has words for become elements;
+/// every call is counted. Whatever would leave a position in doubt raises an InputError with file,
+/// line and column.
 class KEP_PLATFORM ListingReader final : public ToolPathSource {
  public:
   /// The longest line, without its end.
@@ -51,22 +53,28 @@ class KEP_PLATFORM ListingReader final : public ToolPathSource {
   [[nodiscard]] bool givesToolAxes() const noexcept { return options_.rotary.has_value(); }
   /// The unit of the positions that come out; nothing before the first move.
   [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
+  [[nodiscard]] const ListingWords& words() const noexcept { return options_.words; }
 
  private:
   bool readCall();
   void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
-  void count(const CanonicalCall& call, const CallRule* rule, const LinePlace& place);
-  void obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
+  void count(const CanonicalCall& call, CallFate fate, const LinePlace& place);
+  CallFate obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
+  CallFate obey(const CallRule& rule, const CanonicalCall& call,
+                const CanonicalArguments& arguments, const LinePlace& place);
+  CallFate obeyModal(const CallRule& rule, const CanonicalCall& call,
+                     const CanonicalArguments& arguments, const LinePlace& place);
   void useUnits(const CanonicalArguments& arguments, const LinePlace& place);
   void changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
                    const LinePlace& place);
   void move(const CallRule& rule, const CanonicalCall& call, const CanonicalArguments& arguments,
             const LinePlace& place);
-  void settleUnits(const CanonicalCall& call, const LinePlace& place);
+  void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
   void checkFrame(const CanonicalCall& call, const LinePlace& place);
   void checkRotaryWords(const CanonicalArguments& arguments, const LinePlace& place) const;
   [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
-  [[nodiscard]] Element nextElement();
+  [[nodiscard]] bool onlyTurns(const Position& position, const Triple& words) const;
+  void put(std::string_view instruction, long line, std::optional<Position> position = {});
 
   std::unique_ptr<LineReader> lines_;
   ListingOptions options_;
@@ -82,10 +90,15 @@ class KEP_PLATFORM ListingReader final : public ToolPathSource {
   bool frameChanged_ = true;
   bool ended_ = false;
 
-  // The move that is being given out: its position and what is still due before it.
-  std::optional<Position> move_;
-  bool rapidDue_ = false;
+  /// Where the move before ended, and its rotary words.
+  std::optional<Triple> lastPoint_;
+  Triple lastWords_{};
   bool multaxDue_ = false;
+
+  /// What the last call gave, and how much of it is given out.
+  std::vector<ToolPathEvent> events_;
+  std::size_t given_ = 0;
+  ModalCalls modalCalls_;
 };
 
 }  // namespace host

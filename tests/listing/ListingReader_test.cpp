@@ -1,4 +1,4 @@
-#include "host/generator/ListingReader.h"
+#include "host/listing/ListingReader.h"
 
 #include <gtest/gtest.h>
 
@@ -8,8 +8,8 @@
 
 #include "host/generator/InputError.h"
 #include "host/generator/LineReader.h"
-#include "host/generator/ListingSummary.h"
-#include "tests/generator/Listings.h"
+#include "host/listing/ListingSummary.h"
+#include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"
 
 namespace {
@@ -51,6 +51,11 @@ TEST(ListingReader, ElementTellsItsLine) {
   host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), {});
   host::ToolPathEvent event;
   ASSERT_TRUE(reader.next(event));
+  EXPECT_TRUE(std::get<host::ActivityStart>(event).parameters.empty());
+  ASSERT_TRUE(reader.next(event));
+  EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_OUTPUT_COMMENT");
+  EXPECT_EQ(std::get<host::Element>(event).line, 2);
+  ASSERT_TRUE(reader.next(event));
   EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_RAPID");
   EXPECT_EQ(std::get<host::Element>(event).line, 3);
   ASSERT_TRUE(reader.next(event));
@@ -67,14 +72,14 @@ TEST(ListingReader, BlockNumbersOfAnyLengthAreRead) {
                   "    2 N5     STRAIGHT_FEED(1.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
                   "    3 N99999 STRAIGHT_FEED(2.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
                   "    4 N1234567STRAIGHT_FEED(3.0000, 0.0000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
-                  "    5 N..... PROGRAM_END()\n"),
+                  "    5 N..... FINISH()\n"),
       "NC_GOTO 1 0 0\nNC_GOTO 2 0 0\nNC_GOTO 3 0 0\n");
 }
 
 TEST(ListingReader, CarriageReturnsAndAnOpenLastLineAreRead) {
   EXPECT_EQ(readListing("    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\r\n"
                         "    2 N..... STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\r\n"
-                        "    3 N..... PROGRAM_END()"),
+                        "    3 N..... FINISH()"),
             "NC_GOTO 1 2 3\n");
 }
 
@@ -84,15 +89,19 @@ TEST(ListingReader, TextsHoldQuotesParenthesesAndBytesOfAnyEncoding) {
       "COMMENT(\"\")\n"
       "MESSAGE(\" a \"b\", c\")\n"
       "COMMENT(\"Fr\xe4ser \xc3\xa9\tend\")\n";
-  EXPECT_EQ(readListing(program(calls)), "");
+  EXPECT_EQ(readListing(program(calls)),
+            "NC_OUTPUT_COMMENT <8.5 \"quoted\" (part) ) STRAIGHT_FEED(1, 2, 3, 0, 0, 0)>\n"
+            "NC_OUTPUT_COMMENT < a \"b\", c>\n"
+            "NC_OUTPUT_COMMENT <Fr\xe4ser \xc3\xa9\tend>\n");
   EXPECT_EQ(countCalls(program(calls)),
             "other USE_LENGTH_UNITS 1 from 1\n"
-            "waiting COMMENT 3 from 2\n"
-            "waiting MESSAGE 1 from 4\n"
-            "other PROGRAM_END 1 from 6\n");
+            "line COMMENT 2 from 2\n"
+            "other COMMENT 1 from 3\n"
+            "line MESSAGE 1 from 4\n"
+            "other FINISH 1 from 6\n");
 }
 
-TEST(ListingReader, FeedSpindleToolAndTextCallsWait) {
+TEST(ListingReader, CallsWhoseMeaningIsInTheTextAreCountedByName) {
   EXPECT_EQ(countCalls(program("SET_FEED_RATE(300.0000)\n"
                                "SET_FEED_MODE(0, 0)\n"
                                "SET_SPINDLE_SPEED(0, 1800.0000)\n"
@@ -100,30 +109,32 @@ TEST(ListingReader, FeedSpindleToolAndTextCallsWait) {
                                "START_SPINDLE_CLOCKWISE(0)\n"
                                "START_SPINDLE_COUNTERCLOCKWISE(0)\n"
                                "STOP_SPINDLE_TURNING(0)\n"
-                               "SELECT_TOOL(-1)\n"
+                               "SELECT_TOOL(1)\n"
                                "START_CHANGE()\n"
                                "CHANGE_TOOL(1)\n"
                                "CHANGE_TOOL_NUMBER(3)\n"
                                "DWELL(0.5000)\n"
                                "MESSAGE(\"ready\")\n"
                                "COMMENT(\"done\")\n"
+                               "COMMENT(\"\")\n"
                                "SET_FEED_RATE(0.0000)\n")),
             "other USE_LENGTH_UNITS 1 from 1\n"
-            "waiting SET_FEED_RATE 2 from 2\n"
-            "waiting SET_FEED_MODE 1 from 3\n"
-            "waiting SET_SPINDLE_SPEED 1 from 4\n"
-            "waiting SET_SPINDLE_MODE 1 from 5\n"
-            "waiting START_SPINDLE_CLOCKWISE 1 from 6\n"
-            "waiting START_SPINDLE_COUNTERCLOCKWISE 1 from 7\n"
-            "waiting STOP_SPINDLE_TURNING 1 from 8\n"
-            "waiting SELECT_TOOL 1 from 9\n"
-            "waiting START_CHANGE 1 from 10\n"
-            "waiting CHANGE_TOOL 1 from 11\n"
-            "waiting CHANGE_TOOL_NUMBER 1 from 12\n"
-            "waiting DWELL 1 from 13\n"
-            "waiting MESSAGE 1 from 14\n"
-            "waiting COMMENT 1 from 15\n"
-            "other PROGRAM_END 1 from 17\n");
+            "line SET_FEED_RATE 2 from 2\n"
+            "line SET_FEED_MODE 1 from 3\n"
+            "line SET_SPINDLE_SPEED 1 from 4\n"
+            "line SET_SPINDLE_MODE 1 from 5\n"
+            "line START_SPINDLE_CLOCKWISE 1 from 6\n"
+            "line START_SPINDLE_COUNTERCLOCKWISE 1 from 7\n"
+            "line STOP_SPINDLE_TURNING 1 from 8\n"
+            "line SELECT_TOOL 1 from 9\n"
+            "other START_CHANGE 1 from 10\n"
+            "line CHANGE_TOOL 1 from 11\n"
+            "other CHANGE_TOOL_NUMBER 1 from 12\n"
+            "line DWELL 1 from 13\n"
+            "line MESSAGE 1 from 14\n"
+            "line COMMENT 1 from 15\n"
+            "other COMMENT 1 from 16\n"
+            "other FINISH 1 from 18\n");
 }
 
 TEST(ListingReader, MovesWithoutALineAreCountedAsLost) {
@@ -144,7 +155,7 @@ TEST(ListingReader, MovesWithoutALineAreCountedAsLost) {
       "lost RIGID_TAP 1 from 6\n"
       "lost SPINDLE_RETRACT 1 from 7\n"
       "lost SPINDLE_RETRACT_TRAVERSE 1 from 8\n"
-      "other PROGRAM_END 1 from 10\n");
+      "other FINISH 1 from 10\n");
 }
 
 TEST(ListingReader, OtherCallsAreCountedByName) {
@@ -164,7 +175,7 @@ TEST(ListingReader, OtherCallsAreCountedByName) {
             "other FLOOD_ON 1 from 7\n"
             "other SPINDLE.1.WAIT_ORIENT_COMPLETE 1 from 8\n"
             "other SET_XY_ROTATION 1 from 9\n"
-            "other PROGRAM_END 1 from 10\n");
+            "other FINISH 1 from 10\n");
 }
 
 TEST(ListingReader, CallThatNobodyKnowsIsCountedAsUnknown) {
@@ -172,7 +183,7 @@ TEST(ListingReader, CallThatNobodyKnowsIsCountedAsUnknown) {
             "other USE_LENGTH_UNITS 1 from 1\n"
             "unknown WOBBLE 2 from 2\n"
             "unknown STRAIGHT_FEEDS 1 from 3\n"
-            "other PROGRAM_END 1 from 5\n");
+            "other FINISH 1 from 5\n");
 }
 
 TEST(ListingReader, HundredUnknownCallsAreCountedAndOneMoreIsRefused) {
@@ -183,39 +194,64 @@ TEST(ListingReader, HundredUnknownCallsAreCountedAndOneMoreIsRefused) {
             "102:14: more than 100 different calls are unknown; this is not a listing of rs274\n");
 }
 
-TEST(ListingSummary, TellsMovesUnitWaitingAndLostCalls) {
-  const InputFile file(
-      program("STRAIGHT_TRAVERSE(0.0, 0.0, 9.0, 30.0, 0.0, 0.0)\n"
-              "STRAIGHT_FEED(0.0, 0.0, 1.0, 30.0, 0.0, 0.0)\n"
-              "SET_FEED_RATE(100.0)\n"
-              "SET_FEED_RATE(200.0)\n"
-              "ARC_FEED(3.0, 3.0, 3.0, 2.0, -1, 2.0, 0.0, 0.0, 0.0)\n"
-              "NURBS_FEED(5, ...)\n"
-              "WOBBLE()\n"));
-  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), rotary("A:table:X"));
+std::string summaryOf(std::string_view listing, const host::ListingOptions& options) {
+  const InputFile file(listing);
+  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), options);
   for (host::ToolPathEvent event; reader.next(event);) {
   }
   std::string summary;
   for (const std::string& line : host::summaryLines(reader)) summary += line + '\n';
-  EXPECT_EQ(summary, R"(positions in millimetres
+  return summary;
+}
+
+TEST(ListingSummary, TellsMovesUnitAndWhatTheTextLacks) {
+  EXPECT_EQ(summaryOf(program("STRAIGHT_TRAVERSE(0.0, 0.0, 9.0, 30.0, 0.0, 0.0)\n"
+                              "STRAIGHT_FEED(0.0, 0.0, 1.0, 30.0, 0.0, 0.0)\n"
+                              "SET_FEED_RATE(100.0)\n"
+                              "SET_FEED_RATE(200.0)\n"
+                              "PROGRAM_STOP()\n"
+                              "ARC_FEED(3.0, 3.0, 3.0, 2.0, -1, 2.0, 0.0, 0.0, 0.0)\n"
+                              "NURBS_FEED(5, ...)\n"
+                              "WOBBLE()\n"),
+                      rotary("A:table:X")),
+            R"(positions in millimetres
 positions taken as those of the tool's tip in the part's frame
 straight moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
-read, without a line yet: SET_FEED_RATE 2 (first in line 4)
-without a line: USE_LENGTH_UNITS 1 (first in line 1), PROGRAM_END 1 (first in line 9)
-WARNING: calls of unknown meaning, which the text lacks: WOBBLE 1 (first in line 8)
-WARNING: moves that the text LACKS: ARC_FEED 1 (first in line 6), NURBS_FEED 1 (first in line 7)
+in lines of the text: SET_FEED_RATE 2 (first in line 4)
+without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
+WARNING: calls that say more than the text: PROGRAM_STOP 1 (first in line 6)
+WARNING: calls of unknown meaning, which the text lacks: WOBBLE 1 (first in line 9)
+WARNING: moves that the text LACKS: ARC_FEED 1 (first in line 7), NURBS_FEED 1 (first in line 8)
 )");
-  EXPECT_EQ(reader.calls().total(host::CallFate::LostMove), 2);
-  EXPECT_EQ(reader.calls().total(host::CallFate::Move), 2);
+}
+
+TEST(ListingSummary, TellsTheUnitOfFeedRatesWhereItIsAnother) {
+  const std::string listing = program("STRAIGHT_TRAVERSE(0.0, 0.0, 9.0, 0.0, 0.0, 0.0)\n");
+  host::ListingOptions options;
+  options.unit = host::LengthUnit::Inch;
+  options.words.feedPerMinute = host::LengthUnit::Millimetre;
+  EXPECT_EQ(summaryOf(listing, options), R"(positions in inches
+feed rates in millimetres, as their words say
+straight moves: STRAIGHT_TRAVERSE 1 (first in line 2)
+without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)
+)");
+}
+
+TEST(ListingSummary, WarnsOfBareTexts) {
+  host::ListingOptions options;
+  options.words.bareTexts = true;
+  EXPECT_EQ(summaryOf(program("COMMENT(\"\")\n"), options),
+            "without a line: USE_LENGTH_UNITS 1 (first in line 1), COMMENT 1 (first in line 2), "
+            "FINISH 1 (first in line 3)\n");
+  EXPECT_EQ(summaryOf(program("MESSAGE(\"GOTO/1,2,3\")\n"), options),
+            "in lines of the text: MESSAGE 1 (first in line 2)\n"
+            "without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)\n"
+            "WARNING: comments and messages stand in the text as they are; the NC_OUTPUT_COMMENT "
+            "of a table can put PPRINT or $$ before them\n");
 }
 
 TEST(ListingSummary, WithoutMovesNamesNoUnit) {
-  const InputFile file(numbered("PROGRAM_END()\n"));
-  host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), {});
-  host::ToolPathEvent event;
-  EXPECT_FALSE(reader.next(event));
-  EXPECT_EQ(host::summaryLines(reader),
-            (std::vector<std::string>{"without a line: PROGRAM_END 1 (first in line 1)"}));
+  EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}), "without a line: FINISH 1 (first in line 1)\n");
 }
 
 }  // namespace

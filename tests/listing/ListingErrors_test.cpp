@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/generator/Listings.h"
+#include "tests/listing/Listings.h"
 
 namespace {
 
@@ -156,9 +156,9 @@ TEST(ListingErrors, NumberBeyondEveryDoubleIsRefused) {
 }
 
 TEST(ListingErrors, LineOfSixtyFourKibibytesIsTheLongest) {
-  const std::string opening = "    1 N..... COMMENT(\"";
+  const std::string opening = "    1 N..... LOG(\"";
   const std::string longest = opening + std::string(65536 - opening.size() - 2, 'x') + "\")\n";
-  EXPECT_EQ(readListing(longest + "    2 N..... PROGRAM_END()\n"), "");
+  EXPECT_EQ(readListing(longest + "    2 N..... FINISH()\n"), "");
   EXPECT_EQ(readListing(opening + std::string(65537 - opening.size() - 2, 'x') + "\")\n"),
             "1:65537: the line is longer than 64 KiB (65536 bytes)\n");
 }
@@ -183,12 +183,27 @@ TEST(ListingErrors, CallsBehindTheEndAreReadUnlessTheyMove) {
   EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
                                  "PROGRAM_END()\n"
                                  "COMMENT(\"interpreter: percent sign missing from end of file\")\n"
-                                 "ON_RESET()\n")),
-            "");
-  EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                 "SET_FEED_MODE(0, 7)\n"
+                                 "STOP_SPINDLE_TURNING(0)\n"
                                  "PROGRAM_END()\n"
+                                 "ON_RESET()\n")),
+            "NC_END_MACRO\n");
+  EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                 "FINISH()\n"
                                  "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n")),
             "3:14: a move stands behind the end of the program\n");
+}
+
+TEST(ListingErrors, CallInDoubtIsRefusedWithItsPlace) {
+  constexpr std::string_view kNoTool =
+      "2:14: no SELECT_TOOL before this tells which tool is meant: CHANGE_TOOL names the place of "
+      "the tool, not its number\n";
+  constexpr std::string_view kNoMode =
+      "SET_FEED_MODE: the mode is neither 0 (per minute) nor 1 (per revolution)\n";
+  EXPECT_EQ(readListing(program("CHANGE_TOOL(1)\n")), kNoTool);
+  EXPECT_EQ(readListing(program("SET_FEED_MODE(0, 2)\n")), "2:31: " + std::string(kNoMode));
+  EXPECT_EQ(readListing(program("SET_FEED_MODE(0, -1)\n")), "2:31: " + std::string(kNoMode));
+  EXPECT_EQ(readListing(numbered("SELECT_TOOL(-1)\nCHANGE_TOOL(0)\nFINISH()\n")), kNoTool);
 }
 
 TEST(ListingErrors, GapInTheRunningNumbersIsRefused) {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "tests/generator/Listings.h"
+#include "tests/listing/Listings.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ constexpr std::string_view kMixed =
     "STRAIGHT_FEED(25.4000, 12.7000, 0.0000, 0.0000, 0.0000, 0.0000)\n"
     "USE_LENGTH_UNITS(CANON_UNITS_CM)\n"
     "STRAIGHT_FEED(2.5400, 0.0000, 5.0800, 0.0000, 0.0000, 0.0000)\n"
-    "PROGRAM_END()\n";
+    "FINISH()\n";
 
 TEST(ListingUnits, PositionsComeOutInTheUnitOfTheFirstMove) {
   EXPECT_EQ(readListing(numbered(kMixed)), "NC_GOTO 1 -2 0.5\nNC_GOTO 1 0.5 0\nNC_GOTO 1 0 2\n");
@@ -35,26 +35,38 @@ TEST(ListingUnits, RotaryWordsAreNoLengths) {
   options.unit = LengthUnit::Millimetre;
   EXPECT_EQ(readListing(numbered("USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n"
                                  "STRAIGHT_FEED(1.0, 2.0, 3.0, 90.0, 0.0, 0.0)\n"
-                                 "PROGRAM_END()\n"),
+                                 "FINISH()\n"),
                         options),
             "NC_MULTAX_ON\n"
             "NC_GOTO_VARIABLE_AXIS 25.4 50.8 76.2 axis 0.000000 1.000000 0.000000\n");
 }
 
 TEST(ListingUnits, MoveBeforeAnyUnitIsRefusedUnlessTheUnitIsChosen) {
-  const std::string listing =
-      numbered("STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\nPROGRAM_END()\n");
+  const std::string listing = numbered("STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\nFINISH()\n");
   EXPECT_EQ(readListing(listing),
             "1:14: a move stands before any length unit is named; name it with --units mm or "
             "--units inch\n");
   EXPECT_EQ(readListing(listing, {LengthUnit::Inch, {}}), "NC_GOTO 1 2 3\n");
 }
 
+TEST(ListingUnits, FeedRateBeforeAnyUnitIsRefusedUnlessItIsZeroOrTheUnitIsChosen) {
+  const std::string listing = numbered(
+      "SET_FEED_RATE(0.0)\n"
+      "SET_FEED_RATE(2.0)\n"
+      "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n"
+      "FINISH()\n");
+  EXPECT_EQ(readListing(listing),
+            "2:14: a feed rate stands before any length unit is named; name it with --units mm or "
+            "--units inch\n");
+  EXPECT_EQ(readListing(listing, {LengthUnit::Inch, {}}),
+            "NC_FEEDRATE 2 LINEARFEEDRATE\nNC_GOTO 1 2 3\n");
+}
+
 TEST(ListingUnits, UnitNamedAfterMovesInTheChosenUnitHolds) {
   EXPECT_EQ(readListing(numbered("STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n"
                                  "USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n"
                                  "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n"
-                                 "PROGRAM_END()\n"),
+                                 "FINISH()\n"),
                         {LengthUnit::Millimetre, {}}),
             "NC_GOTO 1 2 3\nNC_GOTO 25.4 50.8 76.2\n");
 }

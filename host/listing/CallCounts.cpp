@@ -1,11 +1,13 @@
-#include "host/generator/CallCounts.h"
+#include "host/listing/CallCounts.h"
 
 #include <algorithm>
 
 namespace host {
 
 void CallCounts::add(std::string_view name, CallFate fate, long line) {
-  const auto known = std::ranges::find(counts_, name, &CallCount::name);
+  const auto known = std::ranges::find_if(counts_, [name, fate](const CallCount& call) {
+    return call.name == name && call.fate == fate;
+  });
   if (known == counts_.end()) {
     counts_.push_back({std::string(name), fate, 1, line});
   } else {

@@ -1,11 +1,11 @@
-#include "host/generator/RotaryChain.h"
+#include "host/listing/RotaryChain.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-#include "tests/generator/Listings.h"
+#include "tests/listing/Listings.h"
 
 namespace {
 

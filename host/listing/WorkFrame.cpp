@@ -1,4 +1,4 @@
-#include "host/generator/WorkFrame.h"
+#include "host/listing/WorkFrame.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "host/generator/RotaryChain.h"
+#include "host/listing/RotaryChain.h"
 
 #include <algorithm>
 #include <array>

@@ -12,8 +12,9 @@ namespace host {
 /// What became of a call of a listing.
 enum class CallFate {
   Move,      ///< A straight move: stands in the text.
-  Waiting,   ///< Read and checked, without a line in the text.
+  Line,      ///< What it says stands in the text: in a line of its own or in one after it.
   Other,     ///< Has no line in the text and moves nothing.
+  Lost,      ///< Says more than the text does; the tool moves as the text says.
   LostMove,  ///< Moves the tool; the text lacks the move.
   Unknown    ///< Of unknown meaning.
 };
@@ -26,7 +27,7 @@ struct CallCount {
   long firstLine;
 };
 
-/// The calls of a listing by name, in the order in which they appear first.
+/// The calls of a listing by name and fate, in the order in which they appear first.
 class KEP_PLATFORM CallCounts {
  public:
   /// Counts one call.

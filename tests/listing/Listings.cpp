@@ -1,4 +1,4 @@
-#include "tests/generator/Listings.h"
+#include "tests/listing/Listings.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -24,9 +24,23 @@ std::string sixDecimals(double number) {
   return printed == "-0.000000" ? "0.000000" : printed;
 }
 
-std::string shown(const host::ToolPathEvent& event) {
-  const auto& element = std::get<host::Element>(event);
+std::string shown(const host::BufferChanges& changes) {
+  std::string text;
+  if (const auto& feedrate = changes.feedrate) {
+    text += ' ' + feedrate->value->text + ' ' + feedrate->value->type;
+  }
+  if (const auto& spindle = changes.spindle) {
+    text += ' ' + spindle->value->text + ' ' + spindle->value->type + " way " +
+            std::to_string(*spindle->way);
+  }
+  if (changes.comment) text += " <" + *changes.comment + '>';
+  return text;
+}
+
+std::string shown(const host::Element& element) {
   std::string text = element.instruction;
+  if (element.sequence != 1) text += " sequence " + std::to_string(element.sequence);
+  text += shown(element.changes);
   for (const host::Position& position : element.positions) {
     for (const double number : position.point) text += ' ' + shortest(number);
     if (!position.toolAxis) continue;
@@ -36,14 +50,26 @@ std::string shown(const host::ToolPathEvent& event) {
   return text + '\n';
 }
 
+/// The parameters of an activity; an activity without any shows nothing.
+std::string shown(const host::ActivityStart& start) {
+  std::string text;
+  for (const auto& [name, value] : start.parameters) {
+    const bool isReal = value.kind == KEPMfgParameterValue::kReal;
+    text += ' ' + name + '=' + (isReal ? shortest(value.real) : std::to_string(value.integer));
+  }
+  return text.empty() ? "" : "activity" + text + '\n';
+}
+
 std::string_view nameOf(host::CallFate fate) {
   switch (fate) {
     case host::CallFate::Move:
       return "move";
-    case host::CallFate::Waiting:
-      return "waiting";
+    case host::CallFate::Line:
+      return "line";
     case host::CallFate::Other:
       return "other";
+    case host::CallFate::Lost:
+      return "says more";
     case host::CallFate::LostMove:
       return "lost";
     case host::CallFate::Unknown:
@@ -67,7 +93,7 @@ std::string numbered(std::string_view calls) {
 }
 
 std::string program(std::string_view calls) {
-  return numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n" + std::string(calls) + "PROGRAM_END()\n");
+  return numbered("USE_LENGTH_UNITS(CANON_UNITS_MM)\n" + std::string(calls) + "FINISH()\n");
 }
 
 std::string readListing(std::string_view listing, const host::ListingOptions& options) {
@@ -75,7 +101,8 @@ std::string readListing(std::string_view listing, const host::ListingOptions& op
   std::string text;
   try {
     host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), options);
-    for (host::ToolPathEvent event; reader.next(event);) text += shown(event);
+    for (host::ToolPathEvent event; reader.next(event);)
+      text += std::visit([](const auto& piece) { return shown(piece); }, event);
   } catch (const host::InputError& error) {
     text += std::to_string(error.line()) + ':' + std::to_string(error.column()) + ": " +
             error.message() + '\n';

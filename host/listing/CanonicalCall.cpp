@@ -1,4 +1,4 @@
-#include "host/generator/CanonicalCall.h"
+#include "host/listing/CanonicalCall.h"
 
 #include <algorithm>
 #include <charconv>

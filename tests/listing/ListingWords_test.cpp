@@ -1,0 +1,73 @@
+#include "host/listing/ListingWords.h"
+
+#include <gtest/gtest.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/modeler/Document.h"
+#include "tests/support/InputFile.h"
+
+namespace {
+
+using host::LengthUnit;
+
+host::ListingWords wordsWith(std::string_view table) {
+  const KEPVar<host::Document> document = host::newDocument();
+  const InputFile file(table);
+  EXPECT_EQ(document->ppWordContainer()->LoadPPWordTable(KEPUnicodeString(file.path())), S_OK);
+  return host::listingWords(*document);
+}
+
+TEST(ListingWords, DefaultCatalogueNamesMillimetresAndPutsTextsBare) {
+  const host::ListingWords words = host::listingWords(*host::newDocument());
+  EXPECT_EQ(words.feedPerMinute, LengthUnit::Millimetre);
+  EXPECT_EQ(words.feedPerRevolution, LengthUnit::Millimetre);
+  EXPECT_EQ(words.surfaceSpeed, LengthUnit::Millimetre);
+  EXPECT_FALSE(words.coolant);
+  EXPECT_FALSE(words.programStop);
+  EXPECT_FALSE(words.optionalStop);
+  EXPECT_TRUE(words.bareTexts);
+}
+
+TEST(ListingWords, ListsNameTheUnits) {
+  const host::ListingWords inches = wordsWith(
+      "*START_LIST MFG_FEED_UNIT\nIPM,IPR\n*END\n*START_LIST MFG_SPNDL_UNIT\nRPM,SFM\n*END\n");
+  EXPECT_EQ(inches.feedPerMinute, LengthUnit::Inch);
+  EXPECT_EQ(inches.feedPerRevolution, LengthUnit::Inch);
+  EXPECT_EQ(inches.surfaceSpeed, LengthUnit::Inch);
+  const host::ListingWords others =
+      wordsWith("*START_LIST MFG_FEED_UNIT\nPERMIN\n*END\n*START_LIST MFG_SPNDL_UNIT\nRPM\n*END\n");
+  EXPECT_EQ(others.feedPerMinute, std::nullopt);
+  EXPECT_EQ(others.feedPerRevolution, std::nullopt);
+  EXPECT_EQ(others.surfaceSpeed, std::nullopt);
+}
+
+TEST(ListingWords, WordThatNoInstructionPrintsNamesNoUnit) {
+  const host::ListingWords words = wordsWith(
+      "*START_NC_INSTRUCTION NC_FEEDRATE\nFEDRAT/%MFG_FEED_VALUE,IPM\n*END\n"
+      "*START_NC_INSTRUCTION NC_SPINDLE_START\nSPINDL/%MFG_SPNDL_SPEED\n*END\n");
+  EXPECT_EQ(words.feedPerMinute, std::nullopt);
+  EXPECT_EQ(words.feedPerRevolution, std::nullopt);
+  EXPECT_EQ(words.surfaceSpeed, std::nullopt);
+}
+
+TEST(ListingWords, CoolantNeedsItsThreeSequences) {
+  const std::string two =
+      "*START_NC_COMMAND NC_COOLANT\n*START_SEQUENCE\nA\n*END\n*START_SEQUENCE\nB\n*END\n";
+  EXPECT_FALSE(wordsWith(two + "*END\n").coolant);
+  EXPECT_TRUE(wordsWith(two + "*START_SEQUENCE\nC\n*END\n*END\n").coolant);
+}
+
+TEST(ListingWords, InstructionsOfATableAreFound) {
+  const host::ListingWords words = wordsWith(
+      "*START_NC_INSTRUCTION NC_PROGRAM_STOP\nSTOP\n*END\n"
+      "*START_NC_INSTRUCTION NC_OPTIONAL_STOP\nOPSTOP\n*END\n"
+      "*START_NC_INSTRUCTION NC_OUTPUT_COMMENT\nPPRINT %MFG_OUTPUT_COMMENT\n*END\n");
+  EXPECT_TRUE(words.programStop);
+  EXPECT_TRUE(words.optionalStop);
+  EXPECT_FALSE(words.bareTexts);
+}
+
+}  // namespace
