@@ -16,8 +16,9 @@ with open(manual, encoding="utf-8") as file:
 
 with tempfile.TemporaryDirectory() as directory:
     os.chdir(directory)
-    with open("part.ngc", "w", encoding="ascii") as file:
-        file.write(blocks["nc"])
+    for name, block in (("part.ngc", "nc"), ("part.pptable", "pptable")):
+        with open(name, "w", encoding="ascii") as file:
+            file.write(blocks[block])
     script = 'ppword() { "$PPWORD" "$@"; }\n' + blocks["sh"]
     subprocess.run(["sh", "-e", "-c", script], check=True, env={**os.environ, "PPWORD": ppword})
     for name, block in (("part.canon", "listing"), ("part.apt", "apt")):

@@ -1,64 +1,42 @@
 #!/usr/bin/env python3
-"""Posts installed sample programs and counts their straight moves in the text, apart from ppword.
+"""Posts installed sample programs and compares the text with the listing, apart from ppword.
 
-usage: samples_test.py PPWORD
+usage: samples_test.py PPWORD TABLE
 """
 
+import collections
 import math
 import os
-import re
 import subprocess
 import sys
 import tempfile
 import unittest
 
+import listing as canonical
+
+TABLE = os.path.abspath(sys.argv.pop(2)) if len(sys.argv) > 2 else "mill.pptable"
 PPWORD = os.path.abspath(sys.argv.pop(1)) if len(sys.argv) > 1 else "ppword"
 NCFILES = "/usr/share/linuxcnc/ncfiles/"
-IMPELLER = (
+KINEMATICS = (
     "/usr/share/doc/linuxcnc/examples/sample-configs/sim/gmoccapy/non_trivial_kinematics/"
-    "table-rotary-tilting/examples/impeller-7bl-xyzac.ngc"
+    "table-rotary-tilting/examples/"
 )
-MILLIMETRES = {"CANON_UNITS_MM": 1.0, "CANON_UNITS_INCHES": 25.4, "CANON_UNITS_CM": 10.0}
-CALL = re.compile(r"^ *\d+ N[.\d]+ *(USE_LENGTH_UNITS|STRAIGHT_TRAVERSE|STRAIGHT_FEED)\((.*)\)$")
+IMPELLER = KINEMATICS + "impeller-7bl-xyzac.ngc"
+BOAT = KINEMATICS + "boat-xyzbc.ngc"
+# Decimals that numbers have at least, by the word of their statement.
+DECIMALS = {"GOTO": 4, "FEDRAT": 4, "SPINDL": 1, "DELAY": 3, "LOADTL": 0}
 
 
-class Move:
-    """A straight move: whether it is rapid, its point in millimetres, its rotary words."""
-
-    def __init__(self, rapid, numbers, unit):
-        self.rapid = rapid
-        self.point = [number * unit for number in numbers[:3]]
-        self.words = numbers[3:]
-        self.unit = unit
-
-
-def moves_of(listing):
-    moves = []
-    unit = None
-    with open(listing, encoding="latin-1") as lines:
-        for line in lines:
-            call = CALL.match(line)
-            if not call:
-                continue
-            if call[1] == "USE_LENGTH_UNITS":
-                unit = MILLIMETRES[call[2]]
-                continue
-            moves.append(
-                Move(call[1] == "STRAIGHT_TRAVERSE", [float(n) for n in call[2].split(",")], unit)
-            )
-    return moves
-
-
-def statements_of(text):
-    """The statements of an APT text, continuation lines joined, without blanks."""
-    with open(text, encoding="latin-1") as lines:
-        return re.sub(r"\$\n", "", lines.read()).replace(" ", "").splitlines()
-
-
-def tilted_table_axis(words):
+def axis_on_tables_c_a(words):
     """The tool axis in the part on table C upon table A, each counterclockwise for plus."""
     a, c = math.radians(words[0]), math.radians(words[2])
     return [math.sin(c) * math.sin(a), math.cos(c) * math.sin(a), math.cos(a)]
+
+
+def axis_on_tables_c_b(words):
+    """The same on table C upon table B."""
+    b, c = math.radians(words[1]), math.radians(words[2])
+    return [-math.cos(c) * math.sin(b), math.sin(c) * math.sin(b), math.cos(b)]
 
 
 class Samples(unittest.TestCase):
@@ -82,58 +60,103 @@ class Samples(unittest.TestCase):
 
     def post(self, listing, *options):
         """Posts a listing; gives the statements."""
-        run = self.run_in_directory(PPWORD, "post", listing, "-o", "part.apt", *options)
+        run = self.run_in_directory(
+            PPWORD, "post", listing, "-t", TABLE, "-o", "part.apt", *options
+        )
         self.assertEqual(run.returncode, 0, run.stderr)
-        return statements_of(self.path("part.apt"))
+        return canonical.statements_of(self.path("part.apt"))
 
-    def assert_numbers(self, texts, values, place):
-        """Each text prints its value, rounded in the text's last decimal."""
-        self.assertEqual(len(texts), len(values), place)
-        for text, value in zip(texts, values):
-            decimals = len(text.partition(".")[2])
-            self.assertGreaterEqual(decimals, 4, place)
-            self.assertLessEqual(abs(float(text) - value), 0.5 * 10**-decimals + 1e-9, place)
+    def assert_value(self, text, value, decimals, place):
+        """The text is the word, or prints the number, rounded in the text's last decimal."""
+        if isinstance(value, str):
+            self.assertEqual(text, value, place)
+            return
+        printed = len(text.partition(".")[2])
+        self.assertGreaterEqual(printed, decimals, place)
+        self.assertLessEqual(abs(float(text) - value), 0.5 * 10**-printed + 1e-9, place)
 
-    def assert_moves(self, statements, moves, unit, axis=None):
-        """All moves stand in the text in order, RAPID before each traverse, and nothing else."""
+    def assert_text(self, rest, first, value, place):
+        """A text stands in one statement, or in several that follow each other."""
+        text = first
+        while len(text) < len(value):
+            number, (word, values) = next(rest)
+            self.assertEqual(word, "PPRINT", f"statement {number}")
+            text += values[0]
+        self.assertEqual(text, value, place)
+
+    def assert_statements(self, statements, due):
+        """All that is due stands in the text in order, and nothing else."""
         rest = iter(enumerate(statements, start=1))
-        if axis:
-            self.assertEqual(next(rest)[1], "MULTAX")
-        for move in moves:
-            number, statement = next(rest)
-            if move.rapid:
-                self.assertEqual(statement, "RAPID", f"statement {number}")
-                number, statement = next(rest)
-            word, _, numbers = statement.partition("/")
-            self.assertEqual(word, "GOTO", f"statement {number}")
-            values = [length / unit for length in move.point]
-            if axis:
-                values += axis(move.words)
-            self.assert_numbers(numbers.split(","), values, f"statement {number}: {statement}")
+        for word, values in due:
+            number, (found, texts) = next(rest)
+            place = f"statement {number}: {found}/{texts}"
+            self.assertEqual(found, word, place)
+            if word == "PPRINT":
+                self.assert_text(rest, texts[0], values[0], place)
+                continue
+            self.assertEqual(len(texts), len(values), place)
+            for text, value in zip(texts, values):
+                self.assert_value(text, value, DECIMALS.get(word), place)
         self.assertEqual(list(rest), [])
 
-    def check_sample(self, program, count, rapids, *options, unit=None, axis=None):
+    def check_sample(self, program, counts, *options, unit=None, axis=None):
+        """Checks a sample; `counts` has how many statements of some words are due."""
         listing = self.listing_of(program)
-        moves = moves_of(listing)
-        self.assertEqual(len(moves), count)
-        self.assertEqual(sum(move.rapid for move in moves), rapids)
-        self.assert_moves(self.post(listing, *options), moves, unit or moves[0].unit, axis)
+        due = canonical.statements_due(listing, unit, axis)
+        words = collections.Counter(word for word, _ in due)
+        self.assertEqual({word: words[word] for word in counts}, counts)
+        self.assert_statements(self.post(listing, *options), due)
 
     def test_three_axis_surface(self):
-        self.check_sample(NCFILES + "3D_Chips.ngc", 4684, 3)
+        counts = {"GOTO": 4684, "RAPID": 3, "FEDRAT": 4, "LOADTL": 1, "SPINDL": 5, "COOLNT": 2}
+        self.check_sample(NCFILES + "3D_Chips.ngc", {**counts, "PPRINT": 6}, "--strict")
 
     def test_three_axis_surface_in_inches(self):
-        self.check_sample(NCFILES + "3D_Chips.ngc", 4684, 3, "--units", "inch", unit=25.4)
+        self.check_sample(
+            NCFILES + "3D_Chips.ngc", {"GOTO": 4684}, "--strict", "--units", "inch", unit=25.4
+        )
 
     def test_spiral(self):
-        self.check_sample(NCFILES + "spiral.ngc", 804, 3)
+        self.check_sample(NCFILES + "spiral.ngc", {"GOTO": 804, "RAPID": 3}, "--strict")
 
     def test_spiral_in_millimetres(self):
-        self.check_sample(NCFILES + "spiral.ngc", 804, 3, "--units", "mm", unit=1.0)
+        self.check_sample(
+            NCFILES + "spiral.ngc", {"GOTO": 804}, "--strict", "--units", "mm", unit=1.0
+        )
 
     def test_five_axis_impeller(self):
         self.check_sample(
-            IMPELLER, 4492, 186, "--rotary", "C:table:Z,A:table:X", axis=tilted_table_axis
+            IMPELLER, {"GOTO": 4492, "RAPID": 186, "FEDRAT": 4306, "MULTAX": 1},
+            "--strict", "--rotary", "C:table:Z,A:table:X", axis=axis_on_tables_c_a,
+        )
+
+    def test_five_axis_boat(self):
+        self.check_sample(
+            BOAT, {"GOTO": 1822, "RAPID": 102, "FEDRAT": 1720, "LOADTL": 1, "COOLNT": 2},
+            "--strict", "--rotary", "C:table:Z,B:table:Y", axis=axis_on_tables_c_b,
+        )
+
+    def test_flowsnake(self):
+        self.check_sample(NCFILES + "flowsnake.ngc", {"GOTO": 3076, "FEDRAT": 1}, "--strict")
+
+    def test_petals_with_dwells_and_messages(self):
+        self.check_sample(
+            NCFILES + "daisy.ngc", {"GOTO": 53, "DELAY": 2, "FEDRAT": 50, "PPRINT": 219},
+            "--strict",
+        )
+
+    def test_stops_and_tool_changes(self):
+        self.check_sample(
+            NCFILES + "skeleton.ngc", {"STOP": 2, "LOADTL": 2, "DELAY": 2, "COOLNT": 3},
+            "--strict",
+        )
+
+    def test_threads_have_their_pitch_but_not_the_mark_of_the_spindle(self):
+        program = NCFILES + "threading.ngc"
+        self.check_sample(program, {"GOTO": 483, "DELAY": 4, "FEDRAT": 234})
+        run = self.run_in_directory(PPWORD, "post", "part.canon", "-t", TABLE, "-o", "part.apt")
+        self.assertIn(
+            "WARNING: calls that say more than the text: START_SPEED_FEED_SYNC 154 ", run.stderr
         )
 
     def test_five_axis_impeller_without_rotary_axes_is_refused(self):
@@ -147,11 +170,11 @@ class Samples(unittest.TestCase):
 
     def test_lost_arcs_are_reported_and_strictly_refused(self):
         listing = self.listing_of(NCFILES + "arcspiral.ngc")
-        moves = moves_of(listing)
-        run = self.run_in_directory(PPWORD, "post", listing, "-o", "part.apt")
+        due = canonical.statements_due(listing)
+        run = self.run_in_directory(PPWORD, "post", listing, "-t", TABLE, "-o", "part.apt")
         self.assertEqual(run.returncode, 0, run.stderr)
         self.assertIn("WARNING: moves that the text LACKS: ARC_FEED 999 ", run.stderr)
-        self.assert_moves(statements_of(self.path("part.apt")), moves, moves[0].unit)
+        self.assert_statements(canonical.statements_of(self.path("part.apt")), due)
         run = self.run_in_directory(PPWORD, "post", "--strict", listing, "-o", "strict.apt")
         self.assertEqual(run.returncode, 1)
         self.assertFalse(os.path.exists(self.path("strict.apt")))

@@ -116,7 +116,10 @@ Json reportJson(const PostReport& report, bool written) {
             {"cutOff", tallyJson(summary.dropped, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
   if (report.listing == nullptr) return json;
-  if (const auto unit = report.listing->unit()) json["unit"] = host::pluralOf(*unit);
+  if (const auto unit = report.listing->unit()) {
+    json["unit"] = host::pluralOf(*unit);
+    json["feedUnit"] = host::pluralOf(report.listing->words().feedPerMinute.value_or(*unit));
+  }
   json["calls"] = callsJson(report.listing->calls());
   return json;
 }
