@@ -44,7 +44,7 @@ ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions o
     : lines_(std::move(lines)),
       options_(std::move(options)),
       multaxDue_(options_.rotary),
-      modalCalls_(options_.words, events_) {}
+      modalCalls_(options_.words, options_.rotary.has_value(), events_) {}
 
 ListingReader::~ListingReader() = default;
 

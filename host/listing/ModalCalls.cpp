@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "Manufacturing/KEPMfgNames.h"
 #include "host/listing/CommentPieces.h"
 #include "host/manufacturing/Activity.h"
 
@@ -24,11 +25,22 @@ Element elementOf(std::string_view name, int sequence = 1) {
   return element;
 }
 
+/// The activity that a whole listing belongs to.
+ActivityStart listedActivity(bool variesToolAxis) {
+  ActivityStart activity;
+  activity.name = "Listing";
+  activity.kind = ActivityKind::Machining;
+  activity.tool.emplace().parameters = {{"MFG_WAY_OF_ROT", textValue(MfgRightHand)}};
+  activity.strategy = {{std::string(MfgDwellMode), textValue(MfgDwellTime)}};
+  activity.toolPath.emplace().type = variesToolAxis ? 2 : 1;
+  return activity;
+}
+
 }  // namespace
 
-ModalCalls::ModalCalls(const ListingWords& words, std::vector<ToolPathEvent>& events)
-    : words_(words), events_(events) {
-  activity_.name = "Listing";
+ModalCalls::ModalCalls(const ListingWords& words, bool variesToolAxis,
+                       std::vector<ToolPathEvent>& events)
+    : words_(words), events_(events), activity_(listedActivity(variesToolAxis)) {
   events_.emplace_back(activity_);
 }
 

@@ -30,7 +30,8 @@ struct ListedCall {
 /// stops. What they need in the text is appended to `events`.
 class ModalCalls {
  public:
-  ModalCalls(const ListingWords& words, std::vector<ToolPathEvent>& events);
+  /// `variesToolAxis` tells whether moves carry tool axes.
+  ModalCalls(const ListingWords& words, bool variesToolAxis, std::vector<ToolPathEvent>& events);
 
   /// Obeys a call. An InputError for one whose meaning is in doubt.
   CallFate obey(const ListedCall& call);
