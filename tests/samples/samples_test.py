@@ -139,10 +139,9 @@ class Samples(unittest.TestCase):
     def test_flowsnake(self):
         self.check_sample(NCFILES + "flowsnake.ngc", {"GOTO": 3076, "FEDRAT": 1}, "--strict")
 
-    def test_petals_with_dwells_and_messages(self):
+    def test_polar_coordinates(self):
         self.check_sample(
-            NCFILES + "daisy.ngc", {"GOTO": 53, "DELAY": 2, "FEDRAT": 50, "PPRINT": 219},
-            "--strict",
+            NCFILES + "polar.ngc", {"GOTO": 87, "RAPID": 61, "FEDRAT": 1}, "--strict"
         )
 
     def test_stops_and_tool_changes(self):
