@@ -11,7 +11,7 @@ namespace host {
 
 /// What became of a call of a listing.
 enum class CallFate {
-  Move,      ///< A straight move: stands in the text.
+  Move,      ///< A move that stands in the text.
   Line,      ///< What it says stands in the text: in a line of its own or in one after it.
   Other,     ///< Has no line in the text and moves nothing.
   Lost,      ///< Says more than the text does; the tool moves as the text says.

@@ -10,7 +10,7 @@ using enum CallEffect;
 
 /// In the order of the names.
 constexpr CallRule kRules[] = {
-    {"ARC_FEED", LostMove, "*"},
+    {"ARC_FEED", Arc, "nnnninnnn"},
     {"CANON_ERROR", InterpreterError, "*"},
     {"CHANGE_TOOL", ChangeTool, "i"},
     {"CHANGE_TOOL_NUMBER", NoMove, "i"},
@@ -54,7 +54,7 @@ constexpr CallRule kRules[] = {
     {"PROGRAM_STOP", ProgramStop, ""},
     {"RELOAD_TOOLDATA", NoMove, "*"},
     {"RIGID_TAP", LostMove, "*"},
-    {"SELECT_PLANE", NoMove, "*"},
+    {"SELECT_PLANE", Plane, "w"},
     {"SELECT_TOOL", SelectTool, "i"},
     {"SET_AUX_OUTPUT_BIT", NoMove, "*"},
     {"SET_AUX_OUTPUT_VALUE", NoMove, "*"},

@@ -8,6 +8,8 @@ namespace host {
 enum class CallEffect {
   Traverse,         ///< A straight move at traverse rate.
   Feed,             ///< A straight move at feed rate.
+  Arc,              ///< A move along an arc, or a helix, at feed rate.
+  Plane,            ///< The plane of the arcs after it.
   Units,            ///< Names the unit of the lengths after it.
   FixtureOffset,    ///< Moves or turns the system that positions are given in.
   ProgramOffset,    ///< As above.

@@ -15,6 +15,8 @@ namespace {
 constexpr std::size_t kLengths = 3;
 constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
+/// Where the rotary words of an arc begin.
+constexpr std::size_t kArcRotaryWords = 6;
 
 /// The x y z a b c among the arguments of a call.
 std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
@@ -112,6 +114,11 @@ CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
     case CallEffect::Feed:
       move(rule, call, arguments, place);
       return CallFate::Move;
+    case CallEffect::Arc:
+      return moveAlongArc(call, arguments, place);
+    case CallEffect::Plane:
+      plane_ = arcPlane(arguments.text);
+      return CallFate::Other;
     case CallEffect::LostMove:
       lastPoint_.reset();
       return CallFate::LostMove;
@@ -122,8 +129,10 @@ CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
     case CallEffect::ProgramOffset:
     case CallEffect::PlaneRotation:
       changeFrame(rule, arguments, place);
+      lastPoint_.reset();
       return CallFate::Other;
     case CallEffect::ToolOffset:
+      lastPoint_.reset();
       checkToolOffset(call, arguments, place);
       return CallFate::Other;
     default:
@@ -170,11 +179,7 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
                          const CanonicalArguments& arguments, const LinePlace& place) {
-  if (ended_) place.refuse(call.nameAt, "a move stands behind the end of the program");
-  requireUnit(call, "a move", place);
-  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
-  checkFrame(call, place);
-  checkRotaryWords(arguments, place);
+  prepareMove(call, arguments, kLengths, place);
   const Position position = positionOf(arguments);
   const Triple words{arguments.numbers[3], arguments.numbers[4], arguments.numbers[5]};
   if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
@@ -189,6 +194,50 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
   put(options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO", place.line, position);
   lastPoint_ = position.point;
   lastWords_ = words;
+}
+
+CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
+                                     const LinePlace& place) {
+  prepareMove(call, arguments, kArcRotaryWords, place);
+  const auto start = std::exchange(lastPoint_, std::nullopt);
+  // Instructions of arcs tell no tool axis, and begin where the text stands.
+  if (!start || !plane_ || options_.rotary) return CallFate::LostMove;
+  const ArcMove arc = arcOf(arguments, *start);
+  std::vector<Element> elements = arcElements(arc);
+  if (elements.empty()) return CallFate::LostMove;
+  modalCalls_.tellFeedRate(*outputUnit_, place.line);
+  for (Element& element : elements) {
+    element.line = place.line;
+    events_.emplace_back(std::move(element));
+  }
+  lastPoint_ = arc.end;
+  return CallFate::Move;
+}
+
+ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& start) const {
+  const auto length = [&](std::size_t index) {
+    return converted(arguments.numbers[index], *inputUnit_, *outputUnit_);
+  };
+  ArcMove arc;
+  arc.plane = *plane_;
+  arc.start = arc.center = start;
+  arc.end[plane_->first] = length(0);
+  arc.end[plane_->second] = length(1);
+  arc.end[plane_->normal] = length(5);
+  arc.center[plane_->first] = length(2);
+  arc.center[plane_->second] = length(3);
+  arc.turns = static_cast<int>(arguments.numbers[4]);
+  arc.doubt = converted(kHalfOfLastDigit, *inputUnit_, *outputUnit_);
+  return arc;
+}
+
+void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
+                                std::size_t firstRotaryWord, const LinePlace& place) {
+  if (ended_) place.refuse(call.nameAt, "a move stands behind the end of the program");
+  requireUnit(call, "a move", place);
+  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
+  checkFrame(call, place);
+  checkRotaryWords(arguments, firstRotaryWord, place);
 }
 
 bool ListingReader::onlyTurns(const Position& position, const Triple& words) const {
@@ -228,10 +277,10 @@ void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place
                    "); make a listing of its own for each coordinate system");
 }
 
-void ListingReader::checkRotaryWords(const CanonicalArguments& arguments,
+void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
                                      const LinePlace& place) const {
   for (std::size_t word = 0; word < kRotaryWords; ++word) {
-    const std::size_t index = kLengths + word;
+    const std::size_t index = first + word;
     if (arguments.numbers[index] == 0.0) continue;
     if (options_.rotary && options_.rotary->names(word)) continue;
     place.refuse(arguments.at[index],

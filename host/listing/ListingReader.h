@@ -8,6 +8,7 @@
 
 #include "System/KEPPlatform.h"
 #include "host/generator/ToolPath.h"
+#include "host/listing/ArcMove.h"
 #include "host/listing/CallCounts.h"
 #include "host/listing/LengthUnit.h"
 #include "host/listing/ListingWords.h"
@@ -31,7 +32,7 @@ struct ListingOptions {
   ListingWords words{};
 };
 
-/// Reads a canonical listing, one call a line, in constant memory: straight moves, feed rates, the
+/// Reads a canonical listing, one call a line, in constant memory: moves, feed rates, the
 /// spindle, tool changes, dwells, texts and what else the document has words for become elements;
 /// every call is counted. Whatever would leave a position in doubt raises an InputError with file,
 /// line and column.
@@ -69,9 +70,15 @@ class KEP_PLATFORM ListingReader final : public ToolPathSource {
                    const LinePlace& place);
   void move(const CallRule& rule, const CanonicalCall& call, const CanonicalArguments& arguments,
             const LinePlace& place);
+  CallFate moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
+                        const LinePlace& place);
+  void prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
+                   std::size_t firstRotaryWord, const LinePlace& place);
+  [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
   void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
   void checkFrame(const CanonicalCall& call, const LinePlace& place);
-  void checkRotaryWords(const CanonicalArguments& arguments, const LinePlace& place) const;
+  void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
+                        const LinePlace& place) const;
   [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
   [[nodiscard]] bool onlyTurns(const Position& position, const Triple& words) const;
   void put(std::string_view instruction, long line, std::optional<Position> position = {});
@@ -90,10 +97,11 @@ class KEP_PLATFORM ListingReader final : public ToolPathSource {
   bool frameChanged_ = true;
   bool ended_ = false;
 
-  /// Where the move before ended, and its rotary words.
+  /// Where the move before ended, while that is known, and its rotary words.
   std::optional<Triple> lastPoint_;
   Triple lastWords_{};
   bool multaxDue_ = false;
+  std::optional<ArcPlane> plane_ = ArcPlane{};
 
   /// What the last call gave, and how much of it is given out.
   std::vector<ToolPathEvent> events_;

@@ -14,7 +14,7 @@ struct Paragraph {
 };
 
 constexpr Paragraph kParagraphs[] = {
-    {CallFate::Move, "straight moves: "},
+    {CallFate::Move, "moves: "},
     {CallFate::Line, "in lines of the text: "},
     {CallFate::Other, "without a line: "},
     {CallFate::Lost, "WARNING: calls that say more than the text: "},
