@@ -27,12 +27,11 @@ class Sweep {
   [[nodiscard]] double turns() const { return angle_ / kTurn; }
   [[nodiscard]] double rise() const { return arc_.end[normal()] - arc_.start[normal()]; }
 
-  /// Whether start and end lie on one circle, as far as printed numbers tell.
+  /// Whether start and end lie on one circle, as far as rounded numbers tell.
   [[nodiscard]] bool isArc() const {
-    // Start, end and centre can each be away by the doubt in two directions.
-    const double tolerance = 6.0 * arc_.doubt;
     const bool turns = arc_.turns != 0 && arc_.turns >= -kMostTurns && arc_.turns <= kMostTurns;
-    return turns && radius() > tolerance && std::abs(radius() - radiusOf(arc_.end)) <= tolerance;
+    return turns && radius() > arc_.tolerance &&
+           std::abs(radius() - radiusOf(arc_.end)) <= arc_.tolerance;
   }
   /// The point and the direction of travel at a share (0 to 1) of the arc.
   [[nodiscard]] Triple point(double share) const {

@@ -30,8 +30,8 @@ struct ArcMove {
   /// How often the arc is about to close: 1 for up to a whole turn counterclockwise, seen from the
   /// plus end of the axis, 2 for up to two turns; negative for clockwise.
   int turns = 1;
-  /// How far a printed coordinate can be away from the one that is meant.
-  double doubt = 0.0;
+  /// How far start and end can differ in their distance from the centre.
+  double tolerance = 0.0;
 };
 
 /// The elements of an arc: NC_CIRCLE1 in the XY plane, NC_CYLNDR1 in another one, in pieces of less

@@ -31,8 +31,6 @@ struct CanonicalCall {
 [[nodiscard]] CanonicalCall parseCall(std::string_view line, const LinePlace& place);
 
 inline constexpr std::size_t kMostArguments = 9;
-/// Listings print four decimals: how far a number can be away from the one that is meant.
-inline constexpr double kHalfOfLastDigit = 0.00005;
 
 /// The values of a call's arguments, each with the byte of the line where it begins.
 struct CanonicalArguments {

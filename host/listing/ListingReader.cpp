@@ -17,6 +17,8 @@ constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
 /// Where the rotary words of an arc begin.
 constexpr std::size_t kArcRotaryWords = 6;
+/// In millimetres: what rounding in a program of thousandths makes of a radius.
+constexpr double kArcTolerance = 0.003;
 
 /// The x y z a b c among the arguments of a call.
 std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
@@ -227,7 +229,7 @@ ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& 
   arc.center[plane_->first] = length(2);
   arc.center[plane_->second] = length(3);
   arc.turns = static_cast<int>(arguments.numbers[4]);
-  arc.doubt = converted(kHalfOfLastDigit, *inputUnit_, *outputUnit_);
+  arc.tolerance = converted(kArcTolerance, LengthUnit::Millimetre, *outputUnit_);
   return arc;
 }
 

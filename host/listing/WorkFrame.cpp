@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/listing/CanonicalCall.h"
-
 namespace host {
 namespace {
 
 constexpr std::size_t kLengths = 3;
+/// Listings print four decimals.
+constexpr double kHalfOfLastDigit = 0.00005;
 
 }  // namespace
 

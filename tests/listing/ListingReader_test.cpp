@@ -216,7 +216,7 @@ TEST(ListingSummary, TellsMovesUnitAndWhatTheTextLacks) {
                       rotary("A:table:X")),
             R"(positions in millimetres
 positions taken as those of the tool's tip in the part's frame
-straight moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
+moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
 in lines of the text: SET_FEED_RATE 2 (first in line 4)
 without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
 WARNING: calls that say more than the text: PROGRAM_STOP 1 (first in line 6)
@@ -232,7 +232,7 @@ TEST(ListingSummary, TellsTheUnitOfFeedRatesWhereItIsAnother) {
   options.words.feedPerMinute = host::LengthUnit::Millimetre;
   EXPECT_EQ(summaryOf(listing, options), R"(positions in inches
 feed rates in millimetres, as their words say
-straight moves: STRAIGHT_TRAVERSE 1 (first in line 2)
+moves: STRAIGHT_TRAVERSE 1 (first in line 2)
 without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)
 )");
 }

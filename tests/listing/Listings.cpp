@@ -24,8 +24,34 @@ std::string sixDecimals(double number) {
   return printed == "-0.000000" ? "0.000000" : printed;
 }
 
+/// A point or a direction with at most six decimals.
+std::string rounded(std::string_view name, const host::Triple& triple) {
+  std::string text(name);
+  for (const double number : triple) {
+    std::string printed = sixDecimals(number);
+    printed.erase(printed.find_last_not_of('0') + 1);
+    if (printed.ends_with('.')) printed.pop_back();
+    text += ' ' + printed;
+  }
+  return text;
+}
+
+std::string shown(const host::CircleChange& circle) {
+  return rounded(" along", *circle.tangent) + rounded(" center", *circle.center) + " radius " +
+         shortest(*circle.radius) + rounded(" normal", *circle.normal) +
+         rounded(" to", *circle.point);
+}
+
+std::string shown(const host::HelixChange& helix) {
+  return rounded(" along", *helix.inDirV) + rounded(" center", *helix.center) + " radius " +
+         shortest(*helix.radius) + rounded(" axis", *helix.axis) + rounded(" from", *helix.start) +
+         rounded(" to", *helix.end) + " pitch " + shortest(*helix.pitch);
+}
+
 std::string shown(const host::BufferChanges& changes) {
   std::string text;
+  if (changes.circle) text += shown(*changes.circle);
+  if (changes.helix) text += shown(*changes.helix);
   if (const auto& feedrate = changes.feedrate) {
     text += ' ' + feedrate->value->text + ' ' + feedrate->value->type;
   }
@@ -41,7 +67,12 @@ std::string shown(const host::Element& element) {
   std::string text = element.instruction;
   if (element.sequence != 1) text += " sequence " + std::to_string(element.sequence);
   text += shown(element.changes);
+  const bool isCurved = element.changes.circle || element.changes.helix;
   for (const host::Position& position : element.positions) {
+    if (isCurved) {
+      text += rounded(" at", position.point);
+      continue;
+    }
     for (const double number : position.point) text += ' ' + shortest(number);
     if (!position.toolAxis) continue;
     text += " axis";

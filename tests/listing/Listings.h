@@ -14,7 +14,8 @@
 
 /// What a listing gives: the elements, one a line, such as "NC_RAPID" and "NC_GOTO 1 2 3", behind
 /// the numbers a tool axis with six decimals after "axis"; with the values that they write into
-/// buffers, such as "NC_FEEDRATE 300 LINEARFEEDRATE" and "NC_OUTPUT_COMMENT <text>"; activities
+/// buffers, such as "NC_FEEDRATE 300 LINEARFEEDRATE" and "NC_OUTPUT_COMMENT <text>", arcs and
+/// helices with all of theirs and the point "at" their end, rounded to six decimals; activities
 /// with their parameters, such as "activity MFG_TOOL_NUMBER=1"; then, where the listing is refused,
 /// "LINE:COLUMN: " and the message.
 [[nodiscard]] std::string readListing(std::string_view listing,

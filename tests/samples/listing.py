@@ -33,6 +33,7 @@ class Machine:
         self.way = None
         self.tool = None
         self.coolant = None
+        self.point = None
 
     def say(self, word, *values):
         self.due.append((word, values))
@@ -43,8 +44,23 @@ class Machine:
             self.unit = self.millimetres
         if self.axis and ("MULTAX", ()) not in self.due:
             self.say("MULTAX")
-        values = [length * self.millimetres / self.unit for length in words[:3]]
-        return values + (self.axis(words[3:]) if self.axis else [])
+        self.point = [length * self.millimetres / self.unit for length in words[:3]]
+        return self.point + (self.axis(words[3:]) if self.axis else [])
+
+    def tell_rate(self):
+        rate = (self.pitch, "MMPR") if self.pitch else (self.rate, "MMPM")
+        if rate != self.told_rate:
+            self.told_rate = rate
+            self.say("FEDRAT", *rate)
+
+    def arc_feed(self, arguments):
+        """An arc in the XY plane: where it begins and ends, its centre, its sense."""
+        words = numbers(arguments)
+        start, scale = self.point, self.millimetres / self.unit
+        self.point = [words[0] * scale, words[1] * scale, words[5] * scale]
+        assert abs(words[4]) == 1 and start[2] == self.point[2], "no sample has other arcs"
+        self.tell_rate()
+        self.say("ARC", start, self.point, (words[2] * scale, words[3] * scale), words[4])
 
     def straight_traverse(self, arguments):
         point = self.move(arguments)
@@ -53,10 +69,7 @@ class Machine:
 
     def straight_feed(self, arguments):
         point = self.move(arguments)
-        rate = (self.pitch, "MMPR") if self.pitch else (self.rate, "MMPM")
-        if rate != self.told_rate:
-            self.told_rate = rate
-            self.say("FEDRAT", *rate)
+        self.tell_rate()
         self.say("GOTO", *point)
 
     def set_feed_rate(self, arguments):
@@ -164,10 +177,15 @@ def statements_of(text):
     with open(text, encoding="latin-1") as lines:
         rows = lines.read().splitlines()
     statements = []
+    continued = ""
     for row in rows:
         assert len(row) <= 72, f"{row!r} goes beyond column 72"
         if row.startswith("PPRINT "):
             statements.append(("PPRINT", (row[7:].replace(" ", ""),)))
+            continue
+        row = continued + row
+        continued = row[:-1] if row.endswith("$") else ""
+        if continued:
             continue
         word, _, values = row.replace(" ", "").partition("/")
         statements.append((word, tuple(values.split(",")) if values else ()))

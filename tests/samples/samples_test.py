@@ -7,6 +7,7 @@ usage: samples_test.py PPWORD TABLE
 import collections
 import math
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -23,6 +24,7 @@ KINEMATICS = (
 )
 IMPELLER = KINEMATICS + "impeller-7bl-xyzac.ngc"
 BOAT = KINEMATICS + "boat-xyzbc.ngc"
+CRAFTSMAN = "/usr/share/doc/linuxcnc/examples/sample-configs/sim/craftsman/screens/craftsmancnc.ngc"
 # Decimals that numbers have at least, by the word of their statement.
 DECIMALS = {"GOTO": 4, "FEDRAT": 4, "SPINDL": 1, "DELAY": 3, "LOADTL": 0}
 
@@ -84,10 +86,46 @@ class Samples(unittest.TestCase):
             text += values[0]
         self.assertEqual(text, value, place)
 
+    def assert_arc(self, rest, start, end, center, sense):
+        """The arc stands in pieces that follow each other, each less than half a turn."""
+
+        def angle(point):
+            return math.atan2(point[1] - center[1], point[0] - center[0])
+
+        def swept(first, last):
+            return (sense * (angle(last) - angle(first)) - 1e-9) % math.tau + 1e-9
+
+        radius = math.dist(start[:2], center)
+        at, total = start, 0.0
+        while total < swept(start, end) - 1e-4:
+            number, (word, _) = next(rest)
+            place = f"statement {number}"
+            self.assertEqual(word, "AUTOPS", place)
+            word, tangent = next(rest)[1]
+            self.assertEqual(word, "INDIRV", place)
+            word, values = next(rest)[1]
+            self.assertEqual(word, "TLON,GOFWD", place)
+            found = [float(text) for text in re.findall(r"-?\d+\.\d+", ",".join(values))]
+            self.assertEqual(len(found), 10, place)
+            direction = [-sense * math.sin(angle(at)), sense * math.cos(angle(at)), 0.0]
+            wanted = [*center, start[2], radius, *center, start[2]]
+            for text, value in zip([*map(float, tangent), *found], direction + wanted):
+                self.assertAlmostEqual(text, value, delta=2e-4, msg=place)
+            self.assertAlmostEqual(math.dist(found[7:9], center), radius, delta=3e-3, msg=place)
+            self.assertLess(swept(at, found[7:9]), math.pi, place)
+            total += swept(at, found[7:9])
+            at = found[7:]
+        self.assertAlmostEqual(total, swept(start, end), delta=1e-4)
+        for text, value in zip(at, end):
+            self.assertAlmostEqual(text, value, delta=1e-5)
+
     def assert_statements(self, statements, due):
         """All that is due stands in the text in order, and nothing else."""
         rest = iter(enumerate(statements, start=1))
         for word, values in due:
+            if word == "ARC":
+                self.assert_arc(rest, *values)
+                continue
             number, (found, texts) = next(rest)
             place = f"statement {number}: {found}/{texts}"
             self.assertEqual(found, word, place)
@@ -167,14 +205,22 @@ class Samples(unittest.TestCase):
         )
         self.assertFalse(os.path.exists(self.path("part.apt")))
 
-    def test_lost_arcs_are_reported_and_strictly_refused(self):
-        listing = self.listing_of(NCFILES + "arcspiral.ngc")
-        due = canonical.statements_due(listing)
+    def test_spiral_of_arcs(self):
+        self.check_sample(NCFILES + "arcspiral.ngc", {"ARC": 999, "GOTO": 6}, "--strict")
+
+    def test_engraving_in_arcs(self):
+        self.check_sample(CRAFTSMAN, {"ARC": 604, "GOTO": 91, "LOADTL": 1}, "--strict")
+
+    def test_lost_moves_are_reported_and_strictly_refused(self):
+        with open(self.path("tap.ngc"), "w", encoding="ascii") as file:
+            file.write("G21\nS100 M3\nG0 X0 Y0 Z5\nG33.1 Z-5 K1\nM2\n")
+        listing = self.listing_of(self.path("tap.ngc"))
         run = self.run_in_directory(PPWORD, "post", listing, "-t", TABLE, "-o", "part.apt")
         self.assertEqual(run.returncode, 0, run.stderr)
-        self.assertIn("WARNING: moves that the text LACKS: ARC_FEED 999 ", run.stderr)
-        self.assert_statements(canonical.statements_of(self.path("part.apt")), due)
-        run = self.run_in_directory(PPWORD, "post", "--strict", listing, "-o", "strict.apt")
+        self.assertIn("WARNING: moves that the text LACKS: RIGID_TAP 1 ", run.stderr)
+        run = self.run_in_directory(
+            PPWORD, "post", "--strict", listing, "-t", TABLE, "-o", "strict.apt"
+        )
         self.assertEqual(run.returncode, 1)
         self.assertFalse(os.path.exists(self.path("strict.apt")))
 
