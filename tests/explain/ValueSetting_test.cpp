@@ -76,8 +76,8 @@ TEST(ValueSetting, OtherNamesSetParameters) {
   const auto activity = Activity::create("A");
   applySetting({"W", textValue("RPM"), false}, *document, *activity);
   applySetting({"D", realValue(0.5), true}, *document, *activity);
-  EXPECT_TRUE(activity->knows("W"));
-  EXPECT_FALSE(activity->knows("D"));
+  EXPECT_TRUE(activity->parameters().holds("W"));
+  EXPECT_FALSE(activity->parameters().holds("D"));
   ASSERT_TRUE(document->designParameters().contains("D"));
 }
 
