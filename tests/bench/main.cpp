@@ -28,7 +28,9 @@ constexpr Ratio kRatios[] = {
     {"NC_GOTO_VARIABLE_AXIS to to_chars by hand", "engine/NC_GOTO_VARIABLE_AXIS", "toCharsLoop<6>",
      0},
     {"post of a million points to an fprintf loop", "postMillionPoints", "fprintfMillionPoints", 0},
-    {"table of 300 commands to one of 30", "loadTable/300", "loadTable/30", 0},
+    {"table of 3,000 commands to one of 300", "loadTable/3000", "loadTable/300", 12},
+    {"code of a word among 5,000 to one among 50", "codeOfWord/5000", "codeOfWord/50", 4},
+    {"word of a code among 5,000 to one among 50", "wordOfCode/5000", "wordOfCode/50", 4},
 };
 
 /// Prints as usual and keeps the median of each benchmark.
