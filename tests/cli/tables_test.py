@@ -2,6 +2,8 @@
 
 import json
 import os
+import re
+import shlex
 
 import program
 from program import APT, JOB
@@ -236,6 +238,33 @@ class Tables(program.ProgramTest):
         self.write("table", WORDS)
         done = self.run_here("word", "table", "x")
         self.assertEqual((done.returncode, done.stdout), (2, ""))
+
+    def manual(self):
+        path = os.path.join(program.SOURCE, "docs", "table-location.md")
+        with open(path, encoding="utf-8") as file:
+            return file.read()
+
+    def test_listing_of_the_manual_is_what_tables_shows(self):
+        cam, shop = "home/mia/cam/PPTables", "srv/shop/PPTables"
+        for file in (f"{cam}/mill", f"{cam}/trial", f"{shop}/lathe", f"{shop}/mill"):
+            os.makedirs(os.path.join(self.folder, os.path.dirname(file)), exist_ok=True)
+            self.write(file + ".pptable", "")
+        os.symlink("absent", os.path.join(self.folder, shop, "old.pptable"))
+        root = os.path.realpath(self.folder)
+        path = f"{root}/home/mia/cam:{root}/srv/shop"
+        done = self.run_here("tables", PPWORD_RESOURCE_PATH=path)
+        shown = done.stdout.replace(root, "").splitlines()
+        self.assertEqual(len(shown), 7)
+        self.assertIn("".join(f"    {line}\n" for line in shown), self.manual())
+
+    def test_commands_of_the_manual_run(self):
+        with open(os.path.join(program.EXAMPLES, "mill.pptable"), "rb") as file:
+            self.write("mill.pptable", file.read())
+        commands = re.findall(r"^    ppword (.*)$", self.manual(), re.MULTILINE)
+        self.assertEqual(len(commands), 3)
+        for command in commands:
+            done = self.run_here(*shlex.split(command))
+            self.assertEqual((done.returncode, done.stderr), (0, ""), command)
 
 
 if __name__ == "__main__":
