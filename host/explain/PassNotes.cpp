@@ -69,6 +69,8 @@ std::string cutNote(const ExplainedCut& cut) {
 }
 
 std::optional<std::string> operationNote(const ExplainedOperation& ended, std::string_view pass) {
+  // A lost sign has a note of its own.
+  if (pass == "restore signs") return std::nullopt;
   const std::string operation = quoted(ended.operation);
   if (ended.outcome == Operation::Kept) {
     // A group is tried with each prefix; the last one tells.

@@ -32,6 +32,13 @@ class Generator::Listener final : public KEPMfgPPWordListener {
     summary_.dropped.add(std::string(name).append(text), element_->line, element_->instruction);
   }
 
+  void OperationEnded(Operation outcome, std::string_view operation,
+                      std::string_view /*result*/) override {
+    if (outcome == Operation::Deleted) {
+      summary_.deleted.add(operation, element_->line, element_->instruction);
+    }
+  }
+
  private:
   Summary& summary_;
   KEPMfgPPWordListener* previous_;

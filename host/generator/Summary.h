@@ -20,6 +20,8 @@ struct Summary {
   Tally unevaluated;
   /// Ends of parameter names that were cut off, by the name with its end.
   Tally dropped;
+  /// Operations that were deleted for want of an operand, and signs whose place was gone.
+  Tally deleted;
 };
 
 }  // namespace host

@@ -21,7 +21,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
     /// It stays as it is: an operand is no number, or there is no result.
     Kept,
     /// It is gone with the operand that it had: the other one is missing, or a "-" stood in front
-    /// of what is no number.
+    /// of what is no number. A sign alone is gone with the comma that held its place.
     Deleted
   };
   /// The part of a table that an entry belongs to.

@@ -215,6 +215,20 @@ TEST(Generator, SummaryNamesWhatWasDropped) {
   EXPECT_EQ(posting.summary.dropped.entries()[0].firstLine, 2);
 }
 
+TEST(Generator, SummaryNamesWhatWasDeleted) {
+  const KEPVar<Document> document = newDocument();
+  document->ppWordContainer()->SetUserSyntax(KEPUnicodeString("GOTO/1+,-MM,%(A*B"));
+  const Posting posting =
+      post(document, jobOf("{\"nc\":\"NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX\"}"));
+  EXPECT_EQ(posting.lines, Lines{"GOTO/,,"});
+  const auto& entries = posting.summary.deleted.entries();
+  ASSERT_EQ(entries.size(), 3U);
+  EXPECT_EQ(entries[0].name, "*");
+  EXPECT_EQ(entries[1].name, "1+");
+  EXPECT_EQ(entries[1].firstLine, 2);
+  EXPECT_EQ(entries[2].name, "-MM");
+}
+
 TEST(Generator, ListenerBeforeTheJobComesBack) {
   KEPMfgPPWordListener before;
   session().listener = &before;

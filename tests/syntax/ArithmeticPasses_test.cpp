@@ -108,7 +108,7 @@ TEST(Signs, AreMaskedInOrderOfTheirKinds) {
   EXPECT_EQ(line.text(), "A,B,C,D,E,,F");
   EXPECT_EQ(records.ordinals, (std::vector<int>{3, 5, 4, 1, 6}));
   EXPECT_EQ(records.signs, "++*--");
-  EXPECT_TRUE(restoreSigns(line, records));
+  EXPECT_TRUE(restoreSigns(line, records, nullptr));
   EXPECT_EQ(line.text(), "A-B,C+D*E+-F");
 }
 
@@ -122,15 +122,15 @@ TEST(Signs, OfTheLineBeforeAreForgotten) {
 
 TEST(Signs, RecordsOfDifferentLengthFail) {
   PassedLine line = started("A,B");
-  EXPECT_FALSE(restoreSigns(line, {{1}, ""}));
-  EXPECT_FALSE(restoreSigns(line, {{}, "+"}));
-  EXPECT_FALSE(restoreSigns(line, {{1}, "+-"}));
+  EXPECT_FALSE(restoreSigns(line, {{1}, ""}, nullptr));
+  EXPECT_FALSE(restoreSigns(line, {{}, "+"}, nullptr));
+  EXPECT_FALSE(restoreSigns(line, {{1}, "+-"}, nullptr));
   EXPECT_EQ(line.text(), "A,B");
 }
 
 TEST(Signs, SignWhoseCommaIsGoneIsLost) {
   PassedLine line = started("A,B");
-  EXPECT_TRUE(restoreSigns(line, {{3, 1, 2}, "+*-"}));
+  EXPECT_TRUE(restoreSigns(line, {{3, 1, 2}, "+*-"}, nullptr));
   EXPECT_EQ(line.text(), "A*B");
 }
 
@@ -155,7 +155,7 @@ TEST(ArithmeticPasses, LongLinesCostTheirLength) {
   SignRecords records;
   maskSigns(line, records);
   ASSERT_EQ(records.signs.size(), 600000U);
-  ASSERT_TRUE(restoreSigns(line, records));
+  ASSERT_TRUE(restoreSigns(line, records, nullptr));
   ASSERT_EQ(line.text(), sums);
   evaluateLine(line, records, nullptr);
   EXPECT_EQ(line.text(), "X/    1.000000");

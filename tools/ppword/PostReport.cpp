@@ -73,7 +73,8 @@ std::string outcomeText(const PostReport& report, bool written) {
 }  // namespace
 
 long missingPieces(const PostReport& report) {
-  long count = report.summary.unevaluated.total() + report.summary.dropped.total();
+  const host::Summary& summary = report.summary;
+  long count = summary.unevaluated.total() + summary.dropped.total() + summary.deleted.total();
   if (report.listing != nullptr) {
     for (const CallFate fate : {CallFate::Lost, CallFate::LostMove, CallFate::Unknown}) {
       count += report.listing->calls().total(fate);
@@ -95,6 +96,7 @@ std::string reportText(const PostReport& report, bool written) {
   }
   text += tallyLine("WARNING: not evaluated", summary.unevaluated, true);
   text += tallyLine("WARNING: names cut off", summary.dropped, true);
+  text += tallyLine("WARNING: operations deleted", summary.deleted, true);
   if (report.missingEntries > 0) {
     text += "  WARNING: " + std::to_string(report.missingEntries) +
             " entries of the table were not loaded; -v tells which\n";
@@ -114,6 +116,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"instructions", tallyJson(summary.instructions, true)},
             {"unevaluated", tallyJson(summary.unevaluated, false)},
             {"cutOff", tallyJson(summary.dropped, false)},
+            {"deleted", tallyJson(summary.deleted, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
   if (report.listing == nullptr) return json;
   if (const auto unit = report.listing->unit()) {

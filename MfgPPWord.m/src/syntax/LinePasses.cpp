@@ -54,7 +54,7 @@ bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordLi
     substitute(line, prefix.text, parameters);
     tell(prefix.references);
   }
-  if (!restoreSigns(line, signs)) return false;
+  if (!restoreSigns(line, signs, listener)) return false;
   tell("restore signs");
   evaluateLine(line, signs, listener);
   tell("evaluate");

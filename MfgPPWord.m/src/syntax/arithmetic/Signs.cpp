@@ -61,7 +61,7 @@ void maskSigns(PassedLine& line, SignRecords& records) {
   line.accept();
 }
 
-bool restoreSigns(PassedLine& line, const SignRecords& records) {
+bool restoreSigns(PassedLine& line, const SignRecords& records, KEPMfgPPWordListener* listener) {
   if (records.ordinals.size() != records.signs.size()) return false;
   if (records.signs.empty()) return true;
   CommaFinder commas(line.text());
@@ -70,7 +70,12 @@ bool restoreSigns(PassedLine& line, const SignRecords& records) {
   for (std::size_t i = 0; i < records.signs.size(); ++i) {
     // deliberate: a comma that came with a value counts, so that the sign lands on another one.
     const std::size_t place = commas.find(records.ordinals[i]);
-    if (place < out.size()) out[place] = records.signs[i];
+    if (place < out.size()) {
+      out[place] = records.signs[i];
+    } else if (listener != nullptr) {
+      listener->OperationEnded(KEPMfgPPWordListener::Operation::Deleted, {&records.signs[i], 1},
+                               {});
+    }
   }
   line.accept();
   return true;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/PassedLine.h"
 
 namespace ppword {
@@ -22,7 +23,9 @@ void maskSigns(PassedLine& line, SignRecords& records);
 /// Puts the signs back in place of the commas with their ordinals, whatever commas the line holds
 /// by now; a sign whose comma does not exist is lost. For example
 ///   GOTO/5,10,0  with the record (1, "+")  becomes  GOTO/5+10,0
-/// False, with the line unchanged, when the lists differ in length.
-[[nodiscard]] bool restoreSigns(PassedLine& line, const SignRecords& records);
+/// False, with the line unchanged, when the lists differ in length. `listener` (null: nobody) hears
+/// of lost signs as of deleted operations.
+[[nodiscard]] bool restoreSigns(PassedLine& line, const SignRecords& records,
+                                KEPMfgPPWordListener* listener);
 
 }  // namespace ppword
