@@ -14,7 +14,7 @@ constexpr const char* kContainerType = "MfgPPWordCont";
 std::string lateTypeOffering(std::initializer_list<const KEPMetaClass*> interfaces) {
   // Meta-objects live as long as the process.
   static auto& classes = *new std::deque<KEPMetaClass>;
-  const std::string lateType = "TestWords" + std::to_string(classes.size());
+  std::string lateType = "TestWords" + std::to_string(classes.size());
   const KEPMetaClass& made = classes.emplace_back(
       lateType + "Class", KEPMetaClass::TypeOfClass::DataExtension, nullptr, lateType, "Test");
   for (const KEPMetaClass* offered : interfaces) {

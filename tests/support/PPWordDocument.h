@@ -51,7 +51,7 @@ class PPWordDocument {
   }
   /// An NC instruction with the lines of "Syntaxe".
   KEPISpecObject_var instruction(std::string_view name, const Texts& lines) const {
-    const KEPISpecObject_var type = make(name, "MfgPPSyntax");
+    KEPISpecObject_var type = make(name, "MfgPPSyntax");
     const KEPISpecAttrAccess_var attributes = type;
     attributes->AddAttribute("Syntaxe", KEPISpecAttribute::Kind::StringList);
     attributes->SetList("Syntaxe", list(lines));

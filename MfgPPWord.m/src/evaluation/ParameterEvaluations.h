@@ -12,49 +12,50 @@
 // One class for each parameter name, registered under it. A class that differs from its sisters
 // only in what it reads is a row.
 
-#define PPWORD_NUMBER(Class, Getter, Component, Source)                                   \
-  class Class final : public ppword::NumericEvaluation<Class, &Getter, ppword::Component, \
-                                                       ppword::FormatSource::Source> {}
+#define PPWORD_NUMBER(Class, Buffer, Getter, Component, Source)                                    \
+  class Class final                                                                                \
+      : public ppword::NumericEvaluation<Class, &KEPIMfgBuffer##Buffer::Getter, ppword::Component, \
+                                         ppword::FormatSource::Source> {}
 
-PPWORD_NUMBER(KEPMfgMFGXPOINTEvaluation, KEPIMfgBufferPoint::GetPoint, kFirst, Points);
-PPWORD_NUMBER(KEPMfgMFGYPOINTEvaluation, KEPIMfgBufferPoint::GetPoint, kSecond, Points);
-PPWORD_NUMBER(KEPMfgMFGZPOINTEvaluation, KEPIMfgBufferPoint::GetPoint, kThird, Points);
+PPWORD_NUMBER(KEPMfgMFGXPOINTEvaluation, Point, GetPoint, kFirst, Points);
+PPWORD_NUMBER(KEPMfgMFGYPOINTEvaluation, Point, GetPoint, kSecond, Points);
+PPWORD_NUMBER(KEPMfgMFGZPOINTEvaluation, Point, GetPoint, kThird, Points);
 
-PPWORD_NUMBER(KEPMfgMFGXAXISEvaluation, KEPIMfgBufferTLAxis::GetTLAxis, kFirst, Axes);
-PPWORD_NUMBER(KEPMfgMFGYAXISEvaluation, KEPIMfgBufferTLAxis::GetTLAxis, kSecond, Axes);
-PPWORD_NUMBER(KEPMfgMFGZAXISEvaluation, KEPIMfgBufferTLAxis::GetTLAxis, kThird, Axes);
+PPWORD_NUMBER(KEPMfgMFGXAXISEvaluation, TLAxis, GetTLAxis, kFirst, Axes);
+PPWORD_NUMBER(KEPMfgMFGYAXISEvaluation, TLAxis, GetTLAxis, kSecond, Axes);
+PPWORD_NUMBER(KEPMfgMFGZAXISEvaluation, TLAxis, GetTLAxis, kThird, Axes);
 
 // The letter E between CIRCLE and Evaluation is shared: these are the registered names.
-PPWORD_NUMBER(KEPMfgMFGXCENTERCIRCLEvaluation, KEPIMfgBufferCircle::GetCenter, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGYCENTERCIRCLEvaluation, KEPIMfgBufferCircle::GetCenter, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGZCENTERCIRCLEvaluation, KEPIMfgBufferCircle::GetCenter, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGXNORMALCIRCLEvaluation, KEPIMfgBufferCircle::GetNormal, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGYNORMALCIRCLEvaluation, KEPIMfgBufferCircle::GetNormal, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGZNORMALCIRCLEvaluation, KEPIMfgBufferCircle::GetNormal, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGXPTCIRCLEvaluation, KEPIMfgBufferCircle::GetPt, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGYPTCIRCLEvaluation, KEPIMfgBufferCircle::GetPt, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGZPTCIRCLEvaluation, KEPIMfgBufferCircle::GetPt, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGXTGTCIRCLEvaluation, KEPIMfgBufferCircle::GetTgt, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGYTGTCIRCLEvaluation, KEPIMfgBufferCircle::GetTgt, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGZTGTCIRCLEvaluation, KEPIMfgBufferCircle::GetTgt, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGRADIUSCIRCLEvaluation, KEPIMfgBufferCircle::GetRadius, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGXCENTERCIRCLEvaluation, Circle, GetCenter, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGYCENTERCIRCLEvaluation, Circle, GetCenter, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGZCENTERCIRCLEvaluation, Circle, GetCenter, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGXNORMALCIRCLEvaluation, Circle, GetNormal, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGYNORMALCIRCLEvaluation, Circle, GetNormal, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGZNORMALCIRCLEvaluation, Circle, GetNormal, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGXPTCIRCLEvaluation, Circle, GetPt, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGYPTCIRCLEvaluation, Circle, GetPt, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGZPTCIRCLEvaluation, Circle, GetPt, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGXTGTCIRCLEvaluation, Circle, GetTgt, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGYTGTCIRCLEvaluation, Circle, GetTgt, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGZTGTCIRCLEvaluation, Circle, GetTgt, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGRADIUSCIRCLEvaluation, Circle, GetRadius, kFirst, Attribute);
 
-PPWORD_NUMBER(KEPMfgMFGFEEDVALUEEvaluation, KEPIMfgBufferFeedrate::GetValue, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGFEEDVALUEEvaluation, Feedrate, GetValue, kFirst, Attribute);
 
-PPWORD_NUMBER(KEPMfgMFGHELICALXCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALYCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALZCENTEREvaluation, KEPIMfgBufferHelix::GetCenter, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALXENDEvaluation, KEPIMfgBufferHelix::GetEnd, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALYENDEvaluation, KEPIMfgBufferHelix::GetEnd, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALZENDEvaluation, KEPIMfgBufferHelix::GetEnd, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALIAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALJAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALKAXISEvaluation, KEPIMfgBufferHelix::GetAxis, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVIEvaluation, KEPIMfgBufferHelix::GetInDirV, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVJEvaluation, KEPIMfgBufferHelix::GetInDirV, kSecond, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVKEvaluation, KEPIMfgBufferHelix::GetInDirV, kThird, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALRADIUSEvaluation, KEPIMfgBufferHelix::GetRadius, kFirst, Attribute);
-PPWORD_NUMBER(KEPMfgMFGHELICALPITCHEvaluation, KEPIMfgBufferHelix::GetPitch, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALXCENTEREvaluation, Helix, GetCenter, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALYCENTEREvaluation, Helix, GetCenter, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALZCENTEREvaluation, Helix, GetCenter, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALXENDEvaluation, Helix, GetEnd, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALYENDEvaluation, Helix, GetEnd, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALZENDEvaluation, Helix, GetEnd, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALIAXISEvaluation, Helix, GetAxis, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALJAXISEvaluation, Helix, GetAxis, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALKAXISEvaluation, Helix, GetAxis, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVIEvaluation, Helix, GetInDirV, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVJEvaluation, Helix, GetInDirV, kSecond, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALINDIRVKEvaluation, Helix, GetInDirV, kThird, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALRADIUSEvaluation, Helix, GetRadius, kFirst, Attribute);
+PPWORD_NUMBER(KEPMfgMFGHELICALPITCHEvaluation, Helix, GetPitch, kFirst, Attribute);
 
 #undef PPWORD_NUMBER
 
