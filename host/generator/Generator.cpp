@@ -7,9 +7,19 @@
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "host/generator/InputError.h"
 #include "host/manufacturing/Activity.h"
+#include "host/manufacturing/PPCommands.h"
 #include "host/system/Session.h"
 
 namespace host {
+namespace {
+
+/// What messages call an element.
+std::string titleOf(const Element& element) {
+  return element.ppCommand > 0 ? "PP command " + std::to_string(element.ppCommand)
+                               : element.instruction;
+}
+
+}  // namespace
 
 /// Counts what the module tells of the element that is being put out.
 class Generator::Listener final : public KEPMfgPPWordListener {
@@ -24,12 +34,12 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   void ReferenceReplaced(std::string_view name, Source source, std::string_view /*text*/) override {
     if (source == Source::Nobody) {
-      summary_.unevaluated.add(name, element_->line, element_->instruction);
+      summary_.unevaluated.add(name, element_->line, titleOf(*element_));
     }
   }
 
   void TextDropped(std::string_view name, std::string_view text) override {
-    summary_.dropped.add(std::string(name).append(text), element_->line, element_->instruction);
+    summary_.dropped.add(std::string(name).append(text), element_->line, titleOf(*element_));
   }
 
   void OperationEnded(Operation outcome, std::string_view operation,
@@ -73,16 +83,38 @@ void Generator::put(const ActivityStart& start) {
 void Generator::put(const Element& element) {
   listener_->listenFor(element);
   buffers_.apply(element.changes);
-  const KEPIMfgSyntaxEvaluation_var evaluation = evaluationOf(element);
+  const Source source = sourceOf(element);
   for (const Position& position : element.positions) {
     buffers_.apply(position);
-    instantiate(*evaluation, element);
+    instantiate(source, element);
   }
-  if (element.positions.empty()) instantiate(*evaluation, element);
+  if (element.positions.empty()) instantiate(source, element);
   const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
   summary_.elements += count;
-  summary_.instructions.add(KEPISpecObject_var(evaluation)->GetName(), element.line,
-                            element.instruction, count);
+  summary_.instructions.add(source.name, element.line, titleOf(element), count);
+}
+
+Generator::Source Generator::sourceOf(const Element& element) {
+  Source source;
+  if (element.ppCommand > 0) {
+    source.command = commandOf(element);
+    KEPUnicodeString name;
+    static_cast<void>(source.command->GetCommandName(name));
+    source.name = name.View();
+  } else {
+    source.evaluation = evaluationOf(element);
+    source.name = KEPISpecObject_var(source.evaluation)->GetName();
+  }
+  return source;
+}
+
+KEPIMfgPPCommand_var Generator::commandOf(const Element& element) {
+  if (!commands_) commands_ = ppCommands(*document_);
+  const auto position = static_cast<std::size_t>(element.ppCommand);
+  if (position > commands_->size()) {
+    refuse(element, "is not in this document, which has " + std::to_string(commands_->size()));
+  }
+  return (*commands_)[position - 1];
 }
 
 KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
@@ -96,9 +128,15 @@ KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
   return evaluation;
 }
 
-void Generator::instantiate(KEPIMfgSyntaxEvaluation& evaluation, const Element& element) {
+void Generator::instantiate(const Source& source, const Element& element) {
   lines_.RemoveAll();
-  if (!evaluation.InstantiateSyntax(lines_, element.sequence)) {
+  if (source.command) {
+    if (!source.command->Evaluate(lines_)) {
+      refuse(element,
+             "cannot be put out: it names no NC instruction of this document or no sequence of it, "
+             "or a line of it cannot be computed");
+    }
+  } else if (!source.evaluation->InstantiateSyntax(lines_, element.sequence)) {
     refuse(element, "cannot be put out: it has no sequence " + std::to_string(element.sequence) +
                         ", or a line of it cannot be computed");
   }
@@ -107,7 +145,7 @@ void Generator::instantiate(KEPIMfgSyntaxEvaluation& evaluation, const Element& 
 }
 
 void Generator::refuse(const Element& element, std::string_view why) const {
-  throw InputError(summary_.file, element.line, 0, element.instruction + ' ' + std::string(why));
+  throw InputError(summary_.file, element.line, 0, titleOf(element) + ' ' + std::string(why));
 }
 
 }  // namespace host

@@ -1,8 +1,12 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
+#include "KEPIMfgPPCommand.h"
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "System/KEPPlatform.h"
 #include "host/generator/LineSink.h"
@@ -28,8 +32,9 @@ class KEP_PLATFORM Generator {
   /// Puts out the whole tool path.
   void run(ToolPathSource& toolPath);
 
-  // One piece of a tool path. An InputError for an NC instruction that the document does not have
-  // and for one that cannot be instantiated.
+  // One piece of a tool path. An InputError for an NC instruction or a PP command that the document
+  // does not have and for one that cannot be instantiated. PP commands are counted once, when the
+  // first is put out.
   void put(const Element& element);
   void put(const ActivityStart& start);
 
@@ -39,8 +44,17 @@ class KEP_PLATFORM Generator {
  private:
   class Listener;
 
+  /// What puts out an element, one of the two, and the name that it is counted under.
+  struct Source {
+    KEPIMfgSyntaxEvaluation_var evaluation;
+    KEPIMfgPPCommand_var command;
+    std::string name;
+  };
+
+  [[nodiscard]] Source sourceOf(const Element& element);
   [[nodiscard]] KEPIMfgSyntaxEvaluation_var evaluationOf(const Element& element);
-  void instantiate(KEPIMfgSyntaxEvaluation& evaluation, const Element& element);
+  [[nodiscard]] KEPIMfgPPCommand_var commandOf(const Element& element);
+  void instantiate(const Source& source, const Element& element);
   [[noreturn]] void refuse(const Element& element, std::string_view why) const;
 
   KEPVar<Document> document_;
@@ -49,6 +63,7 @@ class KEP_PLATFORM Generator {
   LineSink& sink_;
   Summary summary_;
   KEPListValKEPUnicodeString lines_;
+  std::optional<std::vector<KEPIMfgPPCommand_var>> commands_;
   std::unique_ptr<Listener> listener_;
 };
 

@@ -55,10 +55,13 @@ struct BufferChanges {
   std::optional<RotateChange> rotate;
 };
 
-/// One tool-path element: an NC instruction and the buffer values that change for it. With
+/// One tool-path element: an NC instruction, or a PP command of the document, and the buffer values that change for it. With
 /// positions the instruction is put out once for each of them, without any it is put out once.
 struct Element {
   std::string instruction;
+  /// The position, from 1, of the PP command that stands in place of the instruction and its
+  /// sequence; 0 for none.
+  int ppCommand = 0;
   /// Which syntax attribute of the instruction is meant, from 1.
   int sequence = 1;
   BufferChanges changes;

@@ -19,6 +19,8 @@ struct JobHeader {
   /// The machine, and the PP word table that it names; empty where the header names none.
   std::string resource;
   std::string table;
+  /// The document file whose PP words hold, seen from the job's folder; empty where none is named.
+  std::string document;
   /// Formats of points and tool axes; empty where the parameters' own formats hold.
   std::string pointFormat;
   std::string axisFormat;

@@ -50,6 +50,10 @@ void readSequence(Value value, const Place& place, Element& element) {
   element.sequence = readInteger(value, place, 1);
 }
 
+void readCommand(Value value, const Place& place, Element& element) {
+  element.ppCommand = readInteger(value, place, 1);
+}
+
 template <auto Member>
 void change(Value value, const Place& place, Element& element) {
   read(value, place, (element.changes.*Member).emplace());
@@ -65,19 +69,21 @@ void readEndMark(Value value, const Place& place, EndMark& /*end*/) {
 
 // The kinds of line.
 
-constexpr std::array<Key<JobHeader>, 8> kHeaderKeys{{
+constexpr std::array<Key<JobHeader>, 9> kHeaderKeys{{
     {"job", readVersion, true},
     {"program", intoName<&JobHeader::program>, true},
     {"units", readUnits, true},
     {"resource", readResource},
+    {"document", intoName<&JobHeader::document>},
     {"pointFormat", into<&JobHeader::pointFormat>},
     {"axisFormat", into<&JobHeader::axisFormat>},
     {"angleFactor", into<&JobHeader::angleFactor>},
     {"designParameters", into<&JobHeader::designParameters>},
 }};
 
-constexpr std::array<Key<Element>, 12> kElementKeys{{
-    {"nc", intoName<&Element::instruction>, true},
+constexpr std::array<Key<Element>, 13> kElementKeys{{
+    {"nc", intoName<&Element::instruction>},
+    {"ppCommand", readCommand},
     {"sequence", readSequence},
     {"points", into<&Element::positions>},
     {"axis", change<&BufferChanges::toolAxis>},
@@ -93,8 +99,13 @@ constexpr std::array<Key<Element>, 12> kElementKeys{{
 
 constexpr std::array<Key<EndMark>, 1> kEndKeys{{{"end", readEndMark, true}}};
 
-// In the order of LineKind.
-constexpr std::array<std::string_view, 4> kKindKeys{"job", "activity", "nc", "end"};
+constexpr std::array<std::pair<std::string_view, LineKind>, 5> kKindKeys{{
+    {"job", LineKind::Header},
+    {"activity", LineKind::Activity},
+    {"nc", LineKind::Element},
+    {"ppCommand", LineKind::Element},
+    {"end", LineKind::End},
+}};
 
 const char* beginOf(const Line& line) {
   return line.text.data() + line.text.find_first_not_of(" \t\r");
@@ -126,13 +137,14 @@ LineKind kindOf(Line& line) {
   for (auto item : objectOf(line, root)) {
     auto field = take(std::move(item), root);
     const std::string_view name = nameOf(field, root).text;
-    for (std::size_t kind = 0; kind < kKindKeys.size(); ++kind) {
-      if (name != kKindKeys[kind]) continue;
+    for (const auto& [key, kind] : kKindKeys) {
+      if (name != key) continue;
       line.document.rewind();
-      return static_cast<LineKind>(kind);
+      return kind;
     }
   }
-  root.refuse(beginOf(line), R"(one of the keys "job", "activity", "nc" and "end" is expected)");
+  root.refuse(beginOf(line),
+              R"(one of the keys "job", "activity", "nc", "ppCommand" and "end" is expected)");
 }
 
 void readHeader(Line& line, JobHeader& header) { readLine<JobHeader>(line, kHeaderKeys, header); }
@@ -143,7 +155,20 @@ void readActivity(Line& line, ActivityStart& activity) {
   requireEnd(line, root);
 }
 
-void readElement(Line& line, Element& element) { readLine<Element>(line, kElementKeys, element); }
+void readElement(Line& line, Element& element) {
+  constexpr int kNotGiven = 0;
+  element.sequence = kNotGiven;
+  readLine<Element>(line, kElementKeys, element);
+  const Place root(line);
+  const bool isCommand = element.ppCommand > 0;
+  if (isCommand && !element.instruction.empty()) {
+    root.refuse(beginOf(line), R"(an element has "nc" or "ppCommand", not both)");
+  }
+  if (isCommand && element.sequence != kNotGiven) {
+    root.refuse(beginOf(line), R"(a PP command has a sequence of its own; leave out "sequence")");
+  }
+  if (element.sequence == kNotGiven) element.sequence = 1;
+}
 
 void readEnd(Line& line) {
   EndMark end;

@@ -9,8 +9,8 @@ namespace host::job {
 /// The kinds of line of a job.
 enum class LineKind { Header, Activity, Element, End };
 
-/// Tells the kind of the line in `line` by its key "job", "activity", "nc" or "end", wherever that
-/// stands, and leaves the line unread.
+/// Tells the kind of the line in `line` by its key "job", "activity", "nc", "ppCommand" or "end",
+/// wherever that stands, and leaves the line unread.
 [[nodiscard]] LineKind kindOf(Line& line);
 
 // Each fills its target from the line; nothing may stand behind the line's object.

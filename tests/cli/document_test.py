@@ -214,6 +214,75 @@ class OlderVersion(DocumentTest):
         self.assertIn("  NC_GOTO\n", self.run_document("show", "d", "commands").stdout)
 
 
+class Jobs(DocumentTest):
+    JOB = (
+        '{"job":1,"program":"P","units":"mm"%s}\n'
+        '{"ppCommand":2,"points":[[1,2,3]]}\n{"ppCommand":1}\n{"nc":"NC_TWO","sequence":2}\n'
+        '{"end":true}\n'
+    )
+    APT = "SECOND/3.000\nFIRST/1\nSECOND/3.000\n"
+
+    def setUp(self):
+        super().setUp()
+        os.mkdir(os.path.join(self.folder, "jobs"))
+        self.make("jobs/d")
+        self.run_document("load-table", "jobs/d", "table")
+        self.run_document("add-command", "jobs/d", "NC_TWO")
+        self.run_document("add-command", "jobs/d", "NC_TWO", "2")
+
+    def test_commands_are_posted_like_their_instructions(self):
+        self.write("job", self.JOB % "")
+        done = self.run_program("post", "job", "-d", "jobs/d")
+        self.check(
+            done,
+            0,
+            self.APT,
+            "job: 3 elements, 3 lines\n  instructions: NC_TWO 3\nstandard output: written\n",
+        )
+
+    def test_header_names_the_document_from_the_folder_of_the_job(self):
+        before = self.read("jobs/d")
+        self.write("jobs/job", self.JOB % ',"document":"d"')
+        self.write("more", "*START_NC_COMMAND NC_TWO\n*START_SEQUENCE\nOTHER/1\n*END\n*END\n")
+        self.assertEqual(self.run_program("post", "jobs/job").stdout, self.APT)
+        absolute = os.path.join(self.folder, "jobs", "d")
+        self.write("job", self.JOB % f',"document":"{absolute}"')
+        self.assertEqual(self.run_program("post", "job").stdout, self.APT)
+        self.write("rapid", self.JOB % ',"document":"jobs/d"')
+        with open(os.path.join(self.folder, "rapid"), "rb") as job:
+            self.assertEqual(self.run_program("post", "-", stdin=job).stdout, self.APT)
+        # The table leaves the second sequence without lines.
+        self.assertEqual(self.run_program("post", "jobs/job", "-t", "more").stdout, "OTHER/1\n")
+        self.assertEqual(self.read("jobs/d"), before)
+
+    def test_option_holds_before_the_header(self):
+        self.make("d")
+        self.write("jobs/job", self.JOB % ',"document":"d"')
+        self.check(
+            self.run_program("post", "jobs/job", "-d", "d"),
+            1,
+            "",
+            "jobs/job:2: error: PP command 2 is not in this document, which has 0\n",
+        )
+
+    def test_document_of_the_header_is_needed_and_not_replaced(self):
+        self.write("job", self.JOB % ',"document":"none"')
+        self.check(
+            self.run_program("post", "job"),
+            1,
+            "",
+            "none: error: cannot be opened: No such file or directory\n",
+        )
+        self.write("jobs/job", self.JOB % ',"document":"d"')
+        self.check(
+            self.run_program("post", "jobs/job", "-o", "jobs/d"),
+            2,
+            "",
+            "ppword post: the output would replace the input jobs/d\n"
+            "Try 'ppword post --help'.\n",
+        )
+
+
 class Refusals(DocumentTest):
     def test_no_document_gives_1(self):
         for action in (["show"], ["reset"], ["set-syntax"], ["upgrade"]):

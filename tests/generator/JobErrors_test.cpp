@@ -23,11 +23,11 @@ constexpr Refusal kKeys[] = {
     {R"({"nc":"NC_GOTO","poinst":[[1,2,3]]})",
      R"(:2:17: error: $: unknown key "poinst"; did you mean "points"?)"},
     {R"({"nc":"NC_GOTO","xyz":1})",
-     R"(:2:17: error: $: unknown key "xyz"; the keys here are nc, sequence, points, axis, circle, )"
-     R"(helix, feedrate, spindle, comment, corrector, hole, rotate)"},
+     R"(:2:17: error: $: unknown key "xyz"; the keys here are nc, ppCommand, sequence, points, )"
+     R"(axis, circle, helix, feedrate, spindle, comment, corrector, hole, rotate)"},
     {R"({"nc":"NC_GOTO","program":"P"})",
-     R"(:2:17: error: $: unknown key "program"; the keys here are nc, sequence, points, axis, )"
-     R"(circle, helix, feedrate, spindle, comment, corrector, hole, rotate)"},
+     R"(:2:17: error: $: unknown key "program"; the keys here are nc, ppCommand, sequence, points, )"
+     R"(axis, circle, helix, feedrate, spindle, comment, corrector, hole, rotate)"},
     {R"({"nc":"A","nc":"B"})", ":2:11: error: $.nc: the key stands here twice"},
     {R"({"nc":"A","n\u0063":"B"})", ":2:11: error: $.nc: the key stands here twice"},
     {R"({"nc":"A","hole":1,"hole":1})", ":2:20: error: $.hole: the key stands here twice"},
@@ -39,8 +39,9 @@ constexpr Refusal kKeys[] = {
      R"(:2:21: error: $.circle: unknown key "centre"; did you mean "center"?)"},
     {R"({"nc":"A","\ud800":1})", ":2:11: error: $: the key holds an invalid escape"},
     {R"({"points":[[1,2,3]]})",
-     R"(:2:1: error: $: one of the keys "job", "activity", "nc" and "end" is expected)"},
-    {"  {}", R"(:2:3: error: $: one of the keys "job", "activity", "nc" and "end" is expected)"},
+     R"(:2:1: error: $: one of the keys "job", "activity", "nc", "ppCommand" and "end" is expected)"},
+    {"  {}",
+     R"(:2:3: error: $: one of the keys "job", "activity", "nc", "ppCommand" and "end" is expected)"},
     {R"({"activity":"A","nc":"B"})",
      R"(:2:17: error: $: unknown key "nc"; the keys here are activity, kind, virtual, operation, )"
      R"(parameters, customParameters, tool, assembly, feedsAndSpeeds, strategy, toolPath, )"
@@ -50,10 +51,26 @@ constexpr Refusal kKeys[] = {
      R"(:2:34: error: $.rotate.axisSystem: the key "y" is missing)"},
     {R"({"nc":"A","a_key_of_more_than_forty_characters_in_all":1})",
      R"(:2:11: error: $: unknown key "a_key_of_more_than_forty_characters_in_a..."; the keys here )"
-     R"(are nc, sequence, points, axis, circle, helix, feedrate, spindle, comment, corrector, hole, )"
-     R"(rotate)"},
+     R"(are nc, ppCommand, sequence, points, axis, circle, helix, feedrate, spindle, comment, )"
+     R"(corrector, hole, rotate)"},
 };
 INSTANTIATE_TEST_SUITE_P(Keys, RefusedLine, testing::ValuesIn(kKeys));
+
+constexpr Refusal kCommands[] = {
+    {R"({"ppCommand":1,"nc":"A"})",
+     R"(:2:1: error: $: an element has "nc" or "ppCommand", not both)"},
+    {R"( {"nc":"A","ppCommand":1})",
+     R"(:2:2: error: $: an element has "nc" or "ppCommand", not both)"},
+    {R"({"ppCommand":1,"sequence":1})",
+     R"(:2:1: error: $: a PP command has a sequence of its own; leave out "sequence")"},
+    {R"({"ppCommand":0})",
+     ":2:14: error: $.ppCommand: a whole number from 1 to 2147483647 is expected, found 0"},
+    {R"({"ppCommand":"NC_GOTO"})",
+     ":2:14: error: $.ppCommand: a whole number from 1 to 2147483647 is expected, "
+     "found \"NC_GOTO\""},
+    {R"({"ppCommand":1,"ppCommand":1})", ":2:16: error: $.ppCommand: the key stands here twice"},
+};
+INSTANTIATE_TEST_SUITE_P(Commands, RefusedLine, testing::ValuesIn(kCommands));
 
 constexpr Refusal kValues[] = {
     {R"({"nc":7})", ":2:7: error: $.nc: a text is expected, found 7"},

@@ -19,6 +19,7 @@ TEST(JobReader, HeaderGivesWhatItStates) {
   const JobReading reading = readJob(
       R"({"designParameters":{"depth":-12.5,"_n2":3},"axisFormat":"%9.6f","pointFormat":"%.3f",)"
       R"("resource":{"name":"MILL 5","table":"mill.pptable"},"units":"inch","program":"PLATE",)"
+      R"("document":"part.ppdoc",)"
       "\"job\":1}\n{\"end\":true}\n");
   EXPECT_EQ(reading.error, "");
   const JobHeader& header = reading.header;
@@ -26,6 +27,7 @@ TEST(JobReader, HeaderGivesWhatItStates) {
   EXPECT_EQ(header.units, JobHeader::Units::Inch);
   EXPECT_EQ(header.resource, "MILL 5");
   EXPECT_EQ(header.table, "mill.pptable");
+  EXPECT_EQ(header.document, "part.ppdoc");
   EXPECT_EQ(header.pointFormat, "%.3f");
   EXPECT_EQ(header.axisFormat, "%9.6f");
   const std::vector<std::pair<std::string, double>> parameters{{"depth", -12.5}, {"_n2", 3.0}};
@@ -44,9 +46,17 @@ TEST(JobReader, ShortestHeaderLeavesTheRestEmpty) {
   EXPECT_TRUE(reading.events.empty());
 }
 
+TEST(JobReader, ElementOfAPPCommandHasItsPosition) {
+  const Element element = elementOf(R"({"points":[[1,2,3]],"ppCommand":7})");
+  EXPECT_EQ(element.ppCommand, 7);
+  EXPECT_EQ(element.instruction, "");
+  EXPECT_EQ(pointsOf(element), (Points{{1, 2, 3}}));
+}
+
 TEST(JobReader, ElementWithoutValuesChangesNothing) {
   const Element element = elementOf(R"({"nc":"NC_RAPID"})");
   EXPECT_EQ(element.instruction, "NC_RAPID");
+  EXPECT_EQ(element.ppCommand, 0);
   EXPECT_EQ(element.sequence, 1);
   EXPECT_EQ(element.line, 2);
   EXPECT_TRUE(element.positions.empty());

@@ -26,6 +26,10 @@ REFUSED = """
 {"nc":"A","axis":[0,0]}
 {"nc":"A","sequence":0}
 {"nc":"A","hole":1.5}
+{"nc":"A","ppCommand":1}
+{"ppCommand":1,"sequence":1}
+{"ppCommand":0}
+{"sequence":1}
 {"nc":"A","hole":2147483648}
 {"nc":"A","comment":"two\\nlines"}
 {"nc":"A","feedrate":{"type":"linear"}}

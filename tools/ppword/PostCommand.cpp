@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -54,7 +55,7 @@ void requireOther(const std::string& output, const std::string& input) {
 // The tool path of a run: a job or a listing.
 class Source {
  public:
-  Source(const PostOptions& options, host::Document& document) {
+  explicit Source(const PostOptions& options) {
     auto lines = std::make_unique<host::LineReader>(options.job);
     if (host::recogniseSource(*lines) == host::SourceKind::Listing) {
       listing_.emplace(std::move(lines), host::ListingOptions{options.units, options.rotary,
@@ -65,7 +66,11 @@ class Source {
       throw UsageError{"--units and --rotary are for listings; a job states its own"};
     }
     job_.emplace(std::move(lines));
-    setup_.emplace(job_->header(), document);
+  }
+
+  /// Sets the document up as the job's header says.
+  void setUp(host::Document& document) {
+    if (job_) setup_.emplace(job_->header(), document);
   }
 
   [[nodiscard]] host::ToolPathSource& events() {
@@ -109,10 +114,21 @@ class Output {
   std::optional<HeldOutput> held_;
 };
 
-KEPVar<host::Document> documentOf(const PostOptions& options) {
-  if (options.document.empty()) return host::newDocument();
-  KEPVar<host::Document> document = host::openDocument(options.document);
-  warnOfOldVersion(*document, options.document);
+// The document file of a run: that of the user, that of the job's header, or none.
+std::string documentFile(const PostOptions& options, const host::JobHeader* header) {
+  if (!options.document.empty() || header == nullptr || header->document.empty()) {
+    return options.document;
+  }
+  const auto folder = std::filesystem::path(options.job == "-" ? "" : options.job).parent_path();
+  return (folder / header->document).string();
+}
+
+KEPVar<host::Document> documentOf(const PostOptions& options, const host::JobHeader* header) {
+  const std::string file = documentFile(options, header);
+  if (file.empty()) return host::newDocument();
+  requireOther(options.output, file);
+  KEPVar<host::Document> document = host::openDocument(file);
+  warnOfOldVersion(*document, file);
   return document;
 }
 
@@ -129,11 +145,12 @@ void reportRun(const PostOptions& options, const PostReport& report, bool writte
 }
 
 ExitStatus generate(const PostOptions& options) {
-  const KEPVar<host::Document> document = documentOf(options);
+  Source source(options);
+  const KEPVar<host::Document> document = documentOf(options, source.header());
   LoadReport load;
   PostTable table;
   if (!options.table.empty()) loadGivenTable(*document, options.table, table);
-  Source source(options, *document);
+  source.setUp(*document);
   if (source.header() != nullptr) loadNamedTable(document, *source.header(), table);
   requireOther(options.output, table.path);
   Output output(options);
@@ -169,7 +186,6 @@ ExitStatus postJob(const PostOptions& options) {
   try {
     requireOther(options.output, options.job);
     requireOther(options.output, options.table);
-    requireOther(options.output, options.document);
     return generate(options);
   } catch (const UsageError& error) {
     writeMessage("ppword post: " + error.message + "\nTry 'ppword post --help'.\n");
