@@ -55,8 +55,8 @@ struct BufferChanges {
   std::optional<RotateChange> rotate;
 };
 
-/// One tool-path element: an NC instruction, or a PP command of the document, and the buffer values that change for it. With
-/// positions the instruction is put out once for each of them, without any it is put out once.
+/// One tool-path element: an NC instruction, or a PP command of the document, and the buffer values
+/// that change for it. With positions it is put out once for each of them, without any once.
 struct Element {
   std::string instruction;
   /// The position, from 1, of the PP command that stands in place of the instruction and its

@@ -1,5 +1,5 @@
-// Opening and saving a document with many PP commands, against a loop written by hand that reads all
-// rows of the file.
+// Opening and saving a document with many PP commands, against a loop written by hand that reads
+// all rows of the file.
 
 #include <benchmark/benchmark.h>
 #include <sqlite3.h>
@@ -59,9 +59,9 @@ void readRows(benchmark::State& state) {
     sqlite3* connection = nullptr;
     if (sqlite3_open(file.path().c_str(), &connection) != SQLITE_OK) state.SkipWithError("no file");
     long length = 0;
-    for (const char* query : {"SELECT * FROM feature ORDER BY id",
-                              "SELECT * FROM attribute ORDER BY feature,position",
-                              "SELECT * FROM text ORDER BY feature,attribute,position"}) {
+    for (const char* query :
+         {"SELECT * FROM feature ORDER BY id", "SELECT * FROM attribute ORDER BY feature,position",
+          "SELECT * FROM text ORDER BY feature,attribute,position"}) {
       sqlite3_stmt* rows = nullptr;
       sqlite3_prepare_v2(connection, query, -1, &rows, nullptr);
       while (sqlite3_step(rows) == SQLITE_ROW) {
