@@ -55,22 +55,23 @@ void requireOther(const std::string& output, const std::string& input) {
 // The tool path of a run: a job or a listing.
 class Source {
  public:
-  explicit Source(const PostOptions& options) {
-    auto lines = std::make_unique<host::LineReader>(options.job);
-    if (host::recogniseSource(*lines) == host::SourceKind::Listing) {
-      listing_.emplace(std::move(lines), host::ListingOptions{options.units, options.rotary,
-                                                              host::listingWords(document)});
-      return;
-    }
+  explicit Source(const PostOptions& options)
+      : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
+    if (host::recogniseSource(*lines_) == host::SourceKind::Listing) return;
     if (options.units || options.rotary) {
       throw UsageError{"--units and --rotary are for listings; a job states its own"};
     }
-    job_.emplace(std::move(lines));
+    job_.emplace(std::move(lines_));
   }
 
-  /// Sets the document up as the job's header says.
+  /// Reads a listing for the document's words; sets the document up as a job's header says.
   void setUp(host::Document& document) {
-    if (job_) setup_.emplace(job_->header(), document);
+    if (job_) {
+      setup_.emplace(job_->header(), document);
+    } else {
+      listing_.emplace(std::move(lines_), host::ListingOptions{options_.units, options_.rotary,
+                                                               host::listingWords(document)});
+    }
   }
 
   [[nodiscard]] host::ToolPathSource& events() {
@@ -84,6 +85,8 @@ class Source {
   }
 
  private:
+  const PostOptions& options_;
+  std::unique_ptr<host::LineReader> lines_;
   std::optional<host::ListingReader> listing_;
   std::optional<host::JobReader> job_;
   std::optional<host::JobSetup> setup_;
