@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
+#include "Manufacturing/KEPMfgModelUtilities.h"
 #include "host/manufacturing/Activity.h"
 #include "host/manufacturing/GeneratorData.h"
 #include "host/system/Session.h"
@@ -41,6 +42,64 @@ TEST(Generator, ToolAxisHoldsUntilItChanges) {
                        "GOTO/    4.00000,    5.00000,    6.00000, 0.600000, 0.000000, 0.800000",
                        "GOTO/    7.00000,    8.00000,    9.00000, 0.600000, 0.000000, 0.800000"};
   EXPECT_EQ(posting.lines, expected);
+}
+
+/// The activity that a document is generating.
+KEPIMfgActivity_var currentActivity(const KEPVar<Document>& document) {
+  KEPIMfgActivity_var activity;
+  KEPMfgModelUtilities::GetCurrentActivity(document->ppWordContainer(), activity);
+  return activity;
+}
+
+TEST(Generator, ActivityAndItsObjectsDieWithTheNextOne) {
+  const KEPVar<Document> document = newDocument();
+  KeptLines sink;
+  Generator generator(document, "job", sink);
+  ActivityStart start;
+  start.name = "Groove.1";
+  start.tool.emplace();
+  start.assembly.emplace().insert.emplace();
+  generator.put(start);
+  const KEPIMfgActivity_var activity = currentActivity(document);
+  EXPECT_EQ(activity->GetName(), KEPUnicodeString("Groove.1"));
+  KEPBaseUnknown_var tool;
+  KEPBaseUnknown_var assembly;
+  EXPECT_EQ(activity->GetToolAndAssembly(tool, assembly), S_OK);
+  EXPECT_EQ(tool->GetReferenceCount(), 2);
+  start.name = "Groove.2";
+  generator.put(start);
+  EXPECT_EQ(currentActivity(document)->GetName(), KEPUnicodeString("Groove.2"));
+  EXPECT_EQ(activity->GetReferenceCount(), 1);
+}
+
+TEST(Generator, ActivityStatedAsVirtualStandsForTheRealOne) {
+  const KEPVar<Document> document = newDocument();
+  KeptLines sink;
+  Generator generator(document, "job", sink);
+  ActivityStart start;
+  start.name = "Turning.1";
+  start.kind = ActivityKind::Lathe;
+  start.isVirtual = true;
+  generator.put(start);
+  const KEPIMfgActivity_var activity = currentActivity(document);
+  EXPECT_FALSE(activity->IsAKindOf("MfgLatheOperation"));
+  const KEPIMfgVirtualActivity_var standIn = activity;
+  ASSERT_TRUE(standIn);
+  EXPECT_TRUE(standIn->GetRealActivity()->IsAKindOf("MfgLatheOperation"));
+}
+
+TEST(Generator, AngleFactorOfTheHeaderHoldsForItsJob) {
+  const InputFile file(
+      "{\"job\":1,\"program\":\"P\",\"units\":\"mm\",\"angleFactor\":57.5}\n{\"end\":true}\n");
+  const JobReader reader(std::make_unique<LineReader>(file.path()));
+  const KEPVar<Document> document = newDocument();
+  double factor = 1.0;
+  {
+    const JobSetup setup(reader.header(), *document);
+    KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData()->GetAngleFactor(factor);
+  }
+  EXPECT_EQ(factor, 57.5);
+  EXPECT_FALSE(KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData());
 }
 
 TEST(Generator, EachPositionHasAnOutputListOfItsOwn) {

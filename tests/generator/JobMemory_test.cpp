@@ -56,6 +56,14 @@ TEST(JobMemory, JobOfManyLinesStreamsInConstantMemory) {
   EXPECT_LT(growth(line, 20000), kBytesPerMebibyte / 8);
 }
 
+TEST(JobMemory, JobOfManyActivitiesStreamsInConstantMemory) {
+  const std::string line =
+      R"({"activity":"A","kind":"sequentialGroove","motions":[{"strategy":{"dwell":"time"}}],)"
+      R"("lathe":{"correctors":{"1":"P9"}},"tool":{"replay":{"9":[0,0,0]}},"assembly":{"insert":)"
+      R"({"type":"MfgGrooveInsert","leftNoseRadius":0.2}},"parameters":{"D":{"real":1}}})";
+  EXPECT_LT(growth(line, 20000), kBytesPerMebibyte / 8);
+}
+
 TEST(JobMemory, JobOfLongestLinesStreamsInConstantMemory) {
   std::string line = R"({"nc":"NC_GOTO","points":[[0,0,0])";
   while (line.size() < LineReader::kLongestLine - 20) line += ",[1,2,3]";

@@ -17,6 +17,11 @@ const std::string& sample() {
       R"({"activity":"Drilling.1","virtual":false,"parameters":{"MFG_TOTAL_DEPTH":{"real":25.0},)"
       R"("MFG_TL_NUMBER":{"integer":3},"MFG_TOOL_NAME":"T1 \u00d8 8,5"}})"
       "\n\n"
+      R"({"activity":"Groove.1","kind":"sequentialGroove","lathe":{"way":-1,"correctors":{"1":"P9"},)"
+      R"("defaultCorrector":1},"motions":[{"feedsAndSpeeds":{"spindleSpeed":"local"}},{}],"tool":)"
+      R"({"replay":{"9":[0,0,0]}},"assembly":{"kind":"lathe","radii":{"P3":0.2},"insert":)"
+      R"({"type":"MfgGrooveInsert"}},"strategy":{"dwell":"none"}})"
+      "\n"
       R"({"nc":"NC_GOTO","points":[[1,2,3],[-4.5e1,0.25,6,0,0,1]],"axis":[0,0.6,0.8]})"
       "\n"
       R"({"nc":"NC_CIRCLE1","circle":{"center":[1,2,3],"radius":5},"comment":"a \"b\"","hole":7})"
@@ -42,8 +47,8 @@ std::vector<std::string> describedEvents(const JobReading& reading) {
 TEST(JobMutation, SampleIsReadWhole) {
   const JobReading reading = readJob(sample());
   EXPECT_EQ(reading.error, "");
-  const std::vector<std::string> expected{"activity Drilling.1", "NC_GOTO 2", "NC_CIRCLE1 0",
-                                          "NC_FEEDRATE 0"};
+  const std::vector<std::string> expected{"activity Drilling.1", "activity Groove.1", "NC_GOTO 2",
+                                          "NC_CIRCLE1 0", "NC_FEEDRATE 0"};
   EXPECT_EQ(describedEvents(reading), expected);
 }
 
