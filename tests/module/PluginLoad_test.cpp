@@ -7,7 +7,6 @@
 #include "KEPIMfgBufferFeedrate.h"
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgPPWordContainer.h"
-#include "KEPIMfgPPWordFactory.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgInternalError.h"
 #include "System/KEPError.h"
@@ -146,10 +145,9 @@ TEST_F(Plugin, NullHandleErrorRaisedInTheModuleIsCaughtOutside) {
 }
 
 TEST_F(Plugin, NullHandleErrorIsCaughtAsItsBases) {
-  KEPIMfgPPCommand_var command;
-  const KEPIMfgPPWordFactory_var factory(words_);
-  EXPECT_THROW(factory->CreatePPCommand(command, "NC_GOTO", 1), KEPError);
-  EXPECT_THROW(factory->CreatePPCommand(command, "NC_GOTO", 1), std::exception);
+  KEPIMfgSyntaxEvaluation_var evaluation;
+  EXPECT_THROW(words_->GetSyntaxEvaluation(evaluation, "NC_NOWHERE#SEQMOTION#3"), KEPError);
+  EXPECT_THROW(words_->GetSyntaxEvaluation(evaluation, "NC_NOWHERE#SEQMOTION#3"), std::exception);
 }
 
 TEST_F(Plugin, ErrorMadeInTheModuleKeepsItsClassOutside) {
