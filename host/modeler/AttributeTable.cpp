@@ -14,7 +14,7 @@ const AttributeTable::Slot* AttributeTable::find(std::string_view name) const {
     return place == places_.end() ? nullptr : &slots_[place->second];
   }
   for (const Slot& slot : slots_) {
-    if (slot.name == name) return &slot;
+    if (isSameText(slot.name, name)) return &slot;
   }
   return nullptr;
 }

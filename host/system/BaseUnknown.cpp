@@ -12,12 +12,26 @@ void KEPBaseUnknown::Die() const noexcept {
   delete this;
 }
 
-KEPBaseUnknown* KEPBaseUnknown::AnswerFirst(const KEPMetaClass* interfaceClass) {
+KEPBaseUnknown* KEPBaseUnknown::AnswerElsewhere(const KEPMetaClass* interfaceClass) {
+  if (interfaceClass == nullptr) return nullptr;
+  if (known_.slots != nullptr) {
+    const Answers::Slot& slot = known_.PlaceOf(interfaceClass);
+    if (slot.object != nullptr) return slot.object;
+  }
   const bool isRoot = interfaceClass == KEPInterfaceId<KEPBaseUnknown>();
   KEPBaseUnknown* const object = isRoot ? this : Answer(interfaceClass);
   if (object == nullptr) return nullptr;
   known_.Enter({interfaceClass, object});
   return object;
+}
+
+KEPBaseUnknown::Answers::Slot& KEPBaseUnknown::Answers::PlaceOf(
+    const KEPMetaClass* interfaceClass) const noexcept {
+  unsigned place = interfaceClass->GetNumber() & mask;
+  while (slots[place].interfaceClass != interfaceClass && slots[place].object != nullptr) {
+    place = (place + 1) & mask;
+  }
+  return slots[place];
 }
 
 void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
@@ -28,10 +42,10 @@ void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
     mask = std::max(2 * size, kFirstSize) - 1;
     slots = std::make_unique<Slot[]>(std::size_t{mask} + 1);
     for (unsigned i = 0; i < size; ++i) {
-      if (old[i].object != nullptr) slots[PlaceOf(old[i].interfaceClass)] = old[i];
+      if (old[i].object != nullptr) PlaceOf(old[i].interfaceClass) = old[i];
     }
   }
-  slots[PlaceOf(answer.interfaceClass)] = answer;
+  PlaceOf(answer.interfaceClass) = answer;
 }
 
 KEPBaseUnknown* KEPBaseUnknown::Answer(const KEPMetaClass* /*interfaceClass*/) { return nullptr; }

@@ -42,6 +42,24 @@ struct TextHash {
   }
 };
 
+/// True for equal texts. Names are short: no call for up to 16 bytes.
+[[nodiscard]] inline bool isSameText(std::string_view left, std::string_view right) noexcept {
+  const std::size_t size = left.size();
+  if (size != right.size()) return false;
+  const auto differ = [&]<class Word>(Word first, Word last) {
+    Word other[2];
+    std::memcpy(&first, left.data(), sizeof first);
+    std::memcpy(&last, left.data() + size - sizeof last, sizeof last);
+    std::memcpy(&other[0], right.data(), sizeof first);
+    std::memcpy(&other[1], right.data() + size - sizeof last, sizeof last);
+    return ((first ^ other[0]) | (last ^ other[1])) != 0;
+  };
+  // The two words overlap unless the text is as long as both.
+  if (size >= 8 && size <= 16) return !differ(std::uint64_t{}, std::uint64_t{});
+  if (size >= 4 && size < 8) return !differ(std::uint32_t{}, std::uint32_t{});
+  return left == right;
+}
+
 template <class Value>
 using TextMap = std::unordered_map<std::string, Value, TextHash, std::equal_to<>>;
 

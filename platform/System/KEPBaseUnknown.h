@@ -41,11 +41,11 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// As QueryInterface, but not counted: valid as long as somebody holds the component.
   [[nodiscard]] KEPBaseUnknown* FindInterface(const KEPMetaClass* interfaceClass) const {
     const Answers& known = impl_->known_;
-    if (known.slots != nullptr && interfaceClass != nullptr) {
-      const Answers::Slot& slot = known.slots[known.PlaceOf(interfaceClass)];
+    if (interfaceClass != nullptr && known.slots != nullptr) {
+      const Answers::Slot& slot = known.slots[interfaceClass->GetNumber() & known.mask];
       if (slot.interfaceClass == interfaceClass) return slot.object;
     }
-    return impl_->AnswerFirst(interfaceClass);
+    return impl_->AnswerElsewhere(interfaceClass);
   }
 
   /// True when the component's late type, or one of its base types, has this name.
@@ -67,14 +67,7 @@ class KEP_PLATFORM KEPBaseUnknown {
     };
 
     /// Where an interface stands in the table, or the empty slot where it would be entered.
-    [[nodiscard]] std::size_t PlaceOf(const KEPMetaClass* interfaceClass) const noexcept {
-      unsigned place = interfaceClass->GetNumber() & mask;
-      while (slots[place].interfaceClass != interfaceClass &&
-             slots[place].interfaceClass != nullptr) {
-        place = (place + 1) & mask;
-      }
-      return place;
-    }
+    [[nodiscard]] Slot& PlaceOf(const KEPMetaClass* interfaceClass) const noexcept;
     void Enter(const Slot& answer);
 
     std::unique_ptr<Slot[]> slots;
@@ -86,8 +79,8 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// Asked of implementations only, for an interface not answered yet: its object, not counted, or
   /// null.
   [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
-  /// As FindInterface; keeps the answer.
-  [[nodiscard]] KEPBaseUnknown* AnswerFirst(const KEPMetaClass* interfaceClass);
+  /// As FindInterface, for an interface that does not stand in its first place; keeps the answer.
+  [[nodiscard]] KEPBaseUnknown* AnswerElsewhere(const KEPMetaClass* interfaceClass);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
   /// Ends the component: the last reference is gone.
   void Die() const noexcept;
