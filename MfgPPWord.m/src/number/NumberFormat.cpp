@@ -77,11 +77,13 @@ std::optional<PlainFixed> plainFixed(std::string_view format) {
 /// its digits need the general way.
 bool printPlainFixed(PlainFixed format, double value, std::string& text) {
   std::array<char, 128> room;
+  // All of it at once: the size is known, that of the padding is not.
+  room.fill(' ');
   char* const end = room.data() + room.size();
   char* first = writeExactFixed(std::fabs(value), format.places, end);
   if (first == nullptr) return false;
   if (std::signbit(value)) *--first = '-';
-  for (char* const start = end - format.width; first > start;) *--first = ' ';
+  first = std::min(first, end - format.width);
   text.clear();
   text.append(first, static_cast<std::size_t>(end - first));
   return true;

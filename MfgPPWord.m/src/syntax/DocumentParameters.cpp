@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "KEPIMfgPPWordContainer.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
@@ -51,12 +50,9 @@ bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
 
 }  // namespace
 
-DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature)
-    : feature_(feature), container_(feature->GetContainer()) {}
-
-bool DocumentParameters::isPPWordContainer() const {
-  return KEPBorrow<KEPIMfgPPWordContainer>(container_.Get()) != nullptr;
-}
+DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
+                                       const KEPIMfgPPWordContainer_var& container)
+    : feature_(feature), container_(container) {}
 
 void DocumentParameters::appendText(std::string_view name, std::string& out) {
   const std::size_t start = out.size();

@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
@@ -15,10 +16,9 @@ namespace ppword {
 /// Everything is looked up afresh for each reference.
 class DocumentParameters final : public ParameterSource {
  public:
-  explicit DocumentParameters(const KEPISpecObject_var& feature);
-
-  /// False when the feature's container is no PP word container: nothing can be looked up then.
-  [[nodiscard]] bool isPPWordContainer() const;
+  /// `container`: the PP word container that holds the feature.
+  DocumentParameters(const KEPISpecObject_var& feature,
+                     const KEPIMfgPPWordContainer_var& container);
 
   void appendText(std::string_view name, std::string& out) override;
   [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view name) override;

@@ -23,8 +23,10 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   const auto feature = KEPISpecObject_var::Of(GetImpl());
   Outcome outcome = Outcome::NoSyntax;
   if (feature) {
-    tellSequentialMotion(feature);
-    outcome = appendLines(feature, index, lines);
+    KEPIMfgPPWordContainer_var container;
+    KEPMfgModelUtilities::GetPPWordContainer(feature, container);
+    tellSequentialMotion(container);
+    outcome = appendLines(feature, container, index, lines);
   }
   if (outcome == Outcome::Failed) return false;
   setContinuationMarks(lines);
@@ -32,22 +34,23 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   return outcome == Outcome::AllLines;
 }
 
-void KEPMfgSyntaxEvaluation::tellSequentialMotion(const KEPISpecObject_var& feature) const {
-  KEPIMfgPPWordContainer_var container;
-  KEPMfgModelUtilities::GetPPWordContainer(feature, container);
+void KEPMfgSyntaxEvaluation::tellSequentialMotion(
+    const KEPIMfgPPWordContainer_var& container) const {
   auto* const buffer = KEPBorrow<KEPIMfgBufferSeqMotionNumber>(container.Get());
   if (buffer != nullptr) buffer->SetNumber(seqMotionNumber_);
 }
 
 KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
-    const KEPISpecObject_var& feature, int index, KEPListValKEPUnicodeString& lines) {
-  if (feature->GetNumberOfAttributes() == 0) return Outcome::NoSyntax;
+    const KEPISpecObject_var& feature, const KEPIMfgPPWordContainer_var& container, int index,
+    KEPListValKEPUnicodeString& lines) {
   const auto syntax = syntaxAttribute(feature, index);
-  if (!syntax) return Outcome::Failed;
+  if (!syntax) {
+    return feature->GetNumberOfAttributes() == 0 ? Outcome::NoSyntax : Outcome::Failed;
+  }
   if (!syntax->IsAList()) return Outcome::NoSyntax;
   const int count = syntax->GetTexts().Size();
-  DocumentParameters parameters(feature);
-  if (count > 0 && !parameters.isPPWordContainer()) return Outcome::Failed;
+  if (count > 0 && !container) return Outcome::Failed;
+  DocumentParameters parameters(feature, container);
   // Taken out for the call: an evaluation may instantiate this very syntax again.
   auto room = room_ ? std::move(room_) : std::make_unique<LineRoom>();
   for (int i = 1; i <= count; ++i) {

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "KEPIMfgPPWordContainer.h"
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "src/registration/Registered.h"
@@ -22,8 +23,9 @@ class KEPMfgSyntaxEvaluation final
   /// What became of the lines of a syntax attribute.
   enum class Outcome { AllLines, NoSyntax, Failed };
 
-  void tellSequentialMotion(const KEPISpecObject_var& feature) const;
-  [[nodiscard]] Outcome appendLines(const KEPISpecObject_var& feature, int index,
+  void tellSequentialMotion(const KEPIMfgPPWordContainer_var& container) const;
+  [[nodiscard]] Outcome appendLines(const KEPISpecObject_var& feature,
+                                    const KEPIMfgPPWordContainer_var& container, int index,
                                     KEPListValKEPUnicodeString& lines);
 
   int auxNumber_ = -1;

@@ -16,13 +16,16 @@ namespace {
 /// What opens a reference, and what the passes for it are called.
 struct Prefix {
   std::string_view text;
+  /// A line without any of these has nothing for the passes.
+  CharacterSet marks;
   std::string_view groups;
   std::string_view references;
 };
 
-constexpr Prefix kPrefixes[] = {{kWordPrefix, "groups &", "references &"},
-                                {kExpressionPrefix, "groups %(", "references %("},
-                                {kNumberPrefix, "groups %", "references %"}};
+constexpr Prefix kPrefixes[] = {
+    {kWordPrefix, CharacterSet("(&"), "groups &", "references &"},
+    {kExpressionPrefix, CharacterSet("("), "groups %(", "references %("},
+    {kNumberPrefix, CharacterSet("(%"), "groups %", "references %"}};
 
 /// Read when the first line is processed and kept for the process.
 bool cleansParentheses() {
@@ -49,9 +52,10 @@ bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordLi
   maskSigns(line, signs);
   tell("mask signs");
   for (const Prefix& prefix : kPrefixes) {
-    computeGroups(line, prefix.text, parameters, listener);
+    const bool isIdle = !line.holdsAny(prefix.marks);
+    if (!isIdle) computeGroups(line, prefix.text, parameters, listener);
     tell(prefix.groups);
-    substitute(line, prefix.text, parameters);
+    if (!isIdle) substitute(line, prefix.text, parameters);
     tell(prefix.references);
   }
   if (!restoreSigns(line, signs, listener)) return false;

@@ -12,6 +12,9 @@ constexpr std::size_t kNone = std::string_view::npos;
 /// What ends a name without ending the reference.
 constexpr CharacterSet kTrimmed(")$");
 
+/// What ends a name in a line without the preferred terminator.
+constexpr std::string_view kOtherEnds = " \n\"";
+
 /// A reference as it stands in the line: its name, what was lost behind the name, and the place of
 /// the character that ends it; the size of the line when none does.
 struct Reference {
@@ -28,9 +31,6 @@ std::size_t withoutLastCharacter(std::string_view text) {
   return size;
 }
 
-/// True for what ends a name in a line without the preferred terminator.
-bool endsName(char character) { return character == ' ' || character == '\n' || character == '"'; }
-
 /// Position of the first `prefix` from `from` on. The prefix is looked for by its last character: a
 /// line that has none of it costs one scan.
 std::size_t findPrefix(std::string_view line, std::string_view prefix, std::size_t from) {
@@ -44,7 +44,10 @@ std::size_t findPrefix(std::string_view line, std::string_view prefix, std::size
 /// does not come any more it is not looked for again: a line costs its length.
 class ReferenceScanner {
  public:
-  ReferenceScanner(std::string_view line, char preferred) : line_(line), preferred_(preferred) {}
+  ReferenceScanner(PassedLine& line, char preferred)
+      : line_(line.text()),
+        preferred_(preferred),
+        hasOthers_(line.holdsAny(CharacterSet(kOtherEnds))) {}
 
   /// The reference whose prefix stands at `start`. Its name starts one character behind: the name
   /// of an expression begins with "(".
@@ -54,8 +57,8 @@ class ReferenceScanner {
     std::size_t end = hasPreferred_ ? line_.find(preferred_, begin) : kNone;
     hasPreferred_ = end != kNone;
     if (hasPreferred_) return {line_.substr(begin, end - begin), {}, end};
-    end = begin;
-    while (end < line_.size() && !endsName(line_[end])) ++end;
+    end = hasOthers_ ? line_.find_first_of(kOtherEnds, begin) : kNone;
+    if (end == kNone) end = line_.size();
     const std::string_view name = line_.substr(begin, end - begin);
     if (end == line_.size() || line_[end] != '\n') return {name, {}, end};
     // deliberate: the character before a line feed is lost.
@@ -67,6 +70,7 @@ class ReferenceScanner {
   std::string_view line_;
   char preferred_;
   bool hasPreferred_ = true;
+  bool hasOthers_;
 };
 
 /// Cuts a name at its first `mark` and gives what was cut off.
@@ -91,14 +95,12 @@ std::size_t trimName(std::string_view& name, std::string_view prefix, ParameterS
 }  // namespace
 
 void substitute(PassedLine& line, std::string_view prefix, ParameterSource& parameters) {
-  // An expression shows by its "(": nearly every line has a "%".
-  if (!line.holdsAny(CharacterSet(prefix.substr(prefix.size() - 1)))) return;
   const std::string_view text = line.text();
   std::size_t start = findPrefix(text, prefix, 0);
   if (start == kNone) return;
   const bool isExpression = prefix == kExpressionPrefix;
   const bool isTrimmed = !isExpression && line.holdsAny(kTrimmed);
-  ReferenceScanner scanner(text, isExpression ? ')' : ',');
+  ReferenceScanner scanner(line, isExpression ? ')' : ',');
   std::string& out = line.draft();
   std::size_t from = 0;
   for (; start != kNone; start = findPrefix(text, prefix, from)) {
