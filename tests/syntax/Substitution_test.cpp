@@ -17,9 +17,9 @@ class MapParameters final : public ParameterSource {
   MapParameters(Texts texts, std::string_view unevaluated)
       : texts_(std::move(texts)), unevaluated_(unevaluated) {}
 
-  void appendText(std::string_view name, std::string& out) override {
+  void appendText(std::string_view name, LineWriter& out) override {
     const auto found = texts_.find(name);
-    out += found == texts_.end() ? unevaluated_ : found->second;
+    out.append(found == texts_.end() ? unevaluated_ : found->second);
   }
   [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view) override {
     return std::nullopt;

@@ -21,7 +21,7 @@ std::string_view unevaluatedText() {
   return text.View();
 }
 
-bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, std::string& out) {
+bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, LineWriter& out) {
   KEPString text;
   if (!evaluation.Evaluate(text)) return false;
   out.append(text.View());
@@ -38,7 +38,7 @@ std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
 
 bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
                     const KEPISpecObject_var& type, KEPMfgPPWordListener* listener,
-                    std::string& out) {
+                    LineWriter& out) {
   const auto value = parameterValue(feature, name);
   if (!value) return false;
   const auto format = type ? formatOf(type) : std::nullopt;
@@ -52,10 +52,10 @@ bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
 
 DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
                                        const KEPIMfgPPWordContainer_var& container)
-    : feature_(feature), container_(container) {}
+    : feature_(feature), container_(KEPBorrow<KEPIContainer>(container.Get())) {}
 
-void DocumentParameters::appendText(std::string_view name, std::string& out) {
-  const std::size_t start = out.size();
+void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
+  const std::size_t start = out.text().size();
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   // Held by its type.
   auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
@@ -70,8 +70,7 @@ void DocumentParameters::appendText(std::string_view name, std::string& out) {
                         : evaluation != nullptr ? Source::Evaluation
                         : type                  ? Source::FormattedParameter
                                                 : Source::Parameter;
-  listener_->ReferenceReplaced(withEscapedPercents(name), source,
-                               std::string_view(out).substr(start));
+  listener_->ReferenceReplaced(withEscapedPercents(name), source, out.text().substr(start));
 }
 
 std::optional<KEPMfgParameterValue> DocumentParameters::typedValue(std::string_view name) {

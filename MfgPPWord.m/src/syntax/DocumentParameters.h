@@ -16,11 +16,11 @@ namespace ppword {
 /// Everything is looked up afresh for each reference.
 class DocumentParameters final : public ParameterSource {
  public:
-  /// `container`: the PP word container that holds the feature.
+  /// `container`: the PP word container that holds the feature. Both handles outlive this object.
   DocumentParameters(const KEPISpecObject_var& feature,
                      const KEPIMfgPPWordContainer_var& container);
 
-  void appendText(std::string_view name, std::string& out) override;
+  void appendText(std::string_view name, LineWriter& out) override;
   [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view name) override;
   void textDropped(std::string_view name, std::string_view text) override;
 
@@ -28,8 +28,9 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:
-  KEPISpecObject_var feature_;
-  KEPIContainer_var container_;
+  // Not counted again for every line.
+  const KEPISpecObject_var& feature_;
+  KEPIContainer* container_;
   KEPMfgPPWordListener* listener_ = KEPMfgPPWordListener::Current();
 };
 

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
+#include "src/syntax/LineWriter.h"
 
 namespace ppword {
 
@@ -18,7 +18,7 @@ class ParameterSource {
 
   /// Appends to `out` the text of the parameter called `name`, or what stands in the place of one
   /// that cannot be evaluated.
-  virtual void appendText(std::string_view name, std::string& out) = 0;
+  virtual void appendText(std::string_view name, LineWriter& out) = 0;
 
   /// The value of the parameter called `name` before any format; nothing when nobody knows it.
   [[nodiscard]] virtual std::optional<KEPMfgParameterValue> typedValue(std::string_view name) = 0;

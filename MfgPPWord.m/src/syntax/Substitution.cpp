@@ -15,33 +15,27 @@ constexpr CharacterSet kTrimmed(")$");
 /// What ends a name in a line without the preferred terminator.
 constexpr std::string_view kOtherEnds = " \n\"";
 
-/// A reference as it stands in the line: its name, what was lost behind the name, and the place of
-/// the character that ends it; the size of the line when none does.
-struct Reference {
-  std::string_view name;
-  std::string_view lost;
-  std::size_t end;
-};
-
-/// Size of the text without its last character.
-std::size_t withoutLastCharacter(std::string_view text) {
-  std::size_t size = text.size();
-  while (size > 0 && !KEPUnicodeString::StartsCharacter(text[--size])) {
+/// Takes the last character off a name; an empty name has none.
+void dropLastCharacter(std::string_view& name, ParameterSource& parameters) {
+  if (name.empty()) return;
+  std::size_t kept = name.size();
+  while (kept > 0 && !KEPUnicodeString::StartsCharacter(name[--kept])) {
   }
-  return size;
+  parameters.textDropped(name.substr(0, kept), name.substr(kept));
+  name = name.substr(0, kept);
 }
 
 /// Position of the first `prefix` from `from` on. The prefix is looked for by its last character: a
 /// line that has none of it costs one scan.
-std::size_t findPrefix(std::string_view line, std::string_view prefix, std::size_t from) {
+inline std::size_t findPrefix(std::string_view line, std::string_view prefix, std::size_t from) {
   const std::size_t before = prefix.size() - 1;
   std::size_t at = line.find(prefix.back(), from + before);
   while (at != kNone && line[at - before] != prefix.front()) at = line.find(prefix.back(), at + 1);
   return at == kNone ? kNone : at - before;
 }
 
-/// Finds the names of the references of one line, from left to right. Once the preferred terminator
-/// does not come any more it is not looked for again: a line costs its length.
+/// Finds where the names of the references of one line end, from left to right. Once the preferred
+/// terminator does not come any more it is not looked for again: a line costs its length.
 class ReferenceScanner {
  public:
   ReferenceScanner(PassedLine& line, char preferred)
@@ -49,21 +43,15 @@ class ReferenceScanner {
         preferred_(preferred),
         hasOthers_(line.holdsAny(CharacterSet(kOtherEnds))) {}
 
-  /// The reference whose prefix stands at `start`. Its name starts one character behind: the name
-  /// of an expression begins with "(".
-  [[nodiscard]] Reference at(std::size_t start) {
-    const std::size_t begin = start + 1;
+  /// The place of the character that ends the name beginning at `begin`; the size of the line when
+  /// none does.
+  [[nodiscard]] std::size_t endOf(std::size_t begin) {
     // deliberate: the preferred terminator wins over a nearer blank.
-    std::size_t end = hasPreferred_ ? line_.find(preferred_, begin) : kNone;
+    const std::size_t end = hasPreferred_ ? line_.find(preferred_, begin) : kNone;
     hasPreferred_ = end != kNone;
-    if (hasPreferred_) return {line_.substr(begin, end - begin), {}, end};
-    end = hasOthers_ ? line_.find_first_of(kOtherEnds, begin) : kNone;
-    if (end == kNone) end = line_.size();
-    const std::string_view name = line_.substr(begin, end - begin);
-    if (end == line_.size() || line_[end] != '\n') return {name, {}, end};
-    // deliberate: the character before a line feed is lost.
-    const std::size_t kept = withoutLastCharacter(name);
-    return {name.substr(0, kept), name.substr(kept), end};
+    if (hasPreferred_) return end;
+    return hasOthers_ ? std::min(line_.find_first_of(kOtherEnds, begin), line_.size())
+                      : line_.size();
   }
 
  private:
@@ -101,12 +89,16 @@ void substitute(PassedLine& line, std::string_view prefix, ParameterSource& para
   const bool isExpression = prefix == kExpressionPrefix;
   const bool isTrimmed = !isExpression && line.holdsAny(kTrimmed);
   ReferenceScanner scanner(line, isExpression ? ')' : ',');
-  std::string& out = line.draft();
+  LineWriter out(line.draft());
   std::size_t from = 0;
   for (; start != kNone; start = findPrefix(text, prefix, from)) {
-    out.append(text, from, start - from);
-    auto [name, lost, end] = scanner.at(start);
-    if (!lost.empty()) parameters.textDropped(name, lost);
+    out.append(text.substr(from, start - from));
+    // The name of an expression begins with "(".
+    const std::size_t begin = start + 1;
+    const std::size_t end = scanner.endOf(begin);
+    std::string_view name = text.substr(begin, end - begin);
+    // deliberate: the character before a line feed is lost.
+    if (end < text.size() && text[end] == '\n') dropLastCharacter(name, parameters);
     const std::size_t parentheses = isTrimmed ? trimName(name, prefix, parameters) : 0;
     parameters.appendText(name, out);
     if (parentheses > 0) out.append(parentheses, ')');
@@ -114,7 +106,8 @@ void substitute(PassedLine& line, std::string_view prefix, ParameterSource& para
     // The other terminators stay in the line.
     if (from < text.size() && text[from] == ')') ++from;
   }
-  out.append(text, from);
+  out.append(text.substr(from));
+  out.finish();
   line.accept();
 }
 
