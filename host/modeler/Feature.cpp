@@ -75,8 +75,10 @@ Slot* Feature::writableSlot(std::string_view name) {
 }
 
 KEPISpecAttribute Feature::view(const Slot& declaration, bool isOwn) const {
-  const bool isValue = isOwn && declaration.set;
-  const Slot* const value = isValue ? &declaration : nearestSlot(declaration.name, /*set=*/true);
+  if (isOwn && declaration.set) {
+    return {declaration.name, declaration.kind, &declaration.texts, declaration.integer};
+  }
+  const Slot* const value = nearestSlot(declaration.name, /*set=*/true);
   // A base type may declare the name later with another kind.
   if (value == nullptr || value->kind != declaration.kind) {
     return {declaration.name, declaration.kind, nullptr, 0};

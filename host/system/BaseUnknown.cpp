@@ -13,11 +13,8 @@ void KEPBaseUnknown::Die() const noexcept {
 }
 
 KEPBaseUnknown* KEPBaseUnknown::AnswerElsewhere(const KEPMetaClass* interfaceClass) {
-  if (interfaceClass == nullptr) return nullptr;
-  if (known_.slots != nullptr) {
-    const Answers::Slot& slot = known_.PlaceOf(interfaceClass);
-    if (slot.object != nullptr) return slot.object;
-  }
+  const Answers::Slot& slot = known_.slots[known_.PlaceOf(interfaceClass)];
+  if (slot.object != nullptr) return slot.object;
   const bool isRoot = interfaceClass == KEPInterfaceId<KEPBaseUnknown>();
   KEPBaseUnknown* const object = isRoot ? this : Answer(interfaceClass);
   if (object == nullptr) return nullptr;
@@ -25,27 +22,27 @@ KEPBaseUnknown* KEPBaseUnknown::AnswerElsewhere(const KEPMetaClass* interfaceCla
   return object;
 }
 
-KEPBaseUnknown::Answers::Slot& KEPBaseUnknown::Answers::PlaceOf(
-    const KEPMetaClass* interfaceClass) const noexcept {
+unsigned KEPBaseUnknown::Answers::PlaceOf(const KEPMetaClass* interfaceClass) const noexcept {
   unsigned place = interfaceClass->GetNumber() & mask;
   while (slots[place].interfaceClass != interfaceClass && slots[place].object != nullptr) {
     place = (place + 1) & mask;
   }
-  return slots[place];
+  return place;
 }
 
 void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
   constexpr unsigned kFirstSize = 8;
-  const unsigned size = slots == nullptr ? 0 : mask + 1;
+  const unsigned size = room == nullptr ? 0 : mask + 1;
   if (2 * ++count > size) {
-    const auto old = std::exchange(slots, nullptr);
+    const auto old = std::exchange(room, nullptr);
     mask = std::max(2 * size, kFirstSize) - 1;
-    slots = std::make_unique<Slot[]>(std::size_t{mask} + 1);
+    room = std::make_unique<Slot[]>(std::size_t{mask} + 1);
+    slots = room.get();
     for (unsigned i = 0; i < size; ++i) {
-      if (old[i].object != nullptr) PlaceOf(old[i].interfaceClass) = old[i];
+      if (old[i].object != nullptr) room[PlaceOf(old[i].interfaceClass)] = old[i];
     }
   }
-  PlaceOf(answer.interfaceClass) = answer;
+  room[PlaceOf(answer.interfaceClass)] = answer;
 }
 
 KEPBaseUnknown* KEPBaseUnknown::Answer(const KEPMetaClass* /*interfaceClass*/) { return nullptr; }

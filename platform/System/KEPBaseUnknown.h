@@ -41,11 +41,10 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// As QueryInterface, but not counted: valid as long as somebody holds the component.
   [[nodiscard]] KEPBaseUnknown* FindInterface(const KEPMetaClass* interfaceClass) const {
     const Answers& known = impl_->known_;
-    if (interfaceClass != nullptr && known.slots != nullptr) {
-      const Answers::Slot& slot = known.slots[interfaceClass->GetNumber() & known.mask];
-      if (slot.interfaceClass == interfaceClass) return slot.object;
-    }
-    return impl_->AnswerElsewhere(interfaceClass);
+    if (interfaceClass == nullptr) return nullptr;
+    const Answers::Slot& slot = known.slots[interfaceClass->GetNumber() & known.mask];
+    return slot.interfaceClass == interfaceClass ? slot.object
+                                                 : impl_->AnswerElsewhere(interfaceClass);
   }
 
   /// True when the component's late type, or one of its base types, has this name.
@@ -62,18 +61,21 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// flat hash table, at most half full.
   struct Answers {
     struct Slot {
-      const KEPMetaClass* interfaceClass = nullptr;
-      KEPBaseUnknown* object = nullptr;
+      const KEPMetaClass* interfaceClass;
+      KEPBaseUnknown* object;
     };
 
     /// Where an interface stands in the table, or the empty slot where it would be entered.
-    [[nodiscard]] Slot& PlaceOf(const KEPMetaClass* interfaceClass) const noexcept;
+    [[nodiscard]] unsigned PlaceOf(const KEPMetaClass* interfaceClass) const noexcept;
     void Enter(const Slot& answer);
 
-    std::unique_ptr<Slot[]> slots;
-    /// As many slots as a power of two, less one.
+    static inline const Slot kEmpty{nullptr, nullptr};
+
+    /// As many slots as a power of two; `mask` is one less.
+    const Slot* slots = &kEmpty;
     unsigned mask = 0;
     unsigned count = 0;
+    std::unique_ptr<Slot[]> room;
   };
 
   /// Asked of implementations only, for an interface not answered yet: its object, not counted, or

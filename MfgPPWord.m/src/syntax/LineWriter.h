@@ -16,7 +16,7 @@ class LineWriter {
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
 
-  void append(std::string_view piece) {
+  [[gnu::always_inline]] void append(std::string_view piece) {
     if (static_cast<std::size_t>(end_ - at_) < piece.size()) grow(piece.size());
     at_ = copied(piece.data(), piece.size(), at_);
   }
