@@ -31,9 +31,9 @@ unsigned KEPBaseUnknown::Answers::PlaceOf(const KEPMetaClass* interfaceClass) co
 }
 
 void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
-  constexpr unsigned kFirstSize = 8;
+  constexpr unsigned kFirstSize = 16;
   const unsigned size = room == nullptr ? 0 : mask + 1;
-  if (2 * ++count > size) {
+  if (4 * ++count > size) {
     const auto old = std::exchange(room, nullptr);
     mask = std::max(2 * size, kFirstSize) - 1;
     room = std::make_unique<Slot[]>(std::size_t{mask} + 1);

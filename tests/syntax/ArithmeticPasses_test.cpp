@@ -16,11 +16,10 @@ struct Case {
   const char* result;
 };
 
-PassedLine started(std::string_view text) {
-  PassedLine line;
-  line.start(text);
-  return line;
-}
+/// A line that was started with a text.
+struct Started : PassedLine {
+  explicit Started(std::string_view text) { start(text); }
+};
 
 std::string cleaned(std::string_view text) {
   PassedLine line;
@@ -102,7 +101,7 @@ TEST(RewriteDivisions, LineGivesResult) {
 }
 
 TEST(Signs, AreMaskedInOrderOfTheirKinds) {
-  PassedLine line = started("A-B,C+D*E+-F");
+  Started line("A-B,C+D*E+-F");
   SignRecords records{{9}, "?"};
   maskSigns(line, records);
   EXPECT_EQ(line.text(), "A,B,C,D,E,,F");
@@ -113,7 +112,7 @@ TEST(Signs, AreMaskedInOrderOfTheirKinds) {
 }
 
 TEST(Signs, OfTheLineBeforeAreForgotten) {
-  PassedLine line = started("GOTO/1");
+  Started line("GOTO/1");
   SignRecords records{{1}, "+"};
   maskSigns(line, records);
   EXPECT_TRUE(records.ordinals.empty());
@@ -121,7 +120,7 @@ TEST(Signs, OfTheLineBeforeAreForgotten) {
 }
 
 TEST(Signs, RecordsOfDifferentLengthFail) {
-  PassedLine line = started("A,B");
+  Started line("A,B");
   EXPECT_FALSE(restoreSigns(line, {{1}, ""}, nullptr));
   EXPECT_FALSE(restoreSigns(line, {{}, "+"}, nullptr));
   EXPECT_FALSE(restoreSigns(line, {{1}, "+-"}, nullptr));
@@ -129,13 +128,13 @@ TEST(Signs, RecordsOfDifferentLengthFail) {
 }
 
 TEST(Signs, SignWhoseCommaIsGoneIsLost) {
-  PassedLine line = started("A,B");
+  Started line("A,B");
   EXPECT_TRUE(restoreSigns(line, {{3, 1, 2}, "+*-"}, nullptr));
   EXPECT_EQ(line.text(), "A*B");
 }
 
 TEST(EvaluateLine, WithoutRecordsLineStays) {
-  PassedLine line = started("X/1+1- 2");
+  Started line("X/1+1- 2");
   evaluateLine(line, {}, nullptr);
   EXPECT_EQ(line.text(), "X/1+1- 2");
   evaluateLine(line, {{1}, "+"}, nullptr);
@@ -143,7 +142,7 @@ TEST(EvaluateLine, WithoutRecordsLineStays) {
 }
 
 TEST(EvaluateLine, BlanksBehindAMinusGoFromEveryEvaluatedLine) {
-  PassedLine line = started("-   1,A-  B,-  -2");
+  Started line("-   1,A-  B,-  -2");
   evaluateLine(line, {{1}, "+"}, nullptr);
   EXPECT_EQ(line.text(), "-1,A-B,--2");
 }
@@ -151,7 +150,7 @@ TEST(EvaluateLine, BlanksBehindAMinusGoFromEveryEvaluatedLine) {
 TEST(ArithmeticPasses, LongLinesCostTheirLength) {
   std::string sums = "X/1";
   for (int i = 0; i < 200000; ++i) sums += "+1-1*1";
-  PassedLine line = started(sums);
+  Started line(sums);
   SignRecords records;
   maskSigns(line, records);
   ASSERT_EQ(records.signs.size(), 600000U);

@@ -3,47 +3,47 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
-#include <string>
 #include <string_view>
+#include <vector>
 
 namespace ppword {
 
-/// Writes a line of many short pieces into a string. Between construction and `finish` the string
-/// is the writer's: its size says nothing.
+/// Writes a line of many short pieces into a room of its own, which is kept from line to line.
 class LineWriter {
  public:
-  explicit LineWriter(std::string& room) : room_(room) { widen(std::max(room.capacity(), kFirst)); }
+  LineWriter() = default;
   LineWriter(const LineWriter&) = delete;
   LineWriter& operator=(const LineWriter&) = delete;
 
+  /// Starts an empty line.
+  void clear() noexcept { at_ = room_.data(); }
+
   [[gnu::always_inline]] void append(std::string_view piece) {
-    if (static_cast<std::size_t>(end_ - at_) < piece.size()) grow(piece.size());
+    if (left() < piece.size()) grow(piece.size());
     at_ = copied(piece.data(), piece.size(), at_);
   }
   void append(std::size_t count, char character) {
-    if (static_cast<std::size_t>(end_ - at_) < count) grow(count);
+    if (left() < count) grow(count);
     at_ = std::fill_n(at_, count, character);
   }
 
   /// What was written so far; valid until more is.
   [[nodiscard]] std::string_view text() const noexcept { return {room_.data(), size()}; }
 
-  /// Leaves the string with exactly what was written.
-  void finish() { room_.resize(size()); }
-
  private:
-  static constexpr std::size_t kFirst = 120;
+  static constexpr std::size_t kFirst = 256;
 
   [[nodiscard]] std::size_t size() const noexcept {
     return static_cast<std::size_t>(at_ - room_.data());
   }
-  void widen(std::size_t wanted) {
-    const std::size_t written = at_ == nullptr ? 0 : size();
-    room_.resize(wanted);
-    at_ = room_.data() + written;
-    end_ = room_.data() + wanted;
+  [[nodiscard]] std::size_t left() const noexcept {
+    return static_cast<std::size_t>(room_.data() + room_.size() - at_);
   }
-  void grow(std::size_t more) { widen(2 * room_.size() + more); }
+  void grow(std::size_t more) {
+    const std::size_t written = size();
+    room_.resize(2 * room_.size() + more);
+    at_ = room_.data() + written;
+  }
 
   template <class Word>
   static void copyEnds(const char* from, std::size_t count, char* to) noexcept {
@@ -69,9 +69,8 @@ class LineWriter {
     return to + count;
   }
 
-  std::string& room_;
-  char* at_ = nullptr;
-  char* end_ = nullptr;
+  std::vector<char> room_ = std::vector<char>(kFirst);
+  char* at_ = room_.data();
 };
 
 }  // namespace ppword

@@ -4,12 +4,13 @@
 #include <string_view>
 
 #include "src/syntax/CharacterSet.h"
+#include "src/syntax/LineWriter.h"
 
 namespace ppword {
 
 /// A syntax line on its way through the passes. A pass reads `text()`, writes the changed line into
-/// `draft()` and accepts it; a pass that changes nothing costs no copy. The rooms behind it are
-/// kept from line to line.
+/// `draft()`, or piece by piece through `writer()`, and accepts it; a pass that changes nothing
+/// costs no copy. The rooms behind it are kept from line to line.
 class PassedLine {
  public:
   /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
@@ -39,6 +40,17 @@ class PassedLine {
     next_ = 1 - next_;
   }
 
+  /// A writer with an empty line; `text()` stays valid while it is written.
+  [[nodiscard]] LineWriter& writer() noexcept {
+    writers_[nextWriter_].clear();
+    return writers_[nextWriter_];
+  }
+  /// What was written becomes the text.
+  void acceptWritten() noexcept {
+    change(writers_[nextWriter_].text());
+    nextWriter_ = 1 - nextWriter_;
+  }
+
  private:
   void change(std::string_view text) noexcept {
     text_ = text;
@@ -51,6 +63,8 @@ class PassedLine {
   bool isScanned_ = false;
   std::string drafts_[2];
   int next_ = 0;
+  LineWriter writers_[2];
+  int nextWriter_ = 0;
 };
 
 }  // namespace ppword

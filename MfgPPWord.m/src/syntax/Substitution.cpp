@@ -89,7 +89,7 @@ void substitute(PassedLine& line, std::string_view prefix, ParameterSource& para
   const bool isExpression = prefix == kExpressionPrefix;
   const bool isTrimmed = !isExpression && line.holdsAny(kTrimmed);
   ReferenceScanner scanner(line, isExpression ? ')' : ',');
-  LineWriter out(line.draft());
+  LineWriter& out = line.writer();
   std::size_t from = 0;
   for (; start != kNone; start = findPrefix(text, prefix, from)) {
     out.append(text.substr(from, start - from));
@@ -107,8 +107,7 @@ void substitute(PassedLine& line, std::string_view prefix, ParameterSource& para
     if (from < text.size() && text[from] == ')') ++from;
   }
   out.append(text.substr(from));
-  out.finish();
-  line.accept();
+  line.acceptWritten();
 }
 
 }  // namespace ppword
