@@ -1,5 +1,6 @@
 #include "host/diagnostics/FormatProbe.h"
 
+#include "KEPIMfgBufferCircle.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
@@ -8,12 +9,20 @@ namespace host {
 
 FormatProbe::FormatProbe() : document_(newDocument()) {}
 
-bool FormatProbe::canPrint(std::string_view format) const {
+bool FormatProbe::showsNumbers(std::string_view format) const {
+  const auto zero = printed(0.0, format);
+  return zero && zero != printed(1.0, format);
+}
+
+std::optional<std::string> FormatProbe::printed(double number, std::string_view format) const {
+  const auto words = document_->ppWordContainer();
+  KEPIMfgBufferCircle_var(words)->SetRadius(number);
   KEPISpecObject_var parameter;
-  document_->ppWordContainer()->GetPPWord(parameter, "MFG_CIRCLE_RADIUS");
+  words->GetPPWord(parameter, "MFG_CIRCLE_RADIUS");
   KEPMfgAttributeUtilities::SetString(parameter, "Format", format);
   KEPString text;
-  return KEPIMfgParameterEvaluation_var(parameter)->Evaluate(text);
+  if (!KEPIMfgParameterEvaluation_var(parameter)->Evaluate(text)) return std::nullopt;
+  return std::string(text.View());
 }
 
 }  // namespace host

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "System/KEPPlatform.h"
@@ -8,14 +10,21 @@
 namespace host {
 
 /// Tells whether the module can print a number with a format, by asking it: a document of its own
-/// evaluates a point with that format. The module must be loaded.
+/// evaluates a radius with that format. The module must be loaded.
 class KEP_PLATFORM FormatProbe {
  public:
   FormatProbe();
 
-  [[nodiscard]] bool canPrint(std::string_view format) const;
+  [[nodiscard]] bool canPrint(std::string_view format) const {
+    return printed(0.0, format).has_value();
+  }
+  /// False also for a format that prints every number alike, one without a conversion.
+  [[nodiscard]] bool showsNumbers(std::string_view format) const;
 
  private:
+  /// Nothing when the format cannot print the number.
+  [[nodiscard]] std::optional<std::string> printed(double number, std::string_view format) const;
+
   KEPVar<Document> document_;
 };
 

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
+#include "host/diagnostics/Nearest.h"
 #include "host/generator/InputError.h"
 #include "host/manufacturing/Activity.h"
 #include "host/manufacturing/PPCommands.h"
@@ -17,6 +19,20 @@ namespace {
 std::string titleOf(const Element& element) {
   return element.ppCommand > 0 ? "PP command " + std::to_string(element.ppCommand)
                                : element.instruction;
+}
+
+/// What to add to a message about an NC instruction that a document does not have: the one that was
+/// perhaps meant.
+std::string suggestionFor(std::string_view instruction, const KEPIContainer& features) {
+  const std::string_view name = instruction.substr(0, instruction.find('#'));
+  std::vector<std::string_view> known;
+  const auto types = features.ListMembersHere(KEPInterfaceId<KEPISpecObject>());
+  for (const KEPISpecObject_var type : types) {
+    const KEPISpecObject_var base = type->GetBaseType();
+    if (base && base->GetName() == "MfgPPSyntax") known.push_back(type->GetName());
+  }
+  const std::string_view meant = nearest(name, known);
+  return meant.empty() ? "" : "; did you mean \"" + std::string(meant) + "\"?";
 }
 
 }  // namespace
@@ -124,7 +140,10 @@ KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
   } catch (const KEPErrorNullHandle&) {
     // How the container answers for a sequential motion of an instruction that it does not have.
   }
-  if (!evaluation) refuse(element, "is no NC instruction of this document");
+  if (!evaluation) {
+    refuse(element, "is no NC instruction of this document" +
+                        suggestionFor(element.instruction, *document_->features()));
+  }
   return evaluation;
 }
 

@@ -28,10 +28,12 @@ struct JobHeader {
   std::optional<double> angleFactor;
   std::vector<std::pair<std::string, double>> designParameters;
 
-  /// Where the header stands, and in it the table's name (0 without one).
+  /// Where the header stands, and in it the table's name and the formats (0 without one).
   std::string file;
   long line = 0;
   long tableColumn = 0;
+  long pointFormatColumn = 0;
+  long axisFormatColumn = 0;
 };
 
 }  // namespace host

@@ -37,6 +37,12 @@ void readTable(Value value, const Place& place, JobHeader& header) {
   header.table = readName(value, place);
 }
 
+template <auto kFormat, auto kColumn>
+void readFormat(Value value, const Place& place, JobHeader& header) {
+  header.*kColumn = place.column(value.raw_json_token().data());
+  header.*kFormat = readText(value, place);
+}
+
 constexpr std::array<Key<JobHeader>, 2> kResourceKeys{{
     {"name", intoName<&JobHeader::resource>, true},
     {"table", readTable},
@@ -75,8 +81,8 @@ constexpr std::array<Key<JobHeader>, 9> kHeaderKeys{{
     {"units", readUnits, true},
     {"resource", readResource},
     {"document", intoName<&JobHeader::document>},
-    {"pointFormat", into<&JobHeader::pointFormat>},
-    {"axisFormat", into<&JobHeader::axisFormat>},
+    {"pointFormat", readFormat<&JobHeader::pointFormat, &JobHeader::pointFormatColumn>},
+    {"axisFormat", readFormat<&JobHeader::axisFormat, &JobHeader::axisFormatColumn>},
     {"angleFactor", into<&JobHeader::angleFactor>},
     {"designParameters", into<&JobHeader::designParameters>},
 }};

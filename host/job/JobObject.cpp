@@ -9,8 +9,11 @@ namespace host::job {
 FieldName nameOf(simdjson::ondemand::field& field, const Place& place) {
   const char* const at = field.key().raw() - 1;
   std::string_view text;
-  if (field.unescaped_key().get(text) == simdjson::SUCCESS) return {text, at};
-  place.refuse(at, "the key holds an invalid escape");
+  if (field.unescaped_key().get(text) != simdjson::SUCCESS) {
+    place.refuse(at, "the key holds an invalid escape");
+  }
+  if (holdsControlCharacter(text)) place.refuse(at, "a key must not hold a control character");
+  return {text, at};
 }
 
 void refuseUnknown(const FieldName& name, const Place& place,

@@ -11,6 +11,7 @@ namespace host {
 /// the design parameters of the document, which stay.
 class KEP_PLATFORM JobSetup {
  public:
+  /// Raises the InputError of a format that shows no number. The module must be loaded.
   JobSetup(const JobHeader& header, Document& document);
   JobSetup(const JobSetup&) = delete;
   JobSetup& operator=(const JobSetup&) = delete;

@@ -55,7 +55,15 @@ void readInverted(Value value, const Place& place, ToolAssemblyValues& assembly)
 }
 
 void readInsert(Value value, const Place& place, ToolAssemblyValues& assembly) {
-  readFields<InsertValues>(value, place, kInsertKeys, assembly.insert.emplace());
+  const char* const at = value.raw_json_token().data();
+  InsertValues& insert = assembly.insert.emplace();
+  readFields<InsertValues>(value, place, kInsertKeys, insert);
+  const bool isGroove = insert.type == MfgGrooveInsert || insert.type == KEPEMfgGrooveInsert;
+  for (const auto& [name, radius] : insert.dimensions) {
+    if ((name != MfgNoseRadius) == isGroove) continue;
+    place.refuse(at, isGroove ? R"(a groove insert has "leftNoseRadius" and "rightNoseRadius")"
+                              : R"(an insert of this type has "noseRadius")");
+  }
 }
 
 void readReference(Value value, const Place& place, ToolAssemblyValues& assembly) {
@@ -65,6 +73,7 @@ void readReference(Value value, const Place& place, ToolAssemblyValues& assembly
 void readRadii(Value value, const Place& place, ToolAssemblyValues& assembly) {
   auto& radii = assembly.radii.emplace();
   readNamed(value, place, [&](const FieldName& name, Value radius, const Place& here) {
+    if (name.text.empty()) here.refuse(name.at, "a tool point needs a name");
     radii.emplace(name.text, readNumber(radius, here));
   });
 }

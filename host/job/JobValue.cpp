@@ -1,5 +1,6 @@
 #include "host/job/JobValue.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -60,15 +61,17 @@ int readInteger(Value value, const Place& place, int least) {
               "a whole number from " + std::to_string(least) + " to " + std::to_string(kMost));
 }
 
+bool holdsControlCharacter(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), isControl);
+}
+
 std::string readText(Value value, const Place& place) {
   const char* const at = tokenOf(value).data();
   std::string_view text;
   const auto error = value.get_string().get(text);
   if (error == simdjson::STRING_ERROR) place.refuse(at, "the text holds an invalid escape");
   if (error != simdjson::SUCCESS) refuseValue(value, place, "a text");
-  for (const char c : text) {
-    if (isControl(c)) place.refuse(at, "a text must not hold a control character");
-  }
+  if (holdsControlCharacter(text)) place.refuse(at, "a text must not hold a control character");
   return std::string(text);
 }
 

@@ -20,6 +20,7 @@ using Value = simdjson::ondemand::value;
 // Each reads a value of one JSON type and refuses every other one.
 [[nodiscard]] double readNumber(Value value, const Place& place);
 [[nodiscard]] int readInteger(Value value, const Place& place, int least);
+[[nodiscard]] bool holdsControlCharacter(std::string_view text);
 /// A text without control characters.
 [[nodiscard]] std::string readText(Value value, const Place& place);
 /// A text that is not empty.

@@ -124,6 +124,26 @@ TEST(Generator, FormatsOfTheHeaderHoldForItsJob) {
             Lines{"GOTO/    1.00000,    2.00000,    3.00000, 0.000000, 0.000000, 1.000000"});
 }
 
+TEST(Generator, FormatThatShowsNoNumberIsRefusedAtItsPlace) {
+  const auto errorOf = [](std::string_view formats) {
+    const std::string job =
+        std::string(R"({"job":1,"program":"P","units":"mm",)").append(formats) + "}\n";
+    const Posting posting = post(newDocument(), job + "{\"nc\":\"NC_GOTO\"}\n{\"end\":true}\n");
+    return posting.error.substr(std::min(posting.error.find(":1:"), posting.error.size()));
+  };
+  constexpr std::string_view kWhy =
+      ": no number can be printed with this format; write one conversion of e, f, g or a, such as "
+      "%.3f";
+  for (const std::string_view format : {".3f", "3", "%d", "%s", "%", "%1000f", "%.3f%.3f", "%%"}) {
+    EXPECT_EQ(errorOf("\"pointFormat\":\"" + std::string(format) + '"'),
+              ":1:51: error: $.pointFormat" + std::string(kWhy));
+  }
+  EXPECT_EQ(errorOf(R"("pointFormat":"%.3f","axisFormat":".6f")"),
+            ":1:71: error: $.axisFormat" + std::string(kWhy));
+  EXPECT_EQ(errorOf(R"("pointFormat":"","axisFormat":"")"), "");
+  EXPECT_EQ(errorOf(R"("pointFormat":"%,3f mm","axisFormat":"%+.1e")"), "");
+}
+
 TEST(Generator, GeneratorDataBeforeTheJobComesBack) {
   const KEPIMfgGeneratorData_var before = GeneratorData::createWithoutSettings();
   setCurrentGeneratorData(before);
@@ -210,9 +230,13 @@ struct Refusal {
 
 TEST(Generator, ElementThatCannotBePutOutEndsTheJob) {
   constexpr Refusal kRefusals[] = {
-      {R"({"nc":"NC_GOTOO"})", "job:3: error: NC_GOTOO is no NC instruction of this document"},
-      {R"({"nc":"NC_GOTOO#SEQMOTION#3"})",
-       "job:3: error: NC_GOTOO#SEQMOTION#3 is no NC instruction of this document"},
+      {R"({"nc":"NC_GOTOO"})",
+       R"(job:3: error: NC_GOTOO is no NC instruction of this document; did you mean "NC_GOTO"?)"},
+      {R"({"nc":"NC_RAPDI#SEQMOTION#3"})",
+       "job:3: error: NC_RAPDI#SEQMOTION#3 is no NC instruction of this document; did you mean "
+       "\"NC_RAPID\"?"},
+      {R"({"nc":"NC_MILL_AND_TURN_AT_ONCE"})",
+       "job:3: error: NC_MILL_AND_TURN_AT_ONCE is no NC instruction of this document"},
       {R"({"nc":"MFG_XPOINT"})", "job:3: error: MFG_XPOINT is no NC instruction of this document"},
       {R"({"nc":"NC_GOTO","sequence":2})",
        "job:3: error: NC_GOTO cannot be put out: it has no sequence 2, or a line of it cannot be "

@@ -213,8 +213,26 @@ TEST(JobActivityErrors, KeyThatIsNoNumberIsRefused) {
        "the key"},
       {R"({"activity":"A","tool":{"compensation":{"1":"P9","1":"P3"}}})",
        ":2:50: error: $.tool.compensation.1: the key stands here twice"},
+      {R"({"activity":"A","assembly":{"kind":"lathe","radii":{"":1}}})",
+       R"(:2:53: error: $.assembly.radii[""]: a tool point needs a name)"},
       {R"({"activity":"A","assembly":{"kind":"lathe","radii":{"P9":1,"P9":2}}})",
        ":2:60: error: $.assembly.radii.P9: the key stands here twice"},
+  };
+  expectRefused(kRefusals);
+}
+
+TEST(JobActivityErrors, RadiusOfAnotherInsertIsRefused) {
+  constexpr Refusal kRefusals[] = {
+      {R"({"activity":"A","assembly":{"insert":{"type":"MfgGrooveInsert","noseRadius":0.8}}})",
+       ":2:38: error: $.assembly.insert: a groove insert has \"leftNoseRadius\" and "
+       "\"rightNoseRadius\""},
+      {R"({"activity":"A","assembly":{"insert":{"noseRadius":0,"type":"KEPEMfgGrooveInsert"}}})",
+       ":2:38: error: $.assembly.insert: a groove insert has \"leftNoseRadius\" and "
+       "\"rightNoseRadius\""},
+      {R"({"activity":"A","assembly":{"insert":{"type":"MfgDiamondInsert","leftNoseRadius":1}}})",
+       R"(:2:38: error: $.assembly.insert: an insert of this type has "noseRadius")"},
+      {R"({"activity":"A","assembly":{"insert":{"rightNoseRadius":1,"type":"X","noseRadius":1}}})",
+       R"(:2:38: error: $.assembly.insert: an insert of this type has "noseRadius")"},
   };
   expectRefused(kRefusals);
 }

@@ -188,11 +188,10 @@ TEST(JobActivity, AssemblyOfAMillIsNotInvertedOnRequest) {
 TEST(JobActivity, InsertHasTypeRadiiAndParameters) {
   const ActivityStart activity = activityOf(
       R"({"activity":"A","assembly":{"insert":{"type":"MfgGrooveInsert","leftNoseRadius":0.2,)"
-      R"("rightNoseRadius":0.4,"noseRadius":0.8,"parameters":{"MFG_NOSE_RADIUS":{"real":0.4}}}}})");
+      R"("rightNoseRadius":0.4,"parameters":{"MFG_NOSE_RADIUS":{"real":0.4}}}}})");
   const InsertValues& insert = *activity.assembly->insert;
   EXPECT_EQ(insert.type, "MfgGrooveInsert");
-  EXPECT_EQ(described(insert.dimensions),
-            "MfgLeftNoseRadius=0.2 MfgRightNoseRadius=0.4 MfgNoseRadius=0.8");
+  EXPECT_EQ(described(insert.dimensions), "MfgLeftNoseRadius=0.2 MfgRightNoseRadius=0.4");
   EXPECT_EQ(described(insert.parameters), "MFG_NOSE_RADIUS=0.4");
 }
 

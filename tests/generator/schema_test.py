@@ -41,6 +41,8 @@ REFUSED = """
 {"activity":"A","parameters":{"D":{}}}
 {"activity":"A","parameters":{"D":{"real":1,"integer":1}}}
 {"activity":"A","parameters":{"":"x"}}
+{"activity":"A","parameters":{"A\\u0001B":"x"}}
+{"activity":"A","assembly":{"kind":"lathe","radii":{"":1}}}
 {"activity":"A","kind":"milling"}
 {"activity":"A","kind":"lathe","motions":[]}
 {"activity":"A","lathe":{}}
@@ -68,6 +70,8 @@ REFUSED = """
 {"activity":"A","assembly":{"kind":"mill","radii":{}}}
 {"activity":"A","assembly":{"kind":"lathe","reference":0}}
 {"activity":"A","assembly":{"insert":{"noseRadius":1}}}
+{"activity":"A","assembly":{"insert":{"type":"MfgGrooveInsert","noseRadius":1}}}
+{"activity":"A","assembly":{"insert":{"type":"X","leftNoseRadius":1}}}
 {"job":1,"program":"P","units":"mm","angleFactor":"deg"}
 {"job":1,"program":"P"}
 {"job":2,"program":"P","units":"mm"}
