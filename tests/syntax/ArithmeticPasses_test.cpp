@@ -158,8 +158,44 @@ TEST(ArithmeticPasses, LongLinesCostTheirLength) {
   ASSERT_EQ(line.text(), sums);
   evaluateLine(line, records, nullptr);
   EXPECT_EQ(line.text(), "X/    1.000000");
-  EXPECT_EQ(cleaned("+" + std::string(200000, ')')).size(), 200001U);
-  EXPECT_EQ(rewritten("X" + std::string(200000, '/')).size(), 200001U);
+}
+
+std::string repeated(int count, std::string_view text) {
+  std::string all;
+  for (; count > 0; --count) all += text;
+  return all;
+}
+
+// A pass that looks again at what it has seen already does not come to an end with these lines.
+TEST(ArithmeticPasses, LongLinesOfParenthesesCostTheirLength) {
+  constexpr int kMany = 200000;
+  const std::string openings(kMany, '(');
+  const std::string closings(kMany, ')');
+  EXPECT_EQ(cleaned("+" + closings), "+" + closings);
+  EXPECT_EQ(cleaned("+" + openings), "+");
+  EXPECT_EQ(cleaned("A+" + openings + "%(" + openings + "B)"), "A+%(" + openings.substr(1) + "B");
+  EXPECT_EQ(rewritten("X" + std::string(kMany, '/')), "X" + std::string(kMany, '/'));
+  const std::string groups = repeated(kMany, ")/%A/2");
+  EXPECT_EQ(rewritten("X/%" + openings + groups), "X/%" + openings + repeated(kMany, ")/%A*0.5"));
+}
+
+TEST(ArithmeticPasses, LongLinesWithoutCommasOrNumbersCostTheirLength) {
+  constexpr int kMany = 200000;
+  const std::string blanks(kMany, ' ');
+  SignRecords records;
+  PassedLine line = started(std::string(kMany, '+'));
+  maskSigns(line, records);
+  line.start("A" + blanks);
+  ASSERT_TRUE(restoreSigns(line, records, nullptr));
+  EXPECT_EQ(line.text(), "A" + blanks);
+  for (const std::string& kept :
+       {"X/" + blanks + repeated(kMany, "+1"), "X/." + repeated(kMany, "-1"),
+        "X/" + blanks + "." + repeated(kMany, "-1"),
+        "X/" + std::string(kMany, '1') + repeated(kMany, "-.")}) {
+    line.start(kept);
+    evaluateLine(line, records, nullptr);
+    EXPECT_EQ(line.text(), kept);
+  }
 }
 
 }  // namespace

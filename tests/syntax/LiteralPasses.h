@@ -21,9 +21,9 @@ class LiteralPasses {
   [[nodiscard]] std::string instantiated(std::string line);
 
   [[nodiscard]] static std::string cleaned(std::string line);
+  [[nodiscard]] static std::string divisionsRewritten(std::string line);
 
  private:
-  [[nodiscard]] static std::string divisionsRewritten(std::string line);
   [[nodiscard]] std::string masked(std::string line);
   [[nodiscard]] std::string restored(std::string line);
   [[nodiscard]] std::string grouped(const std::string& line, const std::string& prefix) const;

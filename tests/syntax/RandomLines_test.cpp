@@ -4,13 +4,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <iterator>
+#include <initializer_list>
 #include <random>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "src/syntax/arithmetic/CleanParentheses.h"
+#include "src/syntax/arithmetic/RewriteDivisions.h"
 #include "tests/support/Mutator.h"
 #include "tests/syntax/Instantiated.h"
 #include "tests/syntax/LiteralPasses.h"
@@ -27,15 +29,21 @@ constexpr std::string_view kPieces[] = {
     "9e30",  "MM",    "$",   "$$",   "\n",   "\"", "@",  "\\%", "PPRINT ",  "*VORTA ",    "A",
     "B)",    "(%A/2", "%R)", "(%I/", "(8/4", "-5", "+ ", "- ",  "\xC3\xA9", "99999999999"};
 
+/// What parentheses, divisions and sums are made of.
+constexpr std::string_view kArithmetic[] = {"(", "(", "%(", "%(", ")", ")", ")", "%",  "/", "/4",
+                                            "+", "-", "*",  "=",  ",", " ", ".", "12", "A"};
+
 /// Lines of pieces of syntaxes, now and then with a byte of any kind.
 class RandomLines {
  public:
-  explicit RandomLines(unsigned seed) : random_(seed) {}
+  explicit RandomLines(unsigned seed, std::span<const std::string_view> pieces = kPieces,
+                       std::size_t most = 13)
+      : random_(seed), pieces_(pieces), most_(most) {}
 
   [[nodiscard]] std::string next() {
     std::string line;
-    for (std::size_t count = below(14); count > 0; --count)
-      line += kPieces[below(std::size(kPieces))];
+    for (std::size_t count = below(most_ + 1); count > 0; --count)
+      line += pieces_[below(pieces_.size())];
     if (below(20) == 0) line += static_cast<char>(below(256));
     return line;
   }
@@ -43,6 +51,8 @@ class RandomLines {
  private:
   std::size_t below(std::size_t limit) { return random_() % limit; }
   std::mt19937 random_;
+  std::span<const std::string_view> pieces_;
+  std::size_t most_;
 };
 
 class RandomSyntax : public testing::Test, protected PPWordDocument {
@@ -80,6 +90,7 @@ class RandomSyntax : public testing::Test, protected PPWordDocument {
 
   unsigned seed_ = chosenSeed();
   RandomLines lines_{seed_};
+  RandomLines arithmetic_{seed_, kArithmetic, 30};
   KEPVar<host::Activity> operation_ = activity();
   KEPISpecObject_var instruction_ = instruction("NC_X", {});
 };
@@ -107,15 +118,35 @@ TEST_F(RandomSyntax, EngineFollowsTheRulesStepByStep) {
   }
 }
 
-TEST_F(RandomSyntax, ParenthesesAreCleanedStepByStep) {
-  PassedLine passed;
-  for (int i = 0; i < kLines; ++i) {
-    const std::string line = lines_.next();
-    passed.start(line);
-    cleanParentheses(passed);
-    ASSERT_EQ(passed.text(), LiteralPasses::cleaned(line))
+TEST_F(RandomSyntax, LinesOfOperatorsFollowTheRulesStepByStep) {
+  LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
+  for (int i = 0; i < kLines / 4; ++i) {
+    const std::string line = arithmetic_.next();
+    ASSERT_EQ(instantiated(line), literal.instantiated(line))
         << "seed " << seed_ << " «" << line << "»";
   }
+}
+
+/// A pass alone, on lines of either kind.
+void expectPass(void (*pass)(PassedLine&), std::string (*literal)(std::string),
+                std::initializer_list<RandomLines*> kinds) {
+  PassedLine passed;
+  for (RandomLines* const lines : kinds) {
+    for (int i = 0; i < kLines; ++i) {
+      const std::string line = lines->next();
+      passed.start(line);
+      pass(passed);
+      ASSERT_EQ(passed.text(), literal(line)) << "«" << line << "»";
+    }
+  }
+}
+
+TEST_F(RandomSyntax, ParenthesesAreCleanedStepByStep) {
+  expectPass(cleanParentheses, LiteralPasses::cleaned, {&lines_, &arithmetic_});
+}
+
+TEST_F(RandomSyntax, DivisionsAreRewrittenStepByStep) {
+  expectPass(rewriteDivisions, LiteralPasses::divisionsRewritten, {&lines_, &arithmetic_});
 }
 
 }  // namespace

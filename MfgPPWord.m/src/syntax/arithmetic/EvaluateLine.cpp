@@ -39,22 +39,58 @@ std::string_view rightOperand(std::string_view text) {
   return text.substr(0, text.find_first_of(kRightEnds, first + (isSigned ? 1 : 0)));
 }
 
-/// The result of an operation; nothing when an operand is no number or it cannot be printed.
-std::optional<std::string> resultOf(std::string_view left, char sign, std::string_view right) {
-  const auto leftNumber = numberOf(left);
-  const auto rightNumber = leftNumber ? numberOf(right) : std::nullopt;
-  if (!rightNumber) return std::nullopt;
-  const double value = computed(sign, *leftNumber, *rightNumber);
+/// The result of an operation; nothing when it cannot be printed.
+std::optional<std::string> resultOf(double left, char sign, double right) {
+  const double value = computed(sign, left, right);
   std::string text;
   // deliberate: a result that is too large becomes 0; large negative ones are not bounded.
   const bool done = printNumber(kResultFormat, value > kOverflowBound ? 0.0 : value, text);
   return done ? std::optional(std::move(text)) : std::nullopt;
 }
 
+/// The left operand, which ends a text. It grows while operations on it are kept: what was read of
+/// it is not read again, so that a line costs its length.
+class LeftOperand {
+ public:
+  explicit LeftOperand(std::string& text) : text_(text) {}
+
+  [[nodiscard]] std::string_view view() const { return std::string_view(text_).substr(start_); }
+
+  [[nodiscard]] std::optional<double> number() {
+    plainEnd_ = std::min(text_.find_first_not_of(kNumberCharacters, plainEnd_), text_.size());
+    if (plainEnd_ < text_.size()) return std::nullopt;
+    if (!isConverted_) number_ = decimalPrefix(view());
+    // Blanks may become a number by the sign behind them, anything else stays what it is.
+    isConverted_ = isConverted_ || view().find_first_not_of(' ') != kNone;
+    return number_;
+  }
+
+  /// The next operand begins at the end of the text.
+  void begin() {
+    start_ = plainEnd_ = text_.size();
+    isConverted_ = false;
+  }
+
+  void replace(std::string_view by) {
+    text_.resize(start_);
+    begin();
+    text_ += by;
+  }
+
+ private:
+  std::string& text_;
+  std::size_t start_ = 0;
+  /// Up to here it holds characters of numbers only.
+  std::size_t plainEnd_ = 0;
+  std::optional<double> number_;
+  bool isConverted_ = false;
+};
+
 /// Computes a line from left to right: what was worked out stands in `out`, the rest is still text.
 class Evaluator {
  public:
-  Evaluator(std::string& out, KEPMfgPPWordListener* listener) : out_(out), listener_(listener) {}
+  Evaluator(std::string& out, KEPMfgPPWordListener* listener)
+      : out_(out), left_(out), listener_(listener) {}
 
   void run(std::string_view text) {
     while (!text.empty()) {
@@ -73,12 +109,12 @@ class Evaluator {
  private:
   void copy(char character) {
     out_ += character;
-    if (isOneOf(character, kLeftEnds)) leftStart_ = out_.size();
+    if (isOneOf(character, kLeftEnds)) left_.begin();
   }
 
   void operate(char sign, std::string_view right) {
     // deliberate: no operator ends a left operand, so that results join in without precedence.
-    const std::string_view left = std::string_view(out_).substr(leftStart_);
+    const std::string_view left = left_.view();
     if (sign == '-' && left.empty() && !right.empty()) {
       // deliberate: a "-" in front of what is no number is deleted with it.
       if (decimalPrefix(right)) return keep(sign, right);
@@ -86,14 +122,21 @@ class Evaluator {
     } else if (left.empty() || right.empty()) {
       // deliberate: an operator without one of its operands is deleted with the other.
       tell(Operation::Deleted, left, sign, right);
-      out_.resize(leftStart_);
-    } else if (const auto result = resultOf(left, sign, right)) {
+      left_.replace({});
+    } else if (const auto result = computedWith(sign, right)) {
       tell(Operation::Computed, left, sign, right, *result);
-      out_.replace(leftStart_, kNone, *result);
+      left_.replace(*result);
     } else {
       tell(Operation::Kept, left, sign, right);
       keep(sign, right);
     }
+  }
+
+  /// The result of an operation on the left operand; nothing when an operand is no number.
+  [[nodiscard]] std::optional<std::string> computedWith(char sign, std::string_view right) {
+    const auto rightNumber = numberOf(right);
+    const auto leftNumber = rightNumber ? left_.number() : std::nullopt;
+    return leftNumber ? resultOf(*leftNumber, sign, *rightNumber) : std::nullopt;
   }
 
   void keep(char sign, std::string_view right) {
@@ -110,8 +153,8 @@ class Evaluator {
   }
 
   std::string& out_;
+  LeftOperand left_;
   KEPMfgPPWordListener* listener_;
-  std::size_t leftStart_ = 0;
 };
 
 /// Removes the blanks directly behind every "-".

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "src/number/DecimalPrefix.h"
 
@@ -23,29 +24,34 @@ bool isOpenedByPercent(std::string_view text, std::size_t parenthesis) {
   return parenthesis > 0 && text[parenthesis - 1] == '%';
 }
 
-/// The "(" that a ")" closes, nesting counted.
-std::size_t findOpening(std::string_view text, std::size_t closing) {
-  int depth = 1;
-  for (std::size_t at = closing; at-- > 0;) {
-    if (text[at] == ')') ++depth;
-    if (text[at] == '(' && --depth == 0) return at;
+/// Pairs the parentheses of a text that grows, nesting counted.
+class Parentheses {
+ public:
+  /// True when the last ")" of `text` closes a "%(" group. Reads on where it ended the last time.
+  [[nodiscard]] bool lastClosesGroup(std::string_view text) {
+    for (; read_ < text.size(); ++read_) {
+      if (text[read_] == '(') open_.push_back(isOpenedByPercent(text, read_));
+      if (text[read_] != ')') continue;
+      isGroup_ = !open_.empty() && open_.back();
+      if (!open_.empty()) open_.pop_back();
+    }
+    return isGroup_;
   }
-  return kNone;
-}
 
-/// True for the ")" of a "%(" group.
-bool closesGroup(std::string_view text, std::size_t closing) {
-  const std::size_t opening = findOpening(text, closing);
-  return opening != kNone && isOpenedByPercent(text, opening);
-}
+ private:
+  /// For every "(" without partner yet: whether it opens a group.
+  std::vector<bool> open_;
+  std::size_t read_ = 0;
+  bool isGroup_ = false;
+};
 
 /// What stands in front of a "/" at the end of `text`.
-std::string_view leftOperand(std::string_view text) {
+std::string_view leftOperand(std::string_view text, Parentheses& parentheses) {
   std::size_t start = text.size();
   const std::size_t last = text.find_last_not_of(' ');
   // deliberate: of a group only its parentheses are looked through, not what ends an operand
   // inside.
-  if (last != kNone && text[last] == ')' && closesGroup(text, last)) start = last;
+  if (last != kNone && text[last] == ')' && parentheses.lastClosesGroup(text)) start = last;
   for (; start > 0; --start) {
     const char before = text[start - 1];
     const bool isGroup = before == '(' && isOpenedByPercent(text, start - 1);
@@ -71,12 +77,13 @@ void rewriteDivisions(PassedLine& line) {
   if (!line.holdsAny(kReference)) return;
   const std::string_view text = line.text();
   std::string& out = line.draft();
+  Parentheses parentheses;
   std::size_t from = 0;
   std::size_t at = text.find('/');
   while (at != kNone && (at = text.find('/', at + 1)) != kNone) {
     out.append(text, from, at - from);
     from = at;
-    if (leftOperand(out).find('%') == kNone) continue;
+    if (leftOperand(out, parentheses).find('%') == kNone) continue;
     const std::size_t end = std::min(text.find_first_of(kOperandEnds, at + 1), text.size());
     const auto product = asProduct(text.substr(at + 1, end - at - 1));
     if (!product) continue;

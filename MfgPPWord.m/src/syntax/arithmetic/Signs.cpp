@@ -34,8 +34,9 @@ class CommaFinder {
     if (ordinal <= found_) *this = CommaFinder(line_);
     for (; found_ < ordinal; ++found_) {
       const std::size_t at = line_.find(',', next_);
+      // Behind the last comma nothing is looked for again.
+      next_ = at == std::string_view::npos ? line_.size() : at + 1;
       if (at == std::string_view::npos) return at;
-      next_ = at + 1;
     }
     return next_ - 1;
   }
