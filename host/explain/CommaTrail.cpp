@@ -11,13 +11,6 @@ constexpr std::size_t kNone = std::string_view::npos;
 
 auto commasIn(std::string_view text) { return std::count(text.begin(), text.end(), ','); }
 
-/// Position of a comma by its number, from 1.
-std::size_t placeOfComma(std::string_view line, int ordinal) {
-  std::size_t at = line.find(',');
-  for (; at != kNone && ordinal > 1; --ordinal) at = line.find(',', at + 1);
-  return at;
-}
-
 /// The argument that ends at `end`.
 std::string argumentBefore(std::string_view line, std::size_t end) {
   const std::string_view text = line.substr(0, end);
@@ -54,8 +47,9 @@ std::vector<std::pair<std::string, std::string>> replacementsOf(const ExplainedP
 
 }  // namespace
 
-CommaTrail::CommaTrail(std::string_view line, std::string_view masked)
-    : origins_(static_cast<std::size_t>(commasIn(masked))), line_(masked) {
+CommaTrail::CommaTrail(std::string_view line, std::string_view masked) {
+  startAt(masked);
+  origins_.resize(commas_.size());
   std::iota(origins_.begin(), origins_.end(), 1);
   int ordinal = 0;
   for (std::size_t at = 0; at < std::min(line.size(), masked.size()); ++at) {
@@ -83,23 +77,40 @@ void CommaTrail::follow(const ExplainedPass& pass) {
   }
   keep(std::string_view(line_).substr(from));
   origins_ = std::move(origins);
-  line_ = pass.line;
+  startAt(pass.line);
 }
 
-std::optional<char> CommaTrail::signBehind(const ExplainedReference& reference) const {
-  const std::string text = opened(reference) + ',';
-  const std::size_t at = line_.find(text);
-  if (at == kNone) return std::nullopt;
-  const auto index = static_cast<std::size_t>(commasIn(line_.substr(0, at + text.size()))) - 1;
-  for (const Sign& sign : signs_) {
-    if (index < origins_.size() && origins_[index] == sign.ordinal) return sign.sign;
+void CommaTrail::startAt(std::string_view line) {
+  line_ = line;
+  next_ = 0;
+  commas_.clear();
+  for (std::size_t at = line.find(','); at != kNone; at = line.find(',', at + 1)) {
+    commas_.push_back(at);
   }
-  return std::nullopt;
+}
+
+std::optional<char> CommaTrail::signBehind(const ExplainedReference& reference) {
+  const std::string text = opened(reference);
+  const std::size_t at = line_.find(text, next_);
+  if (at == kNone) return std::nullopt;
+  const std::size_t end = at + text.size();
+  // What was cut off behind the name may hold what looks like a reference.
+  next_ = std::min(line_.find(reference.prefix == "%(" ? ')' : ',', end), line_.size());
+  const auto comma = std::lower_bound(commas_.begin(), commas_.end(), end);
+  const auto index = static_cast<std::size_t>(comma - commas_.begin());
+  if (index >= std::min(commas_.size(), origins_.size()) || *comma != end) return std::nullopt;
+  const int origin = origins_[index];
+  const auto sign =
+      std::lower_bound(signs_.begin(), signs_.end(), origin,
+                       [](const Sign& each, int ordinal) { return each.ordinal < ordinal; });
+  if (sign == signs_.end() || sign->ordinal != origin) return std::nullopt;
+  return sign->sign;
 }
 
 std::optional<std::string> CommaTrail::placeOf(const Sign& sign) const {
-  const std::size_t at = placeOfComma(line_, sign.ordinal);
-  return at == kNone ? std::nullopt : std::optional(argumentBefore(line_, at));
+  const auto index = static_cast<std::size_t>(sign.ordinal - 1);
+  if (index >= commas_.size()) return std::nullopt;
+  return argumentBefore(line_, commas_[index]);
 }
 
 bool CommaTrail::isMoved(const Sign& sign) const {

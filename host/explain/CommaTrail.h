@@ -27,8 +27,9 @@ class CommaTrail {
   /// Follows the line through a pass that replaced references and groups.
   void follow(const ExplainedPass& pass);
 
-  /// The masked sign directly behind a reference of the pass to be followed next.
-  [[nodiscard]] std::optional<char> signBehind(const ExplainedReference& reference) const;
+  /// The masked sign directly behind the next reference of the pass to be followed next: to be
+  /// asked for all of them, from left to right.
+  [[nodiscard]] std::optional<char> signBehind(const ExplainedReference& reference);
 
   /// The signs in the order of the line.
   [[nodiscard]] const std::vector<Sign>& signs() const noexcept { return signs_; }
@@ -38,9 +39,15 @@ class CommaTrail {
   [[nodiscard]] bool isMoved(const Sign& sign) const;
 
  private:
+  void startAt(std::string_view line);
+
   /// For each comma the number that it had when the signs were masked, 0 for one that came since.
   std::vector<int> origins_;
   std::string line_;
+  /// The places of its commas.
+  std::vector<std::size_t> commas_;
+  /// Where its next reference is looked for.
+  std::size_t next_ = 0;
   std::vector<Sign> signs_;
 };
 

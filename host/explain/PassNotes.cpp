@@ -48,11 +48,13 @@ void addNameNotes(const ExplainedReference& reference, std::vector<std::string>&
   }
 }
 
-void addAnswerNotes(const ExplainedReference& reference, const std::optional<CommaTrail>& trail,
+void addAnswerNotes(const ExplainedReference& reference, std::optional<CommaTrail>& trail,
                     std::vector<std::string>& notes) {
-  if (reference.source != Source::Nobody || !reference.text) return;
+  if (!reference.text) return;
+  const auto sign = trail ? trail->signBehind(reference) : std::nullopt;
+  if (reference.source != Source::Nobody) return;
   const std::string name = quoted(reference.name);
-  if (const auto sign = trail ? trail->signBehind(reference) : std::nullopt) {
+  if (sign) {
     notes.push_back("the name " + name + " is cut by the \"" + *sign + "\" behind it");
   }
   notes.push_back(reference.text->empty()
@@ -90,7 +92,7 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, std::s
   return operation + " is deleted: nothing stands in front of the sign";
 }
 
-void addOwnNotes(const std::optional<CommaTrail>& trail, ExplainedPass& pass) {
+void addOwnNotes(std::optional<CommaTrail>& trail, ExplainedPass& pass) {
   for (const ExplainedReference& reference : pass.references) {
     addNameNotes(reference, pass.notes);
     addAnswerNotes(reference, trail, pass.notes);
@@ -127,9 +129,11 @@ void addNotes(ExplainedLine& line) {
       trail.emplace(before, pass.line);
     } else if (pass.name == "restore signs" && trail) {
       addSignNotes(*trail, pass);
-    } else if (pass.name == "evaluate" && trail && !trail->signs().empty() &&
-               isComment(pass.line)) {
-      pass.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
+    } else if (pass.name == "evaluate") {
+      // Its signs are back: there is nothing to follow.
+      if (trail && !trail->signs().empty() && isComment(pass.line)) {
+        pass.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
+      }
     } else if (trail) {
       trail->follow(pass);
     }

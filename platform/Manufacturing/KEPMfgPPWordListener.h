@@ -73,7 +73,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   virtual void TextDropped(std::string_view /*name*/, std::string_view /*text*/) {}
 
   /// An operation in a syntax line, as it stood there, and its result; empty unless it was
-  /// computed.
+  /// computed. Of a long left operand of one that was kept only the end is told, behind "...".
   virtual void OperationEnded(Operation /*outcome*/, std::string_view /*operation*/,
                               std::string_view /*result*/) {}
 

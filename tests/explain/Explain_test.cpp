@@ -14,11 +14,12 @@ namespace {
 class Explain : public testing::Test, protected PPWordDocument {
  protected:
   [[nodiscard]] host::Explanation explained(const Texts& syntax, int sequence = 1) const {
-    const KEPIMfgSyntaxEvaluation_var evaluation = instruction("NC_X", syntax);
+    KEPISpecAttrAccess_var(instruction_)->SetList("Syntaxe", list(syntax));
+    const KEPIMfgSyntaxEvaluation_var evaluation = instruction_;
     return host::explain(*evaluation, sequence);
   }
   /// The notes of all passes of one line.
-  [[nodiscard]] Texts notes(const char* syntax) const {
+  [[nodiscard]] Texts notes(const std::string& syntax) const {
     Texts all;
     const host::Explanation explanation = explained({syntax});
     for (const auto& pass : explanation.lines.at(0).passes) {
@@ -26,6 +27,8 @@ class Explain : public testing::Test, protected PPWordDocument {
     }
     return all;
   }
+
+  KEPISpecObject_var instruction_ = instruction("NC_X", {});
 };
 
 TEST_F(Explain, ListenerOfTheSessionIsAsBefore) {
@@ -72,6 +75,31 @@ TEST_F(Explain, ParameterDroppedBesideASignTellsBoth) {
   EXPECT_EQ(notes("X/%I-1"),
             (Texts{"the name «I» is cut by the \"-\" behind it",
                    "«I» cannot be evaluated and is dropped; the separators around it stay"}));
+}
+
+TEST_F(Explain, SignIsToldOfTheReferenceInFrontOfIt) {
+  const std::string cut = "the name «I» is cut by the \"-\" behind it";
+  const std::string dropped =
+      "«I» cannot be evaluated and is dropped; the separators around it stay";
+  EXPECT_EQ(notes("X/%I,%I-1"), (Texts{dropped, cut, dropped}));
+  EXPECT_EQ(notes("X/%I-1,%I,2"), (Texts{cut, dropped, dropped}));
+  EXPECT_EQ(notes("X/%I),%I-1"), (Texts{dropped, cut, dropped}));
+  // the reference that is cut off with the end of the first name is none
+  EXPECT_EQ(
+      notes("X/%B)%I-%I,1"),
+      (Texts{"«B» cannot be evaluated and is dropped; the separators around it stay", dropped,
+             "«)%I» behind the name «B» is cut off: each of its characters comes back as \")\"",
+             "«-» is deleted: it has no operand"}));
+}
+
+TEST_F(Explain, KeptOperationIsToldWithTheEndOfALongLeftOperand) {
+  const std::string operand(201, 'A');
+  const std::string end = " is not computed and stays: not both operands are numbers";
+  EXPECT_EQ(notes("X/" + operand.substr(1) + "+1"), Texts{"«" + operand.substr(1) + "+1»" + end});
+  EXPECT_EQ(notes("X/" + operand + "+1"), Texts{"«..." + operand.substr(1) + "+1»" + end});
+  // a character is not cut into
+  EXPECT_EQ(notes("X/\xC3\xA9" + operand.substr(2) + "+1"),
+            Texts{"«..." + operand.substr(2) + "+1»" + end});
 }
 
 TEST_F(Explain, SignsOfUnchangedCommasAreNotMoved) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "System/KEPUnicodeString.h"
 #include "src/number/DecimalPrefix.h"
 #include "src/number/NumberFormat.h"
 #include "src/syntax/EscapedPercent.h"
@@ -18,6 +19,9 @@ constexpr std::string_view kLeftEnds = "/,=()";
 constexpr std::string_view kRightEnds = "/,*+=()-";
 constexpr std::string_view kOperators = "+-*";
 constexpr std::string_view kNumberCharacters = "0123456789., -";
+
+/// Of the left operand of a kept operation no more bytes are told: it joins in the next ones.
+constexpr std::size_t kToldSize = 200;
 
 using Operation = KEPMfgPPWordListener::Operation;
 
@@ -86,6 +90,16 @@ class LeftOperand {
   bool isConverted_ = false;
 };
 
+/// The end of a left operand, cut between characters.
+std::string endOf(std::string_view operand) {
+  if (operand.size() <= kToldSize) return std::string(operand);
+  operand.remove_prefix(operand.size() - kToldSize);
+  while (!operand.empty() && !KEPUnicodeString::StartsCharacter(operand.front())) {
+    operand.remove_prefix(1);
+  }
+  return "..." + std::string(operand);
+}
+
 /// Computes a line from left to right: what was worked out stands in `out`, the rest is still text.
 class Evaluator {
  public:
@@ -147,7 +161,7 @@ class Evaluator {
   void tell(Operation outcome, std::string_view left, char sign, std::string_view right,
             std::string_view result = {}) const {
     if (listener_ == nullptr) return;
-    std::string text(left);
+    std::string text = outcome == Operation::Kept ? endOf(left) : std::string(left);
     (text += sign) += right;
     listener_->OperationEnded(outcome, withEscapedPercents(text), result);
   }
