@@ -183,7 +183,7 @@ TEST(ArithmeticPasses, LongLinesWithoutCommasOrNumbersCostTheirLength) {
   constexpr int kMany = 200000;
   const std::string blanks(kMany, ' ');
   SignRecords records;
-  PassedLine line = started(std::string(kMany, '+'));
+  Started line(std::string(kMany, '+'));
   maskSigns(line, records);
   line.start("A" + blanks);
   ASSERT_TRUE(restoreSigns(line, records, nullptr));
