@@ -1,7 +1,9 @@
 #include "host/document/Database.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -74,8 +76,10 @@ Database::Database(const std::string& path, std::string_view name) : name_(name)
   connection_.reset(connection);
   if (connection == nullptr) throw std::bad_alloc();
   if (code != SQLITE_OK) fail(code);
-  harden();
+  // Before anything reads the content, which SQLite brings up to date from what lies beside it.
   requireRollbackJournal();
+  requireOwnJournal();
+  harden();
 }
 
 void Database::harden() {
@@ -126,6 +130,22 @@ void Database::requireRollbackJournal() {
   if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) fail(code);
   const bool isLogged = header[kWriteVersion] == 2 || header[kReadVersion] == 2;
   if (isLogged) refuse("this file is no document: it is a database with a write-ahead log");
+}
+
+/// A journal with this end names a further file, which SQLite deletes when the change is undone.
+/// No change of a document makes such a journal.
+void Database::requireOwnJournal() {
+  constexpr std::string_view kEnd = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
+  constexpr auto kSize = static_cast<off_t>(kEnd.size());
+  const char* const file = sqlite3_db_filename(connection_.get(), "main");
+  const int journal = ::open(sqlite3_filename_journal(file), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (journal < 0) return;
+  std::array<char, kEnd.size()> end{};
+  const bool isRead =
+      ::lseek(journal, -kSize, SEEK_END) >= 0 && ::read(journal, end.data(), end.size()) == kSize;
+  ::close(journal);
+  if (!isRead || std::string_view(end.data(), end.size()) != kEnd) return;
+  refuse("the journal beside it, " + name_ + "-journal, is not that of a document; remove it");
 }
 
 void Database::run(const std::string& statements) {

@@ -44,6 +44,7 @@ class Database {
 
   void harden();
   void requireRollbackJournal();
+  void requireOwnJournal();
 
   std::string name_;
   bool writing_ = false;

@@ -38,6 +38,7 @@ inline constexpr std::array<std::pair<KEPISpecAttribute::Kind, std::int64_t>, 3>
 inline constexpr std::int64_t kMostBytes = std::int64_t{256} << 20U;
 inline constexpr std::int64_t kMostRows = 2'000'000;
 inline constexpr int kMostTextBytes = 16 << 20U;
+inline constexpr std::int64_t kMostContainers = 1000;
 inline constexpr int kMostBaseTypes = 64;
 
 inline constexpr std::string_view kDocumentTable =

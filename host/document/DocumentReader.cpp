@@ -98,6 +98,7 @@ class Reader {
     Rows rows = this->rows("SELECT id,late_type FROM container ORDER BY id");
     std::int64_t count = 0;
     while (rows.next()) {
+      if (count == format::kMostContainers) database_.refuse("holds more than 1000 containers");
       static_cast<void>(rows.number(count + 1, count + 1));
       const std::string_view lateType = rows.text();
       if (count++ > 0) {
@@ -241,10 +242,10 @@ void requireSchema(Database& database, std::int64_t version) {
   if (schema.step()) database.refuse("this file is no document: it has other tables");
 }
 
-void requireSoundness(Database& database) {
-  Statement check(database, "PRAGMA quick_check(1)");
-  const bool isSound = check.step() && check.isText(0) && check.text(0) == "ok";
-  if (!isSound) database.refuse("the document is damaged");
+/// Whether the first thing that a query gives is this text.
+bool gives(Database& database, std::string_view query, std::string_view text) {
+  Statement statement(database, query);
+  return statement.step() && statement.isText(0) && statement.text(0) == text;
 }
 
 }  // namespace
@@ -260,8 +261,12 @@ std::int64_t requireDocument(Database& database) {
                     std::to_string(format::kVersion));
   }
   if (version < format::kOldestVersion) database.refuse("the document is damaged");
+  // Another encoding would not take every byte that a text may hold.
+  if (!gives(database, "PRAGMA encoding", "UTF-8")) {
+    database.refuse("this file is no document: its encoding is not UTF-8");
+  }
   requireSchema(database, version);
-  requireSoundness(database);
+  if (!gives(database, "PRAGMA quick_check(1)", "ok")) database.refuse("the document is damaged");
   if (database.number("SELECT count(*) FROM document") != 1) {
     database.refuse("the document is damaged");
   }

@@ -45,6 +45,9 @@ class MakingOrder {
   };
 
   MakingOrder(const Document& document, const Database& database) : database_(database) {
+    if (std::ssize(document.containers()) > format::kMostContainers) {
+      refuse(database_, "it has more than 1000 containers");
+    }
     for (const Container* container : document.containers()) {
       Members members;
       for (const auto& member : container->ListMembersHere(KEPInterfaceId<KEPISpecObject>())) {

@@ -58,6 +58,22 @@ class Actions(DocumentTest):
         )
         self.assertEqual(self.read("table"), TABLE)
 
+    def test_file_names_control_no_terminal(self):
+        self.check(
+            self.run_document("new", "no/\x1b[31m"),
+            3,
+            "",
+            "ppword: error: no/\\x1b[31m cannot be written: No such file or directory\n",
+        )
+        self.run_document("new", "\x1b[31m")
+        self.check(
+            self.run_program("post", "\x1b[31m", "-o", "\x1b[31m"),
+            2,
+            "",
+            "ppword post: the output would replace the input \\x1b[31m\n"
+            "Try 'ppword post --help'.\n",
+        )
+
     def test_table_is_loaded(self):
         self.make()
         self.check(self.run_document("load-table", "d", "table"), 0, "d: table loaded\n")
@@ -357,11 +373,11 @@ class Refusals(DocumentTest):
             (["add-command", "d"], "add-command needs NAME"),
             (
                 ["add-command", "d", "NC_GOTO", "0"],
-                "SEQUENCE is a whole number from 1 to 2147483647, not '0'",
+                "NUMBER is a whole number from 1 to 2147483647, not '0'",
             ),
             (
                 ["add-command", "d", "NC_GOTO", "2147483648"],
-                "SEQUENCE is a whole number from 1 to 2147483647, not '2147483648'",
+                "NUMBER is a whole number from 1 to 2147483647, not '2147483648'",
             ),
             (["show", "d", "format"], "there is no section 'format'; did you mean 'formats'?"),
         ]

@@ -236,8 +236,14 @@ class Tables(program.ProgramTest):
 
     def test_code_that_is_no_number_is_a_mistake(self):
         self.write("table", WORDS)
-        done = self.run_here("word", "table", "x")
-        self.assertEqual((done.returncode, done.stdout), (2, ""))
+        for code in ("x", "1x", "2147483648", ""):
+            self.check(
+                self.run_here("word", "table", "1", code),
+                2,
+                "",
+                "ppword word: CODE: a code is a whole number from -2147483648 to 2147483647, not "
+                f"'{code}'\nTry 'ppword word --help'.\n",
+            )
 
     def manual(self):
         path = os.path.join(program.SOURCE, "docs", "table-location.md")

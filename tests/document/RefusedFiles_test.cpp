@@ -1,9 +1,12 @@
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 #include <filesystem>
+#include <numeric>
 #include <random>
 
 #include "host/document/DocumentFile.h"
+#include "host/document/DocumentFormat.h"
 #include "tests/document/StoredContent.h"
 #include "tests/generator/Scratch.h"
 #include "tests/support/Mutator.h"
@@ -65,6 +68,58 @@ TEST_F(RefusedFile, ThatHasAWriteAheadLogAndMakesNone) {
   tamper(path, "PRAGMA journal_mode=WAL");
   EXPECT_EQ(openingOf(path), "this file is no document: it is a database with a write-ahead log");
   EXPECT_EQ(folder.size(), 1U);
+}
+
+TEST_F(RefusedFile, ThatHasAWriteAheadLogKeepsIt) {
+  const std::string copy = folder.path("copy");
+  sqlite3* writer = nullptr;
+  ASSERT_EQ(sqlite3_open(path.c_str(), &writer), SQLITE_OK);
+  ASSERT_EQ(sqlite3_exec(writer, "PRAGMA journal_mode=WAL;UPDATE document SET stamp=7", nullptr,
+                         nullptr, nullptr),
+            SQLITE_OK);
+  std::filesystem::copy_file(path, copy);
+  std::filesystem::copy_file(path + "-wal", copy + "-wal");
+  sqlite3_close(writer);
+  const std::string bytes = Scratch::textOf(copy);
+  const std::string log = Scratch::textOf(copy + "-wal");
+  EXPECT_EQ(openingOf(copy), "this file is no document: it is a database with a write-ahead log");
+  EXPECT_EQ(Scratch::textOf(copy), bytes);
+  EXPECT_EQ(Scratch::textOf(copy + "-wal"), log);
+}
+
+TEST_F(RefusedFile, WhoseJournalNamesAFurtherFileDeletesNothing) {
+  using namespace std::string_literals;
+  const std::string further = folder.file("further", "dear");
+  const auto size = static_cast<char>(further.size());
+  ASSERT_LT(further.size(), 128U);
+  const auto sum = static_cast<unsigned>(std::accumulate(further.begin(), further.end(), 0));
+  const std::string mark = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
+  // No pages to undo; sectors of 512 bytes and pages of 4096.
+  std::string journal = mark + "\0\0\0\0\0\0\0\0"s;
+  journal += Scratch::textOf(path).substr(28, 4) + "\0\0\2\0\0\0\x10\0"s;
+  journal.resize(512);
+  journal += "\0\4\0\1"s + further + "\0\0\0"s + size + "\0\0"s;
+  journal += {static_cast<char>(sum >> 8U), static_cast<char>(sum & 0xFFU)};
+  static_cast<void>(folder.file("part.ppdoc-journal", journal + mark));
+  EXPECT_EQ(openingOf(path),
+            "the journal beside it, " + path + "-journal, is not that of a document; remove it");
+  EXPECT_THROW(const DocumentChange change(path), DocumentError);
+  EXPECT_EQ(Scratch::textOf(further), "dear");
+}
+
+TEST_F(RefusedFile, ThatHasAnotherEncoding) {
+  const std::string other = folder.path("other");
+  std::string making = "PRAGMA encoding='UTF-16le';";
+  for (const std::string_view statement : format::kSchema) making.append(statement).append(";");
+  tamper(other, making + "PRAGMA application_id=0x50505744;PRAGMA user_version=2");
+  EXPECT_EQ(openingOf(other), "this file is no document: its encoding is not UTF-8");
+}
+
+TEST_F(RefusedFile, ThatHasMoreContainersThanTheLimit) {
+  tamper(path,
+         "WITH RECURSIVE more(id) AS (VALUES(2) UNION ALL SELECT id+1 FROM more WHERE id<1001)"
+         "INSERT INTO container SELECT id,'Other' FROM more");
+  EXPECT_EQ(openingOf(path), "holds more than 1000 containers");
 }
 
 TEST_F(RefusedFile, ThatHasOtherTables) {

@@ -231,6 +231,26 @@ TEST_F(RoundTrip, TypesUpToTheLimitAreStoredAndNoDeeper) {
   EXPECT_EQ(folder.size(), 0U);
 }
 
+TEST_F(RoundTrip, ContainersUpToTheLimitAreStoredInAnyOrderAndNoMore) {
+  // Each container but the last begins with a type that derives from the last one of the next.
+  while (document->containers().size() < 1000) document->addContainer("OtherCont");
+  KEPISpecObject_var last;
+  for (auto home = document->containers().rbegin(); home != document->containers().rend(); ++home) {
+    const auto first = KEPISpecObject_var::Adopt((*home)->CreateStartUp("First", last));
+    last = KEPISpecObject_var::Adopt((*home)->CreateStartUp("Last", nullptr));
+  }
+  expectTheSame();
+  document->addContainer("OtherCont");
+  const Scratch folder;
+  try {
+    saveDocument(*document, folder.path("many"));
+    ADD_FAILURE() << "saved";
+  } catch (const DocumentError& error) {
+    EXPECT_EQ(error.reason(), "cannot be written: it has more than 1000 containers");
+  }
+  EXPECT_EQ(folder.size(), 0U);
+}
+
 TEST_F(RoundTrip, TextBeyondTheLimitIsRefused) {
   instruction("NC_LONG", {std::string((16 << 20) + 1, 'x')});
   const Scratch folder;

@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,15 @@ constexpr std::array<std::string_view, 6> kSections = {"words",     "syntaxes", 
 
 bool isSection(std::string_view text) {
   return std::find(kSections.begin(), kSections.end(), text) != kSections.end();
+}
+
+// Empty for a text that is a code.
+std::string codeMistake(const std::string& text) {
+  int code = 0;
+  const char* const end = text.data() + text.size();
+  const auto [behind, error] = std::from_chars(text.data(), end, code);
+  if (error == std::errc() && behind == end) return "";
+  return "a code is a whole number from -2147483648 to 2147483647, not '" + text + "'";
 }
 
 // The program's arguments and the options of each command that they set.
@@ -161,7 +171,10 @@ class Arguments {
     code_->add_option("WORD", codeOptions_.words, "APT words")->required()->option_text("...");
     word_ = addCommand("word", help::kWord, help::kWordFooter, wordOptions_.format);
     addTable(word_, wordOptions_.table);
-    word_->add_option("CODE", wordOptions_.codes, "CL-file codes")->required()->option_text("...");
+    word_->add_option("CODE", wordOptions_.codes, "CL-file codes")
+        ->required()
+        ->check(CLI::Validator(&codeMistake, ""))
+        ->option_text("...");
   }
 
   static void addTable(CLI::App* command, std::string& table) {

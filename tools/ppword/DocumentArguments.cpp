@@ -44,7 +44,7 @@ int sequenceOf(const std::string& text) {
   const char* const end = text.data() + text.size();
   const auto [behind, error] = std::from_chars(text.data(), end, sequence);
   if (error == std::errc() && behind == end && sequence >= 1) return sequence;
-  throw ArgumentError("SEQUENCE is a whole number from 1 to 2147483647, not '" + text + "'");
+  throw ArgumentError("NUMBER is a whole number from 1 to 2147483647, not '" + text + "'");
 }
 
 std::string sectionOf(const std::string& text) {

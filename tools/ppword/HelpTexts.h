@@ -66,7 +66,7 @@ inline constexpr const char* kDocument = "Make, change or show a document that l
 inline constexpr const char* kDocumentFooter =
     R"(A document keeps NC instructions, parameters and PP commands in a file.
 ACTION is one of
-  new                             make a document with the default catalogue
+  new FILE                        make a document with the default catalogue
   load-table FILE TABLE           let a PP word table add to it and replace what it names
   show FILE [SECTION]             commands, sequences, lists, formats, pp-commands; or all
   set-syntax FILE LINE            set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX

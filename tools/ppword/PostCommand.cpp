@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/diagnostics/DiagnosticText.h"
 #include "host/diagnostics/InputDiagnostic.h"
 #include "host/generator/Generator.h"
 #include "host/generator/InputError.h"
@@ -191,7 +192,8 @@ ExitStatus postJob(const PostOptions& options) {
     requireOther(options.output, options.table);
     return generate(options);
   } catch (const UsageError& error) {
-    writeMessage("ppword post: " + error.message + "\nTry 'ppword post --help'.\n");
+    writeMessage("ppword post: " + host::terminalSafe(error.message) +
+                 "\nTry 'ppword post --help'.\n");
     return ExitStatus::Usage;
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);

@@ -5,6 +5,7 @@
 #include <variant>
 
 #include "System/KEPError.h"
+#include "host/diagnostics/DiagnosticText.h"
 #include "host/document/DocumentError.h"
 #include "host/generator/OutputFile.h"
 #include "host/system/Module.h"
@@ -40,7 +41,7 @@ ExitStatus run(int argc, const char* const* argv) {
 }
 
 ExitStatus told(ExitStatus status, std::string_view reason) {
-  writeMessage("ppword: error: " + std::string(reason) + '\n');
+  writeMessage("ppword: error: " + host::terminalSafe(reason) + '\n');
   return status;
 }
 
