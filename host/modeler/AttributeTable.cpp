@@ -26,39 +26,33 @@ AttributeTable::Slot* AttributeTable::find(std::string_view name) {
 AttributeTable::Slot& AttributeTable::add(std::string_view name, KEPISpecAttribute::Kind kind,
                                           bool declared) {
   places_.emplace(std::string(name), slots_.size());
-  if (declared) ++declaredCount_;
+  if (declared) declared_.push_back(slots_.size());
   return slots_.emplace_back(Slot{std::string(name), kind, declared});
 }
 
 AttributeTable::Slot& AttributeTable::insert(int position, std::string_view name,
                                              KEPISpecAttribute::Kind kind) {
-  if (position < 1 || position > declaredCount_ + 1) {
-    KEPRaisePositionOutOfList(position, declaredCount_);
-  }
-  const auto at = static_cast<std::ptrdiff_t>(placeOfDeclared(position));
-  const auto place = slots_.insert(slots_.begin() + at, Slot{std::string(name), kind, true});
-  ++declaredCount_;
+  const int count = declaredCount();
+  if (position < 1 || position > count + 1) KEPRaisePositionOutOfList(position, count);
+  const std::size_t at =
+      position > count ? slots_.size() : declared_[static_cast<std::size_t>(position) - 1];
+  const auto place = slots_.insert(slots_.begin() + static_cast<std::ptrdiff_t>(at),
+                                   Slot{std::string(name), kind, true});
   index();
   return *place;
 }
 
 const AttributeTable::Slot& AttributeTable::declaredAt(int position) const {
-  return slots_[placeOfDeclared(position)];
-}
-
-std::size_t AttributeTable::placeOfDeclared(int position) const {
-  const auto before = static_cast<std::size_t>(position) - 1;
-  if (static_cast<std::size_t>(declaredCount_) == slots_.size()) return before;
-  std::size_t seen = 0;
-  for (std::size_t i = 0; i < slots_.size(); ++i) {
-    if (slots_[i].declared && seen++ == before) return i;
-  }
-  return slots_.size();
+  return slots_[declared_[static_cast<std::size_t>(position) - 1]];
 }
 
 void AttributeTable::index() {
   places_.clear();
-  for (std::size_t i = 0; i < slots_.size(); ++i) places_.emplace(slots_[i].name, i);
+  declared_.clear();
+  for (std::size_t i = 0; i < slots_.size(); ++i) {
+    places_.emplace(slots_[i].name, i);
+    if (slots_[i].declared) declared_.push_back(i);
+  }
 }
 
 }  // namespace host

@@ -35,18 +35,17 @@ class AttributeTable {
   /// All slots, declared or not, in order.
   [[nodiscard]] const std::vector<Slot>& slots() const noexcept { return slots_; }
 
-  [[nodiscard]] int declaredCount() const noexcept { return declaredCount_; }
+  [[nodiscard]] int declaredCount() const noexcept { return static_cast<int>(declared_.size()); }
   /// The declared slot at a position from 1 to their number.
   [[nodiscard]] const Slot& declaredAt(int position) const;
 
  private:
   void index();
-  /// Where the `position`-th declared slot stands; the end when there is none.
-  [[nodiscard]] std::size_t placeOfDeclared(int position) const;
 
   std::vector<Slot> slots_;
   TextMap<std::size_t> places_;
-  int declaredCount_ = 0;
+  /// Where the declared slots stand.
+  std::vector<std::size_t> declared_;
 };
 
 }  // namespace host

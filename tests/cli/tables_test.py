@@ -216,6 +216,17 @@ class Tables(program.ProgramTest):
             [{"code": 181, "word": "NOTE"}, {"code": 9, "word": None}],
         )
 
+    def test_codes_out_of_step_are_told(self):
+        self.write("table", "*START_MAJOR_WORDS_WITH_TEXT\nA,1\nB,x\nC,3\n*END\n")
+        warning = (
+            "table: warning unpaired-words: a word lacks its code, or a code its word: the codes "
+            "of those behind are wrong\n"
+        )
+        self.check(
+            self.run_here("code", "table", "B"), 0, "B  3  major word with text\n", warning
+        )
+        self.check(self.run_here("word", "table", "3"), 0, "3  B\n", warning)
+
     def test_refused_tables_are_told_for_every_query(self):
         self.write("bad", "*OOPS\n")
         self.write("open", "*END\n*START_MINOR_WORDS\nON,71\n")

@@ -24,6 +24,33 @@ std::optional<host::Diagnostic> refusalOfWords(const std::string& table) {
   return diagnostic;
 }
 
+struct WordLists {
+  KEPListValKEPString words;
+  KEPRawCollint kinds;
+  KEPRawCollint codes;
+};
+
+// Of a table whose words can be asked for.
+WordLists listsOf(const std::string& table) {
+  WordLists lists;
+  static_cast<void>(KEPMfgPPWordUtilities::GetListOfPPWords(KEPUnicodeString(table), lists.words,
+                                                            lists.kinds, lists.codes));
+  return lists;
+}
+
+// Words and codes are taken by their places.
+void warnOfUnpaired(const std::string& table) {
+  const WordLists lists = listsOf(table);
+  if (lists.words.Size() == lists.codes.Size()) return;
+  host::Diagnostic warning;
+  warning.severity = host::Severity::Warning;
+  warning.file = table;
+  warning.key = "unpaired-words";
+  warning.message =
+      "a word lacks its code, or a code its word: the codes of those behind are wrong";
+  tell(warning);
+}
+
 // Lines for people, or the entries as one member of an object; and what was not found.
 struct Answers {
   std::string text;
@@ -33,6 +60,7 @@ struct Answers {
 
 ExitStatus tellAnswers(const Answers& answers, const std::string& table, std::string_view member,
                        OutputFormat format) {
+  warnOfUnpaired(table);
   writeOutput(format == OutputFormat::Json ? documentText({{member, answers.entries}})
                                            : answers.text);
   for (const std::string& message : answers.missing) {
@@ -78,13 +106,8 @@ ExitStatus showWords(const WordsOptions& options) {
     return refuseTable(*refusal, options.format);
   }
   Contents contents;
-  KEPListValKEPString words;
-  KEPRawCollint kinds;
-  KEPRawCollint codes;
-  const KEPUnicodeString path(options.table);
-  if (KEPSucceeded(KEPMfgPPWordUtilities::GetListOfPPWords(path, words, kinds, codes))) {
-    contents.words = paired(words, kinds, codes);
-  }
+  const WordLists lists = listsOf(options.table);
+  contents.words = paired(lists.words, lists.kinds, lists.codes);
   writeOutput(options.format == OutputFormat::Json ? documentText(contentsJson(contents, "words"))
                                                    : contentsText(contents, "words"));
   return ExitStatus::Done;
