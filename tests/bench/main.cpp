@@ -72,9 +72,8 @@ bool report(const Ratio& ratio, const std::map<std::string, double>& medians) {
   return isMet;
 }
 
-bool reportPeakMemory() {
+bool reportPeakMemory(double peak) {
   constexpr double kMostMebibytes = 32;
-  const double peak = peakMemoryOfPost();
   const bool isMet = peak >= 0 && peak <= kMostMebibytes;
   std::printf("%-46s %6.1f  (at most %.0f%s)\n", "MiB held by post of a million points", peak,
               kMostMebibytes, isMet ? "" : ": MISSED");
@@ -95,11 +94,13 @@ int main(int argc, char** argv) {
   int count = static_cast<int>(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+  // First: a child's peak counts what its parent held when it was started.
+  const double peak = peakMemoryOfPost();
   MedianReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::printf("\nRatios of medians\n");
   bool allMet = !reporter.failed;
   for (const Ratio& ratio : kRatios) allMet = report(ratio, reporter.medians) && allMet;
-  allMet = reportPeakMemory() && allMet;
+  allMet = reportPeakMemory(peak) && allMet;
   return allMet ? 0 : 1;
 }
