@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
+#include "host/diagnostics/Utf8.h"
 #include "host/generator/InputError.h"
 #include "host/generator/LineReader.h"
 
@@ -17,6 +18,12 @@ std::string_view withoutLeading(std::string_view text, std::string_view set) {
   return text;
 }
 
+/// A job behind a byte-order mark is one too: its reader says what is wrong with it.
+bool beginsJob(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text.starts_with('{');
+}
+
 /// A running number, blanks and the letter of the block number.
 bool beginsListing(std::string_view text) {
   const std::string_view behindNumber = withoutLeading(text, kDigits);
@@ -29,7 +36,7 @@ bool beginsListing(std::string_view text) {
 
 SourceKind recogniseSource(LineReader& lines) {
   const std::string_view first = withoutLeading(lines.peek(), kBlanks);
-  if (first.starts_with('{')) return SourceKind::Job;
+  if (beginsJob(first)) return SourceKind::Job;
   if (beginsListing(first)) return SourceKind::Listing;
   if (first.empty()) {
     throw InputError(lines.name(), 0, 0,

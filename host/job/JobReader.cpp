@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/diagnostics/Utf8.h"
 #include "host/generator/InputError.h"
 #include "host/job/JobLines.h"
 
@@ -9,8 +10,6 @@ namespace host {
 namespace {
 
 static_assert(LineReader::kPadding >= simdjson::SIMDJSON_PADDING);
-
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 /// An empty element in `event`; keeps the room that its positions had.
 Element& emptyElement(ToolPathEvent& event) {

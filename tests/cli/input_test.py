@@ -121,6 +121,25 @@ class Jobs(program.ProgramTest):
         self.write("job", '{"job":1,"program":"P","units":"mm"}\n' + line + '\n{"end":true}\n')
         self.check_refused("job", message)
 
+    def test_job_behind_a_byte_order_mark_is_refused(self):
+        self.write("job", "\ufeff" + JOB)
+        self.check_refused(
+            "job",
+            "job:1: error: $: a byte-order mark stands here; write the job as UTF-8 without one\n",
+        )
+
+    def test_format_that_shows_no_number_is_refused(self):
+        self.write(
+            "job", '{"job":1,"program":"P","units":"mm","pointFormat":".3f"}\n{"end":true}\n'
+        )
+        self.check_refused(
+            "job",
+            "job:1:51: error: $.pointFormat: no number can be printed with this format; write one"
+            " conversion of e, f, g or a, such as %.3f\n"
+            '  {"job":1,"program":"P","units":"mm","pointFormat":".3f"}\n'
+            "                                                    ^\n",
+        )
+
     def test_absent_job_is_refused(self):
         self.check_refused("absent", "absent: error: cannot be opened: No such file or directory\n")
 

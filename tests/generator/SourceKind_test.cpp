@@ -29,6 +29,7 @@ TEST(SourceKind, JobBeginsWithABrace) {
   EXPECT_EQ(kindOf("{"), "job");
   EXPECT_EQ(kindOf("{\"job\":1}\n"), "job");
   EXPECT_EQ(kindOf("\r\n  \t{\"job\":1}\n"), "job");
+  EXPECT_EQ(kindOf("\xEF\xBB\xBF{\"job\":1}\n"), "job");
 }
 
 TEST(SourceKind, ListingBeginsWithTwoNumbers) {
@@ -49,7 +50,7 @@ TEST(SourceKind, OtherInputIsNeither) {
       "'    1 N.....'); from an NC program, make its listing with: rs274 -g PROGRAM LISTING";
   for (const std::string_view text :
        {"G21 G90\n"sv, "%\n"sv, "N10 G0 X1\n"sv, "10 G0\n"sv, "1N..... ON_RESET()\n"sv, "12"sv,
-        "[1]\n"sv, "\xEF\xBB\xBF{}\n"sv, "\0\0\0\0"sv, "PK\x03\x04"sv}) {
+        "[1]\n"sv, "\xEF\xBB\xBFG0\n"sv, "\0\0\0\0"sv, "PK\x03\x04"sv}) {
     EXPECT_EQ(kindOf(text), kMessage) << text;
   }
 }
