@@ -37,9 +37,11 @@ const std::array<Motion, kPoints>& motions() {
   return made;
 }
 
-void engine(benchmark::State& state, const char* instruction) {
+/// `syntax`: the user's own one, where the instruction is the one for it.
+void engine(benchmark::State& state, const char* instruction, const char* syntax = nullptr) {
   const auto document = host::newDocument();
   const KEPIMfgPPWordContainer_var container = document->ppWordContainer();
+  if (syntax != nullptr) container->SetUserSyntax(KEPUnicodeString(syntax));
   const KEPIMfgBufferPoint_var point = container;
   const KEPIMfgBufferTLAxis_var axis = container;
   KEPIMfgSyntaxEvaluation_var evaluation;
@@ -70,6 +72,20 @@ void printfLoop(benchmark::State& state) {
       length = std::snprintf(line, sizeof line, "GOTO/%11.5f,%11.5f,%11.5f,%9.6f,%9.6f,%9.6f", m[0],
                              m[1], m[2], m[3], m[4], m[5]);
     }
+    KEPListValKEPUnicodeString lines;
+    lines.Append(KEPUnicodeString(std::string_view(line, static_cast<std::size_t>(length))));
+    benchmark::DoNotOptimize(lines);
+  }
+}
+
+/// The same three results as the syntax that computes.
+void printfComputing(benchmark::State& state) {
+  std::size_t at = 0;
+  for (auto _ : state) {
+    const Motion& m = motions()[at++ % kPoints];
+    char line[128];
+    const int length = std::snprintf(line, sizeof line, "GOTO/%12.6f,%12.6f,%12.6f", m[0] + 10,
+                                     m[1] * 2, m[2] - 1.5);
     KEPListValKEPUnicodeString lines;
     lines.Append(KEPUnicodeString(std::string_view(line, static_cast<std::size_t>(length))));
     benchmark::DoNotOptimize(lines);
@@ -108,6 +124,9 @@ void toCharsLoop(benchmark::State& state) {
 
 BENCHMARK_CAPTURE(engine, NC_GOTO, "NC_GOTO");
 BENCHMARK_CAPTURE(engine, NC_GOTO_VARIABLE_AXIS, "NC_GOTO_VARIABLE_AXIS");
+BENCHMARK_CAPTURE(engine, computing, "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX",
+                  "GOTO/%MFG_XPOINT+10,%MFG_YPOINT*2,%MFG_ZPOINT-1.5");
+BENCHMARK(printfComputing);
 BENCHMARK_TEMPLATE(printfLoop, 3);
 BENCHMARK_TEMPLATE(printfLoop, 6);
 BENCHMARK_TEMPLATE(toCharsLoop, 3);

@@ -27,6 +27,8 @@ constexpr Ratio kRatios[] = {
      0.6},
     {"NC_GOTO_VARIABLE_AXIS to to_chars by hand", "engine/NC_GOTO_VARIABLE_AXIS", "toCharsLoop<6>",
      0},
+    {"three sums and products to snprintf by hand", "engine/computing", "printfComputing", 0},
+    {"three sums and products to NC_GOTO", "engine/computing", "engine/NC_GOTO", 0},
     {"post of a million points to an fprintf loop", "postMillionPoints", "fprintfMillionPoints", 0},
     {"opening 10,000 PP commands to 1,000", "openDocument/10000", "openDocument/1000", 12},
     {"opening 10,000 PP commands to reading the rows", "openDocument/10000", "readRows/10000", 0},
