@@ -53,8 +53,8 @@ class KEP_PLATFORM KEPMetaClass {
 };
 
 /// Makes the extension object of a class for the object `extended`. The result is not counted: it
-/// belongs to that object and dies with it. Null when that object cannot be extended so; it does not
-/// offer the interface then.
+/// belongs to that object and dies with it. Null when that object cannot be extended so; it does
+/// not offer the interface then.
 using KEPCreator = KEPBaseUnknown* (*)(KEPBaseUnknown* extended);
 
 /// Enters `extension` in the dictionary as the provider of `interfaceClass` for every late type
