@@ -20,11 +20,13 @@ class KEP_PLATFORM FormatProbe {
   }
   /// False also for a format that prints every number alike, one without a conversion.
   [[nodiscard]] bool showsNumbers(std::string_view format) const;
-
- private:
   /// Nothing when the format cannot print the number.
   [[nodiscard]] std::optional<std::string> printed(double number, std::string_view format) const;
 
+  /// The document that is asked, with the default catalogue.
+  [[nodiscard]] const Document& document() const { return *document_; }
+
+ private:
   KEPVar<Document> document_;
 };
 

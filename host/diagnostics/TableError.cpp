@@ -13,6 +13,7 @@
 namespace host {
 namespace {
 
+constexpr std::string_view kErrors = "ManufacturingError";
 constexpr std::string_view kBlanks = " \t\v\f\r";
 
 constexpr std::array<std::string_view, 12> kKeywords = {"*START_MAJOR_WORDS_WITHOUT_PARAMETERS",
@@ -135,21 +136,28 @@ std::string hint(std::string_view line, std::string_view keyword, const Mark& ma
 
 }  // namespace
 
+Diagnostic tableErrorAt(const std::string& path, std::string_view key, const CountedLine& line) {
+  Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};
+  diagnostic.message = messageText(kErrors, key, {}).View();
+  const std::string_view keyword = keywordWithoutName(key);
+  const Mark mark = markOf(line.text, keyword);
+  const bool unbalanced = key == "ERR_5002" || key == "ERR_5003";
+  if (!unbalanced) diagnostic.message += hint(line.text, keyword, mark);
+  diagnostic.line = line.line;
+  diagnostic.column = line.column + static_cast<long>(mark.offset);
+  diagnostic.width = static_cast<long>(mark.width);
+  return diagnostic;
+}
+
 Diagnostic tableError(const std::string& path, const KEPError& error) {
   const std::string_view key = error.GetMessageKey().View();
+  if (const auto line = lineOf(path, error)) {
+    Diagnostic diagnostic = tableErrorAt(path, key, *line);
+    diagnostic.source = excerptAt(path, diagnostic.line, diagnostic.column);
+    return diagnostic;
+  }
   Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};
   diagnostic.message = messageText(error.GetCatalogue().View(), key, {}).View();
-  const auto line = lineOf(path, error);
-  if (!line) return diagnostic;
-
-  const std::string_view keyword = keywordWithoutName(key);
-  const Mark mark = markOf(line->text, keyword);
-  const bool unbalanced = key == "ERR_5002" || key == "ERR_5003";
-  if (!unbalanced) diagnostic.message += hint(line->text, keyword, mark);
-  diagnostic.line = line->line;
-  diagnostic.column = line->column + static_cast<long>(mark.offset);
-  diagnostic.width = static_cast<long>(mark.width);
-  diagnostic.source = excerptAt(path, diagnostic.line, diagnostic.column);
   return diagnostic;
 }
 

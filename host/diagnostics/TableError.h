@@ -1,10 +1,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "System/KEPError.h"
 #include "System/KEPPlatform.h"
 #include "host/diagnostics/Diagnostic.h"
+#include "host/diagnostics/TableText.h"
 
 namespace host {
 
@@ -13,5 +15,9 @@ namespace host {
 /// that wants mending. When the starts and ends of the blocks do not balance, the place is the
 /// first block that has no end, or the first end that closes nothing.
 [[nodiscard]] KEP_PLATFORM Diagnostic tableError(const std::string& path, const KEPError& error);
+
+/// The error of that key about a line of the table at `path`, without its source line.
+[[nodiscard]] Diagnostic tableErrorAt(const std::string& path, std::string_view key,
+                                      const CountedLine& line);
 
 }  // namespace host

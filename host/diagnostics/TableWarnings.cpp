@@ -8,6 +8,7 @@
 
 #include "host/diagnostics/InsertChains.h"
 #include "host/diagnostics/TableText.h"
+#include "host/diagnostics/lint/TextWords.h"
 
 namespace host {
 namespace {
@@ -22,18 +23,13 @@ constexpr std::array<std::string_view, 9> kSections = {"*START_MAJOR_WORDS_WITHO
                                                        "*START_LIST",
                                                        "*START_FORMAT"};
 constexpr std::size_t kMostWarnings = 50;
-constexpr std::array<std::string_view, 4> kTextWords = {"PARTNO", "$$", "INSERT", "DNCMSG"};
-
-bool takesRestOfLine(std::string_view token) {
-  return token.starts_with("PPRINT") ||
-         std::find(kTextWords.begin(), kTextWords.end(), token) != kTextWords.end();
-}
 
 // One pass over the tokens of a table, with the rules by which its reader finds blocks.
 class TableScan {
  public:
-  TableScan(const std::string& path, const std::function<bool(std::string_view)>& canPrint)
-      : path_(path), canPrint_(canPrint), text_(path) {
+  TableScan(const std::string& path, const std::function<bool(std::string_view)>& canPrint,
+            std::size_t mostWarnings)
+      : path_(path), canPrint_(canPrint), mostWarnings_(mostWarnings), text_(path) {
     while (const auto token = nextPlain()) readBlock(*token);
     if (!anySection_) warn("no-section", {}, "the table has no block, so it changes nothing");
     // Inserts mean commands before instructions.
@@ -48,9 +44,6 @@ class TableScan {
     std::stable_sort(warnings_.begin(), warnings_.end(), [](const auto& left, const auto& right) {
       return std::tie(left.line, left.column) < std::tie(right.line, right.column);
     });
-    for (Diagnostic& warning : warnings_) {
-      if (warning.line > 0) warning.source = excerptAt(path_, warning.line, warning.column);
-    }
     if (notShown_ > 0) {
       warnings_.push_back({Severity::Warning,
                            path_,
@@ -145,7 +138,7 @@ class TableScan {
   }
 
   void warn(std::string_view key, const TableToken& token, std::string message) {
-    if (warnings_.size() == kMostWarnings) {
+    if (warnings_.size() == mostWarnings_) {
       ++notShown_;
       return;
     }
@@ -161,6 +154,7 @@ class TableScan {
 
   const std::string& path_;
   const std::function<bool(std::string_view)>& canPrint_;
+  std::size_t mostWarnings_;
   TableText text_;
   bool anySection_ = false;
   std::vector<CommandBody> commands_;
@@ -171,9 +165,18 @@ class TableScan {
 
 }  // namespace
 
+std::vector<Diagnostic> allTableWarnings(const std::string& path,
+                                         const std::function<bool(std::string_view)>& canPrint) {
+  return TableScan(path, canPrint, std::string::npos).takeWarnings();
+}
+
 std::vector<Diagnostic> tableWarnings(const std::string& path,
                                       const std::function<bool(std::string_view)>& canPrint) {
-  return TableScan(path, canPrint).takeWarnings();
+  auto warnings = TableScan(path, canPrint, kMostWarnings).takeWarnings();
+  for (Diagnostic& warning : warnings) {
+    if (warning.line > 0) warning.source = excerptAt(path, warning.line, warning.column);
+  }
+  return warnings;
 }
 
 }  // namespace host

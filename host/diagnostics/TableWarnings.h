@@ -19,4 +19,8 @@ namespace host {
 [[nodiscard]] KEP_PLATFORM std::vector<Diagnostic> tableWarnings(
     const std::string& path, const std::function<bool(std::string_view)>& canPrint);
 
+/// The same, however many they are, and without their source lines.
+[[nodiscard]] std::vector<Diagnostic> allTableWarnings(
+    const std::string& path, const std::function<bool(std::string_view)>& canPrint);
+
 }  // namespace host

@@ -171,7 +171,7 @@ class Help(program.ProgramTest):
                 done = self.run_program(*shlex.split(example))
                 self.assertEqual(done.returncode, 0, example + "\n" + done.stderr)
                 ran += 1
-        self.assertEqual(ran, 27)
+        self.assertEqual(ran, 28)
 
 
 if __name__ == "__main__":

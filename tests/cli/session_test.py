@@ -1,4 +1,4 @@
-"""The sessions that docs/syntax.md shows."""
+"""The sessions that docs/syntax.md and docs/lint.md show."""
 
 import os
 import re
@@ -15,6 +15,15 @@ class Session(program.ProgramTest):
         self.assertEqual(len(sessions), 1)
         for command, shown in sessions:
             self.check(self.run_program(*shlex.split(command)), 0, shown)
+
+    def test_session_of_the_lint_runs(self):
+        with open(os.path.join(program.SOURCE, "docs", "lint.md"), encoding="ascii") as file:
+            blocks = dict(re.findall(r"^```(\w+)\n(.*?)^```$", file.read(), re.M | re.S))
+        self.write("arm.pptable", blocks["pptable"])
+        command, shown = re.match(r"\$ ppword ([^\n]*)\n(.*)", blocks["console"], re.S).groups()
+        findings, _, verdict = shown.rstrip("\n").rpartition("\n")
+        done = self.run_program(*shlex.split(command))
+        self.check(done, 0, verdict + "\n", findings + "\n")
 
 
 if __name__ == "__main__":

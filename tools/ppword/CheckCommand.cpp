@@ -1,10 +1,12 @@
 #include "tools/ppword/CheckCommand.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "host/diagnostics/DiagnosticText.h"
 #include "host/diagnostics/FormatProbe.h"
 #include "host/diagnostics/TableWarnings.h"
+#include "host/diagnostics/lint/Lint.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/TableCheck.h"
@@ -16,19 +18,28 @@ struct Verdict {
   std::vector<host::Diagnostic> findings;
 };
 
-Verdict verdictOf(const std::string& path) {
-  if (auto refusal = tableRefusal(path)) return {false, {std::move(*refusal)}};
+Verdict verdictOf(const std::string& path, bool lint) {
+  auto refusal = tableRefusal(path);
+  // A file that cannot be read has no place to look at.
+  if (lint && !(refusal && refusal->line == 0)) return {!refusal, host::lintTable(path)};
+  if (refusal) return {false, {std::move(*refusal)}};
   const host::FormatProbe probe;
   return {true, host::tableWarnings(
                     path, [&probe](std::string_view format) { return probe.canPrint(format); })};
 }
 
+std::string countText(const Verdict& verdict, host::Severity severity, std::string_view noun) {
+  const auto count =
+      std::count_if(verdict.findings.begin(), verdict.findings.end(),
+                    [&](const auto& finding) { return finding.severity == severity; });
+  if (count == 0) return {};
+  return ", " + std::to_string(count) + ' ' + std::string(noun) + (count > 1 ? "s" : "");
+}
+
 std::string verdictText(const std::string& path, const Verdict& verdict) {
   std::string text = host::terminalSafe(path) + (verdict.passes ? ": passes" : ": refused");
-  const std::size_t warnings = verdict.passes ? verdict.findings.size() : 0;
-  if (warnings > 0)
-    text += ", " + std::to_string(warnings) + " warning" + (warnings > 1 ? "s" : "");
-  return text + '\n';
+  if (verdict.findings.size() > 1) text += countText(verdict, host::Severity::Error, "error");
+  return text + countText(verdict, host::Severity::Warning, "warning") + '\n';
 }
 
 Json verdictJson(const std::string& path, const Verdict& verdict) {
@@ -45,7 +56,7 @@ ExitStatus checkTables(const CheckOptions& options) {
   ExitStatus status = ExitStatus::Done;
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {
-    const Verdict verdict = verdictOf(path);
+    const Verdict verdict = verdictOf(path, options.lint);
     const bool refused = !verdict.passes || (options.strict && !verdict.findings.empty());
     if (refused) status = worse(status, ExitStatus::Refused);
     if (options.format == OutputFormat::Json) {

@@ -88,6 +88,8 @@ class Arguments {
     check_->add_option("TABLE", checkOptions_.tables, "PP word tables")
         ->required()
         ->option_text("...");
+    check_->add_flag("--lint", checkOptions_.lint,
+                     "Look at every line, and tell all mistakes at once");
     check_->add_flag("--strict", checkOptions_.strict, "Exit with 1 on warnings too");
   }
 

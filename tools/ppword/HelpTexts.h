@@ -25,8 +25,16 @@ An error refuses a table; warnings tell what its load would pass over:
   endless-insert   inserts that never end, or give more than 100000 lines
   unusable-format  a format that prints no number
 
+With --lint every line is looked at and all mistakes are told in one run, each with its key, its
+place and what to write instead:
+  in the table     lines that are refused; sections without an end; names that are not read, or stand
+                   twice; words and codes that do not pair off
+  in its lines     arithmetic that is not computed as one expects (2+3*4 is 20), operands and names
+                   that lose text, parameters that nobody knows, lines that can pass column 72
+
 Examples:
   ppword check mill.pptable
+  ppword check --lint mill.pptable mill-turn.pptable
   ppword check --strict --format json mill.pptable)";
 
 inline constexpr const char* kExplain = "Show how the lines of an NC instruction come about";

@@ -13,6 +13,7 @@ enum class OutputFormat { Text, Json };
 
 struct CheckOptions {
   std::vector<std::string> tables;
+  bool lint = false;
   bool strict = false;
   OutputFormat format = OutputFormat::Text;
 };

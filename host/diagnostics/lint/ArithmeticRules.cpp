@@ -1,0 +1,149 @@
+#include <algorithm>
+#include <cctype>
+#include <utility>
+#include <vector>
+
+#include "host/diagnostics/lint/LineRules.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kSegmentEnds = "/,=()";
+constexpr std::string_view kOperandEnds = "/,*+-=()";
+
+std::string_view textOf(const LineReading& reading, const LineOperation& operation) {
+  return reading.text.substr(operation.begin, operation.end - operation.begin);
+}
+
+void noPrecedence(const LineReading& reading, LineReport& report) {
+  for (const LineOperation& operation : reading.operations) {
+    if (operation.sign != '*' || !operation.isBehindSum || !operation.isLeftNumber) continue;
+    if (!mayBeNumber(operation.right)) continue;
+    report.warn(LintKey::NoPrecedence, operation.at, 1, textOf(reading, operation));
+  }
+}
+
+void emptyOperand(const LineReading& reading, LineReport& report) {
+  for (const LineOperation& operation : reading.operations) {
+    const bool isSign = operation.sign == '-' && !operation.right.empty();
+    if ((operation.hasLeft || isSign) && !operation.right.empty()) continue;
+    report.warn(LintKey::EmptyOperand, operation.at, 1, textOf(reading, operation));
+  }
+}
+
+/// The first byte of an operand that is no blank.
+std::size_t firstOf(std::string_view operand) {
+  return std::min(operand.find_first_not_of(' '), operand.size());
+}
+
+void minusBeforeWord(const LineReading& reading, LineReport& report) {
+  for (const LineOperation& operation : reading.operations) {
+    if (operation.sign != '-' || operation.hasLeft || operation.right.empty()) continue;
+    std::string_view operand = operation.right.substr(firstOf(operation.right));
+    if (operand.starts_with('-')) operand.remove_prefix(1);
+    if (std::string_view("0123456789.\x01").find(operand.substr(0, 1)) != kNone) continue;
+    report.warn(LintKey::MinusBeforeWord, operation.at, operation.end - operation.at,
+                textOf(reading, operation));
+  }
+}
+
+/// Position of a minus whose operand is a reference; none for an operation without one.
+std::size_t negatedReference(const LineOperation& operation) {
+  const std::size_t first = firstOf(operation.right);
+  const std::string_view operand = operation.right.substr(first);
+  if (operand.starts_with('-') && operand.substr(1).starts_with(kValueByte)) {
+    return operation.at + 1 + first;
+  }
+  const bool isSign = operation.sign == '-' && !operation.hasLeft;
+  return isSign && operand.starts_with(kValueByte) ? operation.at : kNone;
+}
+
+void minusBeforeReference(const LineReading& reading, LineReport& report) {
+  for (const LineOperation& operation : reading.operations) {
+    const std::size_t at = negatedReference(operation);
+    if (at == kNone) continue;
+    report.warn(LintKey::MinusBeforeReference, at, 1, reading.text.substr(at, operation.end - at));
+  }
+}
+
+void largeDivisor(const LineReading& reading, LineReport& report) {
+  for (const LineDivision& division : reading.divisions) {
+    if (division.reciprocal.find('e') == kNone) continue;
+    report.warn(LintKey::LargeDivisor, division.at + 1, division.divisor.size(), division.divisor);
+  }
+}
+
+/// True for a division of numbers that stays in the line.
+bool isKept(const LineReading& reading, const LineDivision& division) {
+  const std::string_view flat = reading.flat;
+  // A comment is not computed, so that even a product stays.
+  if (!division.reciprocal.empty()) return reading.isComment && flat[division.at] == '*';
+  if (reading.isProse || flat[division.at] != '/') return false;
+  const std::string_view before = flat.substr(0, division.at);
+  const std::string_view behind = flat.substr(division.at + 1);
+  if (!mayBeNumber(behind.substr(0, behind.find_first_of(kOperandEnds)))) return false;
+  const std::size_t begin = before.find_last_of(kOperandEnds) + 1;
+  return before.ends_with(')') || mayBeNumber(before.substr(begin));
+}
+
+void divisionKept(const LineReading& reading, LineReport& report) {
+  for (const LineDivision& division : reading.divisions) {
+    if (!isKept(reading, division)) continue;
+    report.warn(LintKey::DivisionKept, division.at, 1,
+                reading.text.substr(division.at, division.divisor.size() + 1));
+  }
+}
+
+bool isDigit(char byte) { return std::isdigit(static_cast<unsigned char>(byte)) != 0; }
+
+/// The number of bytes of a number with an exponent that `text` begins with.
+std::size_t exponentNumber(std::string_view text) {
+  std::size_t at = std::min(text.find_first_not_of("0123456789."), text.size());
+  if (at == 0 || at == text.size() || (text[at] | 0x20) != 'e') return 0;
+  ++at;
+  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
+  const std::size_t digits = at;
+  while (at < text.size() && isDigit(text[at])) ++at;
+  return at == digits ? 0 : at;
+}
+
+/// Warns of numbers with exponents when an operator outside of them would compute with them.
+void lintSegment(std::string_view flat, std::size_t begin, std::size_t end,
+                 const LineReading& reading, LineReport& report) {
+  std::vector<std::pair<std::size_t, std::size_t>> numbers;
+  bool isComputed = false;
+  for (std::size_t at = begin; at < end;) {
+    const bool canBegin = at == begin || !std::isalnum(static_cast<unsigned char>(flat[at - 1]));
+    const std::size_t width = canBegin ? exponentNumber(flat.substr(at, end - at)) : 0;
+    if (width > 0) numbers.emplace_back(at, width);
+    isComputed = isComputed || (at > begin && std::string_view("+-*").find(flat[at]) != kNone);
+    at += std::max<std::size_t>(width, 1);
+  }
+  if (!isComputed) return;
+  for (const auto& [at, width] : numbers) {
+    report.warn(LintKey::ExponentOperand, at, width, reading.text.substr(at, width));
+  }
+}
+
+void exponentOperand(const LineReading& reading, LineReport& report) {
+  if (reading.isComment) return;
+  const std::string_view flat = reading.flat;
+  for (std::size_t begin = 0; begin < flat.size();) {
+    const std::size_t end = std::min(flat.find_first_of(kSegmentEnds, begin), flat.size());
+    lintSegment(flat, begin, end, reading, report);
+    begin = end + 1;
+  }
+}
+
+using Rule = void (*)(const LineReading& reading, LineReport& report);
+constexpr Rule kRules[] = {noPrecedence, exponentOperand, largeDivisor,        divisionKept,
+                           emptyOperand, minusBeforeWord, minusBeforeReference};
+
+}  // namespace
+
+void lintArithmetic(const LineReading& reading, LineReport& report) {
+  for (const Rule rule : kRules) rule(reading, report);
+}
+
+}  // namespace host

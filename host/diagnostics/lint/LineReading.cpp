@@ -1,0 +1,43 @@
+#include "host/diagnostics/lint/LineReading.h"
+
+#include "host/diagnostics/lint/LineDivisions.h"
+#include "host/diagnostics/lint/LineOperations.h"
+#include "host/diagnostics/lint/LineReferences.h"
+#include "host/diagnostics/lint/TextWords.h"
+
+namespace host {
+namespace {
+
+bool isComment(std::string_view line) {
+  const auto holds = [line](std::string_view mark) { return line.find(mark) != line.npos; };
+  return holds("$$") || holds("PPRINT") || holds("*VORTA");
+}
+
+/// "\%" is text.
+std::string withoutEscapes(std::string_view line) {
+  std::string flat(line);
+  for (std::size_t at = 0; (at = flat.find("\\%", at)) != std::string::npos; at += 2) {
+    flat[at + 1] = 'x';
+  }
+  return flat;
+}
+
+}  // namespace
+
+LineReading readLine(std::string_view line) {
+  LineReading reading{line, withoutEscapes(line), isComment(line), false, {}, {}, {}, {}};
+  reading.isProse = reading.isComment || takesRestOfLine(line.substr(0, line.find(' ')));
+  readDivisions(reading);
+  readReferences(reading);
+  if (!reading.isComment) readOperations(reading);
+  return reading;
+}
+
+bool mayBeNumber(std::string_view operand) {
+  constexpr std::string_view kBytes = "0123456789., -\x01";
+  constexpr std::string_view kDigits = "0123456789\x01";
+  return operand.find_first_not_of(kBytes) == operand.npos &&
+         operand.find_first_of(kDigits) != operand.npos;
+}
+
+}  // namespace host

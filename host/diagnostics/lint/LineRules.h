@@ -1,0 +1,28 @@
+#pragma once
+
+#include "host/diagnostics/lint/LineReading.h"
+#include "host/diagnostics/lint/LintFindings.h"
+#include "host/diagnostics/lint/TableBlocks.h"
+
+namespace host {
+
+/// Takes the warnings about one line.
+class LineReport {
+ public:
+  LineReport(const SyntaxLine& line, LintFindings& findings) : line_(line), findings_(findings) {}
+
+  void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject) {
+    findings_.warn(key, line_.offsetOf(position), width, subject);
+  }
+
+ private:
+  const SyntaxLine& line_;
+  LintFindings& findings_;
+};
+
+/// Warns of arithmetic that is not computed as one expects, or loses text.
+void lintArithmetic(const LineReading& reading, LineReport& report);
+/// Warns of references whose names are not what one expects.
+void lintNames(const LineReading& reading, LineReport& report);
+
+}  // namespace host

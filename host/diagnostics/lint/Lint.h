@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "System/KEPPlatform.h"
+#include "host/diagnostics/Diagnostic.h"
+
+namespace host {
+
+/// All that is wrong with the table at `path`, or computes other than one expects, in the order of
+/// the file. Errors are those for which the table reader's check refuses it, all of them; warnings
+/// have the keys of lintRules() and of tableWarnings(). The module must be loaded. The effort grows
+/// with the size of the table.
+[[nodiscard]] KEP_PLATFORM std::vector<Diagnostic> lintTable(const std::string& path);
+
+}  // namespace host

@@ -1,0 +1,199 @@
+// The warnings about one line: the line, and what is expected, each as its column and key.
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "host/diagnostics/lint/Lint.h"
+#include "tests/table/TableFiles.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kBefore = "*START_NC_COMMAND NC_A\n";
+constexpr std::string_view kBehind =
+    "\n*END\n"
+    "*START_FORMAT MFG_A\n%11.5f\n*END\n*START_FORMAT MFG_B\n%.3f\n*END\n"
+    "*START_LIST MFG_W\nRPM,SMMRPM\n*END\n";
+
+/// What is told of a line, "COLUMN KEY" for each finding.
+std::string lint(std::string_view line) {
+  const TableFile file((std::string(kBefore) += line) += kBehind);
+  std::string text;
+  for (const Diagnostic& finding : lintTable(std::string(file.path().View()))) {
+    EXPECT_EQ(finding.line, 2) << finding.key;
+    text += (text.empty() ? "" : ", ") + std::to_string(finding.column) + ' ' + finding.key;
+  }
+  return text;
+}
+
+struct Case {
+  std::string_view line;
+  std::string_view expected;
+};
+
+void expectAll(const std::vector<Case>& cases) {
+  for (const auto& [line, expected] : cases) EXPECT_EQ(lint(line), expected) << line;
+}
+
+TEST(LintLines, ProductBehindSumIsTold) {
+  expectAll({{"X/2+3*4", "6 no-precedence"},
+             {"X/2*3+4", ""},
+             {"X/2+3,3*4", ""},
+             {"X/%MFG_A-%MFG_B*2", "16 no-precedence"},
+             {"X/1+%MFG_A/4", "11 no-precedence"},
+             {"X/-2*3", ""},
+             {"X/2*-3*4", ""},
+             {"X/1+2*3*4", "6 no-precedence, 8 no-precedence"},
+             {"X/A+B*C", ""},
+             {"PPRINT 2+3*4", ""}});
+}
+
+TEST(LintLines, OperatorInExpressionIsTold) {
+  expectAll({{"X/%(A+B),1", "6 operator-in-expression"},
+             {"X/%(A-2*B),1", "6 operator-in-expression"},
+             {"X/%(A/B),1", ""},
+             {"X/%(A/2),1", "6 operator-in-expression"},
+             {"X/%(A)+1", ""},
+             {"X/%(A)/2", ""},
+             {"PPRINT %(A+B)", "11 operator-in-expression"}});
+}
+
+TEST(LintLines, NumberWithExponentIsTold) {
+  expectAll({{"X/%MFG_A+1e5", "10 exponent-operand"},
+             {"X/1.5E-3*2", "3 exponent-operand"},
+             {"X/1e5", ""},
+             {"X/1e-5", ""},
+             {"X/1e5,2+3", ""},
+             {"X/%MFG_A+100000", ""},
+             {"X/HOLE1E5+2", ""},
+             {"PPRINT 1e5+1", ""}});
+}
+
+TEST(LintLines, DivisorWithLongReciprocalIsTold) {
+  expectAll({{"X/%MFG_A/10001", "10 large-divisor"},
+             {"X/%MFG_A/1e5", "10 large-divisor"},
+             {"X/%MFG_A/10000", ""},
+             {"X/%MFG_A/0.00002", ""},
+             {"X/7/20000", "4 division-kept"}});
+}
+
+TEST(LintLines, DivisionThatStaysIsTold) {
+  expectAll({{"X/%MFG_A/%MFG_B", "9 division-in-name"},
+             {"X/(%MFG_A/%MFG_B)", ""},
+             {"X/(6/%MFG_B)", ""},
+             {"X/(%MFG_A/%MFG_B/2)", "10 division-in-name"},
+             {"X/%MFG_A/0", "9 division-in-name"},
+             {"X/%MFG_A/-2", "9 division-in-name"},
+             {"%MFG_A/4", "7 division-in-name"},
+             {"X/%MFG_A/4", ""},
+             {"X/%MFG_A/4/2", "11 division-kept"},
+             {"X/6/3", "4 division-kept"},
+             {"X/6/%MFG_A", "4 division-kept"},
+             {"X/(1+2)/3", "8 division-kept"},
+             {"X/ON/OFF", ""},
+             {"X/(POINT/%MFG_A,%MFG_B)", ""},
+             {"PARTNO 12/5/2026", ""},
+             {"PPRINT 1/%MFG_A/4", "16 division-kept"}});
+}
+
+TEST(LintLines, MissingOperandIsTold) {
+  expectAll({{"X/%MFG_A+,5", "9 empty-operand"},
+             {"X/+5", "3 empty-operand"},
+             {"X/5*", "4 empty-operand"},
+             {"X/5++3", "4 empty-operand, 5 empty-operand"},
+             {"X/2*(3+4)", "4 empty-operand"},
+             {"X/5+3", ""},
+             {"X/5*-3", ""},
+             {"INSERT M8+", "10 empty-operand"},
+             {"PARTNO A-1", ""},
+             {"PPRINT A+", ""},
+             {"$$ -", ""}});
+}
+
+TEST(LintLines, MinusBeforeWordIsTold) {
+  expectAll({{"X/-MM", "3 minus-before-word"},
+             {"X/5,-MM-3", "5 minus-before-word"},
+             {"X/-5", ""},
+             {"X/-5MM", ""},
+             {"X/-.5", ""},
+             {"X/A-MM", ""},
+             {"PPRINT -MM", ""}});
+}
+
+TEST(LintLines, MinusBeforeReferenceIsTold) {
+  expectAll({{"X/-%MFG_A", "3 minus-before-reference"},
+             {"X/5*-%MFG_A", "5 minus-before-reference"},
+             {"X/0-%MFG_A", ""},
+             {"X/5-3,%MFG_A", ""},
+             {"PPRINT -%MFG_A", ""}});
+}
+
+TEST(LintLines, SignBehindNameInCommentIsTold) {
+  expectAll({{"PPRINT %MFG_A-5", "14 sign-in-comment"},
+             {"$$ %MFG_A IS - 5", "14 sign-in-comment"},
+             {"X/$$%MFG_A*5", "11 sign-in-comment"},
+             {"PPRINT -%MFG_A", ""},
+             {"PPRINT %MFG_A, A-B", ""},
+             {"X/%MFG_A-5", ""}});
+}
+
+TEST(LintLines, NameThatGoesOnIsTold) {
+  expectAll({{"PPRINT %MFG_A IS, OK", "14 blank-in-name"},
+             {"PPRINT %MFG_A , OK", "14 blank-in-name"},
+             {"PPRINT &MFG_W %MFG_A, OK", "14 blank-in-name"},
+             {"PPRINT %MFG_A IS OK", ""},
+             {"PPRINT %MFG_A, IS OK", ""},
+             {"PPRINT \\%MFG_A IS, OK", ""},
+             {"PARTNO %MFG_A IS, OK", "14 blank-in-name"}});
+}
+
+TEST(LintLines, LostEndOfNameIsTold) {
+  expectAll({{"(P/%MFG_A)ON", "11 text-behind-parenthesis"},
+             {"(P/%MFG_A)$", "11 text-behind-parenthesis"},
+             {"((P/%MFG_A))", ""},
+             {"(P/%MFG_A),ON", ""},
+             {"X/%MFG_A$", "9 dollar-behind-name"},
+             {"X/&MFG_W,$", ""},
+             {"X/%MFG_A,$", ""}});
+}
+
+TEST(LintLines, UnknownParameterIsTold) {
+  expectAll({{"X/%MFG_NONE", "3 unknown-parameter"},
+             {"X/2,&MFG_NONE", "5 unknown-parameter"},
+             {"X/(%MFG_NONE/%MFG_A)", "4 unknown-parameter"},
+             {"X/%MFG_A,&MFG_W", ""},
+             {"X/%MFG_XPOINT", ""},
+             {"TPRINT/%MFG_TOOL_NAME", ""},
+             {"X/%(NONE)", ""},
+             {"X/\\%MFG_NONE", ""}});
+}
+
+// A number of MFG_A takes 11 columns, one of MFG_B 9, a word of MFG_W 6, a result 12.
+TEST(LintLines, LineBeyondColumn72IsTold) {
+  const std::string text61(61, 'X');
+  expectAll({{text61 + "%MFG_A", ""},
+             {text61 + "X%MFG_A", "63 wide-line"},
+             {text61 + "X,%MFG_B", ""},
+             {text61 + "XX,%MFG_B", "65 wide-line"},
+             {text61 + "XXXX/&MFG_W", ""},
+             {text61 + "XXXXX/&MFG_W", "68 wide-line"},
+             {text61 + "XXXXXXXXX,", ""},
+             {text61 + "XXXXXXXXXX,", "72 wide-line"},
+             {text61 + "/1+2", "63 wide-line"},
+             {text61.substr(2) + "/1+2", ""},
+             {text61 + "/%MFG_TOOL_NAME", ""},
+             {text61 + "XXXXXXXXXX\xC3\xA4", ""},
+             {text61 + "XXXXXXXXXX\xC3\xA4X", "74 wide-line"}});
+}
+
+TEST(LintLines, BlankThatEndsTheLineIsTold) {
+  expectAll({{"X/%MFG_A ,5", "10 split-line"},
+             {"X/%MFG_A\n X/%MFG_B", ""},
+             {"PPRINT A B", ""},
+             {"X/1 PPRINT A", "5 split-line"}});
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,79 @@
+// docs/lint.md and the manual page have the rules of the program.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "host/diagnostics/lint/Lint.h"
+#include "host/diagnostics/lint/LintRules.h"
+#include "tests/table/TableFiles.h"
+
+namespace host {
+namespace {
+
+std::string contentOf(const std::string& path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string manual() { return contentOf(PPWORD_SOURCE_DIR "/docs/lint.md"); }
+
+/// The rows that begin with a key between backquotes.
+std::vector<std::string> rows() {
+  std::vector<std::string> rows;
+  const std::string text = manual();
+  const std::regex row("\\| `([a-z-]+)` \\|[^\n]*");
+  for (std::sregex_iterator at(text.begin(), text.end(), row), end; at != end; ++at) {
+    rows.push_back(at->str());
+  }
+  return rows;
+}
+
+TEST(LintManual, RulesAreThoseOfTheProgram) {
+  const auto all = rows();
+  ASSERT_EQ(all.size(), lintRules().size());
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const auto& [key, fault, hint] = lintRules()[i];
+    const std::string begin =
+        "| `" + std::string(key) + "` | " + std::string(fault) + " | " + std::string(hint) + " |";
+    EXPECT_EQ(all[i].substr(0, begin.size()), begin);
+  }
+}
+
+TEST(LintManual, ManualPageNamesEveryRule) {
+  const std::string page = contentOf(PPWORD_SOURCE_DIR "/docs/ppword.1");
+  for (const LintRule& rule : lintRules()) {
+    const std::string key = std::regex_replace(std::string(rule.key), std::regex("-"), "\\-");
+    EXPECT_NE(page.find("\n.B " + key + "\n"), std::string::npos) << rule.key;
+  }
+}
+
+bool tells(const std::string& line, const std::string& key) {
+  const TableFile file("*START_NC_COMMAND NC_A\n" + line +
+                       "\n*END\n*START_FORMAT MFG_A\n%11.5f\n*END\n"
+                       "*START_FORMAT MFG_B\n%11.5f\n*END\n");
+  const auto all = lintTable(std::string(file.path().View()));
+  return std::any_of(all.begin(), all.end(),
+                     [&](const Diagnostic& finding) { return finding.key == key; });
+}
+
+TEST(LintManual, ExamplesOfLinesAreTold) {
+  const std::regex examples("\\| `([a-z-]+)` \\|.*\\| `([^`]+)` \\| `([^`]+)` \\|");
+  std::size_t count = 0;
+  for (const std::string& row : rows()) {
+    std::smatch parts;
+    if (!std::regex_match(row, parts, examples)) continue;
+    ++count;
+    EXPECT_TRUE(tells(parts[2], parts[1])) << row;
+    EXPECT_FALSE(tells(parts[3], parts[1])) << row;
+  }
+  EXPECT_EQ(count, 16U);
+}
+
+}  // namespace
+}  // namespace host

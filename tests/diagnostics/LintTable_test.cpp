@@ -1,0 +1,209 @@
+// The warnings about a table: the table, and what is expected, each as its line, column and key.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "host/diagnostics/DiagnosticText.h"
+#include "host/diagnostics/lint/Lint.h"
+#include "tests/table/TableFiles.h"
+
+namespace host {
+namespace {
+
+std::vector<Diagnostic> findings(std::string_view table) {
+  const TableFile file(table);
+  auto all = lintTable(std::string(file.path().View()));
+  for (Diagnostic& finding : all) finding.file = "T";
+  return all;
+}
+
+/// "LINE:COLUMN KEY" for each finding.
+std::string lint(std::string_view table) {
+  std::string text;
+  for (const Diagnostic& finding : findings(table)) {
+    text += (text.empty() ? "" : ", ") + std::to_string(finding.line) + ':' +
+            std::to_string(finding.column) + ' ' + finding.key;
+  }
+  return text;
+}
+
+std::string words(std::string_view pairs) {
+  return lint((std::string("*START_MINOR_WORDS\n") += pairs) += "\n*END\n");
+}
+
+TEST(LintTable, EmptyTableHasNoSection) { EXPECT_EQ(lint(""), "0:0 no-section"); }
+
+TEST(LintTable, AllRefusedLinesAreTold) {
+  EXPECT_EQ(lint("*COMMENT\n"
+                 "*INSERT X\n"
+                 "*START_NC_COMMAND X\n*END\n"
+                 "*START_NC_INSTRUCTION X\n*END\n"
+                 "*START_LIST X\n*END\n"
+                 "*START_FORMAT\n*END\n"
+                 "*START_WORDS\n*END\n"),
+            "1:1 ERR_5001, 2:9 ERR_5000, 3:19 ERR_5004, 5:23 ERR_5005, 7:13 ERR_5006, "
+            "9:15 ERR_5007, 11:1 ERR_5008");
+}
+
+TEST(LintTable, EverySectionThatIsNotClosedIsTold) {
+  EXPECT_EQ(lint("*START_MINOR_WORDS\nA,1\n"
+                 "*START_SYNTAXES\nRAPID\n*END\n"
+                 "*START_NC_COMMAND NC_A\n*START_SEQUENCE\n*END\n"),
+            "1:1 ERR_5003, 6:1 ERR_5003");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*START_LIST MFG_A\n*END\n*END\n"), "");
+}
+
+TEST(LintTable, EveryEndThatClosesNothingIsTold) {
+  EXPECT_EQ(lint("*END\n*START_SYNTAXES\nRAPID\n*END\n*END\n"), "1:1 ERR_5002, 5:1 ERR_5002");
+}
+
+TEST(LintTable, SectionsThatTheCheckCountsAsClosedAreTold) {
+  EXPECT_EQ(lint("*END\n*START_SYNTAXES\nRAPID\n"), "1:1 surplus-end, 2:1 unclosed-section");
+  EXPECT_EQ(lint("*START_SYNTAXES\nRAPID\n*END\n"), "");
+}
+
+TEST(LintTable, NameThatIsNotReadIsTold) {
+  EXPECT_EQ(lint("*START_NC_COMMAND X NC_A\n*END\n"), "1:1 unread-name");
+  EXPECT_EQ(lint("*START_FORMAT X MFG_A\n%f\n*END\n"), "1:1 unread-name");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*INSERT X NC_A\n*END\n"), "2:1 unread-name");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A X\n*END\n"), "");
+}
+
+TEST(LintTable, SecondSectionOfItsKindIsTold) {
+  EXPECT_EQ(lint("*START_MINOR_WORDS\nA,1\n*END\n*START_MINOR_WORDS\nA,1\n*END\n"),
+            "4:1 unread-section");
+  EXPECT_EQ(lint("*START_SYNTAXES\nA\n*END\n*START_SYNTAXES\nB\n*END\n"), "4:1 unread-section");
+  EXPECT_EQ(lint("*START_MINOR_WORDS\nA,1\n*END\n*START_MAJOR_WORDS_WITH_TEXT\nB,2\n*END\n"), "");
+}
+
+TEST(LintTable, InsertOfAbsentCommandIsTold) {
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*INSERT NC_B\n*END\n"), "2:9 unknown-insert");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*INSERT NC_B\n*END\n*START_NC_COMMAND NC_B\n*END\n"), "");
+}
+
+TEST(LintTable, NameThatStandsTwiceIsTold) {
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*END\n*START_NC_INSTRUCTION NC_A\n*END\n"),
+            "3:23 duplicate-name");
+  EXPECT_EQ(lint("*START_LIST MFG_A\n*END\n*START_LIST MFG_A\n*END\n"), "3:13 duplicate-name");
+  EXPECT_EQ(lint("*START_FORMAT MFG_A\n%f\n*END\n*START_FORMAT MFG_A\n%f\n*END\n"),
+            "4:15 duplicate-name");
+  EXPECT_EQ(lint("*START_LIST MFG_A\n*END\n*START_FORMAT MFG_A\n%f\n*END\n"), "");
+}
+
+TEST(LintTable, WordWithoutCodeIsTold) {
+  EXPECT_EQ(words("A,1 B C,3"), "2:5 missing-code");
+  EXPECT_EQ(words("A,1 B"), "2:5 missing-code");
+  EXPECT_EQ(words("A,1,B,2"), "");
+}
+
+TEST(LintTable, NumberInPlaceOfWordIsTold) {
+  EXPECT_EQ(words("A,1,2 B,3"), "2:5 shifted-pair");
+  EXPECT_EQ(words("3AXIS,1"), "");
+}
+
+TEST(LintTable, CodeThatDoesNotConvertIsTold) {
+  EXPECT_EQ(words("A,X B,2"), "2:3 code-not-number");
+  EXPECT_EQ(words("A,99999999999 B,2"), "2:3 code-not-number");
+  EXPECT_EQ(words("A,10I5"), "2:3 code-cut");
+  EXPECT_EQ(words("A,1.5"), "2:3 code-cut");
+  EXPECT_EQ(words("A,-7 B,+8"), "");
+}
+
+TEST(LintTable, WordAndCodeThatStandTwiceAreTold) {
+  EXPECT_EQ(words("A,1 A,2"), "2:5 duplicate-word");
+  EXPECT_EQ(words("A,1 B,1"), "2:7 duplicate-code");
+  EXPECT_EQ(lint("*START_MINOR_WORDS\nA,1\n*END\n*START_MAJOR_WORDS_WITH_TEXT\nA,1\n*END\n"),
+            "5:1 duplicate-word, 5:3 duplicate-code");
+  EXPECT_EQ(words("A,1 a,2"), "");
+}
+
+TEST(LintTable, FormatThatPrintsNoNumberIsTold) {
+  EXPECT_EQ(lint("*START_FORMAT MFG_A\n%d\n*END\n"), "2:1 unusable-format");
+  EXPECT_EQ(lint("*START_FORMAT MFG_A\n%f\n*END\n"), "");
+}
+
+TEST(LintTable, AllOfManyMistakesAreTold) {
+  std::string table;
+  for (int i = 0; i < 60; ++i) {
+    table += "*START_FORMAT MFG_A" + std::to_string(i) + "\n%d\n*END\n*X\n";
+  }
+  EXPECT_EQ(findings(table).size(), 120U);
+}
+
+TEST(LintTable, LinesOfEverySequenceAndListAreLookedAt) {
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n"
+                 "*START_SEQUENCE\nX/-MM\n*END\n"
+                 "*START_SEQUENCE\nX/-KM\n*END\n"
+                 "*END\n"
+                 "*START_SYNTAXES\nX/-CM RAPID\n*END\n"),
+            "3:3 minus-before-word, 6:3 minus-before-word, 10:3 minus-before-word");
+}
+
+TEST(LintTable, PlacesOfMendedLineAreThoseOfTheFile) {
+  const std::string full = "X/" + std::string(70, '1') + ",%MFG_YP";
+  ASSERT_EQ(full.size(), 80U);
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n" + full + "\nOINT/%MFG_XPOINT,-MM\n*END\n"),
+            "2:73 wide-line, 3:5 division-in-name, 3:18 minus-before-word");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n" + full + "\nOINT,-5\n*END\n"), "2:73 wide-line");
+}
+
+TEST(LintTable, WindowsLineEndsChangeNothing) {
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\r\nX/-MM\r\nPPRINT A\r\n*END\r\n"),
+            "2:3 minus-before-word");
+}
+
+TEST(LintTable, WarningsTellWhatToDo) {
+  std::string text;
+  for (const Diagnostic& finding :
+       findings("*START_NC_COMMAND NC_A\nX/%MFG_XPONT\n*END\n*START_LIST\n*END\n")) {
+    text += diagnosticText(finding);
+  }
+  EXPECT_EQ(text,
+            "T:2:3: warning unknown-parameter: %MFG_XPONT, perhaps MFG_XPOINT: nothing of the "
+            "document or the table answers for this parameter; correct the name, unless every job "
+            "states it for its activities\n"
+            "  X/%MFG_XPONT\n"
+            "    ^~~~~~~~~~\n"
+            "T:4:13: error ERR_5006: *START_LIST names no parameter; write \"*START_LIST "
+            "MFG_NAME\"\n"
+            "  *START_LIST\n"
+            "              ^\n");
+}
+
+/// The lint's errors are those of the reader's check.
+TEST(LintTable, ErrorsAreThoseOfTheCheck) {
+  constexpr std::string_view kTables[] = {
+      "",
+      "*END\n",
+      "*START_LISTING MFG_A\n*ENDX\n",
+      "*START_SEQUENCE\n*END\n",
+      "*INSERT  NC_A\n",
+      "*INSERT\tNC_A\n",
+      "*START\n*END\n",
+      "X*START_SYNTAXES\n",
+      " *START_SYNTAXES\n",
+      "*END *START_SYNTAXES\n*END\n",
+      "*START_NC_COMMAND X NC_A\n*END\n",
+      "*START_SYNTAXES\n*START_SYNTAXES\n*END",
+  };
+  for (const std::string_view table : kTables) {
+    const TableFile file(table);
+    KEPMfgPPTableTxt reader{file.path()};
+    const auto all = findings(table);
+    const bool hasError = std::any_of(all.begin(), all.end(), [](const Diagnostic& finding) {
+      return finding.severity == Severity::Error;
+    });
+    EXPECT_EQ(hasError, KEPFailed(reader.CheckFileSyntax())) << table;
+  }
+}
+
+TEST(LintTable, LongLinesCountAsTheCheckCountsThem) {
+  const std::string line = "X" + std::string(1022, ' ') + "*COMMENT\n";
+  EXPECT_EQ(lint("*START_SYNTAXES\n*END\n" + line), "3:1024 ERR_5001");
+}
+
+}  // namespace
+}  // namespace host
