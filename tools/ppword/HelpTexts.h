@@ -27,8 +27,8 @@ An error refuses a table; warnings tell what its load would pass over:
 
 With --lint every line is looked at and all mistakes are told in one run, each with its key, its
 place and what to write instead:
-  in the table     lines that are refused; sections without an end; names that are not read, or stand
-                   twice; words and codes that do not pair off
+  in the table     lines that are refused; sections without an end; names that are not read, or
+                   stand twice; words and codes that do not pair off
   in its lines     arithmetic that is not computed as one expects (2+3*4 is 20), operands and names
                    that lose text, parameters that nobody knows, lines that can pass column 72
 
