@@ -4,6 +4,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <charconv>
 
 #include "KEPIMfgPPWordFactory.h"
 #include "host/document/DocumentFile.h"
@@ -43,7 +44,10 @@ std::vector<std::string> contentOf(const Document& document) {
   }
   std::vector<std::string> parameters;
   for (const auto& [name, value] : document.designParameters()) {
-    parameters.push_back(name + " = " + std::to_string(value));
+    char digits[400];
+    const auto end =
+        std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed, 6);
+    parameters.push_back(name + " = " + std::string(digits, end.ptr));
   }
   std::sort(parameters.begin(), parameters.end());
   content.insert(content.end(), parameters.begin(), parameters.end());
