@@ -6,14 +6,14 @@
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/manufacturing/Activity.h"
+#include "host/modeler/ContainerOf.h"
 #include "host/modeler/Document.h"
 
 namespace {
 
 /// The document that holds a feature or a container.
 KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
-  KEPIContainer_var container = object;
-  if (const KEPISpecObject_var feature = object) container = feature->GetContainer();
+  const KEPIContainer_var container = host::containerOf(object);
   return container ? container->GetDocument() : nullptr;
 }
 

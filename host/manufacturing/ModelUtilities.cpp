@@ -4,15 +4,10 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/manufacturing/Activity.h"
 #include "host/manufacturing/Program.h"
+#include "host/modeler/ContainerOf.h"
 #include "host/modeler/Document.h"
 
 namespace {
-
-/// The container that holds a feature, or the container itself.
-KEPIContainer* containerOf(const KEPBaseUnknown_var& object) {
-  const auto* const feature = KEPBorrow<KEPISpecObject>(object.Get());
-  return feature != nullptr ? feature->GetContainer() : KEPBorrow<KEPIContainer>(object.Get());
-}
 
 /// The host's own program behind an interface of it; null when it is none.
 const host::Program* programOf(const KEPBaseUnknown* object) {
@@ -21,7 +16,7 @@ const host::Program* programOf(const KEPBaseUnknown* object) {
 
 KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
   if (const host::Program* const program = programOf(object.Get())) return program->document();
-  const KEPIContainer_var container = containerOf(object);
+  const KEPIContainer_var container = host::containerOf(object);
   return container ? container->GetDocument() : nullptr;
 }
 
@@ -34,7 +29,7 @@ HRESULT statusOf(const Handle& handle) {
 
 HRESULT KEPMfgModelUtilities::GetPPWordContainer(const KEPBaseUnknown_var& object,
                                                  KEPIMfgPPWordContainer_var& container) {
-  container = KEPIMfgPPWordContainer_var::Of(containerOf(object));
+  container = KEPIMfgPPWordContainer_var::Of(host::containerOf(object));
   return statusOf(container);
 }
 
