@@ -127,6 +127,7 @@ std::vector<Element> arcElements(const ArcMove& arc) {
   if (sweep.rise() != 0.0) return {helix(arc, sweep)};
   std::vector<Element> elements;
   const int pieces = sweep.pieces();
+  elements.reserve(std::size_t(pieces));
   for (int number = 0; number < pieces; ++number) {
     elements.push_back(piece(arc, sweep, double(number) / pieces, double(number + 1) / pieces));
   }

@@ -1,7 +1,9 @@
-"""The manual page and the help texts tell the same."""
+"""The manual page and the help texts tell the same, and what they show as examples runs."""
 
 import os
 import re
+import shlex
+import shutil
 
 import program
 
@@ -45,6 +47,15 @@ class Manual(program.ProgramTest):
         for command in COMMANDS:
             for example in re.findall(r"^  (ppword .*)$", self.help_of(command), re.MULTILINE):
                 self.assertIn(example, manual)
+
+    def test_every_example_runs(self):
+        shutil.copytree(program.EXAMPLES, self.folder, dirs_exist_ok=True)
+        shown = self.page.split("\n.SH EXAMPLES\n")[1]
+        examples = re.findall(r"^ppword (.*)$", shown, re.MULTILINE)
+        self.assertEqual(len(examples), 32)
+        for example in examples:
+            done = self.run_program(*shlex.split(example))
+            self.assertEqual(done.returncode, 0, example + "\n" + done.stderr)
 
     def test_every_warning_of_the_help_stands_in_the_manual(self):
         names = re.findall(r"^  ([a-z]+-[a-z]+)  ", self.help_of("ppword check"), re.MULTILINE)

@@ -36,7 +36,8 @@ bool cleansParentheses() {
 }  // namespace
 
 bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordListener* listener) {
-  auto& [line, signs] = room;
+  PassedLine& line = room.line;
+  SignRecords& signs = room.signs;
   const auto tell = [&line, listener](std::string_view pass) {
     if (listener != nullptr) listener->LineAfterPass(pass, line.text());
   };
