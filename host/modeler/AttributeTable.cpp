@@ -1,22 +1,12 @@
 #include "host/modeler/AttributeTable.h"
 
+#include <utility>
+
 namespace host {
-namespace {
 
-/// Up to here a walk over the names is quicker than a hash.
-constexpr std::size_t kFewSlots = 4;
-
-}  // namespace
-
-const AttributeTable::Slot* AttributeTable::find(std::string_view name) const {
-  if (slots_.size() > kFewSlots) {
-    const auto place = places_.find(name);
-    return place == places_.end() ? nullptr : &slots_[place->second];
-  }
-  for (const Slot& slot : slots_) {
-    if (isSameText(slot.name, name)) return &slot;
-  }
-  return nullptr;
+const AttributeTable::Slot* AttributeTable::findIndexed(std::string_view name) const {
+  const auto place = places_.find(name);
+  return place == places_.end() ? nullptr : &slots_[place->second];
 }
 
 AttributeTable::Slot* AttributeTable::find(std::string_view name) {

@@ -23,7 +23,14 @@ class AttributeTable {
     int integer = 0;
   };
 
-  [[nodiscard]] const Slot* find(std::string_view name) const;
+  /// Null when there is no slot of that name. Asked for at every reference of a syntax.
+  [[nodiscard]] const Slot* find(std::string_view name) const {
+    if (slots_.size() > kFewSlots) return findIndexed(name);
+    for (const Slot& slot : slots_) {
+      if (isSameText(slot.name, name)) return &slot;
+    }
+    return nullptr;
+  }
   [[nodiscard]] Slot* find(std::string_view name);
 
   /// Adds a slot at the end.
@@ -40,6 +47,10 @@ class AttributeTable {
   [[nodiscard]] const Slot& declaredAt(int position) const;
 
  private:
+  /// Up to here a walk over the names is quicker than a hash.
+  static constexpr std::size_t kFewSlots = 4;
+
+  [[nodiscard]] const Slot* findIndexed(std::string_view name) const;
   void index();
 
   std::vector<Slot> slots_;

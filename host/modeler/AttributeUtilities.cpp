@@ -17,19 +17,23 @@ std::optional<KEPISpecAttribute> attribute(const KEPISpecAttrAccess_var& feature
   return found && found->GetKind() == kind ? found : std::nullopt;
 }
 
-HRESULT readText(const KEPISpecAttrAccess& attributes, std::string_view name, int& found,
-                 KEPUnicodeString& text) {
-  if (const KEPUnicodeString* const value = attributes.FindText(name)) {
-    text = *value;
-    found = 1;
-    return S_OK;
-  }
+/// What a query for a text that is not set gives.
+[[gnu::noinline]] HRESULT missingText(const KEPISpecAttrAccess& attributes, std::string_view name) {
   const auto declared = attributes.FindAttribute(name);
   return declared && declared->GetKind() == Kind::String ? S_OK : E_FAIL;
 }
 
-HRESULT readEntry(const KEPISpecAttrAccess& attributes, std::string_view name, int entry,
-                  int& found, KEPUnicodeString& text) {
+HRESULT readText(const KEPISpecAttrAccess& attributes, std::string_view name, int& found,
+                 KEPUnicodeString& text) {
+  const KEPUnicodeString* const value = attributes.FindText(name);
+  if (value == nullptr) return missingText(attributes, name);
+  text = *value;
+  found = 1;
+  return S_OK;
+}
+
+[[gnu::noinline]] HRESULT readEntry(const KEPISpecAttrAccess& attributes, std::string_view name,
+                                    int entry, int& found, KEPUnicodeString& text) {
   const auto list = attributes.FindAttribute(name);
   if (!list || !list->IsAList()) return E_FAIL;
   const KEPListValKEPUnicodeString& texts = list->GetTexts();

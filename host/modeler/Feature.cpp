@@ -102,11 +102,15 @@ std::optional<KEPISpecAttribute> Feature::AttrAccess::FindAttribute(std::string_
 }
 
 const KEPUnicodeString* Feature::AttrAccess::FindText(std::string_view name) const {
-  const Slot* const slot = feature_.nearestSlot(name, /*set=*/false);
-  if (slot == nullptr || slot->kind != AttributeKind::String) return nullptr;
-  if (slot->set) return &slot->texts[1];
-  const KEPISpecAttribute inherited = feature_.view(*slot, /*isOwn=*/false);
-  return inherited.IsSet() ? &inherited.GetTexts()[1] : nullptr;
+  const Slot* const own = feature_.attributes_.find(name);
+  if (own == nullptr || !own->set) return inheritedText(name);
+  return own->kind == AttributeKind::String ? &own->texts[1] : nullptr;
+}
+
+const KEPUnicodeString* Feature::AttrAccess::inheritedText(std::string_view name) const {
+  const auto inherited = FindAttribute(name);
+  const bool isText = inherited && inherited->GetKind() == AttributeKind::String;
+  return isText && inherited->IsSet() ? &inherited->GetTexts()[1] : nullptr;
 }
 
 HRESULT Feature::AttrAccess::SetString(std::string_view name, std::string_view text) {

@@ -66,6 +66,9 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
     HRESULT Unset(std::string_view name) override;
 
    private:
+    /// As FindText, for a name that has no value of the feature's own.
+    [[nodiscard]] const KEPUnicodeString* inheritedText(std::string_view name) const;
+
     Feature& feature_;
   };
 

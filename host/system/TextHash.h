@@ -9,55 +9,64 @@
 
 namespace host {
 
-/// Hash of a short name, eight bytes at a time: every reference of a syntax asks for one. Lets a
-/// map keyed by std::string be asked with a std::string_view.
+// Names are short and every reference of a syntax asks for some: they are hashed and compared eight
+// bytes at a time and without a call.
+
+inline constexpr std::size_t kNameStep = sizeof(std::uint64_t);
+
+template <class Word>
+[[nodiscard]] inline Word nameWord(const char* at) noexcept {
+  Word word = 0;
+  std::memcpy(&word, at, sizeof word);
+  return word;
+}
+
+/// All bytes of a name of less than eight; equal only for equal names of one size.
+[[nodiscard]] inline std::uint64_t shortName(const char* at, std::size_t size) noexcept {
+  if (size >= 4) {
+    const std::uint64_t first = nameWord<std::uint32_t>(at);
+    return first << 32U | nameWord<std::uint32_t>(at + size - 4);
+  }
+  std::uint64_t bytes = 0;
+  for (std::size_t i = 0; i < size; ++i) bytes = bytes << 8U | static_cast<unsigned char>(at[i]);
+  return bytes;
+}
+
+/// Hash of a name. Lets a map keyed by std::string be asked with a std::string_view.
 struct TextHash {
   using is_transparent = void;
-  [[nodiscard]] std::size_t operator()(std::string_view text) const noexcept {
-    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15U;
-    std::uint64_t hash = text.size();
-    const auto mix = [&hash](std::uint64_t bytes) {
-      hash = (hash ^ bytes) * kMultiplier;
-      hash ^= hash >> 32U;
-    };
+  [[nodiscard, gnu::always_inline]] std::size_t operator()(std::string_view text) const noexcept {
     const char* at = text.data();
-    const char* const end = at + text.size();
-    if (text.size() < kStep) {
-      while (at != end) mix(static_cast<unsigned char>(*at++));
-      return hash;
-    }
-    for (const char* const last = end - kStep; at < last; at += kStep) mix(bytesAt(at));
+    std::uint64_t hash = text.size();
+    if (text.size() < kNameStep) return mixed(hash, shortName(at, text.size()));
     // The last bytes may be hashed twice.
-    mix(bytesAt(end - kStep));
-    return hash;
+    const char* const last = at + text.size() - kNameStep;
+    for (; at < last; at += kNameStep) hash = mixed(hash, nameWord<std::uint64_t>(at));
+    return mixed(hash, nameWord<std::uint64_t>(last));
   }
 
  private:
-  static constexpr std::size_t kStep = sizeof(std::uint64_t);
-
-  static std::uint64_t bytesAt(const char* at) noexcept {
-    std::uint64_t bytes = 0;
-    std::memcpy(&bytes, at, sizeof bytes);
-    return bytes;
+  [[nodiscard]] static std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
+    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15U;
+    hash = (hash ^ word) * kMultiplier;
+    return hash ^ (hash >> 32U);
   }
 };
 
-/// True for equal texts. Names are short: no call for up to 16 bytes.
+/// True for equal names.
 [[nodiscard]] inline bool isSameText(std::string_view left, std::string_view right) noexcept {
   const std::size_t size = left.size();
   if (size != right.size()) return false;
-  const auto differ = [&]<class Word>(Word first, Word last) {
-    Word other[2];
-    std::memcpy(&first, left.data(), sizeof first);
-    std::memcpy(&last, left.data() + size - sizeof last, sizeof last);
-    std::memcpy(&other[0], right.data(), sizeof first);
-    std::memcpy(&other[1], right.data() + size - sizeof last, sizeof last);
-    return ((first ^ other[0]) | (last ^ other[1])) != 0;
-  };
-  // The two words overlap unless the text is as long as both.
-  if (size >= 8 && size <= 16) return !differ(std::uint64_t{}, std::uint64_t{});
-  if (size >= 4 && size < 8) return !differ(std::uint32_t{}, std::uint32_t{});
-  return left == right;
+  const char* at = left.data();
+  const char* other = right.data();
+  if (size < kNameStep) return shortName(at, size) == shortName(other, size);
+  const char* const last = at + size - kNameStep;
+  std::uint64_t differing = 0;
+  for (; at < last; at += kNameStep, other += kNameStep) {
+    differing |= nameWord<std::uint64_t>(at) ^ nameWord<std::uint64_t>(other);
+  }
+  const char* const otherLast = right.data() + size - kNameStep;
+  return (differing | (nameWord<std::uint64_t>(last) ^ nameWord<std::uint64_t>(otherLast))) == 0;
 }
 
 template <class Value>

@@ -20,7 +20,8 @@ class KEPListVal {
   [[nodiscard]] const T& operator[](int position) const { return values_[Index(position)]; }
   [[nodiscard]] T& operator[](int position) { return values_[Index(position)]; }
 
-  void Append(T value) { values_.push_back(std::move(value)); }
+  void Append(const T& value) { values_.push_back(value); }
+  void Append(T&& value) { values_.push_back(std::move(value)); }
   void Append(const KEPListVal& other) {
     const std::size_t count = other.values_.size();
     values_.reserve(values_.size() + count);

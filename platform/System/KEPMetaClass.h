@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -64,9 +65,20 @@ KEP_PLATFORM void KEPFillDictionary(const KEPMetaClass* extension,
                                     const KEPMetaClass* interfaceClass, KEPCreator creator,
                                     const void* data, int flag);
 
+/// The meta-object of an interface class once it was asked for.
+template <class Interface>
+inline std::atomic<const KEPMetaClass*> KEPKnownInterface [[gnu::visibility("hidden")]] = nullptr;
+
+template <class Interface>
+[[gnu::noinline]] const KEPMetaClass* KEPMakeInterfaceKnown() {
+  const KEPMetaClass* const id = KEPMetaClass::Interface(Interface::kInterfaceName);
+  KEPKnownInterface<Interface>.store(id, std::memory_order_release);
+  return id;
+}
+
 /// The meta-object of an interface class, which names itself in `kInterfaceName`.
 template <class Interface>
-[[nodiscard]] const KEPMetaClass* KEPInterfaceId() {
-  static const KEPMetaClass* const id = KEPMetaClass::Interface(Interface::kInterfaceName);
-  return id;
+[[nodiscard]] inline const KEPMetaClass* KEPInterfaceId() {
+  const KEPMetaClass* const id = KEPKnownInterface<Interface>.load(std::memory_order_acquire);
+  return id != nullptr ? id : KEPMakeInterfaceKnown<Interface>();
 }

@@ -41,5 +41,21 @@ TEST(PassedLine, AcceptedDraftIsScannedAnew) {
   EXPECT_FALSE(line.holdsAny(CharacterSet("&")));
 }
 
+TEST(PassedLine, RevisionTellsTextsApart) {
+  PassedLine line;
+  line.start("GOTO/%A");
+  const PassedLine::Revision first = line.revision();
+  line.draft() = "GOTO/1";
+  line.accept();
+  EXPECT_NE(line.revision(), first);
+  line.start("GOTO/%A");
+  EXPECT_EQ(line.revision(), first);
+  EXPECT_TRUE(line.holdsAny(CharacterSet("%")));
+  line.start("GOTO/%B");
+  EXPECT_NE(line.revision(), first);
+  line.start("GOTO/%A");
+  EXPECT_NE(line.revision(), first);
+}
+
 }  // namespace
 }  // namespace ppword

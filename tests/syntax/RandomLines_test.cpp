@@ -118,6 +118,19 @@ TEST_F(RandomSyntax, EngineFollowsTheRulesStepByStep) {
   }
 }
 
+TEST_F(RandomSyntax, LineThatComesAgainReadsItsParametersAgain) {
+  LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
+  for (int i = 0; i < kLines / 4; ++i) {
+    const std::string line = lines_.next();
+    for (const double value : {0.25, -31.0}) {
+      operation_->parameters().set("A", host::realValue(value));
+      operation_->parameters().set("W", host::textValue(value < 0 ? "MM" : "%B)"));
+      ASSERT_EQ(instantiated(line), literal.instantiated(line))
+          << "seed " << seed_ << " «" << line << "»";
+    }
+  }
+}
+
 TEST_F(RandomSyntax, LinesOfOperatorsFollowTheRulesStepByStep) {
   LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
   for (int i = 0; i < kLines / 4; ++i) {

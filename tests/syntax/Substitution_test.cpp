@@ -49,7 +49,8 @@ std::string substituted(std::string_view text, std::string_view unevaluated = ""
   PassedLine line;
   line.start(text);
   for (const auto prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
-    substitute(line, prefix, map);
+    References references(prefix);
+    substitute(line, references, map);
   }
   return std::string(line.text());
 }
@@ -119,7 +120,8 @@ std::string dropped(std::string_view text) {
   MapParameters map(parameters(), "");
   PassedLine line;
   line.start(text);
-  substitute(line, kNumberPrefix, map);
+  References references(kNumberPrefix);
+  substitute(line, references, map);
   return map.dropped;
 }
 
@@ -143,6 +145,46 @@ TEST(Substitution, AnyLineEnds) {
     ASSERT_LE(result.size(), line.size() * 12) << line;
     ASSERT_EQ(result.find('&'), std::string::npos) << line;
   }
+}
+
+/// One line after the other through the number pass, with the rooms kept between them.
+class KeptReferences : public testing::Test {
+ protected:
+  std::string substituted(std::string_view text) {
+    line_.start(text);
+    substitute(line_, references_, map_);
+    return std::string(line_.text());
+  }
+
+  MapParameters map_{parameters(), ""};
+  PassedLine line_;
+  References references_{kNumberPrefix};
+};
+
+TEST_F(KeptReferences, LineThatComesAgainGivesTheSame) {
+  EXPECT_EQ(substituted(""), "");
+  EXPECT_EQ(substituted("GOTO/%A,%B"), "GOTO/1.5,2");
+  EXPECT_EQ(substituted("GOTO/%A,%B"), "GOTO/1.5,2");
+  EXPECT_EQ(substituted("GOTO/%B,%A"), "GOTO/2,1.5");
+  EXPECT_EQ(substituted("GOTO/"), "GOTO/");
+  EXPECT_EQ(substituted(""), "");
+  EXPECT_EQ(substituted("GOTO/%A,%B"), "GOTO/1.5,2");
+}
+
+TEST_F(KeptReferences, LineThatAPassChangedIsReadAnew) {
+  for (const char* const changed : {"X/%B", "Y/%A,"}) {
+    line_.start("GOTO/%A,%B");
+    line_.draft() = changed;
+    line_.accept();
+    substitute(line_, references_, map_);
+    EXPECT_EQ(line_.text(), changed[0] == 'X' ? "X/2" : "Y/1.5,");
+  }
+}
+
+TEST_F(KeptReferences, DroppedTextIsReportedEachTime) {
+  EXPECT_EQ(substituted("%A$,%B"), "1.5,2");
+  EXPECT_EQ(substituted("%A$,%B"), "1.5,2");
+  EXPECT_EQ(map_.dropped, "[A|$][A|$]");
 }
 
 }  // namespace

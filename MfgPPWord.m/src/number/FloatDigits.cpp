@@ -76,15 +76,18 @@ constexpr auto kPairs = [] {
   return digits;
 }();
 
-/// Write the last digits of `number` in front of `at`.
-void writePair(std::uint32_t& number, char*& at) {
+/// Writes the digits of a number below 100 in front of `at`.
+void writePair(std::uint32_t number, char*& at) {
   at -= 2;
-  std::memcpy(at, &kPairs[std::size_t{2} * (number % 100)], 2);
-  number /= 100;
+  std::memcpy(at, &kPairs[std::size_t{2} * number], 2);
 }
-void writeDigit(std::uint32_t& number, char*& at) {
-  *--at = static_cast<char>('0' + number % 10);
-  number /= 10;
+/// Writes the digit of a number below 10 in front of `at`.
+void writeDigit(std::uint32_t number, char*& at) { *--at = static_cast<char>('0' + number); }
+
+/// Takes the last two digits off a number and writes them in front of `at`.
+void takePair(std::uint32_t& number, char*& at) {
+  writePair(number % 100, at);
+  number /= 100;
 }
 
 std::string_view standardDigits(double value, std::chars_format format, int precision, Room room) {
@@ -138,12 +141,13 @@ char* writeExactFixed(double value, std::size_t places, char* end) {
   if (!parts) return nullptr;
   auto [whole, fraction] = rounded(*parts, places);
   char* at = end;
-  for (std::size_t left = places; left >= 2; left -= 2) writePair(fraction, at);
-  if (places % 2 != 0) writeDigit(fraction, at);
+  std::size_t left = places;
+  for (; left > 2; left -= 2) takePair(fraction, at);
+  if (left == 2) writePair(fraction, at);
+  if (left == 1) writeDigit(fraction, at);
   if (places > 0) *--at = '.';
-  while (whole >= 100) writePair(whole, at);
-  do writeDigit(whole, at);
-  while (whole != 0);
+  while (whole >= 100) takePair(whole, at);
+  whole >= 10 ? writePair(whole, at) : writeDigit(whole, at);
   return at;
 }
 

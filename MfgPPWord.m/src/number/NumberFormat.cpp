@@ -89,6 +89,19 @@ bool printPlainFixed(PlainFixed format, double value, std::string& text) {
   return true;
 }
 
+/// Prints a finite number with any format; false, with `text` untouched, when it is not acceptable.
+[[gnu::noinline]] bool printParsed(std::string_view format, double value, std::string& text) {
+  const auto parsed = NumberFormat::parse(format);
+  if (!parsed) return false;
+  text.clear();
+  parsed->append(value, text);
+  if (!parsed->hasLiteral()) return true;
+  // deliberate: a literal comma of the format becomes a point as a decimal comma would.
+  const std::size_t comma = text.find(',');
+  if (comma != std::string::npos) text[comma] = '.';
+  return true;
+}
+
 }  // namespace
 
 std::optional<NumberFormat> NumberFormat::parse(std::string_view text) {
@@ -186,16 +199,7 @@ bool printNumber(std::string_view format, double value, std::string& text) {
   const double snapped = std::fabs(value) < kSnapToZero ? 0.0 : value;
   // Nearly every format is a plain one.
   const auto plain = plainFixed(format);
-  if (plain && printPlainFixed(*plain, snapped, text)) return true;
-  const auto parsed = NumberFormat::parse(format);
-  if (!parsed) return false;
-  text.clear();
-  parsed->append(snapped, text);
-  if (!parsed->hasLiteral()) return true;
-  // deliberate: a literal comma of the format becomes a point as a decimal comma would.
-  const std::size_t comma = text.find(',');
-  if (comma != std::string::npos) text[comma] = '.';
-  return true;
+  return (plain && printPlainFixed(*plain, snapped, text)) || printParsed(format, snapped, text);
 }
 
 }  // namespace ppword

@@ -13,19 +13,20 @@
 namespace ppword {
 namespace {
 
-/// What opens a reference, and what the passes for it are called.
+/// What opens a reference, where those of a line are kept, and what the passes are called.
 struct Prefix {
   std::string_view text;
+  References LineRoom::*references;
   /// A line without any of these has nothing for the passes.
   CharacterSet marks;
-  std::string_view groups;
-  std::string_view references;
+  std::string_view groupsPass;
+  std::string_view referencesPass;
 };
 
 constexpr Prefix kPrefixes[] = {
-    {kWordPrefix, CharacterSet("(&"), "groups &", "references &"},
-    {kExpressionPrefix, CharacterSet("("), "groups %(", "references %("},
-    {kNumberPrefix, CharacterSet("(%"), "groups %", "references %"}};
+    {kWordPrefix, &LineRoom::words, CharacterSet("(&"), "groups &", "references &"},
+    {kExpressionPrefix, &LineRoom::expressions, CharacterSet("("), "groups %(", "references %("},
+    {kNumberPrefix, &LineRoom::numbers, CharacterSet("(%"), "groups %", "references %"}};
 
 /// Read when the first line is processed and kept for the process.
 bool cleansParentheses() {
@@ -55,9 +56,9 @@ bool instantiateLine(LineRoom& room, ParameterSource& parameters, KEPMfgPPWordLi
   for (const Prefix& prefix : kPrefixes) {
     const bool isIdle = !line.holdsAny(prefix.marks);
     if (!isIdle) computeGroups(line, prefix.text, parameters, listener);
-    tell(prefix.groups);
-    if (!isIdle) substitute(line, prefix.text, parameters);
-    tell(prefix.references);
+    tell(prefix.groupsPass);
+    if (!isIdle) substitute(line, room.*prefix.references, parameters);
+    tell(prefix.referencesPass);
   }
   if (!restoreSigns(line, signs, listener)) return false;
   tell("restore signs");

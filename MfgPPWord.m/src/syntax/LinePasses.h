@@ -3,14 +3,18 @@
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/syntax/ParameterSource.h"
 #include "src/syntax/PassedLine.h"
+#include "src/syntax/References.h"
 #include "src/syntax/arithmetic/Signs.h"
 
 namespace ppword {
 
-/// The line that is being processed and the signs that are masked in it.
+/// The line that is being processed, the signs that are masked in it and its references.
 struct LineRoom {
   PassedLine line;
   SignRecords signs;
+  References words{kWordPrefix};
+  References expressions{kExpressionPrefix};
+  References numbers{kNumberPrefix};
 };
 
 /// Takes the line that `room` was started with through all passes, in their order, and tells

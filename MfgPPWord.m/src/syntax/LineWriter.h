@@ -36,13 +36,12 @@ class LineWriter {
   [[nodiscard]] std::size_t size() const noexcept {
     return static_cast<std::size_t>(at_ - room_.data());
   }
-  [[nodiscard]] std::size_t left() const noexcept {
-    return static_cast<std::size_t>(room_.data() + room_.size() - at_);
-  }
-  void grow(std::size_t more) {
+  [[nodiscard]] std::size_t left() const noexcept { return static_cast<std::size_t>(end_ - at_); }
+  [[gnu::noinline]] void grow(std::size_t more) {
     const std::size_t written = size();
     room_.resize(2 * room_.size() + more);
     at_ = room_.data() + written;
+    end_ = room_.data() + room_.size();
   }
 
   template <class Word>
@@ -63,14 +62,17 @@ class LineWriter {
       copyEnds<std::uint64_t>(from, count, to);
     } else if (count >= 4) {
       copyEnds<std::uint32_t>(from, count, to);
-    } else {
-      for (std::size_t i = 0; i < count; ++i) to[i] = from[i];
+    } else if (count > 1) {
+      copyEnds<std::uint16_t>(from, count, to);
+    } else if (count == 1) {
+      *to = *from;
     }
     return to + count;
   }
 
   std::vector<char> room_ = std::vector<char>(kFirst);
   char* at_ = room_.data();
+  char* end_ = room_.data() + kFirst;
 };
 
 }  // namespace ppword

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -13,13 +14,28 @@ namespace ppword {
 /// costs no copy. The rooms behind it are kept from line to line.
 class PassedLine {
  public:
+  /// Tells the texts of a line apart.
+  using Revision = std::uint64_t;
+  static constexpr Revision kNoRevision = 0;
+
   /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
+  /// The line that was started last is known still when it comes again.
   void start(std::string_view text) {
-    original_ = text;
-    change(original_);
+    if (text != original_) {
+      original_ = text;
+      originalCharacters_ = CharacterSet(text);
+      originalRevision_ = ++lastRevision_;
+    }
+    text_ = original_;
+    revision_ = originalRevision_;
+    characters_ = originalCharacters_;
+    isScanned_ = true;
   }
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
+
+  /// As long as it is the same, so is the text and the place where it lies.
+  [[nodiscard]] Revision revision() const noexcept { return revision_; }
 
   /// True when the text holds one of these characters. One scan answers for all passes until
   /// the text changes: a pass asks here whether it has anything to do.
@@ -54,13 +70,18 @@ class PassedLine {
  private:
   void change(std::string_view text) noexcept {
     text_ = text;
+    revision_ = ++lastRevision_;
     isScanned_ = false;
   }
 
   std::string original_;
+  CharacterSet originalCharacters_{""};
+  Revision originalRevision_ = kNoRevision;
   std::string_view text_;
+  Revision revision_ = kNoRevision;
+  Revision lastRevision_ = kNoRevision;
   CharacterSet characters_{""};
-  bool isScanned_ = false;
+  bool isScanned_ = true;
   std::string drafts_[2];
   int next_ = 0;
   LineWriter writers_[2];
