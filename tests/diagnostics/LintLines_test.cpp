@@ -79,6 +79,42 @@ TEST(LintLines, DivisorWithLongReciprocalIsTold) {
              {"X/7/20000", "4 division-kept"}});
 }
 
+TEST(LintLines, RoundedReciprocalIsTold) {
+  expectAll({{"X/%MFG_A/3", "10 short-reciprocal"},
+             {"X/%MFG_A/1024", "10 short-reciprocal"},
+             {"X/%MFG_A/25.4", "10 short-reciprocal"},
+             {"X/%MFG_A/128", ""},
+             {"X/%MFG_A/0.1", ""},
+             {"X/%MFG_A/30000", "10 large-divisor"},
+             {"PPRINT %MFG_A/2/3", "14 division-in-name"},
+             {"PPRINT 1/%MFG_A/3", "16 division-kept"}});
+}
+
+TEST(LintLines, ParenthesesThatStayAreTold) {
+  expectAll({{"X/(%MFG_A+1)", "3 parentheses-kept"},
+             {"X/(%MFG_A/4),(2)", "3 parentheses-kept, 14 parentheses-kept"},
+             {"X/1+(-%MFG_A*2)", "4 empty-operand, 5 parentheses-kept, 6 minus-before-reference"},
+             {"X/(6/%MFG_A)", ""},
+             {"X/((6/%MFG_A))", "6 division-kept"},
+             {"X/(POINT/1+2)", ""},
+             {"X/(1,2)", ""},
+             {"X/()", ""},
+             {"X/(1", ""},
+             {"X/%(1)", ""},
+             {"INSERT X(%MFG_A)", ""},
+             {"PPRINT (%MFG_A,+1)", ""}});
+}
+
+TEST(LintLines, SecondMinusIsTold) {
+  expectAll({{"X/--5", "4 double-minus"},
+             {"X/2*--5", "5 double-minus"},
+             {"X/5---3", "5 double-minus"},
+             {"X/5--3", ""},
+             {"X/5*-3", ""},
+             {"X/--%MFG_A", "4 minus-before-reference"},
+             {"PPRINT --5", ""}});
+}
+
 TEST(LintLines, DivisionThatStaysIsTold) {
   expectAll({{"X/%MFG_A/%MFG_B", "9 division-in-name"},
              {"X/(%MFG_A/%MFG_B)", ""},
@@ -90,8 +126,14 @@ TEST(LintLines, DivisionThatStaysIsTold) {
              {"X/%MFG_A/4", ""},
              {"X/%MFG_A/4/2", "11 division-kept"},
              {"X/6/3", "4 division-kept"},
+             {"X/6/-3", "4 division-kept"},
+             {"X/6/(%MFG_A)", "4 division-kept, 5 parentheses-kept"},
+             {"X/%MFG_A-6/-3", "11 division-kept"},
+             {"X/(6/0)", "5 division-kept"},
+             {"X/(%MFG_A/0)", "10 division-in-name"},
+             {"X/(6/0.00001)", ""},
              {"X/6/%MFG_A", "4 division-kept"},
-             {"X/(1+2)/3", "8 division-kept"},
+             {"X/(1+2)/3", "3 parentheses-kept, 8 division-kept"},
              {"X/ON/OFF", ""},
              {"X/(POINT/%MFG_A,%MFG_B)", ""},
              {"PARTNO 12/5/2026", ""},
@@ -103,7 +145,7 @@ TEST(LintLines, MissingOperandIsTold) {
              {"X/+5", "3 empty-operand"},
              {"X/5*", "4 empty-operand"},
              {"X/5++3", "4 empty-operand, 5 empty-operand"},
-             {"X/2*(3+4)", "4 empty-operand"},
+             {"X/2*(3+4)", "4 empty-operand, 5 parentheses-kept"},
              {"X/5+3", ""},
              {"X/5*-3", ""},
              {"INSERT M8+", "10 empty-operand"},

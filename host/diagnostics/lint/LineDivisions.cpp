@@ -4,7 +4,6 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <optional>
 #include <utility>
 
 namespace host {
@@ -15,19 +14,8 @@ constexpr std::string_view kOperandEnds = "/,*+-=()";
 constexpr double kLeastDivisor = 1.0e-5;
 constexpr int kReciprocalDigits = 6;
 
-/// The number that a text begins with.
-std::optional<double> numberOf(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
-  if (text.empty() || std::string_view("0123456789.").find(text.front()) == kNone) {
-    return std::nullopt;
-  }
-  double number = 0.0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  return read.ec == std::errc() ? std::optional(number) : std::nullopt;
-}
-
 std::string reciprocalOf(std::string_view divisor) {
-  const auto number = numberOf(divisor);
+  const auto number = leadingNumber(divisor);
   if (!number || std::fabs(*number) <= kLeastDivisor) return {};
   std::array<char, 32> digits;
   const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), 1.0 / *number,

@@ -1,5 +1,8 @@
 #include "host/diagnostics/lint/LineReading.h"
 
+#include <algorithm>
+#include <charconv>
+
 #include "host/diagnostics/lint/LineDivisions.h"
 #include "host/diagnostics/lint/LineOperations.h"
 #include "host/diagnostics/lint/LineReferences.h"
@@ -31,6 +34,16 @@ LineReading readLine(std::string_view line) {
   readReferences(reading);
   if (!reading.isComment) readOperations(reading);
   return reading;
+}
+
+std::optional<double> leadingNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  if (text.empty() || std::string_view("0123456789.").find(text.front()) == text.npos) {
+    return std::nullopt;
+  }
+  double number = 0.0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc() ? std::optional(number) : std::nullopt;
 }
 
 bool mayBeNumber(std::string_view operand) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -68,6 +69,9 @@ struct LineReading {
 };
 
 [[nodiscard]] LineReading readLine(std::string_view line);
+
+/// The number that a text begins with, blanks in front left out.
+[[nodiscard]] std::optional<double> leadingNumber(std::string_view text);
 
 /// True for what is a number, or may become one when values are put in.
 [[nodiscard]] bool mayBeNumber(std::string_view operand);

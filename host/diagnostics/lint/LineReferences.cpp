@@ -8,6 +8,8 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 // Before references are replaced every sign is a comma.
 constexpr std::string_view kCommas = ",+*-";
+// A group with a smaller divisor stays.
+constexpr double kLeastDivisor = 1.0e-7;
 
 std::string_view withoutBlanks(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
@@ -48,6 +50,9 @@ class ReferenceReader {
     const std::size_t slash = flat_.find('/', open);
     if (slash == kNone || slash > close) return;
     if (!isOperand(open + 1, slash, prefix) || !isOperand(slash + 1, close, prefix)) return;
+    const auto divisor =
+        leadingNumber(std::string_view(flat_).substr(slash + 1, close - slash - 1));
+    if (divisor && *divisor <= kLeastDivisor) return;
     addOperand(open + 1, slash, prefix);
     addOperand(slash + 1, close, prefix);
     reading_.results.push_back({open, close + 1});
