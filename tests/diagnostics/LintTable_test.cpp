@@ -48,6 +48,11 @@ TEST(LintTable, AllRefusedLinesAreTold) {
             "9:15 ERR_5007, 11:1 ERR_5008");
 }
 
+TEST(LintTable, RefusedLineIsToldOnceAndNotAsSyntax) {
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*COMMENT %MFG_XPONT\nX/1 *5\n*END\n"),
+            "2:1 ERR_5001, 3:5 split-line, 3:5 empty-operand");
+}
+
 TEST(LintTable, EverySectionThatIsNotClosedIsTold) {
   EXPECT_EQ(lint("*START_MINOR_WORDS\nA,1\n"
                  "*START_SYNTAXES\nRAPID\n*END\n"

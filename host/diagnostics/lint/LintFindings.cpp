@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
-#include <unordered_set>
+#include <unordered_map>
 #include <utility>
 
 #include "host/diagnostics/Utf8.h"
@@ -11,6 +11,9 @@ namespace host {
 namespace {
 
 constexpr std::size_t kLongestSubject = 40;
+
+/// The error of a line that begins with "*" and has no keyword.
+constexpr std::string_view kNoKeyword = "ERR_5001";
 
 std::string shortened(std::string_view text) {
   if (text.size() <= kLongestSubject) return std::string(text);
@@ -38,14 +41,17 @@ void LintFindings::warn(LintKey key, std::size_t offset, std::size_t width,
 }
 
 std::vector<Diagnostic> LintFindings::take() {
-  std::unordered_set<long> refused;
+  std::unordered_map<long, std::string> refused;
   for (const Diagnostic& finding : findings_) {
-    if (finding.severity == Severity::Error) refused.insert(finding.line);
+    if (finding.severity == Severity::Error) refused.emplace(finding.line, finding.key);
   }
-  // A keyword line that the check refuses has its name told there.
+  // A keyword line that the check refuses has its name told there; a line that is meant as one is
+  // no syntax.
   const std::string_view unread = ruleOf(LintKey::UnreadName).key;
   std::erase_if(findings_, [&](const Diagnostic& finding) {
-    return finding.key == unread && refused.contains(finding.line);
+    const auto error = refused.find(finding.line);
+    if (finding.severity == Severity::Error || error == refused.end()) return false;
+    return finding.key == unread || error->second == kNoKeyword;
   });
   std::stable_sort(findings_.begin(), findings_.end(), [](const auto& left, const auto& right) {
     return std::tie(left.line, left.column) < std::tie(right.line, right.column);
