@@ -89,22 +89,26 @@ void CommaTrail::startAt(std::string_view line) {
   }
 }
 
-std::optional<char> CommaTrail::signBehind(const ExplainedReference& reference) {
+char CommaTrail::meantBy(std::size_t comma) const {
+  const auto place = std::lower_bound(commas_.begin(), commas_.end(), comma);
+  const auto index = static_cast<std::size_t>(place - commas_.begin());
+  if (index >= origins_.size()) return ',';
+  const int origin = origins_[index];
+  const auto sign =
+      std::lower_bound(signs_.begin(), signs_.end(), origin,
+                       [](const Sign& each, int ordinal) { return each.ordinal < ordinal; });
+  return sign != signs_.end() && sign->ordinal == origin ? sign->sign : ',';
+}
+
+std::optional<char> CommaTrail::characterBehind(const ExplainedReference& reference) {
   const std::string text = opened(reference);
   const std::size_t at = line_.find(text, next_);
   if (at == kNone) return std::nullopt;
   const std::size_t end = at + text.size();
   // What was cut off behind the name may hold what looks like a reference.
   next_ = std::min(line_.find(reference.prefix == "%(" ? ')' : ',', end), line_.size());
-  const auto comma = std::lower_bound(commas_.begin(), commas_.end(), end);
-  const auto index = static_cast<std::size_t>(comma - commas_.begin());
-  if (index >= std::min(commas_.size(), origins_.size()) || *comma != end) return std::nullopt;
-  const int origin = origins_[index];
-  const auto sign =
-      std::lower_bound(signs_.begin(), signs_.end(), origin,
-                       [](const Sign& each, int ordinal) { return each.ordinal < ordinal; });
-  if (sign == signs_.end() || sign->ordinal != origin) return std::nullopt;
-  return sign->sign;
+  if (end == line_.size()) return std::nullopt;
+  return line_[end] == ',' ? meantBy(end) : line_[end];
 }
 
 std::optional<std::string> CommaTrail::placeOf(const Sign& sign) const {

@@ -27,9 +27,9 @@ class CommaTrail {
   /// Follows the line through a pass that replaced references and groups.
   void follow(const ExplainedPass& pass);
 
-  /// The masked sign directly behind the next reference of the pass to be followed next: to be
-  /// asked for all of them, from left to right.
-  [[nodiscard]] std::optional<char> signBehind(const ExplainedReference& reference);
+  /// The character directly behind the next reference of the pass to be followed next, a masked
+  /// sign as such; nothing at the end of the line. To be asked for all of them, from left to right.
+  [[nodiscard]] std::optional<char> characterBehind(const ExplainedReference& reference);
 
   /// The signs in the order of the line.
   [[nodiscard]] const std::vector<Sign>& signs() const noexcept { return signs_; }
@@ -40,6 +40,8 @@ class CommaTrail {
 
  private:
   void startAt(std::string_view line);
+  /// What the comma at a place of the line is: itself, or the sign that it was made of.
+  [[nodiscard]] char meantBy(std::size_t comma) const;
 
   /// For each comma the number that it had when the signs were masked, 0 for one that came since.
   std::vector<int> origins_;

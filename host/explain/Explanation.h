@@ -13,6 +13,8 @@ struct ExplainedReference {
   /// What opens it, "&", "%(" or "%", and its name; that of an expression begins with "(".
   std::string prefix;
   std::string name;
+  /// True for an expression that no ")" ends.
+  bool isOpen = false;
   /// The parameter type of that name, its base type, and the class of its evaluation.
   std::string type;
   std::string baseType;

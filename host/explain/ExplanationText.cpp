@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <vector>
 
 #include "host/diagnostics/DiagnosticText.h"
 
@@ -12,7 +13,9 @@ namespace {
 using Source = KEPMfgPPWordListener::Source;
 
 constexpr std::size_t kWidth = 21;
-const std::string kIndent(kWidth, ' ');
+constexpr std::size_t kColumns = 80;
+constexpr std::size_t kDetail = 4;
+const std::string kIndent(kDetail, ' ');
 
 std::string quoted(std::string_view text) { return "«" + terminalSafe(text) + "»"; }
 
@@ -22,9 +25,49 @@ std::string row(std::string_view name, const std::string& text) {
   return line + text + '\n';
 }
 
+/// The words of a text; a quoted piece is one, whatever it holds.
+std::vector<std::string_view> wordsOf(std::string_view text) {
+  constexpr std::string_view kOpen = "«";
+  constexpr std::string_view kClose = "»";
+  std::vector<std::string_view> words;
+  std::size_t start = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.substr(at).starts_with(kOpen)) at = std::min(text.find(kClose, at), text.size() - 1);
+    if (text[at] != ' ') continue;
+    words.push_back(text.substr(start, at - start));
+    start = at + 1;
+  }
+  words.push_back(text.substr(start));
+  return words;
+}
+
+std::size_t columnsOf(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), KEPUnicodeString::StartsCharacter));
+}
+
+/// A row under a pass, folded where it does not fit.
+std::string detail(std::string_view text) {
+  std::string rows = kIndent;
+  std::size_t column = kDetail;
+  for (const std::string_view word : wordsOf(text)) {
+    const bool isFirst = rows.size() == kDetail;
+    if (!isFirst && column + 1 + columnsOf(word) > kColumns) {
+      ((rows += '\n') += kIndent) += "  ";
+      column = kDetail + 2;
+    } else if (!isFirst) {
+      rows += ' ';
+      ++column;
+    }
+    rows += word;
+    column += columnsOf(word);
+  }
+  return rows + '\n';
+}
+
 std::string notesText(const std::vector<std::string>& notes) {
   std::string text;
-  for (const std::string& note : notes) text += kIndent + "! " + terminalSafe(note) + '\n';
+  for (const std::string& note : notes) text += detail("! " + terminalSafe(note));
   return text;
 }
 
@@ -72,7 +115,7 @@ std::string referenceRow(const ExplainedReference& reference) {
   if (reference.text) text += typeText(reference) + ", ";
   text += answerText(reference);
   if (reference.text) text += formatText(reference) + ": " + quoted(*reference.text);
-  return kIndent + text + '\n';
+  return detail(text);
 }
 
 std::string passText(const ExplainedPass& pass, std::string_view before) {
@@ -80,7 +123,7 @@ std::string passText(const ExplainedPass& pass, std::string_view before) {
   for (const ExplainedReference& reference : pass.references) text += referenceRow(reference);
   for (const ExplainedOperation& ended : pass.operations) {
     if (ended.outcome != KEPMfgPPWordListener::Operation::Computed) continue;
-    text += kIndent + quoted(ended.operation) + " is " + quoted(ended.result) + '\n';
+    text += detail(quoted(ended.operation) + " is " + quoted(ended.result));
   }
   return text + notesText(pass.notes);
 }
@@ -113,7 +156,8 @@ std::string explanationText(const Explanation& explanation) {
 
 std::string referenceText(const ExplainedReference& reference) {
   const bool isExpression = reference.prefix == "%(";
-  return reference.prefix.substr(0, 1) + reference.name + (isExpression ? ")" : "");
+  return reference.prefix.substr(0, 1) + reference.name +
+         (isExpression && !reference.isOpen ? ")" : "");
 }
 
 std::string_view answerKind(const ExplainedReference& reference) {

@@ -12,6 +12,7 @@ using Operation = KEPMfgPPWordListener::Operation;
 using Source = KEPMfgPPWordListener::Source;
 
 constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kSigns = "+-*";
 
 std::string quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
 
@@ -23,16 +24,23 @@ bool isComment(std::string_view line) {
   return line.find("$$") != kNone || line.find("PPRINT") != kNone || line.find("*VORTA") != kNone;
 }
 
+/// What is odd about an expression.
+void addExpressionNotes(const ExplainedReference& reference, std::vector<std::string>& notes) {
+  const std::string expression = quoted(reference.name.substr(1));
+  if (reference.isOpen) {
+    notes.push_back("no \")\" ends the expression " + expression +
+                    ": it goes on to the next blank, or to the end of the line; close it");
+  }
+  if (reference.name.find(',') != kNone) {
+    notes.push_back("the expression is asked for as " + expression +
+                    ": \"+\", \"-\", \"*\" and a division by a number are cut apart before; move "
+                    "the computation into a design parameter");
+  }
+}
+
 /// What is odd about the name of a reference.
 void addNameNotes(const ExplainedReference& reference, std::vector<std::string>& notes) {
   const std::string_view name = reference.name;
-  if (reference.prefix == "%(") {
-    if (name.find(',') != kNone) {
-      notes.push_back("the expression " + quoted(name.substr(1)) +
-                      " is asked for with \",\" where the syntax has a \"+\", \"-\" or \"*\"");
-    }
-    return;
-  }
   if (name.starts_with(' ') || name.ends_with(' ')) {
     notes.push_back("the blanks of " + quoted(name) +
                     " belong to the name: a type is looked for with them");
@@ -40,27 +48,52 @@ void addNameNotes(const ExplainedReference& reference, std::vector<std::string>&
   const std::size_t first = name.find_first_not_of(' ');
   const std::size_t last = name.find_last_not_of(' ');
   const std::string_view inner = first == kNone ? "" : name.substr(first, last - first + 1);
-  if (inner.find_first_of(" /=&%(\"\n") != kNone) {
+  if (inner.find('/') != kNone) {
+    notes.push_back("the \"/\" is part of the name " + quoted(inner) +
+                    ": the first one of a line divides nothing, and a reference is divided by a "
+                    "number that is not 0, or in parentheses, (%A/%B)");
+  } else if (inner.find_first_of(" =&%(\"\n") != kNone) {
     notes.push_back(
         "the name is longer than it looks: it goes on to the next comma, or to the end "
         "of the line, as " +
-        quoted(inner));
+        quoted(inner) + "; put a comma right behind the name");
   }
 }
 
-void addAnswerNotes(const ExplainedReference& reference, std::optional<CommaTrail>& trail,
+bool isCutText(const ExplainedReference& reference) {
+  return reference.source != Source::Nobody && reference.value &&
+         reference.value->kind == KEPMfgParameterValue::kText &&
+         reference.value->text.View() != *reference.text;
+}
+
+void addAnswerNotes(const ExplainedReference& reference, std::optional<char> behind,
                     std::vector<std::string>& notes) {
-  if (!reference.text) return;
-  const auto sign = trail ? trail->signBehind(reference) : std::nullopt;
+  if (isCutText(reference)) {
+    notes.emplace_back("only the first 79 characters of the text are written");
+  }
   if (reference.source != Source::Nobody) return;
   const std::string name = quoted(reference.name);
-  if (sign) {
-    notes.push_back("the name " + name + " is cut by the \"" + *sign + "\" behind it");
+  if (behind && kSigns.find(*behind) != kNone) {
+    notes.push_back("the name " + name + " is cut by the \"" + *behind +
+                    "\" behind it: a name holds no sign");
   }
+  const std::string lost =
+      name + (reference.value ? " cannot be printed in its format" : " cannot be evaluated");
   notes.push_back(reference.text->empty()
-                      ? name + " cannot be evaluated and is dropped; the separators around it stay"
-                      : name + " cannot be evaluated: " + quoted(*reference.text) +
+                      ? lost + " and is dropped; the separators around it stay"
+                      : lost + ": " + quoted(*reference.text) +
                             ", the text of MFG_UNEVALUATED_PPPARAMETER, takes its place");
+}
+
+void addReferenceNotes(ExplainedReference& reference, std::optional<CommaTrail>& trail,
+                       std::vector<std::string>& notes) {
+  // An operand between parentheses is told with its operation.
+  const auto behind =
+      trail && reference.text ? trail->characterBehind(reference) : std::optional<char>();
+  const bool isExpression = reference.prefix == "%(";
+  reference.isOpen = isExpression && reference.text && behind != ')';
+  (isExpression ? addExpressionNotes : addNameNotes)(reference, notes);
+  if (reference.text) addAnswerNotes(reference, behind, notes);
 }
 
 std::string cutNote(const ExplainedCut& cut) {
@@ -78,24 +111,26 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, std::s
     // A group is tried with each prefix; the last one tells.
     if (pass == "groups &" || pass == "groups %(") return std::nullopt;
     return operation + " is not computed and stays: " +
-           (pass == "evaluate" ? "not both operands are numbers"
+           (pass == "evaluate" ? "not both operands are plain numbers, such as -1.5"
                                : "a side has no number, or the divisor is 0");
   }
   if (ended.outcome == Operation::Computed) return std::nullopt;
-  const bool lacksLeft = std::string_view("+-*").find(ended.operation.front()) != kNone;
-  const bool lacksRight = std::string_view("+-*").find(ended.operation.back()) != kNone;
+  const bool lacksLeft = kSigns.find(ended.operation.front()) != kNone;
+  const bool lacksRight = kSigns.find(ended.operation.back()) != kNone;
   if (lacksLeft && lacksRight) return operation + " is deleted: it has no operand";
-  if (lacksRight) return operation + " is deleted: nothing stands behind the sign";
+  if (lacksRight) {
+    return operation + " is deleted: nothing stands behind the sign; parentheses are no operands";
+  }
   if (ended.operation.front() == '-') {
     return operation + " is deleted: what stands behind the sign is no number";
   }
-  return operation + " is deleted: nothing stands in front of the sign";
+  return operation +
+         " is deleted: nothing stands in front of the sign; parentheses are no operands";
 }
 
 void addOwnNotes(std::optional<CommaTrail>& trail, ExplainedPass& pass) {
-  for (const ExplainedReference& reference : pass.references) {
-    addNameNotes(reference, pass.notes);
-    addAnswerNotes(reference, trail, pass.notes);
+  for (ExplainedReference& reference : pass.references) {
+    addReferenceNotes(reference, trail, pass.notes);
   }
   for (const ExplainedCut& cut : pass.cuts) pass.notes.push_back(cutNote(cut));
   for (const ExplainedOperation& operation : pass.operations) {
@@ -109,12 +144,22 @@ void addSignNotes(const CommaTrail& trail, ExplainedPass& restored) {
     const auto place = trail.placeOf(sign);
     std::string note =
         std::string("the \"") + sign.sign + "\" behind " + quotedOrNothing(sign.before);
-    note += place ? " stands behind " + quotedOrNothing(*place) +
-                        " now: it takes the place of comma " + std::to_string(sign.ordinal) +
-                        ", and the commas in front of it are no longer as many"
-                  : " is lost: it takes the place of comma " + std::to_string(sign.ordinal) +
+    note += place ? " stands behind " + quotedOrNothing(*place) + " now: it goes back to comma " +
+                        std::to_string(sign.ordinal) +
+                        ", and the commas in front of it have become more or fewer"
+                  : " is lost: it goes back to comma " + std::to_string(sign.ordinal) +
                         ", which the line no longer has";
     restored.notes.push_back(std::move(note));
+  }
+}
+
+/// What is odd about a line that was written with signs, behind its evaluation.
+void addEvaluationNotes(ExplainedPass& evaluated) {
+  if (isComment(evaluated.line)) {
+    evaluated.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
+  } else if (evaluated.line.find("--") != kNone) {
+    evaluated.notes.emplace_back(
+        "two minus signs stay: what stands behind a sign is negative; write 0-%NAME");
   }
 }
 
@@ -131,9 +176,7 @@ void addNotes(ExplainedLine& line) {
       addSignNotes(*trail, pass);
     } else if (pass.name == "evaluate") {
       // Its signs are back: there is nothing to follow.
-      if (trail && !trail->signs().empty() && isComment(pass.line)) {
-        pass.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
-      }
+      if (trail && !trail->signs().empty()) addEvaluationNotes(pass);
     } else if (trail) {
       trail->follow(pass);
     }

@@ -55,8 +55,10 @@ TEST_F(Explain, FormatThatPrintsNoNumberIsShownWithTheValue) {
   format("F", "%n");
   activity()->parameters().set("F", host::realValue(2));
   const auto text = host::explanationText(explained({"%F,1"}));
-  EXPECT_NE(text.find("%F: type F under MfgPPParameter, parameter of the activity, real 2, format "
-                      "«%n»: «»\n"),
+  EXPECT_NE(text.find("%F: type F under MfgPPParameter, parameter of the activity, real 2, format\n"
+                      "      «%n»: «»\n"
+                      "    ! «F» cannot be printed in its format and is dropped; the separators "
+                      "around\n      it stay\n"),
             std::string::npos)
       << text;
 }
@@ -73,12 +75,12 @@ TEST_F(Explain, LineFeedCutsTheCharacterInFrontOfIt) {
 
 TEST_F(Explain, ParameterDroppedBesideASignTellsBoth) {
   EXPECT_EQ(notes("X/%I-1"),
-            (Texts{"the name «I» is cut by the \"-\" behind it",
+            (Texts{"the name «I» is cut by the \"-\" behind it: a name holds no sign",
                    "«I» cannot be evaluated and is dropped; the separators around it stay"}));
 }
 
 TEST_F(Explain, SignIsToldOfTheReferenceInFrontOfIt) {
-  const std::string cut = "the name «I» is cut by the \"-\" behind it";
+  const std::string cut = "the name «I» is cut by the \"-\" behind it: a name holds no sign";
   const std::string dropped =
       "«I» cannot be evaluated and is dropped; the separators around it stay";
   EXPECT_EQ(notes("X/%I,%I-1"), (Texts{dropped, cut, dropped}));
@@ -94,7 +96,8 @@ TEST_F(Explain, SignIsToldOfTheReferenceInFrontOfIt) {
 
 TEST_F(Explain, KeptOperationIsToldWithTheEndOfALongLeftOperand) {
   const std::string operand(201, 'A');
-  const std::string end = " is not computed and stays: not both operands are numbers";
+  const std::string end =
+      " is not computed and stays: not both operands are plain numbers, such as -1.5";
   EXPECT_EQ(notes("X/" + operand.substr(1) + "+1"), Texts{"«" + operand.substr(1) + "+1»" + end});
   EXPECT_EQ(notes("X/" + operand + "+1"), Texts{"«..." + operand.substr(1) + "+1»" + end});
   // a character is not cut into
@@ -102,17 +105,63 @@ TEST_F(Explain, KeptOperationIsToldWithTheEndOfALongLeftOperand) {
             Texts{"«..." + operand.substr(2) + "+1»" + end});
 }
 
+TEST_F(Explain, ExpressionWithoutEndIsShownWithoutIt) {
+  const auto text = host::explanationText(explained({"X/%(A),%(A"}));
+  EXPECT_NE(
+      text.find("    %(A): no type, expression without a value: «»\n"
+                "    %(A: no type, expression without a value: «»\n"
+                "    ! «(A» cannot be evaluated and is dropped; the separators around it stay\n"
+                "    ! no \")\" ends the expression «A»: it goes on to the next blank, or to the\n"
+                "      end of the line; close it\n"),
+      std::string::npos)
+      << text;
+  document->setDesignParameter("A", 2);
+  EXPECT_EQ(notes("X/%(A MM"), Texts{"no \")\" ends the expression «A»: it goes on to the next "
+                                     "blank, or to the end of the line; close it"});
+}
+
+TEST_F(Explain, NegativeValueBehindAMinusIsTold) {
+  activity()->parameters().set("A", host::realValue(-2));
+  EXPECT_EQ(notes("X/-%A"),
+            Texts{"two minus signs stay: what stands behind a sign is negative; write 0-%NAME"});
+  EXPECT_EQ(notes("X/1-%A"), Texts{});
+}
+
+TEST_F(Explain, TextThatIsCutIsTold) {
+  auto& parameters = activity()->parameters();
+  parameters.set("T", host::textValue(std::string(79, 'X')));
+  EXPECT_EQ(notes("&T"), Texts{});
+  parameters.set("T", host::textValue(std::string(80, 'X')));
+  EXPECT_EQ(notes("&T"), Texts{"only the first 79 characters of the text are written"});
+}
+
+TEST_F(Explain, DivisionInANameTellsHowToDivide) {
+  activity()->parameters().set("A/2", host::realValue(1));
+  EXPECT_EQ(notes("%A/2"), Texts{"the \"/\" is part of the name «A/2»: the first one of a line "
+                                 "divides nothing, and a reference is divided by a number that is "
+                                 "not 0, or in parentheses, (%A/%B)"});
+}
+
+TEST_F(Explain, DetailsAreFoldedAtColumn80BetweenQuotes) {
+  activity()->parameters().set("A", host::textValue("one two " + std::string(60, 'X')));
+  const auto text = host::explanationText(explained({"&A"}));
+  EXPECT_NE(text.find("\n    &A: no type, parameter of the activity, text\n      «one two "),
+            std::string::npos)
+      << text;
+}
+
 TEST_F(Explain, SignsOfUnchangedCommasAreNotMoved) {
   activity()->parameters().set("W", host::textValue("A,B"));
   // the sign stands in front of the word with the comma
-  EXPECT_EQ(notes("PSIS/A+B,&W"),
-            Texts{"«A+B» is not computed and stays: not both operands are numbers"});
+  EXPECT_EQ(
+      notes("PSIS/A+B,&W"),
+      Texts{"«A+B» is not computed and stays: not both operands are plain numbers, such as -1.5"});
 }
 
 TEST_F(Explain, GroupThatLosesACommaMovesTheSignBehindIt) {
   EXPECT_EQ(notes("X/(1,8/4)+5,6"),
-            Texts{"the \"+\" behind «4)» stands behind «5» now: it takes the place of comma 2, and "
-                  "the commas in front of it are no longer as many"});
+            Texts{"the \"+\" behind «4)» stands behind «5» now: it goes back to comma 2, and the "
+                  "commas in front of it have become more or fewer"});
 }
 
 }  // namespace
