@@ -32,9 +32,9 @@ class References {
   /// `prefix`: one of the three above.
   explicit References(std::string_view prefix) : prefix_(prefix) {}
 
-  /// Finds the references of `line`, unless it is the line of the last call, and tells `parameters`
-  /// of the text behind a name that stands in no output. What is found is valid until the text of
-  /// the line changes.
+  /// Finds the references of `line` (the same object at every call), unless its text is that of the
+  /// last call, and tells `parameters` of the text behind a name that stands in no output. What is
+  /// found is valid until the text of the line changes.
   void find(PassedLine& line, ParameterSource& parameters);
 
   /// From left to right.
