@@ -9,16 +9,14 @@
 
 namespace host {
 
-/// Tells whether the module can print a number with a format, by asking it: a document of its own
+/// Tells how the module prints a number with a format, by asking it: a document of its own
 /// evaluates a radius with that format. The module must be loaded.
 class KEP_PLATFORM FormatProbe {
  public:
   FormatProbe();
 
-  [[nodiscard]] bool canPrint(std::string_view format) const {
-    return printed(0.0, format).has_value();
-  }
-  /// False also for a format that prints every number alike, one without a conversion.
+  /// False for a format that cannot print a number, and for one that prints every number alike: one
+  /// without a conversion.
   [[nodiscard]] bool showsNumbers(std::string_view format) const;
   /// Nothing when the format cannot print the number.
   [[nodiscard]] std::optional<std::string> printed(double number, std::string_view format) const;

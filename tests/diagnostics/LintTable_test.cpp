@@ -127,7 +127,9 @@ TEST(LintTable, WordAndCodeThatStandTwiceAreTold) {
 
 TEST(LintTable, FormatThatPrintsNoNumberIsTold) {
   EXPECT_EQ(lint("*START_FORMAT MFG_A\n%d\n*END\n"), "2:1 unusable-format");
+  EXPECT_EQ(lint("*START_FORMAT MFG_A\nX%%\n*END\n"), "2:1 unusable-format");
   EXPECT_EQ(lint("*START_FORMAT MFG_A\n%f\n*END\n"), "");
+  EXPECT_EQ(lint("*START_FORMAT MFG_A\nX%.0f%%\n*END\n"), "");
 }
 
 TEST(LintTable, AllOfManyMistakesAreTold) {

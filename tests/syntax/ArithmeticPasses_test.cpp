@@ -141,6 +141,17 @@ TEST(EvaluateLine, WithoutRecordsLineStays) {
   EXPECT_EQ(line.text(), "X/    0.000000");
 }
 
+TEST(EvaluateLine, ResultThatIsNotFiniteLeavesTheOperation) {
+  const std::string number(200, '9');
+  Started line("X/-" + number + "*" + number + ",1+1");
+  evaluateLine(line, {{1}, "+"}, nullptr);
+  EXPECT_EQ(line.text(), "X/-" + number + "*" + number + ",    2.000000");
+  // the bound holds for large positive ones
+  line.start("X/" + number + "*" + number);
+  evaluateLine(line, {{1}, "+"}, nullptr);
+  EXPECT_EQ(line.text(), "X/    0.000000");
+}
+
 TEST(EvaluateLine, BlanksBehindAMinusGoFromEveryEvaluatedLine) {
   Started line("-   1,A-  B,-  -2");
   evaluateLine(line, {{1}, "+"}, nullptr);

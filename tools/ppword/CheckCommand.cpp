@@ -24,8 +24,9 @@ Verdict verdictOf(const std::string& path, bool lint) {
   if (lint && !(refusal && refusal->line == 0)) return {!refusal, host::lintTable(path)};
   if (refusal) return {false, {std::move(*refusal)}};
   const host::FormatProbe probe;
-  return {true, host::tableWarnings(
-                    path, [&probe](std::string_view format) { return probe.canPrint(format); })};
+  return {true, host::tableWarnings(path, [&probe](std::string_view format) {
+            return probe.showsNumbers(format);
+          })};
 }
 
 std::string countText(const Verdict& verdict, host::Severity severity, std::string_view noun) {

@@ -31,7 +31,7 @@ std::vector<Diagnostic> lintTable(const std::string& path) {
   for (const SyntaxLine& line : blocks.lines) lintLine(line, parameters, findings);
   const FormatProbe probe;
   for (Diagnostic& warning : allTableWarnings(
-           path, [&probe](std::string_view format) { return probe.canPrint(format); })) {
+           path, [&probe](std::string_view format) { return probe.showsNumbers(format); })) {
     findings.add(std::move(warning));
   }
   return findings.take();
