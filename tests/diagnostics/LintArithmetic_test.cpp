@@ -2,8 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <iostream>
 #include <random>
 #include <set>
@@ -72,9 +73,10 @@ class OnPaper {
       EXPECT_TRUE(take(")"));
       return value;
     }
-    const std::size_t size = std::min(text_.find_first_not_of("0123456789."), text_.size());
-    const double value = std::stod(std::string(text_.substr(0, size)));
-    text_.remove_prefix(size);
+    double value = 0.0;
+    const auto read = std::from_chars(text_.data(), text_.data() + text_.size(), value);
+    EXPECT_EQ(read.ec, std::errc()) << text_;
+    text_.remove_prefix(static_cast<std::size_t>(read.ptr - text_.data()));
     return value;
   }
 
@@ -101,8 +103,8 @@ class Expressions {
 
   std::string operand(int depth) {
     constexpr std::string_view kOperands[] = {
-        "2", "3", "4",      "0.5",    "1.25",   "10",     "7.",   "-3",     ".25",
-        "0", "8", "%MFG_A", "%MFG_B", "%MFG_A", "%MFG_B", "-0.1", "%MFG_A", "%MFG_B"};
+        "2", "3", "4",      "0.5",    "1.25",   "10",     "7.",   "-3",  ".25",
+        "0", "8", "%MFG_A", "%MFG_B", "%MFG_A", "%MFG_B", "-0.1", "1e2", "5e-1"};
     if (depth == 0 || below(5) > 0) return std::string(kOperands[below(std::size(kOperands))]);
     if (below(2) == 0) return "(" + operand(0) + "/" + operand(0) + ")";
     return "(" + next(depth - 1) + ")";
@@ -125,11 +127,12 @@ std::set<std::size_t> toldLines(const Texts& lines) {
   return told;
 }
 
-bool isNumber(const std::string& text, double expected) {
-  char* end = nullptr;
-  const double value = std::strtod(text.c_str(), &end);
+bool isNumber(std::string_view text, double expected) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  double value = 0.0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), value);
   // Every result on the way is rounded to six decimals.
-  return end == text.c_str() + text.size() &&
+  return read.ec == std::errc() && read.ptr == text.data() + text.size() &&
          std::fabs(value - expected) <= 1.0e-4 * std::max(1.0, std::fabs(expected));
 }
 
@@ -152,7 +155,7 @@ TEST(LintArithmetic, LineThatIsNotToldComesOutAsOnPaper) {
   for (std::size_t i = 0; i < lines.size(); ++i) {
     if (told.contains(i)) continue;
     const double expected = OnPaper::value(std::string_view(lines[i]).substr(2));
-    EXPECT_TRUE(isNumber(results[i].substr(2), expected))
+    EXPECT_TRUE(isNumber(std::string_view(results[i]).substr(2), expected))
         << "seed " << seed << ' ' << lines[i] << " gives " << results[i] << ", not " << expected;
   }
   EXPECT_GT(told.size(), kLines / 10U);

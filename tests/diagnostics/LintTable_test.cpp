@@ -155,6 +155,9 @@ TEST(LintTable, PlacesOfMendedLineAreThoseOfTheFile) {
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n" + full + "\nOINT/%MFG_XPOINT,-MM\n*END\n"),
             "2:73 wide-line, 3:5 division-in-name, 3:18 minus-before-word");
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n" + full + "\nOINT,-5\n*END\n"), "2:73 wide-line");
+  // free syntaxes are not mended
+  EXPECT_EQ(lint("*START_SYNTAXES\n" + full + "\nOINT,-5\n*END\n"),
+            "2:73 wide-line, 2:74 unknown-parameter");
 }
 
 TEST(LintTable, WindowsLineEndsChangeNothing) {

@@ -1,8 +1,6 @@
 #include <algorithm>
 #include <cctype>
 #include <cmath>
-#include <utility>
-#include <vector>
 
 #include "host/diagnostics/lint/LineRules.h"
 
@@ -10,7 +8,6 @@ namespace host {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kSegmentEnds = "/,=()";
 constexpr std::string_view kOperandEnds = "/,*+-=()";
 
 std::string_view textOf(const LineReading& reading, const LineOperation& operation) {
@@ -136,8 +133,9 @@ void parenthesesKept(const LineReading& reading, LineReport& report) {
   if (reading.isProse) return;
   const std::string_view flat = reading.flat;
   for (std::size_t open = flat.find('('); open != kNone; open = flat.find('(', open + 1)) {
-    const std::size_t end = flat.find_first_not_of("0123456789. +-*\x01", open + 1);
+    const std::size_t end = flat.find_first_not_of("0123456789.eE +-*\x01", open + 1);
     if (end == kNone || flat[end] != ')' || end == open + 1) continue;
+    if (std::isalpha(static_cast<unsigned char>(flat[open + 1])) != 0) continue;
     const std::string_view group = reading.text.substr(open, end + 1 - open);
     // A division that is part of a name is told as such.
     const std::size_t slash = group.find('/');
@@ -146,51 +144,10 @@ void parenthesesKept(const LineReading& reading, LineReport& report) {
   }
 }
 
-bool isDigit(char byte) { return std::isdigit(static_cast<unsigned char>(byte)) != 0; }
-
-/// The number of bytes of a number with an exponent that `text` begins with.
-std::size_t exponentNumber(std::string_view text) {
-  std::size_t at = std::min(text.find_first_not_of("0123456789."), text.size());
-  if (at == 0 || at == text.size() || (text[at] | 0x20) != 'e') return 0;
-  ++at;
-  if (at < text.size() && (text[at] == '-' || text[at] == '+')) ++at;
-  const std::size_t digits = at;
-  while (at < text.size() && isDigit(text[at])) ++at;
-  return at == digits ? 0 : at;
-}
-
-/// Warns of numbers with exponents when an operator outside of them would compute with them.
-void lintSegment(std::string_view flat, std::size_t begin, std::size_t end,
-                 const LineReading& reading, LineReport& report) {
-  std::vector<std::pair<std::size_t, std::size_t>> numbers;
-  bool isComputed = false;
-  for (std::size_t at = begin; at < end;) {
-    const bool canBegin = at == begin || !std::isalnum(static_cast<unsigned char>(flat[at - 1]));
-    const std::size_t width = canBegin ? exponentNumber(flat.substr(at, end - at)) : 0;
-    if (width > 0) numbers.emplace_back(at, width);
-    isComputed = isComputed || (at > begin && std::string_view("+-*").find(flat[at]) != kNone);
-    at += std::max<std::size_t>(width, 1);
-  }
-  if (!isComputed) return;
-  for (const auto& [at, width] : numbers) {
-    report.warn(LintKey::ExponentOperand, at, width, reading.text.substr(at, width));
-  }
-}
-
-void exponentOperand(const LineReading& reading, LineReport& report) {
-  if (reading.isComment) return;
-  const std::string_view flat = reading.flat;
-  for (std::size_t begin = 0; begin < flat.size();) {
-    const std::size_t end = std::min(flat.find_first_of(kSegmentEnds, begin), flat.size());
-    lintSegment(flat, begin, end, reading, report);
-    begin = end + 1;
-  }
-}
-
 using Rule = void (*)(const LineReading& reading, LineReport& report);
-constexpr Rule kRules[] = {noPrecedence,         exponentOperand, largeDivisor, shortReciprocal,
-                           divisionKept,         parenthesesKept, emptyOperand, minusBeforeWord,
-                           minusBeforeReference, doubleMinus};
+constexpr Rule kRules[] = {noPrecedence,    largeDivisor,         shortReciprocal,
+                           divisionKept,    parenthesesKept,      emptyOperand,
+                           minusBeforeWord, minusBeforeReference, doubleMinus};
 
 }  // namespace
 

@@ -22,6 +22,8 @@ class LineReport {
 
 /// Warns of arithmetic that is not computed as one expects, or loses text.
 void lintArithmetic(const LineReading& reading, LineReport& report);
+/// Warns of numbers with exponents in arithmetic.
+void lintExponents(const LineReading& reading, LineReport& report);
 /// Warns of references whose names are not what one expects.
 void lintNames(const LineReading& reading, LineReport& report);
 

@@ -13,6 +13,7 @@ void lintLine(const SyntaxLine& line, const LintParameters& parameters, LintFind
   LineReport report(line, findings);
   if (line.isBehindAnother) report.warn(LintKey::SplitLine, 0, line.text.size(), line.text);
   lintArithmetic(reading, report);
+  lintExponents(reading, report);
   lintNames(reading, report);
   lintParameters(reading, parameters, report);
   lintWidth(reading, parameters, report);

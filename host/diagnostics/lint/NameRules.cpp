@@ -8,9 +8,11 @@ namespace {
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kSigns = "+-*";
 
-/// The reference as it stands in the line.
+/// The reference as it stands in the line; an expression with the ")" that ends it.
 std::string_view textOf(const LineReading& reading, const LineReference& reference) {
-  return reading.text.substr(reference.start, reference.name.size() + 1);
+  const bool isClosed =
+      reference.isExpression && reading.text.substr(reference.end()).starts_with(')');
+  return reading.text.substr(reference.start, reference.name.size() + (isClosed ? 2 : 1));
 }
 
 bool endsAtSign(const LineReading& reading, const LineReference& reference) {

@@ -45,8 +45,10 @@ class BlockReader {
     }
     if (keyword.contains("*START_SYNTAXES")) {
       blocks_.syntaxSections.push_back(keyword);
-      for (const Token& token : body()) addLine(token);
-      endLines();
+      // Cut lines are mended in bodies of commands only.
+      for (const Token& token : body()) {
+        blocks_.lines.push_back({std::string(token.text), token.offset});
+      }
     } else if (keyword.contains("*START_LIST")) {
       readList(keyword);
     } else if (keyword.contains("*START_FORMAT")) {
