@@ -9,6 +9,11 @@ namespace {
 
 constexpr std::size_t kLongest = 64;
 
+bool isSameLetter(char left, char right) {
+  const auto small = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 0x20) : c; };
+  return small(left) == small(right);
+}
+
 // Edit distance with swaps of neighbours: rows of the usual table, two back for the swaps.
 std::size_t distance(std::string_view from, std::string_view to) {
   std::vector<std::size_t> before(to.size() + 1);
@@ -18,9 +23,10 @@ std::size_t distance(std::string_view from, std::string_view to) {
   for (std::size_t i = 1; i <= from.size(); ++i) {
     row[0] = i;
     for (std::size_t j = 1; j <= to.size(); ++j) {
-      const std::size_t replaced = last[j - 1] + (from[i - 1] == to[j - 1] ? 0 : 1);
+      const std::size_t replaced = last[j - 1] + (isSameLetter(from[i - 1], to[j - 1]) ? 0 : 1);
       row[j] = std::min({replaced, last[j] + 1, row[j - 1] + 1});
-      const bool swapped = i > 1 && j > 1 && from[i - 1] == to[j - 2] && from[i - 2] == to[j - 1];
+      const bool swapped = i > 1 && j > 1 && isSameLetter(from[i - 1], to[j - 2]) &&
+                           isSameLetter(from[i - 2], to[j - 1]);
       if (swapped) row[j] = std::min(row[j], before[j - 2] + 1);
     }
     before.swap(last);

@@ -35,6 +35,14 @@ std::string suggestionFor(std::string_view instruction, const KEPIContainer& fea
   return meant.empty() ? "" : "; did you mean \"" + std::string(meant) + "\"?";
 }
 
+/// True when an element names its instruction alone, or with a motion's number and nothing else
+/// behind the marker: the container takes any text there for no motion.
+bool isExact(const Element& element, std::string_view name, int motion) {
+  const std::string& asked = element.instruction;
+  return asked == name ||
+         (motion > 0 && asked == std::string(name) + "#SEQMOTION#" + std::to_string(motion));
+}
+
 }  // namespace
 
 /// Counts what the module tells of the element that is being put out.
@@ -61,7 +69,7 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view /*result*/) override {
     if (outcome == Operation::Deleted) {
-      summary_.deleted.add(operation, element_->line, element_->instruction);
+      summary_.deleted.add(operation, element_->line, titleOf(*element_));
     }
   }
 
@@ -120,6 +128,9 @@ Generator::Source Generator::sourceOf(const Element& element) {
   } else {
     source.evaluation = evaluationOf(element);
     source.name = KEPISpecObject_var(source.evaluation)->GetName();
+    if (!isExact(element, source.name, source.evaluation->GetSeqMotionNumber())) {
+      refuse(element, "names no sequential motion: behind #SEQMOTION# a number from 1 is expected");
+    }
   }
   return source;
 }

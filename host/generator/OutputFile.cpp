@@ -19,11 +19,16 @@ namespace {
 constexpr std::size_t kBufferSize = std::size_t{1} << 16U;
 constexpr mode_t kPermissions = 0777;
 
-/// The file that a path leads to through symbolic links; the path itself for one that is new.
-std::string resolved(const std::string& path) {
+constexpr int kMostLinks = 40;
+
+/// The place that a path leads to through symbolic links, whether a file stands there or not. A
+/// ring of links leads to a link.
+std::filesystem::path resolved(std::filesystem::path path) {
   std::error_code error;
-  const std::filesystem::path real = std::filesystem::canonical(path, error);
-  return error ? path : real.string();
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
 }
 
 }  // namespace
@@ -82,7 +87,11 @@ void OutputFile::close() noexcept {
 }
 
 void OutputFile::openBeside() {
-  target_ = resolved(target_);
+  const std::filesystem::path place = resolved(target_);
+  std::error_code error;
+  errno = ELOOP;
+  if (std::filesystem::is_symlink(place, error)) return;
+  target_ = place.string();
   FileBeside file = createBeside(target_);
   descriptor_ = file.descriptor;
   if (descriptor_ >= 0) temporary_ = std::move(file.path);

@@ -20,6 +20,9 @@ class Arguments(program.ProgramTest):
     def test_unknown_command_suggests_the_nearest(self):
         self.check_mistake(["chekc", "t"], "there is no command 'chekc'; did you mean 'check'?")
 
+    def test_capitals_do_not_hide_the_nearest(self):
+        self.check_mistake(["CHECK", "t"], "there is no command 'CHECK'; did you mean 'check'?")
+
     def test_command_like_no_other_suggests_nothing(self):
         self.check_mistake(["translate"], "there is no command 'translate'")
 
@@ -139,9 +142,49 @@ class Arguments(program.ProgramTest):
             "ppword post",
         )
 
+    def test_output_that_is_the_standard_input_is_refused(self):
+        self.write("job", program.JOB)
+        with open(os.path.join(self.folder, "job"), "rb") as job:
+            done = self.run_program("post", "-", "-o", "job", stdin=job)
+        self.check(
+            done,
+            2,
+            "",
+            "ppword post: the output would replace the input job\nTry 'ppword post --help'.\n",
+        )
+        self.assertEqual(self.read("job"), program.JOB)
+
+    def test_empty_name_of_a_file_is_told(self):
+        self.write("job", program.JOB)
+        for argument, arguments in (
+            ("TABLE", ["list", ""]),
+            ("TABLE", ["explain", "", "NC_GOTO"]),
+            ("TABLE", ["words", ""]),
+            ("JOB", ["post", ""]),
+            ("--table", ["post", "job", "-t", ""]),
+            ("--document", ["post", "job", "-d", ""]),
+            ("--output", ["post", "job", "-o", ""]),
+        ):
+            self.check_mistake(
+                arguments,
+                argument + ": the name of a file is expected, not an empty text",
+                "ppword " + arguments[0],
+            )
+
 
 class Help(program.ProgramTest):
-    COMMANDS = ([], ["check"], ["explain"], ["list"], ["document"], ["post"])
+    COMMANDS = (
+        [],
+        ["check"],
+        ["explain"],
+        ["list"],
+        ["document"],
+        ["post"],
+        ["words"],
+        ["code"],
+        ["word"],
+        ["tables"],
+    )
 
     def test_version_is_told(self):
         with open(os.path.join(program.SOURCE, "CMakeLists.txt"), encoding="ascii") as file:
@@ -153,7 +196,7 @@ class Help(program.ProgramTest):
             for option in ("-h", "--help"):
                 done = self.run_program(*command, option)
                 self.assertEqual((done.returncode, done.stderr), (0, ""))
-                self.assertIn("\nExamples:\n  ppword ", done.stdout)
+                self.assertRegex(done.stdout, r"\nExamples?:\n  ppword ")
 
     def test_lines_fit_a_terminal(self):
         for command in self.COMMANDS:

@@ -21,6 +21,13 @@ TEST(Nearest, FirstOfEqualsIsGiven) {
 
 TEST(Nearest, ExactWordIsItself) { EXPECT_EQ(nearest("list", kCommands), "list"); }
 
+TEST(Nearest, CapitalsCountAsSmall) {
+  EXPECT_EQ(nearest("CHECK", kCommands), "check");
+  EXPECT_EQ(nearest("PSOt", kCommands), "post");
+  constexpr std::array<std::string_view, 1> kBesideTheLetters = {"@[`{"};
+  EXPECT_EQ(nearest("`{@[", kBesideTheLetters), "");
+}
+
 TEST(Nearest, FarWordGivesNothing) { EXPECT_EQ(nearest("translate", kCommands), ""); }
 
 TEST(Nearest, TwoEditsInAShortWordAreTooMany) {

@@ -4,6 +4,7 @@
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/manufacturing/Activity.h"
 #include "host/manufacturing/GeneratorData.h"
 #include "host/system/Session.h"
@@ -237,6 +238,8 @@ TEST(Generator, ElementThatCannotBePutOutEndsTheJob) {
        "\"NC_RAPID\"?"},
       {R"({"nc":"NC_MILL_AND_TURN_AT_ONCE"})",
        "job:3: error: NC_MILL_AND_TURN_AT_ONCE is no NC instruction of this document"},
+      {R"({"nc":"nc_goto"})",
+       R"(job:3: error: nc_goto is no NC instruction of this document; did you mean "NC_GOTO"?)"},
       {R"({"nc":"MFG_XPOINT"})", "job:3: error: MFG_XPOINT is no NC instruction of this document"},
       {R"({"nc":"NC_GOTO","sequence":2})",
        "job:3: error: NC_GOTO cannot be put out: it has no sequence 2, or a line of it cannot be "
@@ -251,6 +254,24 @@ TEST(Generator, ElementThatCannotBePutOutEndsTheJob) {
     EXPECT_EQ(posting.error, error) << line;
     EXPECT_EQ(posting.lines, Lines{"RAPID"}) << line;
   }
+}
+
+TEST(Generator, MarkerWithoutTheNumberOfAMotionIsRefused) {
+  for (const std::string behind : {"", "0", "-5", "x", "2x", " 2", "02", "99999999999"}) {
+    EXPECT_EQ(post("{\"nc\":\"NC_GOTO#SEQMOTION#" + behind + "\"}").error,
+              "job:2: error: NC_GOTO#SEQMOTION#" + behind +
+                  " names no sequential motion: behind #SEQMOTION# a number from 1 is expected");
+  }
+}
+
+TEST(Generator, InstructionWhoseOwnNameHoldsTheMarkerIsPutOut) {
+  const KEPVar<Document> document = newDocument();
+  const auto features = document->features();
+  const auto type = KEPISpecObject_var::Adopt(features->CreateStartUp(
+      "NC_A#SEQMOTION#B", KEPISpecObject_var::Adopt(features->FindStartUp("MfgPPSyntax"))));
+  KEPISpecAttrAccess_var(type)->AddAttribute("Syntaxe", KEPISpecAttribute::Kind::StringList);
+  KEPISpecAttrAccess_var(type)->AppendToList("Syntaxe", "RAPID");
+  EXPECT_EQ(post(document, jobOf("{\"nc\":\"NC_A#SEQMOTION#B\"}")).lines, Lines{"RAPID"});
 }
 
 TEST(Generator, SummaryCountsElementsLinesAndInstructions) {

@@ -129,6 +129,32 @@ TEST(OutputFile, LinkStaysAndItsFileIsReplaced) {
   EXPECT_EQ(scratch.size(), 2U);
 }
 
+TEST(OutputFile, LinkToAFileThatIsNewStays) {
+  const Scratch scratch;
+  std::filesystem::create_symlink("inner", scratch.path("link"));
+  std::filesystem::create_symlink(scratch.path("file"), scratch.path("inner"));
+  EXPECT_EQ(errorOf(scratch.path("link"), {"FINI"}), "none");
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch.path("link")));
+  EXPECT_TRUE(std::filesystem::is_symlink(scratch.path("inner")));
+  EXPECT_EQ(scratch.text("file"), "FINI\n");
+  EXPECT_EQ(scratch.size(), 3U);
+}
+
+TEST(OutputFile, LinkThatLeadsNowhereGivesTheReasonAndStays) {
+  const Scratch scratch;
+  const std::string ring = scratch.path("ring");
+  std::filesystem::create_symlink("ring", ring);
+  EXPECT_EQ(errorOf(ring, {"FINI"}),
+            ring + ": error: cannot be written: Too many levels of symbolic links");
+  const std::string link = scratch.path("link");
+  std::filesystem::create_symlink("absent/file", link);
+  EXPECT_EQ(errorOf(link, {"FINI"}),
+            link + ": error: cannot be written: No such file or directory");
+  EXPECT_TRUE(std::filesystem::is_symlink(ring));
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_EQ(scratch.size(), 2U);
+}
+
 TEST(OutputFile, NameThatIsTakenBesideIsLeftAlone) {
   const Scratch scratch;
   const std::string taken = ".ppword-" + std::to_string(::getpid()) + "-0.tmp";

@@ -84,5 +84,15 @@ TEST_F(PostedCommands, WhatTheyCannotEvaluateIsCountedWithTheirPosition) {
   EXPECT_EQ(posting.summary.unevaluated.entries()[0].firstInstruction, "PP command 4");
 }
 
+TEST_F(PostedCommands, WhatTheyDeleteIsCountedWithTheirPosition) {
+  document->ppWordContainer()->SetUserSyntax(KEPUnicodeString("GOTO/1+"));
+  addCommand(*document, "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX", 1);
+  const Posting posting = post(document, jobOf("{\"ppCommand\":4}"));
+  EXPECT_EQ(posting.lines, Lines{"GOTO/"});
+  ASSERT_EQ(posting.summary.deleted.entries().size(), 1U);
+  EXPECT_EQ(posting.summary.deleted.entries()[0].name, "1+");
+  EXPECT_EQ(posting.summary.deleted.entries()[0].firstInstruction, "PP command 4");
+}
+
 }  // namespace
 }  // namespace host::test

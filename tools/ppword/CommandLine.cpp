@@ -32,6 +32,11 @@ std::string codeMistake(const std::string& text) {
   return "a code is a whole number from -2147483648 to 2147483647, not '" + text + "'";
 }
 
+// Empty for a text that can name a file. A variable of a script that was never set gives no name.
+std::string nameMistake(const std::string& text) {
+  return text.empty() ? "the name of a file is expected, not an empty text" : "";
+}
+
 // The program's arguments and the options of each command that they set.
 class Arguments {
  public:
@@ -95,7 +100,7 @@ class Arguments {
 
   void addExplain() {
     explain_ = addCommand("explain", help::kExplain, help::kExplainFooter, explainOptions_.format);
-    explain_->add_option("TABLE", explainOptions_.table, "PP word table")->option_text(" ");
+    addTable(explain_, explainOptions_.table);
     explain_->add_option("INSTRUCTION", explainOptions_.instruction, "NC instruction")
         ->option_text(" ");
     explain_->add_option("--sequence", explainOptions_.sequence, "Which of its sequences, from 1")
@@ -126,7 +131,7 @@ class Arguments {
 
   void addList() {
     list_ = addCommand("list", help::kList, help::kListFooter, listOptions_.format);
-    list_->add_option("TABLE", listOptions_.table, "PP word table")->option_text(" ");
+    addTable(list_, listOptions_.table);
     list_->add_option("SECTION", listOptions_.section, "Which part to show")->option_text(" ");
     list_->add_flag("--default", default_, "Show the catalogue of a new document");
   }
@@ -140,15 +145,11 @@ class Arguments {
 
   void addPost() {
     post_ = addCommand("post", help::kPost, help::kPostFooter, postOptions_.format);
-    post_->add_option("JOB", postOptions_.job, "Job or listing; - for the standard input")
-        ->required()
-        ->option_text(" ");
-    post_->add_option("-t,--table", postOptions_.table, "PP word table to load")
-        ->option_text("TABLE");
-    post_->add_option("-d,--document", postOptions_.document, "Document to post with")
-        ->option_text("FILE");
-    post_->add_option("-o,--output", postOptions_.output, "Write the text to FILE")
-        ->option_text("FILE");
+    addFile(post_, "JOB", postOptions_.job, "Job or listing; - for the standard input", " ")
+        ->required();
+    addFile(post_, "-t,--table", postOptions_.table, "PP word table to load", "TABLE");
+    addFile(post_, "-d,--document", postOptions_.document, "Document to post with", "FILE");
+    addFile(post_, "-o,--output", postOptions_.output, "Write the text to FILE", "FILE");
     post_->add_flag("--strict", postOptions_.strict,
                     "Write nothing and exit with 1 when anything is missing from the text");
     post_->add_flag("-v,--verbose", postOptions_.verbose, "Tell what came from where");
@@ -167,20 +168,27 @@ class Arguments {
 
   void addWordQueries() {
     words_ = addCommand("words", help::kWords, help::kWordsFooter, wordsOptions_.format);
-    addTable(words_, wordsOptions_.table);
+    addTable(words_, wordsOptions_.table)->required();
     code_ = addCommand("code", help::kCode, help::kCodeFooter, codeOptions_.format);
-    addTable(code_, codeOptions_.table);
+    addTable(code_, codeOptions_.table)->required();
     code_->add_option("WORD", codeOptions_.words, "APT words")->required()->option_text("...");
     word_ = addCommand("word", help::kWord, help::kWordFooter, wordOptions_.format);
-    addTable(word_, wordOptions_.table);
+    addTable(word_, wordOptions_.table)->required();
     word_->add_option("CODE", wordOptions_.codes, "CL-file codes")
         ->required()
         ->check(CLI::Validator(&codeMistake, ""))
         ->option_text("...");
   }
 
-  static void addTable(CLI::App* command, std::string& table) {
-    command->add_option("TABLE", table, "PP word table")->required()->option_text(" ");
+  static CLI::Option* addFile(CLI::App* command, const char* name, std::string& file,
+                              const char* description, const char* text) {
+    return command->add_option(name, file, description)
+        ->check(CLI::Validator(&nameMistake, ""))
+        ->option_text(text);
+  }
+
+  static CLI::Option* addTable(CLI::App* command, std::string& table) {
+    return addFile(command, "TABLE", table, "PP word table", " ");
   }
 
   void addTables() {

@@ -188,7 +188,7 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
 
 ExitStatus postJob(const PostOptions& options) {
   try {
-    requireOther(options.output, options.job);
+    requireOther(options.output, options.job == "-" ? "/dev/stdin" : options.job);
     requireOther(options.output, options.table);
     return generate(options);
   } catch (const UsageError& error) {
