@@ -26,7 +26,8 @@ bool isComment(std::string_view line) {
 
 /// What is odd about an expression.
 void addExpressionNotes(const ExplainedReference& reference, std::vector<std::string>& notes) {
-  const std::string expression = quoted(reference.name.substr(1));
+  // A line feed behind the "(" takes it off the name.
+  const std::string expression = quoted(reference.name.substr(reference.name.starts_with('(')));
   if (reference.isOpen) {
     notes.push_back("no \")\" ends the expression " + expression +
                     ": it goes on to the next blank, or to the end of the line; close it");

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
 #include <string>
 
 #include "host/explain/ExplanationText.h"
 #include "host/system/Session.h"
+#include "tests/support/Mutator.h"
 #include "tests/support/PPWordDocument.h"
+#include "tests/syntax/Instantiated.h"
 
 namespace ppword::test {
 namespace {
@@ -71,6 +74,15 @@ TEST_F(Explain, ControlCharactersDoNotReachTheTerminal) {
 
 TEST_F(Explain, LineFeedCutsTheCharacterInFrontOfIt) {
   EXPECT_EQ(notes("%AX\n1").back(), "«X» behind the name «A» is cut off and lost");
+}
+
+TEST_F(Explain, LineFeedCutsTheOnlyCharacterOfAnExpression) {
+  EXPECT_EQ(
+      notes("X/%(\n1"),
+      (Texts{"no \")\" ends the expression «»: it goes on to the next blank, or to the end of "
+             "the line; close it",
+             "«» cannot be evaluated and is dropped; the separators around it stay",
+             "«(» behind the name «» is cut off and lost"}));
 }
 
 TEST_F(Explain, ParameterDroppedBesideASignTellsBoth) {
@@ -162,6 +174,24 @@ TEST_F(Explain, GroupThatLosesACommaMovesTheSignBehindIt) {
   EXPECT_EQ(notes("X/(1,8/4)+5,6"),
             Texts{"the \"+\" behind «4)» stands behind «5» now: it goes back to comma 2, and the "
                   "commas in front of it have become more or fewer"});
+}
+
+TEST_F(Explain, DamagedLinesAreExplainedAsTheyComeOut) {
+  auto& parameters = activity()->parameters();
+  parameters.set("A", host::realValue(-1.5));
+  parameters.set("I", host::integerValue(7));
+  parameters.set("W", host::textValue("%A,1"));
+  document->setDesignParameter("D", 3);
+  const unsigned seed = chosenSeed();
+  std::cout << "seed " << seed << " (PPWORD_TEST_SEED repeats it)\n";
+  Mutator mutator(seed, "%&(),/+-*$\\ \n\"AIWD1=");
+  for (int i = 0; i < 1000; ++i) {
+    const std::string line = mutator.mutate("X/%A+&W,(%I/2),(7/%I)*%(D),-%A,%(D/2,%A )$,\\%");
+    const host::Explanation explanation = explained({line});
+    ASSERT_TRUE(explanation.isDone) << line;
+    ASSERT_EQ(explanation.lines.at(0).output, instantiate(instruction_).lines.at(0)) << line;
+    ASSERT_NE(host::explanationText(explanation), "") << line;
+  }
 }
 
 }  // namespace
