@@ -17,7 +17,10 @@ class PostJob {
 
   /// Coordinates of a point, by its number from 0.
   [[nodiscard]] static double x(int number) { return number % 1000 * 0.25 - 125.0; }
-  [[nodiscard]] static double y(int number) { return number / 1000 * 0.125; }
+  [[nodiscard]] static double y(int number) {
+    const int row = number / 1000;
+    return row * 0.125;
+  }
   [[nodiscard]] static double z(int number) { return number % 64 * 0.0625 - 2.0; }
 
  private:

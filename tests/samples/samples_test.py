@@ -211,6 +211,14 @@ class Samples(unittest.TestCase):
     def test_engraving_in_arcs(self):
         self.check_sample(CRAFTSMAN, {"ARC": 604, "GOTO": 91, "LOADTL": 1}, "--strict")
 
+    def test_listings_of_the_examples_are_those_of_their_programs(self):
+        for name in ("bracket", "tilted"):
+            kept = os.path.join(os.path.dirname(TABLE), name)
+            with open(kept + ".canon", encoding="ascii") as file:
+                expected = file.read()
+            with open(self.listing_of(kept + ".ngc"), encoding="ascii") as file:
+                self.assertEqual(file.read(), expected, name)
+
     def test_lost_moves_are_reported_and_strictly_refused(self):
         with open(self.path("tap.ngc"), "w", encoding="ascii") as file:
             file.write("G21\nS100 M3\nG0 X0 Y0 Z5\nG33.1 Z-5 K1\nM2\n")
