@@ -109,7 +109,8 @@ TEST(TableWarnings, DoublingInsertsGiveTooManyLines) {
   std::string table = "*START_NC_COMMAND NC_0\nX\n*END\n";
   for (int i = 1; i <= 17; ++i) {
     const std::string inserted = "*INSERT NC_" + std::to_string(i - 1) + "\n";
-    table += "*START_NC_COMMAND NC_" + std::to_string(i) + "\n" + inserted + inserted + "*END\n";
+    table += "*START_NC_COMMAND NC_" + std::to_string(i) + "\n";
+    table.append(inserted).append(inserted).append("*END\n");
   }
   EXPECT_EQ(warnings(table),
             "T:69:1: warning endless-insert: the inserts of NC_17 give more than 100000 lines and "

@@ -85,11 +85,11 @@ TEST_F(RoundTrip, OrderOfMakingIsKept) {
   const auto second = KEPISpecObject_var::Adopt(features->CreateInstance(find("NC_A"), "Same"));
   const auto third = KEPISpecObject_var::Adopt(features->CreateInstance(find("NC_Z"), ""));
   KEPILifeCycleObject_var(find("MfgPPParameter"))->remove();
+  const std::string command =
+      "type MfgPPCommand\n  CommandName kind 0 declared\n  SequenceNumber kind 1 declared";
   EXPECT_EQ(contentOf(*reopened()),
-            (Texts{"container MfgPPWordCont",
-                   "type MfgPPCommand\n  CommandName kind 0 declared\n  SequenceNumber kind 1 "
-                   "declared",
-                   "type MfgPPWordRoot", "type MfgPPSyntax\n  of MfgPPWordRoot",
+            (Texts{"container MfgPPWordCont", command, "type MfgPPWordRoot",
+                   "type MfgPPSyntax\n  of MfgPPWordRoot",
                    "type NC_Z\n  Syntaxe kind 2 declared = 0 «Z/1»\n  of MfgPPSyntax",
                    "instance Same\n  of NC_Z",
                    "type NC_A\n  Syntaxe kind 2 declared = 0 «A/1»\n  of MfgPPSyntax",
