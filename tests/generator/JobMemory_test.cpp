@@ -1,3 +1,4 @@
+#include <dlfcn.h>
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <sys/stat.h>
@@ -7,9 +8,6 @@
 #include "tests/generator/Jobs.h"
 #include "tests/generator/Scratch.h"
 
-/// There in a sanitized build only.
-extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();
-
 namespace host::test {
 namespace {
 
@@ -18,9 +16,8 @@ constexpr long kBytesPerMebibyte = 1L << 20;
 /// Bytes of the heap that are in use: by the sanitizer's count where it keeps the heap, which also
 /// holds freed memory back.
 long bytesInUse() {
-  if (__sanitizer_get_current_allocated_bytes != nullptr) {
-    return static_cast<long>(__sanitizer_get_current_allocated_bytes());
-  }
+  void* const count = dlsym(RTLD_DEFAULT, "__sanitizer_get_current_allocated_bytes");
+  if (count != nullptr) return static_cast<long>(reinterpret_cast<std::size_t (*)()>(count)());
   const auto heap = mallinfo2();
   return static_cast<long>(heap.uordblks + heap.hblkhd);
 }
