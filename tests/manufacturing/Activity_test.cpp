@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "Manufacturing/KEPIMfgInsert.h"
@@ -44,37 +46,46 @@ bool offers(const KEPBaseUnknown_var& object) {
   return static_cast<bool>(KEPVar<Interface>(object));
 }
 
-std::vector<bool> offered(const KEPBaseUnknown_var& activity) {
-  return {offers<KEPIMfgActivity>(activity),           offers<KEPIMfgToolChange>(activity),
-          offers<KEPIMfgMachiningOperation>(activity), offers<KEPIMfgFeedrateParameters>(activity),
-          offers<KEPIMfgStrategyParameters>(activity), offers<KEPIMfgToolPathManagement>(activity),
-          offers<KEPIMfgTurningEnvironment>(activity), offers<KEPIMfgLatheOperation>(activity),
-          offers<KEPIMfgSequentialMotions>(activity)};
+/// A word for each interface that an activity offers.
+std::string offered(const KEPBaseUnknown_var& activity) {
+  const std::pair<bool, const char*> interfaces[] = {
+      {offers<KEPIMfgActivity>(activity), "activity"},
+      {offers<KEPIMfgToolChange>(activity), " change"},
+      {offers<KEPIMfgMachiningOperation>(activity), " operation"},
+      {offers<KEPIMfgFeedrateParameters>(activity), " feeds"},
+      {offers<KEPIMfgStrategyParameters>(activity), " strategy"},
+      {offers<KEPIMfgToolPathManagement>(activity), " path"},
+      {offers<KEPIMfgTurningEnvironment>(activity), " turning"},
+      {offers<KEPIMfgLatheOperation>(activity), " lathe"},
+      {offers<KEPIMfgSequentialMotions>(activity), " motions"}};
+  std::string words;
+  for (const auto& [isOffered, word] : interfaces) words += isOffered ? word : "";
+  return words;
 }
 
 struct KindCase {
   ActivityKind kind;
   std::vector<std::string_view> types;
-  std::vector<bool> interfaces;
+  std::string_view interfaces;
 };
 
 const std::vector<KindCase>& kinds() {
   static const std::vector<KindCase> cases{
-      {ActivityKind::Plain, {"MfgActivity"}, {1, 0, 0, 0, 0, 0, 0, 0, 0}},
-      {ActivityKind::ToolChange, {"MfgToolChange", "MfgActivity"}, {1, 1, 0, 0, 0, 0, 0, 0, 0}},
+      {ActivityKind::Plain, {"MfgActivity"}, "activity"},
+      {ActivityKind::ToolChange, {"MfgToolChange", "MfgActivity"}, "activity change"},
       {ActivityKind::Machining,
        {"MfgMachiningOperation", "MfgActivity"},
-       {1, 0, 1, 1, 1, 1, 1, 0, 0}},
+       "activity operation feeds strategy path turning"},
       {ActivityKind::Lathe,
        {"MfgLatheOperation", "MfgMachiningOperation", "MfgActivity"},
-       {1, 0, 1, 1, 1, 1, 1, 1, 0}},
+       "activity operation feeds strategy path turning lathe"},
       {ActivityKind::SequentialAxial,
        {"MfgSequentialAxialOperation", "MfgMachiningOperation", "MfgActivity"},
-       {1, 0, 1, 1, 1, 1, 1, 0, 1}},
+       "activity operation feeds strategy path turning motions"},
       {ActivityKind::SequentialGroove,
        {"MfgSequentialGrooveOperation", "MfgLatheOperation", "MfgMachiningOperation",
         "MfgActivity"},
-       {1, 0, 1, 1, 1, 1, 1, 1, 1}},
+       "activity operation feeds strategy path turning lathe motions"},
   };
   return cases;
 }
@@ -106,9 +117,9 @@ TEST(Activity, KindTellsTheInterfaces) {
 
 TEST(Activity, WhatIsNotStatedIsNotOffered) {
   const auto operation = Activity::create(valuesOf(ActivityKind::SequentialGroove));
-  EXPECT_EQ(offered(operation), (std::vector<bool>{1, 0, 1, 0, 0, 1, 0, 1, 0}));
+  EXPECT_EQ(offered(operation), "activity operation path lathe");
   const auto toolChange = Activity::create(valuesOf(ActivityKind::ToolChange));
-  EXPECT_EQ(offered(toolChange), (std::vector<bool>{1, 1, 0, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(offered(toolChange), "activity change");
 }
 
 TEST(Activity, AskingTwiceGivesTheSameObject) {
