@@ -31,10 +31,8 @@ TEST(DecimalPrefix, ExponentWithoutDigitsIsLeftOut) {
 }
 
 TEST(DecimalPrefix, TextThatBeginsWithNoNumberGivesNothing) {
-  for (const char* text :
-       {"", " ", "abc", ".", "-", "+", "--1", "+-1", "-+1", "- 1", ".e5", "e5", ",5", "-.",
-        "\xC2\xA0"
-        "1"}) {
+  for (const char* text : {"", " ", "abc", ".", "-", "+", "--1", "+-1", "-+1", "- 1", ".e5", "e5",
+                           ",5", "-.", "\u00A01"}) {
     EXPECT_EQ(decimalPrefix(text), std::nullopt) << text;
   }
 }

@@ -97,7 +97,8 @@ std::string leftOfDivision(const std::string& line, std::size_t slash) {
     if (character == '(' && standsBehindPercent(line, at)) continue;
     if (isIn(character, "/,*+-=()")) break;
   }
-  return line.substr(static_cast<std::size_t>(at + 1), slash - static_cast<std::size_t>(at + 1));
+  const int first = at + 1;
+  return line.substr(static_cast<std::size_t>(first), slash - static_cast<std::size_t>(first));
 }
 
 double result(char sign, double left, double right) {
