@@ -67,16 +67,19 @@ TEST_F(Handle, HandleOfAnObjectAddsAReferenceUntilItEnds) {
   const KEPVar<Named> first = Component::make("a");
   {
     const KEPVar<Named> second(first.Get());
-    const KEPVar<Named> third(second);
+    KEPVar<Named> third(second);
     EXPECT_EQ(first->GetReferenceCount(), 3);
+    third = nullptr;
+    EXPECT_EQ(first->GetReferenceCount(), 2);
   }
   EXPECT_EQ(first->GetReferenceCount(), 1);
 }
 
 TEST_F(Handle, MoveLeavesTheSourceNullAndTheCountAlone) {
   KEPVar<Named> first = Component::make("a");
+  const KEPVar<Named>& source = first;
   const KEPVar<Named> second(std::move(first));
-  EXPECT_EQ(first.Get(), nullptr);
+  EXPECT_EQ(source.Get(), nullptr);
   EXPECT_EQ(second->GetReferenceCount(), 1);
 }
 
