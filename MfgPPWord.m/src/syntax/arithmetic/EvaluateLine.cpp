@@ -8,6 +8,7 @@
 #include "System/KEPUnicodeString.h"
 #include "src/number/DecimalPrefix.h"
 #include "src/number/NumberFormat.h"
+#include "src/syntax/CharacterTable.h"
 #include "src/syntax/EscapedPercent.h"
 #include "src/syntax/arithmetic/Operation.h"
 
@@ -15,24 +16,22 @@ namespace ppword {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kLeftEnds = "/,=()";
-constexpr std::string_view kRightEnds = "/,*+=()-";
-constexpr std::string_view kOperators = "+-*";
-constexpr std::string_view kNumberCharacters = "0123456789., -";
+constexpr CharacterTable kLeftEnds("/,=()");
+constexpr CharacterTable kRightEnds("/,*+=()-");
+constexpr CharacterTable kOperators("+-*");
+constexpr CharacterTable kNumberCharacters("0123456789., -");
 
 /// Of the left operand of a kept operation no more bytes are told: it joins in the next ones.
 constexpr std::size_t kToldSize = 200;
 
 using Operation = KEPMfgPPWordListener::Operation;
 
-bool isOneOf(char character, std::string_view set) { return set.find(character) != kNone; }
-
 bool isText(std::string_view line) {
   return line.find("$$") != kNone || line.find("PPRINT") != kNone || line.find("*VORTA") != kNone;
 }
 
 std::optional<double> numberOf(std::string_view operand) {
-  if (operand.find_first_not_of(kNumberCharacters) != kNone) return std::nullopt;
+  if (kNumberCharacters.firstOtherIn(operand) < operand.size()) return std::nullopt;
   return decimalPrefix(operand);
 }
 
@@ -40,7 +39,7 @@ std::optional<double> numberOf(std::string_view operand) {
 std::string_view rightOperand(std::string_view text) {
   const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
   const bool isSigned = first < text.size() && text[first] == '-';
-  return text.substr(0, text.find_first_of(kRightEnds, first + (isSigned ? 1 : 0)));
+  return text.substr(0, kRightEnds.firstIn(text, first + (isSigned ? 1 : 0)));
 }
 
 /// The result of an operation; nothing when it cannot be printed.
@@ -61,7 +60,7 @@ class LeftOperand {
   [[nodiscard]] std::string_view view() const { return std::string_view(text_).substr(start_); }
 
   [[nodiscard]] std::optional<double> number() {
-    plainEnd_ = std::min(text_.find_first_not_of(kNumberCharacters, plainEnd_), text_.size());
+    plainEnd_ = kNumberCharacters.firstOtherIn(text_, plainEnd_);
     if (plainEnd_ < text_.size()) return std::nullopt;
     if (!isConverted_) number_ = decimalPrefix(view());
     // Blanks may become a number by the sign behind them, anything else stays what it is.
@@ -107,23 +106,25 @@ class Evaluator {
       : out_(out), left_(out), listener_(listener) {}
 
   void run(std::string_view text) {
-    while (!text.empty()) {
-      const char character = text.front();
-      text.remove_prefix(1);
-      if (!isOneOf(character, kOperators)) {
-        copy(character);
-        continue;
-      }
+    while (true) {
+      const std::size_t plain = kOperators.firstIn(text);
+      copy(text.substr(0, plain));
+      if (plain == text.size()) return;
+      const char sign = text[plain];
+      text.remove_prefix(plain + 1);
       const std::string_view right = rightOperand(text);
-      operate(character, right);
+      operate(sign, right);
       text.remove_prefix(right.size());
     }
   }
 
  private:
-  void copy(char character) {
-    out_ += character;
-    if (isOneOf(character, kLeftEnds)) left_.begin();
+  /// Copies text without operators.
+  void copy(std::string_view text) {
+    const std::size_t ended = kLeftEnds.throughLastIn(text);
+    out_ += text.substr(0, ended);
+    if (ended > 0) left_.begin();
+    out_ += text.substr(ended);
   }
 
   void operate(char sign, std::string_view right) {
@@ -173,6 +174,7 @@ class Evaluator {
 
 /// Removes the blanks directly behind every "-".
 void closeUpNegatives(std::string& line) {
+  if (line.find("- ") == kNone) return;
   char before = 0;
   std::erase_if(line, [&before](char character) {
     if (before == '-' && character == ' ') return true;

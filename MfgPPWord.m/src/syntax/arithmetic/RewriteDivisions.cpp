@@ -10,12 +10,13 @@
 #include <vector>
 
 #include "src/number/DecimalPrefix.h"
+#include "src/syntax/CharacterTable.h"
 
 namespace ppword {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kOperandEnds = "/,*+-=()";
+constexpr CharacterTable kOperandEnds("/,*+-=()");
 constexpr CharacterSet kReference("%");
 constexpr double kReciprocalThreshold = 1.0e-5;
 constexpr int kReciprocalDigits = 6;
@@ -55,7 +56,7 @@ std::string_view leftOperand(std::string_view text, Parentheses& parentheses) {
   for (; start > 0; --start) {
     const char before = text[start - 1];
     const bool isGroup = before == '(' && isOpenedByPercent(text, start - 1);
-    if (!isGroup && kOperandEnds.find(before) != kNone) break;
+    if (!isGroup && kOperandEnds.holds(before)) break;
   }
   return text.substr(start);
 }
@@ -84,7 +85,7 @@ void rewriteDivisions(PassedLine& line) {
     out.append(text, from, at - from);
     from = at;
     if (leftOperand(out, parentheses).find('%') == kNone) continue;
-    const std::size_t end = std::min(text.find_first_of(kOperandEnds, at + 1), text.size());
+    const std::size_t end = kOperandEnds.firstIn(text, at + 1);
     const auto product = asProduct(text.substr(at + 1, end - at - 1));
     if (!product) continue;
     out += *product;

@@ -3,21 +3,24 @@
 #include <algorithm>
 #include <string_view>
 
+#include "src/syntax/CharacterTable.h"
+
 namespace ppword {
 namespace {
 
 constexpr std::string_view kMaskingOrder = "+*-";
 constexpr CharacterSet kSigns(kMaskingOrder);
-
-bool isSign(char character) { return kMaskingOrder.find(character) != std::string_view::npos; }
+/// What is a comma in the masked line.
+constexpr CharacterTable kCommas(",+*-");
 
 /// Adds a record for each `sign` of a line. In the masked line every sign and every comma is a
 /// comma.
 void record(std::string_view line, char sign, SignRecords& records) {
   int ordinal = 0;
-  for (const char character : line) {
-    if (character == ',' || isSign(character)) ++ordinal;
-    if (character != sign) continue;
+  for (std::size_t at = kCommas.firstIn(line); at < line.size();
+       at = kCommas.firstIn(line, at + 1)) {
+    ++ordinal;
+    if (line[at] != sign) continue;
     records.ordinals.push_back(ordinal);
     records.signs += sign;
   }
@@ -54,11 +57,14 @@ void maskSigns(PassedLine& line, SignRecords& records) {
   records.signs.clear();
   if (!line.holdsAny(kSigns)) return;
   const std::string_view text = line.text();
-  for (const char sign : kMaskingOrder) record(text, sign, records);
+  for (const char sign : kMaskingOrder) {
+    if (line.holdsAny(CharacterSet({&sign, 1}))) record(text, sign, records);
+  }
   if (records.signs.empty()) return;
   std::string& out = line.draft();
   out = text;
-  std::replace_if(out.begin(), out.end(), isSign, ',');
+  std::replace_if(
+      out.begin(), out.end(), [](char character) { return kCommas.holds(character); }, ',');
   line.accept();
 }
 
