@@ -31,7 +31,7 @@ std::string plainBlocks() {
 TEST(SyntaxManual, ExamplesGiveTheirLines) {
   std::istringstream blocks(plainBlocks());
   const auto all = readExamples(blocks);
-  ASSERT_EQ(all.size(), 21U);
+  ASSERT_EQ(all.size(), 23U);
   for (const Example& example : all) {
     EXPECT_EQ(linesOf(example), example.lines) << example.syntax.front();
   }
