@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
@@ -22,15 +23,13 @@ class CharacterTable {
   /// the size when there is none.
   [[nodiscard]] constexpr std::size_t firstIn(std::string_view text,
                                               std::size_t from = 0) const noexcept {
-    while (from < text.size() && !holds(text[from])) ++from;
-    return from;
+    return placeIn(text, from, true);
   }
 
   /// As firstIn, for the first character that is none of these.
   [[nodiscard]] constexpr std::size_t firstOtherIn(std::string_view text,
                                                    std::size_t from = 0) const noexcept {
-    while (from < text.size() && holds(text[from])) ++from;
-    return from;
+    return placeIn(text, from, false);
   }
 
   /// Size of the beginning of `text` that ends with the last of these characters; 0 when there is
@@ -42,6 +41,13 @@ class CharacterTable {
   }
 
  private:
+  [[nodiscard]] constexpr std::size_t placeIn(std::string_view text, std::size_t from,
+                                              bool held) const noexcept {
+    const auto found = std::find_if(text.data() + from, text.data() + text.size(),
+                                    [&](char character) { return holds(character) == held; });
+    return static_cast<std::size_t>(found - text.data());
+  }
+
   std::array<bool, 256> holds_{};
 };
 
