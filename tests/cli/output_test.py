@@ -61,6 +61,28 @@ class StandardOutput(program.ProgramTest):
         self.assertEqual(done.returncode, 3)
 
 
+class FileBehindTheStandardOutput(program.ProgramTest):
+    def post(self, job, *options):
+        """What the file holds behind two lines of others after a run between them."""
+        self.write("job", job)
+        with open(os.path.join(self.folder, "log"), "wb") as log:
+            log.write(b"before\n")
+            log.flush()
+            done = self.run_program("post", "job", "-o", "/dev/stdout", *options, stdout=log)
+            log.seek(0, os.SEEK_END)
+            log.write(b"behind\n")
+        self.assertEqual(self.files(), ["job", "log"])
+        return done
+
+    def test_text_goes_behind_what_stands_there(self):
+        self.check(self.post(JOB), 0, "", REPORT + "/dev/stdout: written\n")
+        self.assertEqual(self.read("log"), "before\n" + APT + "behind\n")
+
+    def test_lacking_text_does_not_reach_it(self):
+        self.assertEqual(self.post(LACKING_JOB, "--strict").returncode, 1)
+        self.assertEqual(self.read("log"), "before\nbehind\n")
+
+
 class StandardError(program.ProgramTest):
     def setUp(self):
         super().setUp()

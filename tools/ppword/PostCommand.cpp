@@ -93,14 +93,19 @@ class Source {
   std::optional<host::JobSetup> setup_;
 };
 
+// What the text is written to: "-" also for a path that leads to the file behind the standard
+// output, which others write too and which is not to be replaced.
+std::string placeOf(const std::string& output) {
+  return output.empty() || isSameFile(output, "/dev/stdout") ? "-" : output;
+}
+
 // Where the text of a run goes. In a strict run what cannot be taken back is held until the end.
 class Output {
  public:
-  explicit Output(const PostOptions& options)
-      : file_(options.output.empty() ? "-" : options.output) {
+  explicit Output(const PostOptions& options) : place_(placeOf(options.output)), file_(place_) {
     struct stat state {};
-    const bool direct = options.output.empty() ||
-                        (stat(options.output.c_str(), &state) == 0 && !S_ISREG(state.st_mode));
+    const bool direct =
+        place_ == "-" || (stat(place_.c_str(), &state) == 0 && !S_ISREG(state.st_mode));
     if (options.strict && direct) held_.emplace();
   }
 
@@ -114,6 +119,7 @@ class Output {
   }
 
  private:
+  std::string place_;
   host::OutputFile file_;
   std::optional<HeldOutput> held_;
 };
