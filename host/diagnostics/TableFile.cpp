@@ -18,6 +18,7 @@ std::string reasonAgainst(const std::string& path) {
   if (stat(path.c_str(), &state) != 0) return systemReason(errno);
   if (S_ISDIR(state.st_mode)) return "it is a directory";
   if (!S_ISREG(state.st_mode)) return "it is not a regular file";
+  if (state.st_size > kMostTableBytes) return "it is larger than 1 GiB";
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor < 0) return systemReason(errno);
   char byte = 0;

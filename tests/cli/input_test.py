@@ -71,6 +71,17 @@ class Tables(program.ProgramTest):
             self.refused("ring", "Too many levels of symbolic links"),
         )
 
+    def test_file_of_more_than_a_gibibyte_is_refused_unread(self):
+        self.write("job", JOB)
+        self.write("table", "")
+        os.truncate(os.path.join(self.folder, "table"), 2**30 + 1)
+        reason = self.refused("table", "it is larger than 1 GiB")
+        self.check(self.run_program("check", "table"), 1, "table: refused\n", reason)
+        self.check(self.run_program("check", "--lint", "table"), 1, "table: refused\n", reason)
+        self.check(self.run_program("list", "table"), 1, "", reason)
+        self.check(self.run_program("explain", "table", "NC_GOTO"), 1, "", reason)
+        self.check(self.run_program("post", "job", "-t", "table"), 1, "", reason)
+
     def test_empty_name_is_refused(self):
         self.check(
             self.run_program("check", ""), 1, ": refused\n", self.refused("", "No such file or directory")

@@ -5,6 +5,7 @@
 
 #include <iostream>
 
+#include "host/diagnostics/TableFile.h"
 #include "src/table/FileSource.h"
 #include "src/table/MemorySource.h"
 #include "src/table/TableCheck.h"
@@ -238,6 +239,11 @@ TEST(TableReadings, MemoryEndsBehindItsBytes) {
   EXPECT_FALSE(source.seek(3));
   EXPECT_TRUE(source.seek(2));
   EXPECT_FALSE(source.nextToken().has_value());
+}
+
+TEST(TableReadings, FileThatTheHostCallsReadableHasBytesThatAreLoaded) {
+  EXPECT_EQ(kMostTableBytes, 1'073'741'824U);
+  EXPECT_EQ(host::kMostTableBytes, 1'073'741'824);
 }
 
 TEST(TableReadings, BytesOfATableAreBounded) {
