@@ -103,6 +103,24 @@ TEST_F(TableLoad, CommandWithUnreadableLinesIsSkipped) {
   EXPECT_EQ(entry("NC_OLD"), "NC_OLD : MfgPPSyntax\n  Syntaxe: OLD/1\n");
 }
 
+TEST_F(TableLoad, LinesInsertedManyTimesAreBounded) {
+  std::string table;
+  for (int user = 1; user <= 20; ++user) {
+    table += "*START_NC_COMMAND NC_USER" + std::to_string(user) + "\n*INSERT NC_0\n*END\n";
+  }
+  for (int half = 0; half < 16; ++half) {
+    const std::string insert = "*INSERT NC_" + std::to_string(half + 1) + "\n";
+    table += "*START_NC_COMMAND NC_" + std::to_string(half) + "\n" + insert + insert + "*END\n";
+  }
+  table += "*START_NC_COMMAND NC_16\nRAPID\n*END\n";
+  const Texts report = reportOf(table);
+  ASSERT_EQ(report.size(), 37U);
+  // 65,536 lines each.
+  EXPECT_EQ(report[15], "Command 16 «NC_USER16» Created");
+  EXPECT_EQ(report[16], "Command 17 «NC_USER17» ContentUnreadable");
+  EXPECT_EQ(report[36], "Command 37 «NC_16» ContentUnreadable");
+}
+
 TEST_F(TableLoad, CommandWhoseSequencesCannotBeCountedIsSkipped) {
   EXPECT_EQ(reportOf("*END\n"
                      "*START_NC_COMMAND NC_ONE\n"

@@ -65,6 +65,19 @@ TEST_F(TableLoad, MultiListIntoATypeWithAFormatChangesNothing) {
   EXPECT_EQ(entry("MFG_UNIT"), "MFG_UNIT : MfgPPParameter\n  Format: %11.5f\n");
 }
 
+TEST_F(TableLoad, ListsThatOverlapAreReadToABound) {
+  constexpr int kLists = 6000;
+  std::string table;
+  for (int list = 1; list <= kLists; ++list) {
+    table += "*START_LIST MFG_" + std::to_string(list) + "\n";
+  }
+  for (int list = 1; list <= kLists; ++list) table += "*END\n";
+  const Texts report = reportOf(table);
+  ASSERT_EQ(report.size(), 6000U);
+  EXPECT_EQ(report[0], "MultiList 1 «MFG_1» Created");
+  EXPECT_EQ(report[5999], "MultiList 6000 «MFG_6000» ContentUnreadable");
+}
+
 TEST_F(TableLoad, FormatIsMadeWithItsText) {
   EXPECT_EQ(reportOf("*START_FORMAT MFG_A\n%8.3f\n*END\n"), Texts{"Format 1 «MFG_A» Created"});
   EXPECT_EQ(entry("MFG_A"), "MFG_A : MfgPPParameter\n  Format: %8.3f\n");

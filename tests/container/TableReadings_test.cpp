@@ -241,6 +241,18 @@ TEST(TableReadings, MemoryEndsBehindItsBytes) {
   EXPECT_FALSE(source.nextToken().has_value());
 }
 
+TEST(TableReadings, MemoryGivesSoManyBytesOnly) {
+  MemorySource source("AB CD\nEF", 6);
+  EXPECT_EQ(source.nextToken(), "AB");
+  EXPECT_TRUE(source.seek(0));
+  EXPECT_EQ(source.nextLine(), "AB CD\n");
+  EXPECT_FALSE(source.nextToken().has_value());
+  EXPECT_TRUE(source.rewind());
+  EXPECT_FALSE(source.nextToken().has_value());
+  EXPECT_FALSE(source.nextLine().has_value());
+  EXPECT_FALSE(source.tooLong());
+}
+
 TEST(TableReadings, FileThatTheHostCallsReadableHasBytesThatAreLoaded) {
   EXPECT_EQ(kMostTableBytes, 1'073'741'824U);
   EXPECT_EQ(host::kMostTableBytes, 1'073'741'824);

@@ -1,9 +1,11 @@
 #include "src/container/TableLoad.h"
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
@@ -26,6 +28,12 @@ using Outcome = KEPMfgPPWordListener::Outcome;
 
 constexpr std::string_view kNeverLoaded = "NC_SPINDLE_STOP";
 constexpr int kFirstFurtherSequence = 2;
+
+// Blocks that lack their end overlap, and commands may insert the same lines many times: a short
+// table could take any time and memory. Other tables come nowhere near these bounds.
+constexpr std::size_t kMostReadings = 16;  // of the whole table
+constexpr std::size_t kMostBytesBeside = std::size_t{16} * 1024 * 1024;
+constexpr std::size_t kMostLinesBeside = 1'000'000;
 
 std::string sequenceAttribute(int sequence) {
   return std::string(kSyntaxe) + std::to_string(sequence);
@@ -56,7 +64,9 @@ class TableLoad {
       : container_(container),
         syntaxRoot_(syntaxRoot(container)),
         parameterRoot_(parameterRoot(container)),
-        table_(table) {}
+        table_(table),
+        reading_(table, kMostReadings * table.size() + kMostBytesBeside),
+        linesLeft_(table.size() + kMostLinesBeside) {}
 
   void loadCommands() {
     MemorySource source(table_);
@@ -77,7 +87,7 @@ class TableLoad {
     int sequences = 0;
     const Outcome outcome = loadCommand(source, name, sequences);
     report(Section::Command, number, name, outcome);
-    if (sequences >= kFirstFurtherSequence) loadSequences(source, name, sequences);
+    if (sequences >= kFirstFurtherSequence) loadSequences(name, sequences);
   }
 
   /// Loads the first sequence of the command whose name follows. `sequences` is the number of all
@@ -90,8 +100,10 @@ class TableLoad {
     if (name == kNeverLoaded) return Outcome::NeverLoaded;
     const long body = source.position();
     int count = 0;
-    if (!numberOfSequences(source, count) || !source.seek(body)) return Outcome::ContentUnreadable;
-    auto elements = readSyntax(source, name, positions_);
+    if (!reading_.seek(body) || !numberOfSequences(reading_, count) || !reading_.seek(body)) {
+      return Outcome::ContentUnreadable;
+    }
+    auto elements = readLines(name);
     if (!elements) return Outcome::ContentUnreadable;
     const auto [type, wasThere] = typeFor(name, syntaxRoot_, kSyntaxe, Kind::StringList);
     if (wasThere) clearSequences(type);
@@ -102,24 +114,32 @@ class TableLoad {
                      wasThere);
   }
 
+  /// The lines of the command or sequence in which the reading stands.
+  [[nodiscard]] std::optional<std::vector<std::string>> readLines(std::string_view name) {
+    if (linesLeft_ == 0) return std::nullopt;
+    auto lines = readSyntax(reading_, name, positions_);
+    if (lines) linesLeft_ -= std::min(linesLeft_, lines->size());
+    return lines;
+  }
+
   /// Loads the further sequences of a command, found by its name.
-  void loadSequences(TableSource& source, const std::string& name, int sequences) {
-    if (!positions_) positions_ = commandPositions(source);
+  void loadSequences(const std::string& name, int sequences) {
+    if (!positions_) positions_ = commandPositions(reading_);
     const auto body = positions_->find(name);
-    bool found = body != positions_->end() && source.seek(body->second);
-    SequenceWalk walk(source);
+    bool found = body != positions_->end() && reading_.seek(body->second);
+    SequenceWalk walk(reading_);
     found = found && walk.next();
     for (int sequence = kFirstFurtherSequence; sequence <= sequences; ++sequence) {
       found = found && walk.next();
-      const long here = source.position();
+      const long here = reading_.position();
       report(Section::Sequence, sequence, name,
-             found ? loadSequence(source, name, sequence) : Outcome::ContentUnreadable);
-      found = found && source.seek(here);
+             found ? loadSequence(name, sequence) : Outcome::ContentUnreadable);
+      found = found && reading_.seek(here);
     }
   }
 
-  Outcome loadSequence(TableSource& source, const std::string& name, int sequence) {
-    auto lines = readSyntax(source, name, positions_);
+  Outcome loadSequence(const std::string& name, int sequence) {
+    auto lines = readLines(name);
     if (!lines) return Outcome::ContentUnreadable;
     const std::string attribute = sequenceAttribute(sequence);
     const KEPISpecAttrAccess_var attributes = findType(container_, name);
@@ -130,7 +150,7 @@ class TableLoad {
     return outcomeOf(status, wasThere);
   }
 
-  using LoadParameter = Outcome (TableLoad::*)(TableSource& source, std::string_view name);
+  using LoadParameter = Outcome (TableLoad::*)(std::string_view name);
 
   void loadParameters(std::string_view keyword, Section section, LoadParameter loadParameter) {
     MemorySource source(table_);
@@ -138,26 +158,27 @@ class TableLoad {
     walkKeyword(source, keyword, [&] {
       const long here = source.position();
       const std::string name(nextName(source, kParameterPrefix).value_or(""));
+      reading_.seek(source.position());
       report(section, ++number, name,
-             name.empty() ? Outcome::NameUnreadable : (this->*loadParameter)(source, name));
+             name.empty() ? Outcome::NameUnreadable : (this->*loadParameter)(name));
       return !source.seek(here);
     });
   }
 
-  Outcome loadList(TableSource& source, std::string_view name) {
+  Outcome loadList(std::string_view name) {
     const auto [type, wasThere] = typeFor(name, parameterRoot_, kMultiListValue, Kind::StringList);
     if (wasThere) KEPMfgAttributeUtilities::RemoveAll(type, kMultiListValue);
     KEPListValKEPString words;
-    if (!readValues(source, words)) return Outcome::ContentUnreadable;
+    if (!readValues(reading_, words)) return Outcome::ContentUnreadable;
     return outcomeOf(KEPMfgAttributeUtilities::SetStringListString(type, kMultiListValue, words),
                      wasThere);
   }
 
-  Outcome loadFormat(TableSource& source, std::string_view name) {
+  Outcome loadFormat(std::string_view name) {
     const auto [type, wasThere] = typeFor(name, parameterRoot_, kFormat, Kind::String);
     if (wasThere) KEPMfgAttributeUtilities::UnsetAttributeValue(type, kFormat);
     KEPString format;
-    if (!readFormat(source, format)) return Outcome::ContentUnreadable;
+    if (!readFormat(reading_, format)) return Outcome::ContentUnreadable;
     return outcomeOf(KEPMfgAttributeUtilities::SetString(type, kFormat, format), wasThere);
   }
 
@@ -182,6 +203,8 @@ class TableLoad {
   KEPISpecObject_var syntaxRoot_;
   KEPISpecObject_var parameterRoot_;
   std::string_view table_;
+  MemorySource reading_;  // of what stands behind the names; the walks have sources of their own
+  std::size_t linesLeft_;
   std::optional<CommandPositions> positions_;
   KEPMfgPPWordListener* listener_ = KEPMfgPPWordListener::Current();
 };

@@ -24,13 +24,22 @@ bool MemorySource::rewind() {
   return true;
 }
 
+template <class Read>
+std::optional<std::string_view> MemorySource::counted(Read read) {
+  if (left_ == 0) return std::nullopt;
+  const std::size_t from = at_;
+  const std::optional<std::string_view> text = read(MemoryBytes{bytes_, at_});
+  left_ -= std::min(left_, at_ - from);
+  return text;
+}
+
 std::optional<std::string_view> MemorySource::nextToken() {
   if (tooLong_) return std::nullopt;
-  return readToken(MemoryBytes{bytes_, at_}, buffer_, tooLong_);
+  return counted([this](MemoryBytes bytes) { return readToken(bytes, buffer_, tooLong_); });
 }
 
 std::optional<std::string_view> MemorySource::nextLine() {
-  return readLine(MemoryBytes{bytes_, at_}, buffer_);
+  return counted([this](MemoryBytes bytes) { return readLine(bytes, buffer_); });
 }
 
 bool MemorySource::seek(long position) {

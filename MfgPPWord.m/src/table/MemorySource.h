@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -14,7 +15,10 @@ namespace ppword {
 /// that does not change meanwhile.
 class MemorySource final : public TableSource {
  public:
-  explicit MemorySource(std::string_view bytes) : bytes_(bytes) {}
+  /// After `most` bytes every read meets end of file.
+  explicit MemorySource(std::string_view bytes,
+                        std::size_t most = std::numeric_limits<std::size_t>::max())
+      : bytes_(bytes), left_(most) {}
 
   bool rewind() override;
   std::optional<std::string_view> nextToken() override;
@@ -24,7 +28,11 @@ class MemorySource final : public TableSource {
   bool seek(long position) override;
 
  private:
+  template <class Read>
+  std::optional<std::string_view> counted(Read read);
+
   std::string_view bytes_;
+  std::size_t left_;
   std::size_t at_ = 0;
   bool tooLong_ = false;
   TextBuffer buffer_;
