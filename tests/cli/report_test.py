@@ -97,6 +97,22 @@ class LoadReport(program.ProgramTest):
         self.assertEqual(self.run_program("post", "--strict", "job", "-t", "table").returncode, 0)
 
 
+class BoundedList(program.ProgramTest):
+    def test_lines_inserted_many_times_are_shown_to_a_bound(self):
+        insert = "*START_NC_COMMAND NC_%s\n*INSERT NC_%s\n*INSERT NC_%s\n*END\n"
+        table = "".join(
+            f"*START_NC_COMMAND NC_USER{user}\n*INSERT NC_0\n*END\n" for user in range(1, 21)
+        )
+        table += "".join(insert % (half, half + 1, half + 1) for half in range(16))
+        self.write("table", table + "*START_NC_COMMAND NC_16\nX\n*END\n")
+        done = self.run_program("list", "--format", "json", "table", "commands")
+        commands = {entry["name"]: entry["lines"] for entry in document(done.stdout)["commands"]}
+        self.assertEqual(len(commands), 37)
+        self.assertEqual(len(commands["NC_USER16"]), 65536)
+        self.assertIsNone(commands["NC_USER17"])
+        self.assertIsNone(commands["NC_16"])
+
+
 class Json(program.ProgramTest):
     def bytes_of(self, text):
         return text["latin1"].encode("latin-1") if isinstance(text, dict) else text.encode()

@@ -60,7 +60,7 @@ struct Contents {
 };
 
 /// What the reader gives of the table at `path`: at least the section of that name, all without
-/// one.
+/// one. Lines and values behind a million more than the table has bytes cannot be read.
 [[nodiscard]] Contents tableContents(const std::string& path, std::string_view section);
 
 /// What a document holds.

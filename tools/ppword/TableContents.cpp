@@ -1,13 +1,44 @@
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+
 #include "KEPMfgPPTableTxt.h"
 #include "tools/ppword/Contents.h"
 
 namespace {
+
+// Blocks that lack their end overlap, and commands may insert the same lines many times: so many
+// lines more than the table has bytes are shown.
+constexpr std::size_t kMostLinesBeside = 1'000'000;
 
 Lines linesOf(const KEPListValKEPString& list) {
   Lines lines;
   for (const KEPString& entry : list) lines.emplace_back(entry.View());
   return lines;
 }
+
+// How many lines may still be shown.
+class Room {
+ public:
+  explicit Room(const std::string& path) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(path, error);
+    left_ = kMostLinesBeside + (error ? 0 : size);
+  }
+
+  // What a query gives that fills the list; nothing when it fails, or when there is no room left.
+  template <class Query>
+  std::optional<Lines> linesOf(Query query) {
+    KEPListValKEPString list;
+    if (left_ == 0 || !query(list)) return std::nullopt;
+    left_ -= std::min(left_, static_cast<std::uintmax_t>(list.Size()));
+    return ::linesOf(list);
+  }
+
+ private:
+  std::uintmax_t left_;
+};
 
 std::optional<std::vector<AptWord>> wordsOf(KEPMfgPPTableTxt& table) {
   KEPRawCollint kinds;
@@ -23,30 +54,28 @@ std::optional<Lines> syntaxesOf(KEPMfgPPTableTxt& table) {
   return linesOf(syntaxes);
 }
 
-InstructionEntry commandAt(KEPMfgPPTableTxt& table, int index) {
+InstructionEntry commandAt(KEPMfgPPTableTxt& table, int index, Room& room) {
   InstructionEntry entry;
   KEPString name;
   if (!table.GetNameOfCommand(index, name)) return entry;
   entry.name = name.View();
-  KEPListValKEPString lines;
-  if (table.GetSyntaxOfCommand(index, lines)) entry.lines = linesOf(lines);
+  entry.lines = room.linesOf([&](auto& lines) { return table.GetSyntaxOfCommand(index, lines); });
   int sequences = 0;
   if (!table.GetNumberOfSequenceForCommand(index, sequences)) return entry;
   for (int sequence = 1; sequence <= sequences; ++sequence) {
-    lines.RemoveAll();
-    const bool read = table.GetSyntaxOfSequenceForCommand(index, sequence, lines);
-    entry.sequences.push_back(read ? std::optional<Lines>(linesOf(lines)) : std::nullopt);
+    entry.sequences.push_back(room.linesOf(
+        [&](auto& lines) { return table.GetSyntaxOfSequenceForCommand(index, sequence, lines); }));
   }
   return entry;
 }
 
-ListEntry listAt(KEPMfgPPTableTxt& table, int index) {
+ListEntry listAt(KEPMfgPPTableTxt& table, int index, Room& room) {
   ListEntry entry;
   KEPString name;
   if (!table.GetNameOfMultiListParameter(index, name)) return entry;
   entry.name = name.View();
-  KEPListValKEPString values;
-  if (table.GetValuesOfMultiListParameter(index, values)) entry.values = linesOf(values);
+  entry.values = room.linesOf(
+      [&](auto& values) { return table.GetValuesOfMultiListParameter(index, values); });
   return entry;
 }
 
@@ -79,15 +108,16 @@ Contents tableContents(const std::string& path, std::string_view section) {
     return section.empty() || section == name;
   };
   KEPMfgPPTableTxt table{KEPString(path)};
+  Room room(path);
   Contents contents;
   int count = 0;
   if (wanted("words")) contents.words = wordsOf(table);
   if (wanted("syntaxes")) contents.syntaxes = syntaxesOf(table);
   if (wanted("commands") || wanted("sequences")) table.GetNumberOfCommand(count);
-  for (int i = 1; i <= count; ++i) contents.commands.push_back(commandAt(table, i));
+  for (int i = 1; i <= count; ++i) contents.commands.push_back(commandAt(table, i, room));
   count = 0;
   if (wanted("lists")) table.GetNumberOfMultiListParameter(count);
-  for (int i = 1; i <= count; ++i) contents.lists.push_back(listAt(table, i));
+  for (int i = 1; i <= count; ++i) contents.lists.push_back(listAt(table, i, room));
   count = 0;
   if (wanted("formats")) table.GetNumberOfFormatParameter(count);
   for (int i = 1; i <= count; ++i) contents.formats.push_back(formatAt(table, i));
