@@ -7,15 +7,6 @@
 
 namespace host {
 
-Feature* TypeIndex::find(std::string_view name) const {
-  const std::size_t hash = TextHash{}(name);
-  for (std::size_t at = hash & mask_; slots_[at].type != nullptr; at = after(at)) {
-    if (slots_[at].hash == hash && isSameText(slots_[at].type->GetName(), name))
-      return slots_[at].type;
-  }
-  return nullptr;
-}
-
 void TypeIndex::insert(Feature& type) {
   if (2 * ++count_ > slots_.size()) grow();
   place({TextHash{}(type.GetName()), &type});

@@ -4,17 +4,25 @@
 #include <string_view>
 #include <vector>
 
-namespace host {
+#include "host/modeler/Feature.h"
+#include "host/system/TextHash.h"
 
-class Feature;
+namespace host {
 
 /// The types of a container by name. A flat table that is never more than half full; a type stands
 /// at the place that the hash of its name gives or, without a gap, behind it. Names live in the
 /// types.
 class TypeIndex {
  public:
-  /// Null when there is no type of that name.
-  [[nodiscard]] Feature* find(std::string_view name) const;
+  /// Null when there is no type of that name. Asked for at every reference of a syntax.
+  [[nodiscard, gnu::always_inline]] Feature* find(std::string_view name) const {
+    const std::size_t hash = TextHash{}(name);
+    for (std::size_t at = hash & mask_; slots_[at].type != nullptr; at = after(at)) {
+      const Slot& slot = slots_[at];
+      if (slot.hash == hash && isSameText(slot.type->GetName(), name)) return slot.type;
+    }
+    return nullptr;
+  }
   /// Adds a type whose name is not there yet.
   void insert(Feature& type);
   /// Takes a type out that is there.

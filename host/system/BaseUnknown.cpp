@@ -12,37 +12,24 @@ void KEPBaseUnknown::Die() const noexcept {
   delete this;
 }
 
-KEPBaseUnknown* KEPBaseUnknown::AnswerElsewhere(const KEPMetaClass* interfaceClass) {
-  const Answers::Slot& slot = known_.slots[known_.PlaceOf(interfaceClass)];
-  if (slot.object != nullptr) return slot.object;
+KEPBaseUnknown* KEPBaseUnknown::AnswerAnew(const KEPMetaClass* interfaceClass) {
+  const unsigned number = interfaceClass->GetNumber();
+  if (number == 0) return nullptr;
   const bool isRoot = interfaceClass == KEPInterfaceId<KEPBaseUnknown>();
   KEPBaseUnknown* const object = isRoot ? this : Answer(interfaceClass);
-  if (object == nullptr) return nullptr;
-  known_.Enter({interfaceClass, object});
+  if (object != nullptr) KeepAnswer(number, object);
   return object;
 }
 
-unsigned KEPBaseUnknown::Answers::PlaceOf(const KEPMetaClass* interfaceClass) const noexcept {
-  unsigned place = interfaceClass->GetNumber() & mask;
-  while (slots[place].interfaceClass != interfaceClass && slots[place].object != nullptr) {
-    place = (place + 1) & mask;
+void KEPBaseUnknown::KeepAnswer(unsigned number, KEPBaseUnknown* object) {
+  constexpr unsigned kStep = 8;
+  if (number >= known_.size) {
+    const unsigned size = (number / kStep + 1) * kStep;
+    auto objects = std::make_unique<KEPBaseUnknown*[]>(size);
+    std::copy_n(known_.objects.get(), known_.size, objects.get());
+    known_ = {size, std::move(objects)};
   }
-  return place;
-}
-
-void KEPBaseUnknown::Answers::Enter(const Slot& answer) {
-  constexpr unsigned kFirstSize = 16;
-  const unsigned size = room == nullptr ? 0 : mask + 1;
-  if (4 * ++count > size) {
-    const auto old = std::exchange(room, nullptr);
-    mask = std::max(2 * size, kFirstSize) - 1;
-    room = std::make_unique<Slot[]>(std::size_t{mask} + 1);
-    slots = room.get();
-    for (unsigned i = 0; i < size; ++i) {
-      if (old[i].object != nullptr) room[PlaceOf(old[i].interfaceClass)] = old[i];
-    }
-  }
-  room[PlaceOf(answer.interfaceClass)] = answer;
+  known_.objects[number] = object;
 }
 
 KEPBaseUnknown* KEPBaseUnknown::Answer(const KEPMetaClass* /*interfaceClass*/) { return nullptr; }

@@ -55,10 +55,10 @@ bool isLateTypeKnown(std::string_view lateType) {
 
 namespace {
 
-/// Interfaces count up from 0, so that few of them meet in a small table.
+/// Interfaces count up from 1: a component keeps its answers by these numbers.
 unsigned numberFor(KEPMetaClass::TypeOfClass type) {
-  static unsigned next = 0;
-  return type == KEPMetaClass::TypeOfClass::Interface ? next++ : 0;
+  static unsigned last = 0;
+  return type == KEPMetaClass::TypeOfClass::Interface ? ++last : 0;
 }
 
 }  // namespace

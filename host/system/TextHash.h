@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <functional>
@@ -36,20 +37,26 @@ template <class Word>
 struct TextHash {
   using is_transparent = void;
   [[nodiscard, gnu::always_inline]] std::size_t operator()(std::string_view text) const noexcept {
-    const char* at = text.data();
     std::uint64_t hash = text.size();
-    if (text.size() < kNameStep) return mixed(hash, shortName(at, text.size()));
-    // The last bytes may be hashed twice.
+    const char* at = text.data();
+    if (text.size() < kNameStep) return mixed(hash ^ shortName(at, text.size()), 0);
     const char* const last = at + text.size() - kNameStep;
-    for (; at < last; at += kNameStep) hash = mixed(hash, nameWord<std::uint64_t>(at));
-    return mixed(hash, nameWord<std::uint64_t>(last));
+    for (; last - at > static_cast<std::ptrdiff_t>(kNameStep); at += kNameStep) {
+      hash = mixed(hash ^ nameWord<std::uint64_t>(at), 0);
+    }
+    // The last words overlap unless the name fills them.
+    return mixed(hash ^ nameWord<std::uint64_t>(at), nameWord<std::uint64_t>(last));
   }
 
  private:
-  [[nodiscard]] static std::uint64_t mixed(std::uint64_t hash, std::uint64_t word) noexcept {
-    constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15U;
-    hash = (hash ^ word) * kMultiplier;
-    return hash ^ (hash >> 32U);
+  __extension__ using Wide = unsigned __int128;
+
+  /// Both halves of one product: every byte of both words shows in the lowest bits.
+  [[nodiscard]] static std::uint64_t mixed(std::uint64_t first, std::uint64_t second) noexcept {
+    constexpr std::uint64_t kFirst = 0x9E3779B97F4A7C15U;
+    constexpr std::uint64_t kSecond = 0xD6E8FEB86659FD93U;
+    const Wide product = static_cast<Wide>(first ^ kFirst) * (second ^ kSecond);
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64U);
   }
 };
 

@@ -40,11 +40,11 @@ class KEP_PLATFORM KEPBaseUnknown {
 
   /// As QueryInterface, but not counted: valid as long as somebody holds the component.
   [[nodiscard]] KEPBaseUnknown* FindInterface(const KEPMetaClass* interfaceClass) const {
-    const Answers& known = impl_->known_;
     if (interfaceClass == nullptr) return nullptr;
-    const Answers::Slot& slot = known.slots[interfaceClass->GetNumber() & known.mask];
-    return slot.interfaceClass == interfaceClass ? slot.object
-                                                 : impl_->AnswerElsewhere(interfaceClass);
+    const Answers& known = impl_->known_;
+    const unsigned number = interfaceClass->GetNumber();
+    KEPBaseUnknown* const object = number < known.size ? known.objects[number] : nullptr;
+    return object != nullptr ? object : impl_->AnswerAnew(interfaceClass);
   }
 
   /// True when the component's late type, or one of its base types, has this name.
@@ -57,32 +57,19 @@ class KEP_PLATFORM KEPBaseUnknown {
   void BindTo(KEPBaseUnknown& implementation) noexcept { impl_ = implementation.impl_; }
 
  private:
-  /// The interfaces that the component has answered: an answer holds as long as the component. A
-  /// flat hash table, at most half full.
+  /// What the component has answered, by the numbers of the interfaces: an answer holds as long as
+  /// the component.
   struct Answers {
-    struct Slot {
-      const KEPMetaClass* interfaceClass;
-      KEPBaseUnknown* object;
-    };
-
-    /// Where an interface stands in the table, or the empty slot where it would be entered.
-    [[nodiscard]] unsigned PlaceOf(const KEPMetaClass* interfaceClass) const noexcept;
-    void Enter(const Slot& answer);
-
-    static inline const Slot kEmpty{nullptr, nullptr};
-
-    /// As many slots as a power of two; `mask` is one less.
-    const Slot* slots = &kEmpty;
-    unsigned mask = 0;
-    unsigned count = 0;
-    std::unique_ptr<Slot[]> room;
+    unsigned size = 0;
+    std::unique_ptr<KEPBaseUnknown*[]> objects;
   };
 
   /// Asked of implementations only, for an interface not answered yet: its object, not counted, or
   /// null.
   [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
-  /// As FindInterface, for an interface that does not stand in its first place; keeps the answer.
-  [[nodiscard]] KEPBaseUnknown* AnswerElsewhere(const KEPMetaClass* interfaceClass);
+  /// As FindInterface, for an interface that was not answered yet; keeps the answer.
+  [[nodiscard]] KEPBaseUnknown* AnswerAnew(const KEPMetaClass* interfaceClass);
+  void KeepAnswer(unsigned number, KEPBaseUnknown* object);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
   /// Ends the component: the last reference is gone.
   void Die() const noexcept;

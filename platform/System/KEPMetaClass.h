@@ -36,7 +36,7 @@ class KEP_PLATFORM KEPMetaClass {
   void Extend(std::string_view lateType);
 
   [[nodiscard]] const std::string& GetName() const noexcept { return name_; }
-  /// An interface's number: no other interface has it; 0 for every other class.
+  /// An interface's number, from 1: no other interface has it. 0 for every other class.
   [[nodiscard]] unsigned GetNumber() const noexcept { return number_; }
   [[nodiscard]] TypeOfClass GetTypeOfClass() const noexcept { return type_; }
   [[nodiscard]] const KEPMetaClass* GetBase() const noexcept { return base_; }

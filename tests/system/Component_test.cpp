@@ -111,6 +111,15 @@ TEST_F(ComponentModel, EveryInterfaceHasANumberOfItsOwn) {
   EXPECT_EQ(KEPInterfaceId<Named>()->GetNumber(), KEPInterfaceId<Named>()->GetNumber());
 }
 
+TEST_F(ComponentModel, ClassThatIsNoInterfaceIsNotOffered) {
+  const KEPMetaClass extension("KEPTestExtension", KEPMetaClass::TypeOfClass::CodeExtension,
+                               nullptr, "", "");
+  const auto everything = KEPBaseUnknown_var::Adopt(new Everything);
+  EXPECT_EQ(extension.GetNumber(), 0U);
+  EXPECT_EQ(everything->FindInterface(&extension), nullptr);
+  EXPECT_EQ(everything->FindInterface(nullptr), nullptr);
+}
+
 TEST_F(ComponentModel, ExtensionBelongsToItsImplementation) {
   const KEPVar<Named> named = Component::make("a");
   const KEPVar<Numbered> numbered = named;

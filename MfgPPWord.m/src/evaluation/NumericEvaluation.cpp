@@ -49,7 +49,7 @@ bool findFormat(const KEPBaseUnknown_var& parameter, FormatSource source,
 
 bool evaluateNumber(const KEPBaseUnknown& evaluation, const KEPMetaClass* buffer, BufferNumber read,
                     FormatSource source, KEPString& value) {
-  const auto* const parameter = KEPBorrow<KEPISpecObject>(evaluation.GetImpl());
+  const auto* const parameter = KEPBorrow<KEPISpecObject>(&evaluation);
   if (parameter == nullptr) KEPRaiseNullHandle();
   // A PP word container is one that offers motion buffers.
   const KEPIContainer* const container = parameter->GetContainer();
