@@ -91,13 +91,17 @@ class TableScan {
     const auto name = next();
     if (!name || !name->text.starts_with("MFG_")) return;
     std::optional<TableToken> format;
-    for (auto token = nextPlain(); token && token->text != "*END"; token = nextPlain()) {
-      format = std::move(token);
+    auto token = nextPlain();
+    for (; token && token->text != "*END"; token = nextPlain()) format = std::move(token);
+    constexpr const char* kMend = "; write one conversion of e, f, g or a, such as %11.5f";
+    if (format && !canPrint_(format->text)) {
+      warn("unusable-format", *format,
+           "no number can be printed with the format of " + name->text + kMend);
+    } else if (!format && token) {
+      warn("unusable-format", *name,
+           "the section of " + name->text + " holds no format, so nothing is printed for it" +
+               kMend);
     }
-    if (!format || canPrint_(format->text)) return;
-    warn("unusable-format", *format,
-         "no number can be printed with the format of " + name->text +
-             "; write one conversion of e, f, g or a, such as %11.5f");
   }
 
   void readCommand(std::vector<CommandBody>& bodies) {

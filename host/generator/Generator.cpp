@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/diagnostics/Nearest.h"
 #include "host/generator/InputError.h"
 #include "host/manufacturing/Activity.h"
@@ -56,9 +57,16 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   void listenFor(const Element& element) noexcept { element_ = &element; }
 
-  void ReferenceReplaced(std::string_view name, Source source, std::string_view /*text*/) override {
+  void ReferenceLookedUp(std::string_view /*name*/, const KEPBaseUnknown* type,
+                         const KEPBaseUnknown* /*evaluation*/) override {
+    type_ = type;
+  }
+
+  void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
     if (source == Source::Nobody) {
       summary_.unevaluated.add(name, element_->line, titleOf(*element_));
+    } else if (source == Source::Evaluation && lacksNumber(text)) {
+      summary_.withoutNumber.add(name, element_->line, titleOf(*element_));
     }
   }
 
@@ -74,9 +82,18 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
  private:
+  /// True for the text of a parameter type that prints numbers when no digit is in it.
+  [[nodiscard]] bool lacksNumber(std::string_view text) const {
+    if (text.find_first_of("0123456789") != std::string_view::npos) return false;
+    const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
+    return attributes != nullptr && attributes->FindText("Format") != nullptr;
+  }
+
   Summary& summary_;
   KEPMfgPPWordListener* previous_;
   const Element* element_ = nullptr;
+  /// Of the reference that was looked up last.
+  const KEPBaseUnknown* type_ = nullptr;
 };
 
 Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink)

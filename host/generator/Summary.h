@@ -18,6 +18,8 @@ struct Summary {
   Tally instructions;
   /// References that could not be evaluated, by the parameter's name.
   Tally unevaluated;
+  /// References to a number whose format printed no digit of it, by the parameter's name.
+  Tally withoutNumber;
   /// Ends of parameter names that were cut off, by the name with its end.
   Tally dropped;
   /// Operations that were deleted for want of an operand, and signs whose place was gone.

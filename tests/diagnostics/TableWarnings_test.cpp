@@ -144,8 +144,18 @@ TEST(TableWarnings, FormatOfNoParameterIsPassedOver) {
   EXPECT_EQ(warnings("*START_FORMAT XPOINT\n%s\n*END\n"), "");
 }
 
-TEST(TableWarnings, FormatBlockWithoutFormatIsPassedOver) {
-  EXPECT_EQ(warnings("*START_FORMAT MFG_XPOINT\n*END\n"), "");
+TEST(TableWarnings, FormatBlockWithoutFormatIsMarked) {
+  const char* const warning =
+      "T:1:15: warning unusable-format: the section of MFG_XPOINT holds no format, so nothing is "
+      "printed for it; write one conversion of e, f, g or a, such as %11.5f\n"
+      "  *START_FORMAT MFG_XPOINT\n"
+      "                ^~~~~~~~~~\n";
+  EXPECT_EQ(warnings("*START_FORMAT MFG_XPOINT\n*END\n"), warning);
+  EXPECT_EQ(warnings("*START_FORMAT MFG_XPOINT\n/%11.5f\n*END\n"), warning);
+}
+
+TEST(TableWarnings, FormatBlockWithoutEndIsPassedOver) {
+  EXPECT_EQ(warnings("*START_FORMAT MFG_XPOINT\n"), "");
 }
 
 TEST(TableWarnings, WarningsBeyondFiftyAreCounted) {

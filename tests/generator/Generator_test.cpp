@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
+#include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/manufacturing/Activity.h"
@@ -306,6 +307,28 @@ TEST(Generator, SummaryNamesReferencesThatCannotBeEvaluated) {
   EXPECT_EQ(entries[0].firstInstruction, "NC_TOOL_CHANGE");
   EXPECT_EQ(entries[1].name, "MFG_NOMINAL_DIAM");
   EXPECT_EQ(entries[2].name, "MFG_TOOL_NAME");
+}
+
+TEST(Generator, SummaryNamesNumbersThatTheirFormatsDoNotPrint) {
+  const KEPVar<Document> document = newDocument();
+  const auto setFormat = [&](std::string_view parameter, std::string_view format) {
+    KEPISpecObject_var type;
+    document->ppWordContainer()->GetPPWord(type, parameter);
+    KEPMfgAttributeUtilities::SetString(type, "Format", format);
+  };
+  setFormat("MFG_XPOINT", "");
+  setFormat("MFG_YPOINT", "none");
+  document->ppWordContainer()->SetUserSyntax(
+      KEPUnicodeString("GOTO/%MFG_XPOINT,%MFG_YPOINT,%MFG_ZPOINT,%MFG_OUTPUT_COMMENT"));
+  const Posting posting =
+      post(document, jobOf("{\"nc\":\"NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX\"}"));
+  EXPECT_EQ(posting.lines, Lines{"GOTO/,none,    0.00000,"});
+  const auto& entries = posting.summary.withoutNumber.entries();
+  ASSERT_EQ(entries.size(), 2U);
+  EXPECT_EQ(entries[0].name, "MFG_XPOINT");
+  EXPECT_EQ(entries[0].count, 1);
+  EXPECT_EQ(entries[0].firstLine, 2);
+  EXPECT_EQ(entries[1].name, "MFG_YPOINT");
 }
 
 TEST(Generator, SummaryNamesWhatWasDropped) {

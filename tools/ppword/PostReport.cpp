@@ -74,7 +74,8 @@ std::string outcomeText(const PostReport& report, bool written) {
 
 long missingPieces(const PostReport& report) {
   const host::Summary& summary = report.summary;
-  long count = summary.unevaluated.total() + summary.dropped.total() + summary.deleted.total();
+  long count = summary.unevaluated.total() + summary.withoutNumber.total() +
+               summary.dropped.total() + summary.deleted.total();
   if (report.listing != nullptr) {
     for (const CallFate fate : {CallFate::Lost, CallFate::LostMove, CallFate::Unknown}) {
       count += report.listing->calls().total(fate);
@@ -95,6 +96,7 @@ std::string reportText(const PostReport& report, bool written) {
     }
   }
   text += tallyLine("WARNING: not evaluated", summary.unevaluated, true);
+  text += tallyLine("WARNING: printed without a number", summary.withoutNumber, true);
   text += tallyLine("WARNING: names cut off", summary.dropped, true);
   text += tallyLine("WARNING: operations deleted", summary.deleted, true);
   if (report.missingEntries > 0) {
@@ -115,6 +117,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"missing", missingPieces(report)},
             {"instructions", tallyJson(summary.instructions, true)},
             {"unevaluated", tallyJson(summary.unevaluated, false)},
+            {"withoutNumber", tallyJson(summary.withoutNumber, false)},
             {"cutOff", tallyJson(summary.dropped, false)},
             {"deleted", tallyJson(summary.deleted, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
