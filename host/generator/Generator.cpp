@@ -7,6 +7,7 @@
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "host/diagnostics/AptColumns.h"
 #include "host/diagnostics/Nearest.h"
 #include "host/generator/InputError.h"
 #include "host/manufacturing/Activity.h"
@@ -187,7 +188,11 @@ void Generator::instantiate(const Source& source, const Element& element) {
     refuse(element, "cannot be put out: it has no sequence " + std::to_string(element.sequence) +
                         ", or a line of it cannot be computed");
   }
-  for (const KEPUnicodeString& line : lines_) sink_.write(line);
+  for (const KEPUnicodeString& line : lines_) {
+    sink_.write(line);
+    if (line.GetLengthInChar() <= kStatementColumns) continue;
+    summary_.wide.add(source.name, element.line, titleOf(element));
+  }
   summary_.lines += lines_.Size();
 }
 

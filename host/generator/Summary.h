@@ -20,6 +20,8 @@ struct Summary {
   Tally unevaluated;
   /// References to a number whose format printed no digit of it, by the parameter's name.
   Tally withoutNumber;
+  /// Lines wider than the columns of a statement, by the NC instruction.
+  Tally wide;
   /// Ends of parameter names that were cut off, by the name with its end.
   Tally dropped;
   /// Operations that were deleted for want of an operand, and signs whose place was gone.

@@ -331,6 +331,25 @@ TEST(Generator, SummaryNamesNumbersThatTheirFormatsDoNotPrint) {
   EXPECT_EQ(entries[1].name, "MFG_YPOINT");
 }
 
+TEST(Generator, SummaryNamesLinesBeyondColumn72) {
+  const KEPVar<Document> document = newDocument();
+  const std::string widest(72, 'A');
+  const std::string tooWide(73, 'A');
+  std::string accented = tooWide;
+  accented.replace(0, 2, "\xC3\xA9");
+  const auto lines = [&](const std::string& syntax) {
+    document->ppWordContainer()->SetUserSyntax(KEPUnicodeString(syntax));
+    return post(document, jobOf("{\"nc\":\"NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX\"}"));
+  };
+  EXPECT_EQ(lines(widest).summary.wide.total(), 0);
+  EXPECT_EQ(lines(accented).summary.wide.total(), 0);
+  const Posting posting = lines(tooWide);
+  EXPECT_EQ(posting.lines, Lines{tooWide});
+  ASSERT_EQ(posting.summary.wide.entries().size(), 1U);
+  EXPECT_EQ(posting.summary.wide.entries()[0].name, "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX");
+  EXPECT_EQ(posting.summary.wide.entries()[0].firstLine, 2);
+}
+
 TEST(Generator, SummaryNamesWhatWasDropped) {
   const KEPVar<Document> document = newDocument();
   document->ppWordContainer()->SetUserSyntax(KEPUnicodeString("GOTO/%MFG_XPOINT$"));

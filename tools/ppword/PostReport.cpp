@@ -99,6 +99,8 @@ std::string reportText(const PostReport& report, bool written) {
   text += tallyLine("WARNING: printed without a number", summary.withoutNumber, true);
   text += tallyLine("WARNING: names cut off", summary.dropped, true);
   text += tallyLine("WARNING: operations deleted", summary.deleted, true);
+  text +=
+      tallyLine("NOTE: lines beyond column 72, which some readers of APT cut", summary.wide, true);
   if (report.missingEntries > 0) {
     text += "  WARNING: " + std::to_string(report.missingEntries) +
             " entries of the table were not loaded; -v tells which\n";
@@ -120,6 +122,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"withoutNumber", tallyJson(summary.withoutNumber, false)},
             {"cutOff", tallyJson(summary.dropped, false)},
             {"deleted", tallyJson(summary.deleted, false)},
+            {"wide", tallyJson(summary.wide, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
   if (report.listing == nullptr) return json;
   if (const auto unit = report.listing->unit()) {

@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "host/diagnostics/AptColumns.h"
 #include "host/diagnostics/Utf8.h"
 
 namespace host {
 namespace {
 
-constexpr std::size_t kWidest = 72;
+constexpr std::size_t kWidest = kStatementColumns;
 constexpr std::size_t kResultWidth = 12;
 
 /// Names that are no such are told otherwise.
