@@ -110,7 +110,8 @@ TEST_F(TableLoad, LinesInsertedManyTimesAreBounded) {
   }
   for (int half = 0; half < 16; ++half) {
     const std::string insert = "*INSERT NC_" + std::to_string(half + 1) + "\n";
-    table += "*START_NC_COMMAND NC_" + std::to_string(half) + "\n" + insert + insert + "*END\n";
+    table.append("*START_NC_COMMAND NC_").append(std::to_string(half)).append("\n");
+    table.append(insert).append(insert).append("*END\n");
   }
   table += "*START_NC_COMMAND NC_16\nRAPID\n*END\n";
   const Texts report = reportOf(table);
