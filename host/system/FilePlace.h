@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "System/KEPPlatform.h"
+
 namespace host {
 
 /// A new, empty file beside the place that it is meant for. A negative descriptor: none could be
@@ -10,12 +12,12 @@ struct FileBeside {
   std::string path;
   int descriptor = -1;
 };
-[[nodiscard]] FileBeside createBeside(const std::string& target);
+[[nodiscard]] KEP_PLATFORM FileBeside createBeside(const std::string& target);
 
 /// The two tell of a failure by false, with errno set. What has nothing to synchronise (pipes,
 /// devices, some file systems) succeeds.
-[[nodiscard]] bool synchronise(int descriptor);
+[[nodiscard]] KEP_PLATFORM bool synchronise(int descriptor);
 /// Synchronises the folder that holds a file.
-[[nodiscard]] bool synchroniseFolderOf(const std::string& path);
+[[nodiscard]] KEP_PLATFORM bool synchroniseFolderOf(const std::string& path);
 
 }  // namespace host

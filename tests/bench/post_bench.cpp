@@ -13,10 +13,10 @@
 #include <memory>
 #include <string>
 
-#include "host/generator/Generator.h"
-#include "host/generator/LineReader.h"
-#include "host/generator/OutputFile.h"
-#include "host/job/JobReader.h"
+#include "post/generator/Generator.h"
+#include "post/job/JobReader.h"
+#include "post/output/OutputFile.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/bench/PostJob.h"
 
 PostJob::PostJob()

@@ -5,7 +5,7 @@
 
 #include <iostream>
 
-#include "host/diagnostics/TableFile.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "src/table/FileSource.h"
 #include "src/table/MemorySource.h"
 #include "src/table/TableCheck.h"

@@ -1,4 +1,4 @@
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 
 #include <gtest/gtest.h>
 

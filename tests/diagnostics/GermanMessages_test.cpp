@@ -8,9 +8,9 @@
 
 #include "KEPMfgPPTableTxt.h"
 #include "System/KEPError.h"
-#include "host/diagnostics/TableError.h"
-#include "host/diagnostics/TableFile.h"
 #include "host/system/MessageCatalogue.h"
+#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "tests/support/InputFile.h"
 
 namespace {

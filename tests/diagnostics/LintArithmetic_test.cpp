@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/diagnostics/lint/Lint.h"
+#include "inspect/lint/Lint.h"
 #include "tests/support/Mutator.h"
 #include "tests/syntax/Instantiated.h"
 #include "tests/table/TableFiles.h"

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/diagnostics/lint/Lint.h"
+#include "inspect/lint/Lint.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "host/diagnostics/lint/Lint.h"
-#include "host/diagnostics/lint/LintRules.h"
+#include "inspect/lint/Lint.h"
+#include "inspect/lint/LintRules.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

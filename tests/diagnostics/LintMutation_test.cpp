@@ -9,7 +9,7 @@
 #include <iterator>
 #include <string>
 
-#include "host/diagnostics/lint/Lint.h"
+#include "inspect/lint/Lint.h"
 #include "tests/support/Mutator.h"
 #include "tests/table/TableFiles.h"
 #include "tests/table/TableMaker.h"

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "host/diagnostics/DiagnosticText.h"
-#include "host/diagnostics/lint/Lint.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/lint/Lint.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

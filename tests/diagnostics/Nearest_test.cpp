@@ -1,9 +1,9 @@
-#include "host/diagnostics/Nearest.h"
-
 #include <gtest/gtest.h>
 
 #include <array>
 #include <string>
+
+#include "post/text/SpellingSuggestion.h"
 
 namespace host {
 namespace {

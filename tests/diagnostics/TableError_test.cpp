@@ -1,11 +1,11 @@
-#include "host/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableError.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "KEPMfgPPTableTxt.h"
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

@@ -1,10 +1,10 @@
-#include "host/diagnostics/TableWarnings.h"
+#include "inspect/diagnostics/TableWarnings.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

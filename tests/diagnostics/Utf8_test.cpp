@@ -1,4 +1,4 @@
-#include "host/diagnostics/Utf8.h"
+#include "post/text/Utf8.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
-#include "host/explain/Explain.h"
+#include "inspect/explain/Explain.h"
 
 #include <gtest/gtest.h>
 
 #include <iostream>
 #include <string>
 
-#include "host/explain/ExplanationText.h"
 #include "host/system/Session.h"
+#include "inspect/explain/ExplanationText.h"
 #include "tests/support/Mutator.h"
 #include "tests/support/PPWordDocument.h"
 #include "tests/syntax/Instantiated.h"

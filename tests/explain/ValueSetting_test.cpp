@@ -1,4 +1,4 @@
-#include "host/explain/ValueSetting.h"
+#include "inspect/explain/ValueSetting.h"
 
 #include <gtest/gtest.h>
 

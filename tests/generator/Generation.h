@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/generator/Generator.h"
-#include "host/generator/InputError.h"
-#include "host/job/JobSetup.h"
+#include "post/generator/Generator.h"
+#include "post/job/JobSetup.h"
+#include "post/toolpath/InputError.h"
 #include "tests/generator/Jobs.h"
 
 namespace host::test {

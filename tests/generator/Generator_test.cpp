@@ -1,4 +1,4 @@
-#include "host/generator/Generator.h"
+#include "post/generator/Generator.h"
 
 #include <gtest/gtest.h>
 

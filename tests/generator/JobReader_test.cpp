@@ -1,4 +1,4 @@
-#include "host/job/JobReader.h"
+#include "post/job/JobReader.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 
 #include <set>
 
-#include "host/job/JobLines.h"
+#include "post/job/JobLines.h"
 #include "tests/generator/Scratch.h"
 
 namespace host::test {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/generator/InputError.h"
-#include "host/job/JobReader.h"
+#include "post/job/JobReader.h"
+#include "post/toolpath/InputError.h"
 #include "tests/support/InputFile.h"
 
 namespace host::test {

@@ -1,4 +1,4 @@
-#include "host/generator/LineReader.h"
+#include "post/toolpath/LineReader.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -8,7 +8,7 @@
 #include <thread>
 #include <vector>
 
-#include "host/generator/InputError.h"
+#include "post/toolpath/InputError.h"
 #include "tests/generator/Scratch.h"
 
 namespace host::test {

@@ -1,4 +1,4 @@
-#include "host/generator/OutputFile.h"
+#include "post/output/OutputFile.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,12 +1,12 @@
-#include "host/generator/SourceKind.h"
+#include "post/toolpath/SourceKind.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-#include "host/generator/InputError.h"
-#include "host/generator/LineReader.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
 
 namespace {

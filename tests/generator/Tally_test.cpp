@@ -1,4 +1,4 @@
-#include "host/generator/Tally.h"
+#include "post/generator/Tally.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <variant>
 
-#include "host/generator/InputError.h"
-#include "host/generator/LineReader.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"
 #include "tests/support/Mutator.h"

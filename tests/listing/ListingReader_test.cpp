@@ -1,4 +1,4 @@
-#include "host/listing/ListingReader.h"
+#include "post/listing/ListingReader.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,9 @@
 #include <string>
 #include <variant>
 
-#include "host/generator/InputError.h"
-#include "host/generator/LineReader.h"
-#include "host/listing/ListingSummary.h"
+#include "post/listing/ListingSummary.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"
 

@@ -1,4 +1,4 @@
-#include "host/listing/ListingWords.h"
+#include "post/listing/ListingWords.h"
 
 #include <gtest/gtest.h>
 

@@ -6,8 +6,8 @@
 #include <sstream>
 #include <variant>
 
-#include "host/generator/InputError.h"
-#include "host/generator/LineReader.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/listing/ListingReader.h"
+#include "post/listing/ListingReader.h"
 
 /// Calls, one a line, as a listing: each gets its running number and no block number.
 [[nodiscard]] std::string numbered(std::string_view calls);

@@ -1,4 +1,4 @@
-#include "host/listing/RotaryChain.h"
+#include "post/listing/RotaryChain.h"
 
 #include <gtest/gtest.h>
 

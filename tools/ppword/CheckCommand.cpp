@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "host/diagnostics/DiagnosticText.h"
-#include "host/diagnostics/FormatProbe.h"
-#include "host/diagnostics/TableWarnings.h"
-#include "host/diagnostics/lint/Lint.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/TableWarnings.h"
+#include "inspect/lint/Lint.h"
+#include "post/job/FormatProbe.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/TableCheck.h"

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/DocumentArguments.h"
 #include "tools/ppword/HelpTexts.h"
 #include "tools/ppword/StandardStreams.h"

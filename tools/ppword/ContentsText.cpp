@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 
 namespace {
 

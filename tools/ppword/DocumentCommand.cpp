@@ -4,9 +4,9 @@
 #include <string>
 
 #include "KEPIMfgPPWordFactory.h"
-#include "host/diagnostics/DiagnosticText.h"
 #include "host/document/DocumentFile.h"
 #include "host/manufacturing/PPCommands.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/ContentsText.h"
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/Refusal.h"

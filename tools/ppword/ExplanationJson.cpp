@@ -3,7 +3,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 
-#include "host/explain/ExplanationText.h"
+#include "inspect/explain/ExplanationText.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "host/explain/Explanation.h"
+#include "inspect/explain/Explanation.h"
 #include "tools/ppword/Json.h"
 
 /// An explanation for programs.

@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <string>
 
-#include "host/generator/OutputFile.h"
 #include "host/system/SystemReason.h"
+#include "post/output/OutputFile.h"
 
 HeldOutput::HeldOutput() : file_(std::tmpfile()) { require(file_ != nullptr); }
 

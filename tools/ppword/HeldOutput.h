@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <memory>
 
-#include "host/generator/LineSink.h"
+#include "post/output/LineSink.h"
 
 /// A text that is held back in a nameless file until it may go on. An OutputError tells that it
 /// cannot be held.

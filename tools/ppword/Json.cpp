@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "host/diagnostics/Utf8.h"
+#include "post/text/Utf8.h"
 
 namespace {
 

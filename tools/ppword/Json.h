@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/Diagnostic.h"
 
 using Json = nlohmann::ordered_json;
 

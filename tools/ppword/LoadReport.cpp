@@ -6,8 +6,8 @@
 #include <set>
 #include <utility>
 
-#include "host/diagnostics/DiagnosticText.h"
 #include "host/system/Session.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/Contents.h"
 
 namespace {

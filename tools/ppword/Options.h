@@ -5,9 +5,9 @@
 #include <variant>
 #include <vector>
 
-#include "host/explain/ValueSetting.h"
-#include "host/listing/LengthUnit.h"
-#include "host/listing/RotaryChain.h"
+#include "inspect/explain/ValueSetting.h"
+#include "post/listing/LengthUnit.h"
+#include "post/listing/RotaryChain.h"
 
 enum class OutputFormat { Text, Json };
 

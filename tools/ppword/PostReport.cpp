@@ -4,8 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <string_view>
 
-#include "host/diagnostics/DiagnosticText.h"
-#include "host/listing/ListingSummary.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "post/listing/ListingSummary.h"
 
 namespace {
 

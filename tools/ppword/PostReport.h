@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/generator/Summary.h"
-#include "host/listing/ListingReader.h"
+#include "post/generator/Summary.h"
+#include "post/listing/ListingReader.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/PostTable.h"
 

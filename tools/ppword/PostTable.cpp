@@ -8,13 +8,13 @@
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "System/KEPError.h"
 #include "System/KEPMakePath.h"
-#include "host/diagnostics/DiagnosticText.h"
-#include "host/diagnostics/InputDiagnostic.h"
-#include "host/diagnostics/TableError.h"
-#include "host/diagnostics/TableFile.h"
-#include "host/job/JobProgram.h"
 #include "host/system/MessageCatalogue.h"
 #include "host/system/ResourceFolders.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
+#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableFile.h"
+#include "post/job/JobProgram.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "host/job/JobHeader.h"
 #include "host/modeler/Document.h"
+#include "post/job/JobHeader.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Refusal.h"
 

@@ -2,7 +2,7 @@
 
 #include <chrono>
 
-#include "host/generator/ToolPath.h"
+#include "post/toolpath/ToolPath.h"
 
 /// Passes a tool path on and counts it on the standard error while that takes long.
 class Progress final : public host::ToolPathSource {

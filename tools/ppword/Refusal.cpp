@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "System/KEPError.h"
-#include "host/diagnostics/TableError.h"
-#include "host/diagnostics/TableFile.h"
+#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "tools/ppword/TableCheck.h"
 
 host::Diagnostic documentDiagnostic(const host::DocumentError& error) {

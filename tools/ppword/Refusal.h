@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/diagnostics/Diagnostic.h"
 #include "host/document/DocumentFile.h"
+#include "inspect/diagnostics/Diagnostic.h"
 
 /// A run that ends early because of its input.
 struct Refusal {

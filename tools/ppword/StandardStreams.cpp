@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <csignal>
 
-#include "host/generator/OutputFile.h"
+#include "post/output/OutputFile.h"
 #include "tools/ppword/ExitStatus.h"
 
 void prepareStandardStreams() {

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/diagnostics/Nearest.h"
+#include "post/text/SpellingSuggestion.h"
 
 /// What to add to a message about a word that nobody knows: the candidate that was perhaps meant.
 [[nodiscard]] inline std::string suggestion(std::string_view word,

@@ -3,9 +3,9 @@
 #include <nlohmann/json.hpp>
 
 #include "KEPMfgPPTableTxt.h"
-#include "host/diagnostics/DiagnosticText.h"
-#include "host/diagnostics/TableError.h"
-#include "host/diagnostics/TableFile.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 

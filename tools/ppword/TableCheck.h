@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/ExitStatus.h"
 #include "tools/ppword/Options.h"
 

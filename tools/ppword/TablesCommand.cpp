@@ -5,8 +5,8 @@
 
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "System/KEPMakePath.h"
-#include "host/diagnostics/DiagnosticText.h"
 #include "host/system/ResourceFolders.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 

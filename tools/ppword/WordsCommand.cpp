@@ -3,7 +3,7 @@
 #include <nlohmann/json.hpp>
 
 #include "KEPMfgPPWordUtilities.h"
-#include "host/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/ContentsText.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/TableCheck.h"

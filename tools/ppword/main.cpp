@@ -5,10 +5,10 @@
 #include <variant>
 
 #include "System/KEPError.h"
-#include "host/diagnostics/DiagnosticText.h"
 #include "host/document/DocumentError.h"
-#include "host/generator/OutputFile.h"
 #include "host/system/Module.h"
+#include "inspect/diagnostics/DiagnosticText.h"
+#include "post/output/OutputFile.h"
 #include "tools/ppword/CheckCommand.h"
 #include "tools/ppword/CommandLine.h"
 #include "tools/ppword/DocumentCommand.h"

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "inspect/diagnostics/Diagnostic.h"
+#include "post/toolpath/InputError.h"
+
+namespace host {
+
+/// The finding of a refused input, with its source line where it has a place in a regular file.
+[[nodiscard]] Diagnostic inputDiagnostic(const InputError& error);
+
+}  // namespace host

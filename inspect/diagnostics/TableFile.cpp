@@ -1,0 +1,43 @@
+#include "inspect/diagnostics/TableFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "host/system/MessageCatalogue.h"
+#include "host/system/SystemReason.h"
+
+namespace host {
+namespace {
+
+// Empty for a file that can be read.
+std::string reasonAgainst(const std::string& path) {
+  struct stat state {};
+  if (stat(path.c_str(), &state) != 0) return systemReason(errno);
+  if (S_ISDIR(state.st_mode)) return "it is a directory";
+  if (!S_ISREG(state.st_mode)) return "it is not a regular file";
+  if (state.st_size > kMostTableBytes) return "it is larger than 1 GiB";
+  const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) return systemReason(errno);
+  char byte = 0;
+  const bool readable = read(descriptor, &byte, 1) >= 0;
+  const int error = errno;
+  close(descriptor);
+  return readable ? "" : systemReason(error);
+}
+
+}  // namespace
+
+std::optional<Diagnostic> unreadableTable(const std::string& path) {
+  const std::string reason = reasonAgainst(path);
+  if (reason.empty()) return std::nullopt;
+  Diagnostic diagnostic;
+  diagnostic.file = path;
+  diagnostic.key = "ERR_5009";
+  diagnostic.message = messageText("System", "TABLE_UNREADABLE", {KEPUnicodeString(reason)}).View();
+  return diagnostic;
+}
+
+}  // namespace host

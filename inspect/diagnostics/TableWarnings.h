@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "inspect/diagnostics/Diagnostic.h"
+
+namespace host {
+
+/// What the table reader's check does not see in the table at `path`, in the order of the file:
+///   no-section       the table holds no block at all
+///   long-token       a word that is too long to be read
+///   endless-insert   a command whose inserts never end, or give too many lines
+///   unusable-format  a format for which `canPrint` is false
+///   more-warnings    how many there are beyond the first 50
+[[nodiscard]] std::vector<Diagnostic> tableWarnings(
+    const std::string& path, const std::function<bool(std::string_view)>& canPrint);
+
+/// The same, however many they are, and without their source lines.
+[[nodiscard]] std::vector<Diagnostic> allTableWarnings(
+    const std::string& path, const std::function<bool(std::string_view)>& canPrint);
+
+}  // namespace host

@@ -1,0 +1,37 @@
+#include "inspect/explain/Explain.h"
+
+#include <string>
+
+#include "inspect/explain/PassNotes.h"
+#include "inspect/explain/PassRecorder.h"
+
+namespace host {
+namespace {
+
+/// Tells what became of a line behind its passes.
+void addOutput(ExplainedLine& line, std::string_view output) {
+  line.output = output;
+  const std::string& passed = line.passes.back().line;
+  if (output == passed) return;
+  line.notes.emplace_back(output.ends_with('$')
+                              ? "\"$\" is set: the statement goes on in the next line"
+                              : "the comma at the end is taken off: a delay without unit");
+}
+
+}  // namespace
+
+Explanation explain(KEPIMfgSyntaxEvaluation& instruction, int sequence) {
+  Explanation explanation;
+  PassRecorder recorder;
+  KEPListValKEPUnicodeString output;
+  explanation.isDone = instruction.InstantiateSyntax(output, sequence);
+  explanation.lines = recorder.takeLines();
+  int number = 0;
+  for (ExplainedLine& line : explanation.lines) {
+    addNotes(line);
+    if (++number <= output.Size()) addOutput(line, output[number].View());
+  }
+  return explanation;
+}
+
+}  // namespace host

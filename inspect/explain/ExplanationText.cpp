@@ -1,0 +1,183 @@
+#include "inspect/explain/ExplanationText.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <vector>
+
+#include "inspect/diagnostics/DiagnosticText.h"
+
+namespace host {
+namespace {
+
+using Source = KEPMfgPPWordListener::Source;
+
+constexpr std::size_t kWidth = 21;
+constexpr std::size_t kColumns = 80;
+constexpr std::size_t kDetail = 4;
+const std::string kIndent(kDetail, ' ');
+
+std::string quoted(std::string_view text) { return "«" + terminalSafe(text) + "»"; }
+
+std::string row(std::string_view name, const std::string& text) {
+  std::string line = "  " + std::string(name);
+  line.append(kWidth - std::min(kWidth - 1, line.size()), ' ');
+  return line + text + '\n';
+}
+
+/// The words of a text; a quoted piece is one, whatever it holds.
+std::vector<std::string_view> wordsOf(std::string_view text) {
+  constexpr std::string_view kOpen = "«";
+  constexpr std::string_view kClose = "»";
+  std::vector<std::string_view> words;
+  std::size_t start = 0;
+  for (std::size_t at = 0; at < text.size(); ++at) {
+    if (text.substr(at).starts_with(kOpen)) at = std::min(text.find(kClose, at), text.size() - 1);
+    if (text[at] != ' ') continue;
+    words.push_back(text.substr(start, at - start));
+    start = at + 1;
+  }
+  words.push_back(text.substr(start));
+  return words;
+}
+
+std::size_t columnsOf(std::string_view text) {
+  return static_cast<std::size_t>(
+      std::count_if(text.begin(), text.end(), KEPUnicodeString::StartsCharacter));
+}
+
+/// A row under a pass, folded where it does not fit.
+std::string detail(std::string_view text) {
+  std::string rows = kIndent;
+  std::size_t column = kDetail;
+  for (const std::string_view word : wordsOf(text)) {
+    const bool isFirst = rows.size() == kDetail;
+    if (!isFirst && column + 1 + columnsOf(word) > kColumns) {
+      ((rows += '\n') += kIndent) += "  ";
+      column = kDetail + 2;
+    } else if (!isFirst) {
+      rows += ' ';
+      ++column;
+    }
+    rows += word;
+    column += columnsOf(word);
+  }
+  return rows + '\n';
+}
+
+std::string notesText(const std::vector<std::string>& notes) {
+  std::string text;
+  for (const std::string& note : notes) text += detail("! " + terminalSafe(note));
+  return text;
+}
+
+std::string typeText(const ExplainedReference& reference) {
+  if (reference.type.empty()) return "no type";
+  const std::string type = "type " + terminalSafe(reference.type);
+  return reference.baseType.empty() ? type : type + " under " + terminalSafe(reference.baseType);
+}
+
+std::string valueText(const KEPMfgParameterValue& value) {
+  constexpr std::array<std::string_view, 4> kKinds = {"value", "integer", "real", "text"};
+  const bool isKnown = value.kind >= 1 && value.kind <= 3;
+  const std::string kind(kKinds[isKnown ? static_cast<std::size_t>(value.kind) : 0]);
+  const std::string text = plainText(value);
+  return kind + ' ' + (value.kind == KEPMfgParameterValue::kText ? quoted(text) : text);
+}
+
+/// Who answered, and with what value.
+std::string answerText(const ExplainedReference& reference) {
+  const std::string_view kind = answerKind(reference);
+  const bool isEvaluated = reference.value || reference.source != Source::Nobody;
+  if (kind == "evaluation") {
+    return "evaluation " + terminalSafe(reference.evaluation) +
+           (isEvaluated ? "" : " without a value");
+  }
+  if (kind == "expression") {
+    return isEvaluated ? "expression, " + valueText(*reference.value)
+                       : "expression without a value";
+  }
+  return isEvaluated ? "parameter of the activity, " + valueText(*reference.value)
+                     : "no parameter of that name";
+}
+
+/// The format where it matters: of numbers.
+std::string formatText(const ExplainedReference& reference) {
+  const bool isNumber = !reference.evaluation.empty() ||
+                        (reference.value && reference.value->kind == KEPMfgParameterValue::kReal);
+  if (reference.format) return isNumber ? ", format " + quoted(*reference.format) : "";
+  return isNumber && reference.evaluation.empty() ? ", no format" : "";
+}
+
+std::string referenceRow(const ExplainedReference& reference) {
+  std::string text = terminalSafe(referenceText(reference)) + ": ";
+  if (!reference.text) text += "between parentheses, ";
+  if (reference.text) text += typeText(reference) + ", ";
+  text += answerText(reference);
+  if (reference.text) text += formatText(reference) + ": " + quoted(*reference.text);
+  return detail(text);
+}
+
+std::string passText(const ExplainedPass& pass, std::string_view before) {
+  std::string text = row(pass.name, pass.line == before ? "unchanged" : quoted(pass.line));
+  for (const ExplainedReference& reference : pass.references) text += referenceRow(reference);
+  for (const ExplainedOperation& ended : pass.operations) {
+    if (ended.outcome != KEPMfgPPWordListener::Operation::Computed) continue;
+    text += detail(quoted(ended.operation) + " is " + quoted(ended.result));
+  }
+  return text + notesText(pass.notes);
+}
+
+std::string lineText(const ExplainedLine& line) {
+  std::string text = quoted(line.passes.front().line) + '\n';
+  std::string_view before = line.passes.front().line;
+  for (std::size_t i = 1; i < line.passes.size(); ++i) {
+    text += passText(line.passes[i], before);
+    before = line.passes[i].line;
+  }
+  if (line.output) text += row("output", quoted(*line.output));
+  return text + notesText(line.notes);
+}
+
+std::string shortest(double value) {
+  std::array<char, 32> digits;
+  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr};
+}
+
+}  // namespace
+
+std::string explanationText(const Explanation& explanation) {
+  std::string text;
+  for (const ExplainedLine& line : explanation.lines) {
+    text += (text.empty() ? "" : "\n") + lineText(line);
+  }
+  return text;
+}
+
+std::string referenceText(const ExplainedReference& reference) {
+  const bool isExpression = reference.prefix == "%(";
+  return reference.prefix.substr(0, 1) + reference.name +
+         (isExpression && !reference.isOpen ? ")" : "");
+}
+
+std::string_view answerKind(const ExplainedReference& reference) {
+  if (!reference.evaluation.empty()) return "evaluation";
+  return reference.name.starts_with('(') ? "expression" : "parameter";
+}
+
+bool isEvaluated(const ExplainedReference& reference) {
+  return reference.text ? reference.source != Source::Nobody : reference.value.has_value();
+}
+
+std::string plainText(const KEPMfgParameterValue& value) {
+  switch (value.kind) {
+    case KEPMfgParameterValue::kInteger:
+      return std::to_string(value.integer);
+    case KEPMfgParameterValue::kReal:
+      return shortest(value.real);
+    default:
+      return std::string(value.text.View());
+  }
+}
+
+}  // namespace host

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "inspect/diagnostics/Diagnostic.h"
+
+namespace host {
+
+/// All that is wrong with the table at `path`, or computes other than one expects, in the order of
+/// the file. Errors are those for which the table reader's check refuses it, all of them; warnings
+/// have the keys of lintRules() and of tableWarnings(). The module must be loaded. The effort grows
+/// with the size of the table.
+[[nodiscard]] std::vector<Diagnostic> lintTable(const std::string& path);
+
+}  // namespace host

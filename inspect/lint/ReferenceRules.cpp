@@ -1,0 +1,95 @@
+#include "inspect/lint/ReferenceRules.h"
+
+#include <algorithm>
+
+#include "post/output/AptColumns.h"
+#include "post/text/Utf8.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kWidest = kStatementColumns;
+constexpr std::size_t kResultWidth = 12;
+
+/// Names that are no such are told otherwise.
+bool isName(std::string_view name) {
+  return !name.empty() && name.find_first_of("/ %&()") == name.npos;
+}
+
+/// A part of a line that is put out with a width of its own.
+struct Piece {
+  std::size_t begin;
+  std::size_t end;
+  std::size_t width;
+};
+
+/// References and computed numbers, from left to right; a wider one stands before those inside.
+std::vector<Piece> piecesOf(const LineReading& reading, const LintParameters& parameters) {
+  std::vector<Piece> pieces;
+  for (const LineResult& result : reading.results) {
+    pieces.push_back({result.begin, result.end, kResultWidth});
+  }
+  for (const LineReference& reference : reading.references) {
+    pieces.push_back({reference.start, reference.end(), parameters.widthOf(reference.parameter)});
+  }
+  std::sort(pieces.begin(), pieces.end(), [](const Piece& left, const Piece& right) {
+    return left.begin != right.begin ? left.begin < right.begin : left.end > right.end;
+  });
+  return pieces;
+}
+
+/// The columns of a line, and where it passes the widest.
+struct Width {
+  std::size_t columns = 0;
+  std::size_t passedAt = std::string_view::npos;
+
+  void add(std::size_t position, std::size_t width) {
+    columns += width;
+    if (columns > kWidest) passedAt = std::min(passedAt, position);
+  }
+};
+
+void addText(std::string_view line, std::size_t from, std::size_t end, Width& width) {
+  while (from < end) {
+    width.add(from, 1);
+    from += std::max<std::size_t>(utf8Length(line, from), 1);
+  }
+}
+
+Width widthOf(const LineReading& reading, const LintParameters& parameters) {
+  Width width;
+  std::size_t at = 0;
+  for (const Piece& piece : piecesOf(reading, parameters)) {
+    if (piece.begin < at) continue;
+    addText(reading.text, at, piece.begin, width);
+    width.add(piece.begin, piece.width);
+    at = piece.end;
+  }
+  addText(reading.text, at, reading.text.size(), width);
+  // A mark of continuation comes behind a comma.
+  if (reading.text.ends_with(',')) width.add(reading.text.size() - 1, 1);
+  return width;
+}
+
+}  // namespace
+
+void lintParameters(const LineReading& reading, const LintParameters& parameters,
+                    LineReport& report) {
+  for (const LineReference& reference : reading.references) {
+    const std::string_view name = reference.parameter;
+    if (reference.isExpression || !isName(name) || parameters.knows(name)) continue;
+    std::string subject(reading.text.substr(reference.start, 1));
+    subject += name;
+    const std::string_view meant = parameters.nearestTo(name);
+    if (!meant.empty()) (subject += ", perhaps ") += meant;
+    report.warn(LintKey::UnknownParameter, reference.start, 1 + name.size(), subject);
+  }
+}
+
+void lintWidth(const LineReading& reading, const LintParameters& parameters, LineReport& report) {
+  const Width width = widthOf(reading, parameters);
+  if (width.columns <= kWidest) return;
+  report.warn(LintKey::WideLine, width.passedAt, 1, std::to_string(width.columns) + " columns");
+}
+
+}  // namespace host

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "inspect/lint/TableBytes.h"
+
+namespace host {
+
+/// A line of a syntax as the module gets it. One that was cut at column 80 has the bytes that were
+/// moved up to it behind its own.
+struct SyntaxLine {
+  std::string text;
+  std::size_t offset = 0;
+  /// Where the moved bytes begin in the text, and where they stand in the table.
+  std::size_t joinedAt = std::string::npos;
+  std::size_t joinedOffset = 0;
+  /// True for a line that does not begin on a line of its own.
+  bool isBehindAnother = false;
+
+  [[nodiscard]] std::size_t offsetOf(std::size_t position) const {
+    return position < joinedAt ? offset + position : joinedOffset + position - joinedAt;
+  }
+};
+
+/// The blocks of a table as its reader finds them.
+struct TableBlocks {
+  /// Word sections by kind, from 1: the pieces between commas and blanks.
+  struct WordSection {
+    int kind;
+    Token keyword;
+    std::vector<Token> pieces;
+  };
+  /// A block with a name; the name is empty when the word behind the keyword is none.
+  struct Named {
+    Token keyword;
+    Token name;
+    std::vector<Token> values;
+  };
+
+  std::vector<WordSection> words;
+  std::vector<Token> syntaxSections;
+  std::vector<Named> commands;
+  std::vector<Named> lists;
+  std::vector<Named> formats;
+  std::vector<Named> inserts;
+  /// Of all commands and sequences, and the free syntaxes.
+  std::vector<SyntaxLine> lines;
+};
+
+/// Reads a table's blocks; they point into the bytes.
+[[nodiscard]] TableBlocks readBlocks(const TableBytes& bytes);
+
+}  // namespace host

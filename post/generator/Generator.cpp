@@ -1,0 +1,203 @@
+#include "post/generator/Generator.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "host/manufacturing/Activity.h"
+#include "host/manufacturing/PPCommands.h"
+#include "host/system/Session.h"
+#include "post/output/AptColumns.h"
+#include "post/text/SpellingSuggestion.h"
+#include "post/toolpath/InputError.h"
+
+namespace host {
+namespace {
+
+/// What messages call an element.
+std::string titleOf(const Element& element) {
+  return element.ppCommand > 0 ? "PP command " + std::to_string(element.ppCommand)
+                               : element.instruction;
+}
+
+/// What to add to a message about an NC instruction that a document does not have: the one that was
+/// perhaps meant.
+std::string suggestionFor(std::string_view instruction, const KEPIContainer& features) {
+  const std::string_view name = instruction.substr(0, instruction.find('#'));
+  std::vector<std::string_view> known;
+  const auto types = features.ListMembersHere(KEPInterfaceId<KEPISpecObject>());
+  for (const KEPISpecObject_var type : types) {
+    const KEPISpecObject_var base = type->GetBaseType();
+    if (base && base->GetName() == "MfgPPSyntax") known.push_back(type->GetName());
+  }
+  const std::string_view meant = nearest(name, known);
+  return meant.empty() ? "" : "; did you mean \"" + std::string(meant) + "\"?";
+}
+
+/// True when an element names its instruction alone, or with a motion's number and nothing else
+/// behind the marker: the container takes any text there for no motion.
+bool isExact(const Element& element, std::string_view name, int motion) {
+  const std::string& asked = element.instruction;
+  return asked == name ||
+         (motion > 0 && asked == std::string(name) + "#SEQMOTION#" + std::to_string(motion));
+}
+
+}  // namespace
+
+/// Counts what the module tells of the element that is being put out.
+class Generator::Listener final : public KEPMfgPPWordListener {
+ public:
+  explicit Listener(Summary& summary)
+      : summary_(summary), previous_(std::exchange(session().listener, this)) {}
+  ~Listener() override { session().listener = previous_; }
+  Listener(const Listener&) = delete;
+  Listener& operator=(const Listener&) = delete;
+
+  void listenFor(const Element& element) noexcept { element_ = &element; }
+
+  void ReferenceLookedUp(std::string_view /*name*/, const KEPBaseUnknown* type,
+                         const KEPBaseUnknown* /*evaluation*/) override {
+    type_ = type;
+  }
+
+  void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
+    if (source == Source::Nobody) {
+      summary_.unevaluated.add(name, element_->line, titleOf(*element_));
+    } else if (source == Source::Evaluation && lacksNumber(text)) {
+      summary_.withoutNumber.add(name, element_->line, titleOf(*element_));
+    }
+  }
+
+  void TextDropped(std::string_view name, std::string_view text) override {
+    summary_.dropped.add(std::string(name).append(text), element_->line, titleOf(*element_));
+  }
+
+  void OperationEnded(Operation outcome, std::string_view operation,
+                      std::string_view /*result*/) override {
+    if (outcome == Operation::Deleted) {
+      summary_.deleted.add(operation, element_->line, titleOf(*element_));
+    }
+  }
+
+ private:
+  /// True for the text of a parameter type that prints numbers when no digit is in it.
+  [[nodiscard]] bool lacksNumber(std::string_view text) const {
+    if (text.find_first_of("0123456789") != std::string_view::npos) return false;
+    const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
+    return attributes != nullptr && attributes->FindText("Format") != nullptr;
+  }
+
+  Summary& summary_;
+  KEPMfgPPWordListener* previous_;
+  const Element* element_ = nullptr;
+  /// Of the reference that was looked up last.
+  const KEPBaseUnknown* type_ = nullptr;
+};
+
+Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink)
+    : document_(std::move(document)),
+      words_(document_->ppWordContainer()),
+      buffers_(words_),
+      sink_(sink),
+      listener_(std::make_unique<Listener>(summary_)) {
+  summary_.file = file;
+  words_->SetObjects({});
+}
+
+Generator::~Generator() { words_->SetObjects({}); }
+
+void Generator::run(ToolPathSource& toolPath) {
+  ToolPathEvent event;
+  while (toolPath.next(event)) {
+    std::visit([this](const auto& piece) { put(piece); }, event);
+  }
+}
+
+void Generator::put(const ActivityStart& start) {
+  KEPVar<Activity> activity = Activity::create(static_cast<const ActivityValues&>(start));
+  if (start.isVirtual) activity = Activity::createVirtual(start.name, activity);
+  words_->SetObjects(activity);
+}
+
+void Generator::put(const Element& element) {
+  listener_->listenFor(element);
+  buffers_.apply(element.changes);
+  const Source source = sourceOf(element);
+  for (const Position& position : element.positions) {
+    buffers_.apply(position);
+    instantiate(source, element);
+  }
+  if (element.positions.empty()) instantiate(source, element);
+  const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
+  summary_.elements += count;
+  summary_.instructions.add(source.name, element.line, titleOf(element), count);
+}
+
+Generator::Source Generator::sourceOf(const Element& element) {
+  Source source;
+  if (element.ppCommand > 0) {
+    source.command = commandOf(element);
+    KEPUnicodeString name;
+    static_cast<void>(source.command->GetCommandName(name));
+    source.name = name.View();
+  } else {
+    source.evaluation = evaluationOf(element);
+    source.name = KEPISpecObject_var(source.evaluation)->GetName();
+    if (!isExact(element, source.name, source.evaluation->GetSeqMotionNumber())) {
+      refuse(element, "names no sequential motion: behind #SEQMOTION# a number from 1 is expected");
+    }
+  }
+  return source;
+}
+
+KEPIMfgPPCommand_var Generator::commandOf(const Element& element) {
+  if (!commands_) commands_ = ppCommands(*document_);
+  const auto position = static_cast<std::size_t>(element.ppCommand);
+  if (position > commands_->size()) {
+    refuse(element, "is not in this document, which has " + std::to_string(commands_->size()));
+  }
+  return (*commands_)[position - 1];
+}
+
+KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
+  KEPIMfgSyntaxEvaluation_var evaluation;
+  try {
+    words_->GetSyntaxEvaluation(evaluation, KEPUnicodeString(element.instruction));
+  } catch (const KEPErrorNullHandle&) {
+    // How the container answers for a sequential motion of an instruction that it does not have.
+  }
+  if (!evaluation) {
+    refuse(element, "is no NC instruction of this document" +
+                        suggestionFor(element.instruction, *document_->features()));
+  }
+  return evaluation;
+}
+
+void Generator::instantiate(const Source& source, const Element& element) {
+  lines_.RemoveAll();
+  if (source.command) {
+    if (!source.command->Evaluate(lines_)) {
+      refuse(element,
+             "cannot be put out: it names no NC instruction of this document or no sequence of it, "
+             "or a line of it cannot be computed");
+    }
+  } else if (!source.evaluation->InstantiateSyntax(lines_, element.sequence)) {
+    refuse(element, "cannot be put out: it has no sequence " + std::to_string(element.sequence) +
+                        ", or a line of it cannot be computed");
+  }
+  for (const KEPUnicodeString& line : lines_) {
+    sink_.write(line);
+    if (line.GetLengthInChar() <= kStatementColumns) continue;
+    summary_.wide.add(source.name, element.line, titleOf(element));
+  }
+  summary_.lines += lines_.Size();
+}
+
+void Generator::refuse(const Element& element, std::string_view why) const {
+  throw InputError(summary_.file, element.line, 0, titleOf(element) + ' ' + std::string(why));
+}
+
+}  // namespace host

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace host {
+
+/// What the first line of a job states.
+struct JobHeader {
+  enum class Units { Millimetre, Inch };
+
+  std::string program;
+  /// Unit of every length of the job. Nothing is converted.
+  Units units = Units::Millimetre;
+  /// The machine, and the PP word table that it names; empty where the header names none.
+  std::string resource;
+  std::string table;
+  /// The document file whose PP words hold, seen from the job's folder; empty where none is named.
+  std::string document;
+  /// Formats of points and tool axes; empty where the parameters' own formats hold.
+  std::string pointFormat;
+  std::string axisFormat;
+  /// What angles in radians are multiplied by before they are printed.
+  std::optional<double> angleFactor;
+  std::vector<std::pair<std::string, double>> designParameters;
+
+  /// Where the header stands, and in it the table's name and the formats (0 without one).
+  std::string file;
+  long line = 0;
+  long tableColumn = 0;
+  long pointFormatColumn = 0;
+  long axisFormatColumn = 0;
+};
+
+}  // namespace host

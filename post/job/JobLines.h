@@ -1,0 +1,25 @@
+#pragma once
+
+#include "post/job/JobBuffers.h"
+#include "post/job/JobHeader.h"
+
+namespace host::job {
+
+/// The kinds of line of a job.
+enum class LineKind { Header, Activity, Element, End };
+
+/// Tells the kind of the line in `line` by its key "job", "activity", "nc", "ppCommand" or "end",
+/// wherever that stands, and leaves the line unread.
+[[nodiscard]] LineKind kindOf(Line& line);
+
+// Each fills its target from the line; nothing may stand behind the line's object.
+void readHeader(Line& line, JobHeader& header);
+void readActivity(Line& line, ActivityStart& activity);
+void readElement(Line& line, Element& element);
+void readEnd(Line& line);
+
+/// The keys of every object of a job, those of the four kinds of line under "header", "activity",
+/// "element" and "end".
+[[nodiscard]] KeyNames keyNames();
+
+}  // namespace host::job

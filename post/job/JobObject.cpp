@@ -1,0 +1,31 @@
+#include "post/job/JobObject.h"
+
+#include <string>
+
+#include "post/text/SpellingSuggestion.h"
+
+namespace host::job {
+
+FieldName nameOf(simdjson::ondemand::field& field, const Place& place) {
+  const char* const at = field.key().raw() - 1;
+  std::string_view text;
+  if (field.unescaped_key().get(text) != simdjson::SUCCESS) {
+    place.refuse(at, "the key holds an invalid escape");
+  }
+  if (holdsControlCharacter(text)) place.refuse(at, "a key must not hold a control character");
+  return {text, at};
+}
+
+void refuseUnknown(const FieldName& name, const Place& place,
+                   std::span<const std::string_view> known) {
+  std::string why = "unknown key \"" + shown(name.text) + "\"";
+  if (const std::string_view meant = nearest(name.text, known); !meant.empty()) {
+    place.refuse(name.at, why.append("; did you mean \"").append(meant).append("\"?"));
+  }
+  why += "; the keys here are";
+  for (const std::string_view key : known)
+    why.append(known.front() == key ? " " : ", ").append(key);
+  place.refuse(name.at, why);
+}
+
+}  // namespace host::job

@@ -1,0 +1,40 @@
+#include "post/job/JobSetup.h"
+
+#include <algorithm>
+
+#include "host/manufacturing/GeneratorData.h"
+#include "host/system/Session.h"
+#include "post/job/FormatProbe.h"
+#include "post/toolpath/InputError.h"
+
+namespace host {
+namespace {
+
+void requireFormat(const JobHeader& header, std::string_view key, std::string format, long column) {
+  if (format.empty()) return;
+  // As the module takes the format of a generation.
+  std::replace(format.begin(), format.end(), ',', '.');
+  if (FormatProbe().showsNumbers(format)) return;
+  throw InputError(header.file, header.line, column,
+                   std::string("$.").append(key).append(
+                       ": no number can be printed with this format; write one conversion of e, f, "
+                       "g or a, such as %.3f"));
+}
+
+}  // namespace
+
+JobSetup::JobSetup(const JobHeader& header, Document& document)
+    : previous_(session().generatorData) {
+  requireFormat(header, "pointFormat", header.pointFormat, header.pointFormatColumn);
+  requireFormat(header, "axisFormat", header.axisFormat, header.axisFormatColumn);
+  const auto generation = GeneratorData::create(header.pointFormat, header.axisFormat);
+  if (header.angleFactor) generation->setAngleFactor(*header.angleFactor);
+  setCurrentGeneratorData(generation);
+  for (const auto& [name, value] : header.designParameters) {
+    document.setDesignParameter(name, value);
+  }
+}
+
+JobSetup::~JobSetup() { setCurrentGeneratorData(previous_); }
+
+}  // namespace host

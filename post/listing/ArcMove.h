@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "post/toolpath/ToolPath.h"
+
+namespace host {
+
+/// A plane that arcs lie in: the axes (0, 1, 2 for X, Y, Z) that its coordinates run along and the
+/// one that is normal to it, in the order of a right-handed system.
+struct ArcPlane {
+  std::size_t first = 0;
+  std::size_t second = 1;
+  std::size_t normal = 2;
+};
+
+/// The plane that SELECT_PLANE names; nothing for one of the axes U, V, W and for another name.
+[[nodiscard]] std::optional<ArcPlane> arcPlane(std::string_view name);
+
+/// An arc about an axis that is parallel to an axis of the part.
+struct ArcMove {
+  ArcPlane plane;
+  Triple start{};
+  Triple end{};
+  /// The point of the axis at the height of the start.
+  Triple center{};
+  /// How often the arc is about to close: 1 for up to a whole turn counterclockwise, seen from the
+  /// plus end of the axis, 2 for up to two turns; negative for clockwise.
+  int turns = 1;
+  /// How far start and end can differ in their distance from the centre.
+  double tolerance = 0.0;
+};
+
+/// The elements of an arc: NC_CIRCLE1 in the XY plane, NC_CYLNDR1 in another one, in pieces of less
+/// than half a turn, so that the end of each is the first point where its circle meets the line
+/// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. None where it is no arc
+/// about its centre.
+[[nodiscard]] std::vector<Element> arcElements(const ArcMove& arc);
+
+}  // namespace host

@@ -1,0 +1,41 @@
+#include "post/listing/CallCounts.h"
+
+#include <algorithm>
+
+namespace host {
+
+void CallCounts::add(std::string_view name, CallFate fate, long line) {
+  const auto known = std::ranges::find_if(counts_, [name, fate](const CallCount& call) {
+    return call.name == name && call.fate == fate;
+  });
+  if (known == counts_.end()) {
+    counts_.push_back({std::string(name), fate, 1, line});
+  } else {
+    ++known->count;
+  }
+}
+
+long CallCounts::total(CallFate fate) const {
+  long sum = 0;
+  for (const CallCount& call : counts_) {
+    if (call.fate == fate) sum += call.count;
+  }
+  return sum;
+}
+
+std::size_t CallCounts::names(CallFate fate) const {
+  return static_cast<std::size_t>(std::ranges::count(counts_, fate, &CallCount::fate));
+}
+
+std::string CallCounts::describe(CallFate fate) const {
+  std::string text;
+  for (const CallCount& call : counts_) {
+    if (call.fate != fate) continue;
+    if (!text.empty()) text += ", ";
+    text += call.name + ' ' + std::to_string(call.count) + " (first in line " +
+            std::to_string(call.firstLine) + ')';
+  }
+  return text;
+}
+
+}  // namespace host

@@ -1,0 +1,226 @@
+#include "post/listing/CanonicalCall.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+#include "post/toolpath/InputError.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kLongestName = 64;
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kNameLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789.";
+constexpr std::string_view kBlockLetters = "0123456789.";
+
+bool isControl(char byte) {
+  const auto value = static_cast<unsigned char>(byte);
+  return (value < 0x20 && byte != '\t') || value == 0x7f;
+}
+
+std::string hexadecimal(char byte) {
+  constexpr std::string_view kHex = "0123456789abcdef";
+  const auto value = static_cast<unsigned char>(byte);
+  return {'0', 'x', kHex[value >> 4U], kHex[value & 0xfU]};
+}
+
+/// A piece of the input for a message, in quotes and never long.
+std::string quote(std::string_view text) {
+  constexpr std::size_t kLongest = 40;
+  return std::string("'").append(text.substr(0, kLongest)) +
+         (text.size() > kLongest ? "...'" : "'");
+}
+
+/// Walks along a line; a cursor never leaves it.
+class Cursor {
+ public:
+  explicit Cursor(std::string_view line) : line_(line) {}
+
+  [[nodiscard]] std::size_t at() const { return at_; }
+  [[nodiscard]] bool atEnd() const { return at_ == line_.size(); }
+  [[nodiscard]] std::string_view rest() const { return line_.substr(at_); }
+  /// Takes all letters of a set that stand next.
+  std::string_view take(std::string_view set) {
+    const std::size_t end = std::min(line_.find_first_not_of(set, at_), line_.size());
+    const std::string_view taken = line_.substr(at_, end - at_);
+    at_ = end;
+    return taken;
+  }
+  bool takeOne(char letter) {
+    if (!rest().starts_with(letter)) return false;
+    ++at_;
+    return true;
+  }
+  void advance(std::size_t count) { at_ += count; }
+
+ private:
+  std::string_view line_;
+  std::size_t at_ = 0;
+};
+
+void refuseBinary(std::string_view line, const LinePlace& place) {
+  const auto control = std::find_if(line.begin(), line.end(), isControl);
+  if (control == line.end()) return;
+  place.refuse(
+      static_cast<std::size_t>(control - line.begin()),
+      "the byte " + hexadecimal(*control) + " is no text; this is not a listing, or it is damaged");
+}
+
+long takeRunningNumber(Cursor& cursor, const LinePlace& place) {
+  cursor.take(" ");
+  const std::size_t at = cursor.at();
+  const std::string_view digits = cursor.take(kDigits);
+  long number = 0;
+  const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
+  const bool numbered = !digits.empty() && error == std::errc() && !cursor.take(" ").empty();
+  if (numbered && cursor.takeOne('N')) return number;
+  place.refuse(at,
+               "not a call of a canonical listing (running number, block number, call); what the "
+               "program prints with (print,...) stays out of the listing with: rs274 -g PROGRAM "
+               "LISTING");
+}
+
+std::string_view takeName(Cursor& cursor, const LinePlace& place) {
+  const std::size_t at = cursor.at();
+  const std::string_view name = cursor.take(kNameLetters);
+  if (name.empty() || kDigits.find(name.front()) != std::string_view::npos) {
+    place.refuse(at, "the name of a call is expected");
+  }
+  if (name.size() > kLongestName) place.refuse(at, "the name of the call is too long");
+  return name;
+}
+
+/// Reads one list of arguments from left to right.
+class ArgumentReader {
+ public:
+  ArgumentReader(const CanonicalCall& call, std::string_view shape, const LinePlace& place)
+      : call_(call), shape_(shape), place_(place), cursor_(call.arguments) {}
+
+  CanonicalArguments read() {
+    cursor_.take(" ");
+    for (std::size_t index = 0; index < shape_.size(); ++index) {
+      if (cursor_.atEnd()) refuseCount(std::to_string(index) + " stand here");
+      readOne(index);
+      takeSeparator();
+    }
+    if (!cursor_.atEnd()) refuseCount("more stand here");
+    return values_;
+  }
+
+ private:
+  void readOne(std::size_t index) {
+    values_.at[index] = call_.argumentsAt + cursor_.at();
+    switch (shape_[index]) {
+      case 'n':
+        values_.numbers[index] = number();
+        return;
+      case 'i':
+        values_.numbers[index] = static_cast<double>(whole());
+        return;
+      case 'w':
+        values_.text = cursor_.take(kNameLetters);
+        return;
+      default:
+        values_.text = quoted();
+    }
+  }
+
+  double number() {
+    const std::string_view text = piece();
+    double value = 0;
+    const auto [end, error] =
+        std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    if (error == std::errc::invalid_argument || end != text.data() + text.size()) {
+      refuse(quote(text) + " is not a number");
+    }
+    if (error != std::errc() || !std::isfinite(value)) {
+      refuse(quote(text) + " is not a finite number");
+    }
+    cursor_.advance(text.size());
+    return value;
+  }
+
+  int whole() {
+    const std::string_view text = piece();
+    int value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size()) {
+      refuse(quote(text) + " is not a whole number");
+    }
+    cursor_.advance(text.size());
+    return value;
+  }
+
+  std::string_view quoted() {
+    const std::string_view text = cursor_.rest();
+    if (text.size() < 2 || !text.starts_with('"') || !text.ends_with('"')) {
+      refuse("its text is not in quotes");
+    }
+    cursor_.advance(text.size());
+    return text.substr(1, text.size() - 2);
+  }
+
+  /// What stands up to the next separator.
+  [[nodiscard]] std::string_view piece() const {
+    const std::string_view rest = cursor_.rest();
+    return rest.substr(0, std::min(rest.find_first_of(", "), rest.size()));
+  }
+
+  /// Blanks, with one comma among them at most.
+  void takeSeparator() {
+    cursor_.take(" ");
+    if (!cursor_.takeOne(',')) return;
+    cursor_.take(" ");
+    if (cursor_.atEnd()) refuse("an argument is missing behind the last comma");
+  }
+
+  [[noreturn]] void refuse(const std::string& message) const {
+    place_.refuse(call_.argumentsAt + cursor_.at(), std::string(call_.name) + ": " + message);
+  }
+
+  [[noreturn]] void refuseCount(const std::string& found) const {
+    const std::size_t due = shape_.size();
+    refuse("it takes " + std::to_string(due) + (due == 1 ? " argument, " : " arguments, ") + found);
+  }
+
+  const CanonicalCall& call_;
+  std::string_view shape_;
+  const LinePlace& place_;
+  Cursor cursor_;
+  CanonicalArguments values_;
+};
+
+}  // namespace
+
+void LinePlace::refuse(std::size_t offset, std::string_view message) const {
+  throw InputError(file, line, static_cast<long>(offset) + 1, message);
+}
+
+CanonicalCall parseCall(std::string_view line, const LinePlace& place) {
+  refuseBinary(line, place);
+  Cursor cursor(line);
+  CanonicalCall call;
+  call.runningNumber = takeRunningNumber(cursor, place);
+  if (cursor.take(kBlockLetters).empty()) {
+    place.refuse(cursor.at(), "'.....' or a block number is expected behind 'N'");
+  }
+  cursor.take(" ");
+  call.nameAt = cursor.at();
+  call.name = takeName(cursor, place);
+  if (!cursor.takeOne('('))
+    place.refuse(cursor.at(), "'(' is expected behind the name of the call");
+  if (cursor.atEnd() || line.back() != ')') {
+    place.refuse(line.size(), "the line does not end in ')'; it is cut or damaged");
+  }
+  call.argumentsAt = cursor.at();
+  call.arguments = line.substr(call.argumentsAt, line.size() - 1 - call.argumentsAt);
+  return call;
+}
+
+CanonicalArguments readArguments(const CanonicalCall& call, std::string_view shape,
+                                 const LinePlace& place) {
+  return ArgumentReader(call, shape, place).read();
+}
+
+}  // namespace host

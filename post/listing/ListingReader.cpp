@@ -1,0 +1,306 @@
+#include "post/listing/ListingReader.h"
+
+#include <span>
+#include <string>
+#include <utility>
+
+#include "post/listing/CallTable.h"
+#include "post/listing/CanonicalCall.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kLengths = 3;
+constexpr std::size_t kRotaryWords = 3;
+constexpr std::string_view kRotaryLetters = "ABC";
+/// Where the rotary words of an arc begin.
+constexpr std::size_t kArcRotaryWords = 6;
+/// In millimetres: what rounding in a program of thousandths makes of a radius.
+constexpr double kArcTolerance = 0.003;
+
+/// The x y z a b c among the arguments of a call.
+std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
+                                               std::size_t first) {
+  return std::span(arguments.numbers).subspan(first).first<WorkFrame::kAxes>();
+}
+
+void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& arguments,
+                     const LinePlace& place) {
+  for (std::size_t axis = kLengths; axis < kLengths + kRotaryWords; ++axis) {
+    if (arguments.numbers[axis] == 0.0) continue;
+    place.refuse(call.nameAt,
+                 "this tool offset turns rotary axes, so that the words of the moves no longer "
+                 "tell the tool axis; make the listing without rotary offsets in the tool table");
+  }
+}
+
+[[noreturn]] void refuseCompensation(const CanonicalCall& call, const LinePlace& place) {
+  place.refuse(call.nameAt,
+               "cutter compensation is left to the machine, so that the positions behind are not "
+               "those of the tool; make the listing with compensated positions");
+}
+
+}  // namespace
+
+ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options)
+    : lines_(std::move(lines)),
+      options_(std::move(options)),
+      multaxDue_(options_.rotary),
+      modalCalls_(options_.words, options_.rotary.has_value(), events_) {}
+
+ListingReader::~ListingReader() = default;
+
+bool ListingReader::next(ToolPathEvent& event) {
+  while (given_ == events_.size()) {
+    events_.clear();
+    given_ = 0;
+    if (!readCall()) return false;
+  }
+  event = std::move(events_[given_++]);
+  return true;
+}
+
+bool ListingReader::readCall() {
+  std::string_view line;
+  if (!lines_->next(line)) {
+    if (ended_) return false;
+    throw InputError(lines_->name(), lines_->lineNumber(), 0,
+                     "the listing ends without PROGRAM_END or FINISH; it is cut, or rs274 stopped "
+                     "at an error of the program");
+  }
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  const LinePlace place{lines_->name(), lines_->lineNumber()};
+  if (line.size() > kLongestLine) {
+    place.refuse(kLongestLine, "the line is longer than 64 KiB (65536 bytes)");
+  }
+  const CanonicalCall call = parseCall(line, place);
+  checkRunningNumber(call, place);
+  const CallRule* const rule = findCallRule(call.name);
+  count(call, rule != nullptr ? obey(*rule, call, place) : CallFate::Unknown, place);
+  return true;
+}
+
+void ListingReader::checkRunningNumber(const CanonicalCall& call, const LinePlace& place) {
+  const long due = lastRunningNumber_ + 1;
+  if (call.runningNumber != due) {
+    place.refuse(0, "the running number is " + std::to_string(call.runningNumber) + " where " +
+                        std::to_string(due) + " is due; calls are missing or out of order");
+  }
+  lastRunningNumber_ = due;
+}
+
+void ListingReader::count(const CanonicalCall& call, CallFate fate, const LinePlace& place) {
+  calls_.add(call.name, fate, place.line);
+  if (calls_.names(CallFate::Unknown) <= kMostUnknownNames) return;
+  place.refuse(call.nameAt, "more than " + std::to_string(kMostUnknownNames) +
+                                " different calls are unknown; this is not a listing of rs274");
+}
+
+CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
+                             const LinePlace& place) {
+  if (rule.effect == CallEffect::Compensation) refuseCompensation(call, place);
+  if (rule.effect == CallEffect::InterpreterError) {
+    place.refuse(call.nameAt, "the interpreter reports an error of the program here");
+  }
+  const bool isRead = rule.shape != "*";
+  return obey(rule, call, isRead ? readArguments(call, rule.shape, place) : CanonicalArguments(),
+              place);
+}
+
+CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
+                             const CanonicalArguments& arguments, const LinePlace& place) {
+  switch (rule.effect) {
+    case CallEffect::Traverse:
+    case CallEffect::Feed:
+      move(rule, call, arguments, place);
+      return CallFate::Move;
+    case CallEffect::Arc:
+      return moveAlongArc(call, arguments, place);
+    case CallEffect::Plane:
+      plane_ = arcPlane(arguments.text);
+      return CallFate::Other;
+    case CallEffect::LostMove:
+      lastPoint_.reset();
+      return CallFate::LostMove;
+    case CallEffect::Units:
+      useUnits(arguments, place);
+      return CallFate::Other;
+    case CallEffect::FixtureOffset:
+    case CallEffect::ProgramOffset:
+    case CallEffect::PlaneRotation:
+      changeFrame(rule, arguments, place);
+      lastPoint_.reset();
+      return CallFate::Other;
+    case CallEffect::ToolOffset:
+      lastPoint_.reset();
+      checkToolOffset(call, arguments, place);
+      return CallFate::Other;
+    default:
+      return obeyModal(rule, call, arguments, place);
+  }
+}
+
+CallFate ListingReader::obeyModal(const CallRule& rule, const CanonicalCall& call,
+                                  const CanonicalArguments& arguments, const LinePlace& place) {
+  if (ended_) return CallFate::Other;
+  ended_ = rule.effect == CallEffect::End || rule.effect == CallEffect::ProgramEnd;
+  const bool isFeed =
+      rule.effect == CallEffect::FeedRate || rule.effect == CallEffect::SynchronisedOn;
+  if (isFeed && arguments.numbers[0] != 0.0) requireUnit(call, "a feed rate", place);
+  const LengthUnit here = inputUnit_.value_or(options_.unit.value_or(LengthUnit::Millimetre));
+  const LengthUnit text = outputUnit_.value_or(options_.unit.value_or(here));
+  return modalCalls_.obey({rule, call, arguments, place, here, text});
+}
+
+void ListingReader::useUnits(const CanonicalArguments& arguments, const LinePlace& place) {
+  inputUnit_ = canonicalUnit(arguments.text);
+  if (inputUnit_) return;
+  place.refuse(arguments.at[0],
+               "the length unit is none of CANON_UNITS_MM, CANON_UNITS_INCHES, CANON_UNITS_CM");
+}
+
+void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
+                                const LinePlace& place) {
+  const double millimetres =
+      converted(1.0, inputUnit_.value_or(LengthUnit::Millimetre), LengthUnit::Millimetre);
+  const WorkFrame before = frame_;
+  if (rule.effect == CallEffect::FixtureOffset) {
+    frame_.setFixtureOffset(axes(arguments, 1), millimetres);
+  } else if (rule.effect == CallEffect::ProgramOffset) {
+    frame_.setProgramOffset(axes(arguments, 0), millimetres);
+  } else {
+    frame_.setRotation(arguments.numbers[0]);
+  }
+  frameChanged_ = true;
+  if (frame_.isSameAs(before)) return;
+  frameCall_ = rule.name;
+  frameLine_ = place.line;
+}
+
+void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
+                         const CanonicalArguments& arguments, const LinePlace& place) {
+  prepareMove(call, arguments, kLengths, place);
+  const Position position = positionOf(arguments);
+  const Triple words{arguments.numbers[3], arguments.numbers[4], arguments.numbers[5]};
+  if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
+  if (rule.effect == CallEffect::Traverse) {
+    put("NC_RAPID", place.line);
+  } else if (onlyTurns(position, words)) {
+    // Its feed rate is in degrees, which no word of the text says.
+    calls_.add(call.name, CallFate::Lost, place.line);
+  } else {
+    modalCalls_.tellFeedRate(*outputUnit_, place.line);
+  }
+  put(options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO", place.line, position);
+  lastPoint_ = position.point;
+  lastWords_ = words;
+}
+
+CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
+                                     const LinePlace& place) {
+  prepareMove(call, arguments, kArcRotaryWords, place);
+  const auto start = std::exchange(lastPoint_, std::nullopt);
+  // Instructions of arcs tell no tool axis, and begin where the text stands.
+  if (!start || !plane_ || options_.rotary) return CallFate::LostMove;
+  const ArcMove arc = arcOf(arguments, *start);
+  std::vector<Element> elements = arcElements(arc);
+  if (elements.empty()) return CallFate::LostMove;
+  modalCalls_.tellFeedRate(*outputUnit_, place.line);
+  for (Element& element : elements) {
+    element.line = place.line;
+    events_.emplace_back(std::move(element));
+  }
+  lastPoint_ = arc.end;
+  return CallFate::Move;
+}
+
+ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& start) const {
+  const auto length = [&](std::size_t index) {
+    return converted(arguments.numbers[index], *inputUnit_, *outputUnit_);
+  };
+  ArcMove arc;
+  arc.plane = *plane_;
+  arc.start = arc.center = start;
+  arc.end[plane_->first] = length(0);
+  arc.end[plane_->second] = length(1);
+  arc.end[plane_->normal] = length(5);
+  arc.center[plane_->first] = length(2);
+  arc.center[plane_->second] = length(3);
+  arc.turns = static_cast<int>(arguments.numbers[4]);
+  arc.tolerance = converted(kArcTolerance, LengthUnit::Millimetre, *outputUnit_);
+  return arc;
+}
+
+void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
+                                std::size_t firstRotaryWord, const LinePlace& place) {
+  if (ended_) place.refuse(call.nameAt, "a move stands behind the end of the program");
+  requireUnit(call, "a move", place);
+  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
+  checkFrame(call, place);
+  checkRotaryWords(arguments, firstRotaryWord, place);
+}
+
+bool ListingReader::onlyTurns(const Position& position, const Triple& words) const {
+  return lastPoint_ == position.point && lastWords_ != words;
+}
+
+void ListingReader::put(std::string_view instruction, long line, std::optional<Position> position) {
+  Element element;
+  element.instruction = instruction;
+  element.line = line;
+  if (position) element.positions.push_back(*position);
+  events_.emplace_back(std::move(element));
+}
+
+void ListingReader::requireUnit(const CanonicalCall& call, std::string_view what,
+                                const LinePlace& place) {
+  if (!inputUnit_) inputUnit_ = options_.unit;
+  if (inputUnit_) return;
+  place.refuse(call.nameAt, std::string(what) +
+                                " stands before any length unit is named; name it with --units mm "
+                                "or --units inch");
+}
+
+void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place) {
+  if (!std::exchange(frameChanged_, false)) return;
+  if (!frameOfMoves_) frameOfMoves_ = frame_;
+  if (options_.rotary && frame_.isTurned()) {
+    place.refuse(call.nameAt,
+                 "positions are given in a system with rotary offsets or a rotated XY plane (" +
+                     std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
+                     "), in which the tool axis cannot be told; make the listing without them");
+  }
+  if (frame_.isSameAs(*frameOfMoves_)) return;
+  place.refuse(call.nameAt,
+               "this move is given in another coordinate system than the moves before it (" +
+                   std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
+                   "); make a listing of its own for each coordinate system");
+}
+
+void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
+                                     const LinePlace& place) const {
+  for (std::size_t word = 0; word < kRotaryWords; ++word) {
+    const std::size_t index = first + word;
+    if (arguments.numbers[index] == 0.0) continue;
+    if (options_.rotary && options_.rotary->names(word)) continue;
+    place.refuse(arguments.at[index],
+                 std::string("the rotary word ") + kRotaryLetters[word] +
+                     " moves, but nothing says what it turns; name every rotary axis from the "
+                     "part to the tool, for example --rotary C:table:Z,A:table:X");
+  }
+}
+
+Position ListingReader::positionOf(const CanonicalArguments& arguments) const {
+  const auto& number = arguments.numbers;
+  Position position;
+  for (std::size_t axis = 0; axis < kLengths; ++axis) {
+    position.point[axis] = converted(number[axis], *inputUnit_, *outputUnit_);
+  }
+  if (options_.rotary)
+    position.toolAxis = options_.rotary->toolAxis({number[3], number[4], number[5]});
+  return position;
+}
+
+}  // namespace host

@@ -1,0 +1,111 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "post/listing/ArcMove.h"
+#include "post/listing/CallCounts.h"
+#include "post/listing/LengthUnit.h"
+#include "post/listing/ListingWords.h"
+#include "post/listing/ModalCalls.h"
+#include "post/listing/RotaryChain.h"
+#include "post/listing/WorkFrame.h"
+#include "post/toolpath/ToolPath.h"
+
+namespace host {
+
+class LineReader;
+
+struct ListingOptions {
+  /// Unit of the positions that come out; also that of positions before any unit is named. Without
+  /// it positions come out in the unit of the first move.
+  std::optional<LengthUnit> unit;
+  /// What the rotary words turn. With it every move carries its tool axis, and the points are taken
+  /// as those of the tool's tip in the part's frame; without it a rotary word other than 0 is
+  /// refused.
+  std::optional<RotaryChain> rotary;
+  /// What the document that the listing is put out with can say.
+  ListingWords words{};
+};
+
+/// Reads a canonical listing, one call a line, in constant memory: moves, feed rates, the
+/// spindle, tool changes, dwells, texts and what else the document has words for become elements;
+/// every call is counted. Whatever would leave a position in doubt raises an InputError with file,
+/// line and column.
+class ListingReader final : public ToolPathSource {
+ public:
+  /// The longest line, without its end.
+  static constexpr std::size_t kLongestLine = 65536;
+  /// How many different calls of unknown meaning are counted before a listing is refused.
+  static constexpr std::size_t kMostUnknownNames = 100;
+
+  ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options);
+  ~ListingReader() override;
+
+  [[nodiscard]] bool next(ToolPathEvent& event) override;
+
+  /// The calls read until now.
+  [[nodiscard]] const CallCounts& calls() const noexcept { return calls_; }
+  /// Whether moves carry tool axes.
+  [[nodiscard]] bool givesToolAxes() const noexcept { return options_.rotary.has_value(); }
+  /// The unit of the positions that come out; nothing before the first move.
+  [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
+  [[nodiscard]] const ListingWords& words() const noexcept { return options_.words; }
+
+ private:
+  bool readCall();
+  void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
+  void count(const CanonicalCall& call, CallFate fate, const LinePlace& place);
+  CallFate obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
+  CallFate obey(const CallRule& rule, const CanonicalCall& call,
+                const CanonicalArguments& arguments, const LinePlace& place);
+  CallFate obeyModal(const CallRule& rule, const CanonicalCall& call,
+                     const CanonicalArguments& arguments, const LinePlace& place);
+  void useUnits(const CanonicalArguments& arguments, const LinePlace& place);
+  void changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
+                   const LinePlace& place);
+  void move(const CallRule& rule, const CanonicalCall& call, const CanonicalArguments& arguments,
+            const LinePlace& place);
+  CallFate moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
+                        const LinePlace& place);
+  void prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
+                   std::size_t firstRotaryWord, const LinePlace& place);
+  [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
+  void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
+  void checkFrame(const CanonicalCall& call, const LinePlace& place);
+  void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
+                        const LinePlace& place) const;
+  [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
+  [[nodiscard]] bool onlyTurns(const Position& position, const Triple& words) const;
+  void put(std::string_view instruction, long line, std::optional<Position> position = {});
+
+  std::unique_ptr<LineReader> lines_;
+  ListingOptions options_;
+  CallCounts calls_;
+  long lastRunningNumber_ = 0;
+  std::optional<LengthUnit> inputUnit_;
+  std::optional<LengthUnit> outputUnit_;
+  WorkFrame frame_;
+  std::optional<WorkFrame> frameOfMoves_;
+  /// The call that changed the frame last, and its line, for messages.
+  std::string_view frameCall_;
+  long frameLine_ = 0;
+  bool frameChanged_ = true;
+  bool ended_ = false;
+
+  /// Where the move before ended, while that is known, and its rotary words.
+  std::optional<Triple> lastPoint_;
+  Triple lastWords_{};
+  bool multaxDue_ = false;
+  std::optional<ArcPlane> plane_ = ArcPlane{};
+
+  /// What the last call gave, and how much of it is given out.
+  std::vector<ToolPathEvent> events_;
+  std::size_t given_ = 0;
+  ModalCalls modalCalls_;
+};
+
+}  // namespace host

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+
+#include "post/listing/LengthUnit.h"
+
+namespace host {
+
+class Document;
+
+/// What the NC instructions of a document can say of a listing, beside what every document can.
+struct ListingWords {
+  /// The unit that the words of feed rates name (MMPM, IPM, MMPR, IPR), and those of surface speeds
+  /// (SMM: metres, SFM: feet); nothing where NC_FEEDRATE or NC_SPINDLE_START takes no such word
+  /// from MFG_FEED_UNIT or MFG_SPNDL_UNIT.
+  std::optional<LengthUnit> feedPerMinute;
+  std::optional<LengthUnit> feedPerRevolution;
+  std::optional<LengthUnit> surfaceSpeed;
+  /// Whether there are NC_COOLANT with its three sequences, NC_PROGRAM_STOP, NC_OPTIONAL_STOP.
+  bool coolant = false;
+  bool programStop = false;
+  bool optionalStop = false;
+  /// Whether NC_OUTPUT_COMMENT gives texts without a word before them.
+  bool bareTexts = false;
+};
+
+/// The words of a document as it stands.
+[[nodiscard]] ListingWords listingWords(const Document& document);
+
+}  // namespace host

@@ -1,0 +1,211 @@
+#include "post/listing/ModalCalls.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "Manufacturing/KEPMfgNames.h"
+#include "host/manufacturing/Activity.h"
+#include "post/listing/CommentPieces.h"
+
+namespace host {
+namespace {
+
+/// Listings print this limit of the spindle's speed, or more, where the program sets none.
+constexpr double kNoLimit = 1e29;
+
+int wholeArgument(const ListedCall& call, std::size_t index) {
+  return static_cast<int>(call.arguments.numbers[index]);
+}
+
+Element elementOf(std::string_view name, int sequence = 1) {
+  Element element;
+  element.instruction = name;
+  element.sequence = sequence;
+  return element;
+}
+
+/// The activity that a whole listing belongs to.
+ActivityStart listedActivity(bool variesToolAxis) {
+  ActivityStart activity;
+  activity.name = "Listing";
+  activity.kind = ActivityKind::Machining;
+  activity.tool.emplace().parameters = {{"MFG_WAY_OF_ROT", textValue(MfgRightHand)}};
+  activity.strategy = {{std::string(MfgDwellMode), textValue(MfgDwellTime)}};
+  activity.toolPath.emplace().type = variesToolAxis ? 2 : 1;
+  return activity;
+}
+
+}  // namespace
+
+ModalCalls::ModalCalls(const ListingWords& words, bool variesToolAxis,
+                       std::vector<ToolPathEvent>& events)
+    : words_(words), events_(events), activity_(listedActivity(variesToolAxis)) {
+  events_.emplace_back(activity_);
+}
+
+CallFate ModalCalls::obey(const ListedCall& call) {
+  switch (call.rule.effect) {
+    case CallEffect::FeedRate:
+      feed_.setRate(call.arguments.numbers[0], call.unit);
+      return CallFate::Line;
+    case CallEffect::FeedMode:
+      return setFeedMode(call);
+    case CallEffect::SynchronisedOn:
+      return startSynchronised(call);
+    case CallEffect::SynchronisedOff:
+      feed_.stopSynchronised();
+      return CallFate::Line;
+    case CallEffect::SpindleSpeed:
+    case CallEffect::SpindleMode:
+    case CallEffect::Clockwise:
+    case CallEffect::Counterclockwise:
+    case CallEffect::SpindleOff:
+      return obeySpindle(call);
+    case CallEffect::SelectTool:
+      selectedTool_ = wholeArgument(call, 0);
+      return CallFate::Line;
+    case CallEffect::ChangeTool:
+      return changeTool(call);
+    case CallEffect::Dwell:
+      return dwell(call);
+    case CallEffect::Text:
+      return writeText(call);
+    case CallEffect::FloodOn:
+    case CallEffect::FloodOff:
+    case CallEffect::MistOn:
+    case CallEffect::MistOff:
+      return obeyCoolant(call);
+    case CallEffect::ProgramStop:
+      return stopProgram(call, words_.programStop, "NC_PROGRAM_STOP");
+    case CallEffect::OptionalStop:
+      return stopProgram(call, words_.optionalStop, "NC_OPTIONAL_STOP");
+    case CallEffect::ProgramEnd:
+      return putInstruction(call, "NC_END_MACRO");
+    case CallEffect::Lost:
+      return CallFate::Lost;
+    default:
+      return CallFate::Other;
+  }
+}
+
+void ModalCalls::tellFeedRate(LengthUnit textUnit, long line) {
+  auto change = feed_.due(words_, textUnit);
+  if (!change) return;
+  Element element = elementOf("NC_FEEDRATE");
+  element.changes.feedrate = std::move(change);
+  put(std::move(element), line);
+}
+
+CallFate ModalCalls::setFeedMode(const ListedCall& call) {
+  const int mode = wholeArgument(call, 1);
+  if (mode != 0 && mode != 1) {
+    call.place.refuse(call.arguments.at[1],
+                      "SET_FEED_MODE: the mode is neither 0 (per minute) nor 1 (per revolution)");
+  }
+  feed_.setPerRevolution(mode == 1);
+  const bool otherSpindle = mode == 1 && wholeArgument(call, 0) != 0;
+  return otherSpindle ? CallFate::Lost : CallFate::Line;
+}
+
+CallFate ModalCalls::startSynchronised(const ListedCall& call) {
+  feed_.startSynchronised(call.arguments.numbers[0], call.unit);
+  // The text tells the feed, but not that the move waits for the spindle's index.
+  return CallFate::Lost;
+}
+
+CallFate ModalCalls::obeySpindle(const ListedCall& call) {
+  if (wholeArgument(call, 0) != 0) return CallFate::Lost;
+  const LengthUnit surface = words_.surfaceSpeed.value_or(call.textUnit);
+  const double value = call.arguments.numbers[1];
+  switch (call.rule.effect) {
+    case CallEffect::SpindleMode:
+      return setSpindleMode(value);
+    case CallEffect::SpindleSpeed:
+      put(spindle_.setSpeed(value, call.unit, surface), call.place.line);
+      return CallFate::Line;
+    case CallEffect::Clockwise:
+      put(spindle_.start(SpindleState::Way::Clockwise, surface), call.place.line);
+      return CallFate::Line;
+    case CallEffect::Counterclockwise:
+      put(spindle_.start(SpindleState::Way::Counterclockwise, surface), call.place.line);
+      return CallFate::Line;
+    default:
+      put(spindle_.stop(), call.place.line);
+      return CallFate::Line;
+  }
+}
+
+CallFate ModalCalls::setSpindleMode(double limit) {
+  spindle_.setSurfaceSpeeds(limit != 0.0);
+  const bool isLimited = limit != 0.0 && limit < kNoLimit;
+  return isLimited ? CallFate::Lost : CallFate::Line;
+}
+
+CallFate ModalCalls::changeTool(const ListedCall& call) {
+  if (!selectedTool_ || *selectedTool_ < 0) {
+    call.place.refuse(call.call.nameAt,
+                      "no SELECT_TOOL before this tells which tool is meant: CHANGE_TOOL names the "
+                      "place of the tool, not its number");
+  }
+  setParameter("MFG_TOOL_NUMBER", integerValue(*selectedTool_), call.place.line);
+  return putInstruction(call, "NC_TOOL_CHANGE");
+}
+
+CallFate ModalCalls::dwell(const ListedCall& call) {
+  setParameter("MFG_DELAY_VALUE", realValue(call.arguments.numbers[0]), call.place.line);
+  return putInstruction(call, "NC_DELAY");
+}
+
+CallFate ModalCalls::writeText(const ListedCall& call) {
+  const auto pieces = commentPieces(call.arguments.text);
+  for (const std::string_view piece : pieces) {
+    Element element = elementOf("NC_OUTPUT_COMMENT");
+    element.changes.comment = piece;
+    put(std::move(element), call.place.line);
+  }
+  return pieces.empty() ? CallFate::Other : CallFate::Line;
+}
+
+CallFate ModalCalls::obeyCoolant(const ListedCall& call) {
+  if (!words_.coolant) return CallFate::Other;
+  const CallEffect effect = call.rule.effect;
+  const bool isFlood = effect == CallEffect::FloodOn || effect == CallEffect::FloodOff;
+  const Coolant::Kind kind = isFlood ? Coolant::Kind::Flood : Coolant::Kind::Mist;
+  const bool isOn = effect == CallEffect::FloodOn || effect == CallEffect::MistOn;
+  for (const int sequence : isOn ? coolant_.on(kind) : coolant_.off(kind)) {
+    put(elementOf("NC_COOLANT", sequence), call.place.line);
+  }
+  return CallFate::Line;
+}
+
+CallFate ModalCalls::stopProgram(const ListedCall& call, bool hasInstruction,
+                                 std::string_view instruction) {
+  return hasInstruction ? putInstruction(call, instruction) : CallFate::Lost;
+}
+
+CallFate ModalCalls::putInstruction(const ListedCall& call, std::string_view instruction) {
+  put(elementOf(instruction), call.place.line);
+  return CallFate::Line;
+}
+
+void ModalCalls::setParameter(std::string_view name, KEPMfgParameterValue value, long line) {
+  auto& parameters = activity_.parameters;
+  const auto known =
+      std::ranges::find(parameters, name, &std::pair<std::string, KEPMfgParameterValue>::first);
+  if (known == parameters.end()) {
+    parameters.emplace_back(name, std::move(value));
+  } else {
+    known->second = std::move(value);
+  }
+  activity_.line = line;
+  events_.emplace_back(activity_);
+}
+
+void ModalCalls::put(std::optional<Element> element, long line) {
+  if (!element) return;
+  element->line = line;
+  events_.emplace_back(*std::move(element));
+}
+
+}  // namespace host

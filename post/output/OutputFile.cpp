@@ -1,0 +1,116 @@
+#include "post/output/OutputFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kBufferSize = std::size_t{1} << 16U;
+constexpr mode_t kPermissions = 0777;
+
+constexpr int kMostLinks = 40;
+
+/// The place that a path leads to through symbolic links, whether a file stands there or not. A
+/// ring of links leads to a link.
+std::filesystem::path resolved(std::filesystem::path path) {
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
+}
+
+}  // namespace
+
+OutputError::OutputError(std::string_view file, std::string_view reason)
+    : std::runtime_error(std::string(file) + ": error: cannot be written: " + std::string(reason)),
+      file_(file),
+      reason_(reason) {}
+
+OutputError::~OutputError() = default;
+
+OutputFile::OutputFile(const std::string& path)
+    : name_(path == "-" ? "standard output" : path), target_(path) {
+  buffer_.reserve(kBufferSize);
+  struct stat status {};
+  const bool exists = path != "-" && ::stat(path.c_str(), &status) == 0;
+  if (path == "-") {
+    descriptor_ = STDOUT_FILENO;
+  } else if (exists && !S_ISREG(status.st_mode)) {
+    descriptor_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+  } else {
+    openBeside();
+  }
+  require(descriptor_ >= 0);
+  const bool replaces = exists && !temporary_.empty();
+  if (replaces) require(::fchmod(descriptor_, status.st_mode & kPermissions) == 0);
+}
+
+OutputFile::~OutputFile() { close(); }
+
+void OutputFile::write(std::string_view line) {
+  if (buffer_.size() + line.size() + 1 > kBufferSize) flush();
+  buffer_.append(line).push_back('\n');
+}
+
+void OutputFile::finish() {
+  flush();
+  require(synchronise(descriptor_));
+  if (target_ == "-") return;
+  require(::close(std::exchange(descriptor_, -1)) == 0);
+  if (!temporary_.empty()) putInPlace();
+}
+
+void OutputFile::require(bool success) {
+  if (success) return;
+  const int error = errno;
+  close();
+  throw OutputError(name_, systemReason(error));
+}
+
+void OutputFile::close() noexcept {
+  if (descriptor_ >= 0 && target_ != "-") ::close(descriptor_);
+  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+  descriptor_ = -1;
+  temporary_.clear();
+}
+
+void OutputFile::openBeside() {
+  const std::filesystem::path place = resolved(target_);
+  std::error_code error;
+  errno = ELOOP;
+  if (std::filesystem::is_symlink(place, error)) return;
+  target_ = place.string();
+  FileBeside file = createBeside(target_);
+  descriptor_ = file.descriptor;
+  if (descriptor_ >= 0) temporary_ = std::move(file.path);
+}
+
+void OutputFile::flush() {
+  std::string_view rest = buffer_;
+  while (!rest.empty()) {
+    const ssize_t count = ::write(descriptor_, rest.data(), rest.size());
+    require(count >= 0 || errno == EINTR);
+    rest.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
+  }
+  buffer_.clear();
+}
+
+void OutputFile::putInPlace() {
+  require(::rename(temporary_.c_str(), target_.c_str()) == 0);
+  temporary_.clear();
+  require(synchroniseFolderOf(target_));
+}
+
+}  // namespace host

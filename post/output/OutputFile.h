@@ -1,0 +1,60 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+#include "post/output/LineSink.h"
+
+namespace host {
+
+/// Output that could not be written: the file and the operating system's reason.
+class OutputError : public std::runtime_error {
+ public:
+  OutputError(std::string_view file, std::string_view reason);
+  ~OutputError() override;
+
+  [[nodiscard]] const std::string& file() const noexcept { return file_; }
+  [[nodiscard]] const std::string& reason() const noexcept { return reason_; }
+
+ private:
+  std::string file_;
+  std::string reason_;
+};
+
+/// A text file that appears whole or not at all: it is written beside its place and put there when
+/// it is finished; until then, and after a failure, what stands there stays as it was. A file that
+/// is replaced passes its permissions on. A place that holds no regular file (a device, a pipe) and
+/// the standard output are written directly. Every failure raises an OutputError. The process must
+/// ignore SIGPIPE and SIGXFSZ, which would end it before the error is seen.
+class OutputFile final : public LineSink {
+ public:
+  /// Opens the output; "-" is the standard output, which nothing else may write to meanwhile.
+  explicit OutputFile(const std::string& path);
+  /// Removes what was written unless it was finished.
+  ~OutputFile() override;
+
+  /// Writes the line unchanged and a line feed behind it.
+  void write(std::string_view line) override;
+
+  /// Makes sure that everything is stored, and puts the file in its place. Nothing can be written
+  /// afterwards.
+  void finish();
+
+ private:
+  /// Gives up and raises the OutputError of the last system call unless it succeeded.
+  void require(bool success);
+  void close() noexcept;
+  void openBeside();
+  void flush();
+  void putInPlace();
+
+  std::string name_;
+  std::string target_;
+  /// Where the file is written until it is finished; empty for output that is written directly.
+  std::string temporary_;
+  int descriptor_ = -1;
+  std::string buffer_;
+};
+
+}  // namespace host

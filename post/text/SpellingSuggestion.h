@@ -1,0 +1,14 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace host {
+
+/// The candidate that a misspelt word most likely means: the one with the fewest letters to insert,
+/// delete, replace or swap, capitals counting as small, the first of equals. Empty when none is
+/// near.
+[[nodiscard]] std::string_view nearest(std::string_view word,
+                                       std::span<const std::string_view> candidates);
+
+}  // namespace host

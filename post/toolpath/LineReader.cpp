@@ -1,0 +1,86 @@
+#include "post/toolpath/LineReader.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "host/system/SystemReason.h"
+#include "post/toolpath/InputError.h"
+
+namespace host {
+namespace {
+
+constexpr std::size_t kReadAhead = std::size_t{1} << 16U;
+// One byte more than the longest line tells that a line is too long.
+constexpr std::size_t kCapacity = LineReader::kLongestLine + 1 + kReadAhead;
+constexpr std::size_t kLeastPeek = 64;
+
+int openFile(const std::string& path) {
+  if (path == "-") return STDIN_FILENO;
+  const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor >= 0) return descriptor;
+  throw InputError(path, 0, 0, "cannot be opened: " + systemReason(errno));
+}
+
+}  // namespace
+
+LineReader::LineReader(const std::string& path)
+    : name_(path == "-" ? "standard input" : path),
+      descriptor_(openFile(path)),
+      buffer_(new char[kCapacity + kPadding]) {}
+
+LineReader::~LineReader() {
+  if (descriptor_ != STDIN_FILENO) ::close(descriptor_);
+}
+
+bool LineReader::next(std::string_view& line) {
+  std::size_t searched = 0;
+  for (;;) {
+    const std::string_view bytes = unread();
+    const std::size_t lineFeed = bytes.find('\n', searched);
+    if (std::min(lineFeed, bytes.size()) > kLongestLine) {
+      throw InputError(name_, lineNumber_ + 1, 0, "the line is longer than 1 MiB (1048576 bytes)");
+    }
+    searched = bytes.size();
+    if (lineFeed == std::string_view::npos) {
+      if (fill()) continue;
+      if (bytes.empty()) return false;
+    }
+    line = take(std::min(lineFeed, bytes.size()), lineFeed < bytes.size() ? 1 : 0);
+    return true;
+  }
+}
+
+std::string_view LineReader::peek() {
+  while (unread().size() < kLeastPeek && fill()) {
+  }
+  return unread();
+}
+
+std::string_view LineReader::take(std::size_t length, std::size_t lineFeed) {
+  const std::string_view line = unread().substr(0, length);
+  begin_ += length + lineFeed;
+  ++lineNumber_;
+  return line;
+}
+
+bool LineReader::fill() {
+  std::memmove(buffer_.get(), buffer_.get() + begin_, end_ - begin_);
+  end_ -= begin_;
+  begin_ = 0;
+  ssize_t count = 0;
+  do {
+    count = ::read(descriptor_, buffer_.get() + end_, kCapacity - end_);
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) {
+    throw InputError(name_, 0, 0, "cannot be read: " + systemReason(errno));
+  }
+  end_ += static_cast<std::size_t>(count);
+  buffer_[end_] = '\0';
+  return count > 0;
+}
+
+}  // namespace host

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// Reads a text file line by line in constant memory.
+class LineReader {
+ public:
+  /// The longest line, without its line feed.
+  static constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
+  /// Bytes behind a line that may be read, though they mean nothing.
+  static constexpr std::size_t kPadding = 64;
+
+  /// Opens the file, "-" for the standard input. Raises an InputError when it cannot be opened.
+  explicit LineReader(const std::string& path);
+  LineReader(const LineReader&) = delete;
+  LineReader& operator=(const LineReader&) = delete;
+  ~LineReader();
+
+  /// Sets `line` to the next line without its line feed; false at the end of the file. A last line
+  /// needs no line feed. `line` is valid until the next call. Raises an InputError for a file that
+  /// cannot be read and for a line that is too long.
+  [[nodiscard]] bool next(std::string_view& line);
+
+  /// The first bytes of what is unread, 64 at least unless the file ends sooner; nothing is taken.
+  [[nodiscard]] std::string_view peek();
+
+  /// Number of the line that was read last, from 1; 0 before the first.
+  [[nodiscard]] long lineNumber() const noexcept { return lineNumber_; }
+  /// The file's name for messages.
+  [[nodiscard]] const std::string& name() const noexcept { return name_; }
+
+ private:
+  /// Reads on behind the unread bytes; false when the file has no more.
+  bool fill();
+  [[nodiscard]] std::string_view unread() const noexcept {
+    return {buffer_.get() + begin_, end_ - begin_};
+  }
+  [[nodiscard]] std::string_view take(std::size_t length, std::size_t lineFeed);
+
+  std::string name_;
+  int descriptor_;
+  std::unique_ptr<char[]> buffer_;
+  std::size_t begin_ = 0;
+  std::size_t end_ = 0;
+  long lineNumber_ = 0;
+};
+
+}  // namespace host

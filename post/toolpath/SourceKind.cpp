@@ -1,0 +1,51 @@
+#include "post/toolpath/SourceKind.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "post/text/Utf8.h"
+#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kDigits = "0123456789";
+
+std::string_view withoutLeading(std::string_view text, std::string_view set) {
+  text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
+  return text;
+}
+
+/// A job behind a byte-order mark is one too: its reader says what is wrong with it.
+bool beginsJob(std::string_view text) {
+  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+  return text.starts_with('{');
+}
+
+/// A running number, blanks and the letter of the block number.
+bool beginsListing(std::string_view text) {
+  const std::string_view behindNumber = withoutLeading(text, kDigits);
+  if (behindNumber.size() == text.size()) return false;
+  const std::string_view block = withoutLeading(behindNumber, " ");
+  return block.size() < behindNumber.size() && block.starts_with('N');
+}
+
+}  // namespace
+
+SourceKind recogniseSource(LineReader& lines) {
+  const std::string_view first = withoutLeading(lines.peek(), kBlanks);
+  if (beginsJob(first)) return SourceKind::Job;
+  if (beginsListing(first)) return SourceKind::Listing;
+  if (first.empty()) {
+    throw InputError(lines.name(), 0, 0,
+                     "holds nothing; a job (JSON Lines) or a canonical listing is expected");
+  }
+  throw InputError(lines.name(), 1, 1,
+                   "neither a job (JSON Lines, begins with '{') nor a canonical listing (begins "
+                   "with '    1 N.....'); from an NC program, make its listing with: rs274 -g "
+                   "PROGRAM LISTING");
+}
+
+}  // namespace host
