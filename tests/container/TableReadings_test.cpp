@@ -6,9 +6,9 @@
 #include <iostream>
 
 #include "inspect/diagnostics/TableFile.h"
+#include "language/table/MemorySource.h"
+#include "language/table/TableCheck.h"
 #include "src/table/FileSource.h"
-#include "src/table/MemorySource.h"
-#include "src/table/TableCheck.h"
 #include "tests/container/TableLoading.h"
 #include "tests/support/Mutator.h"
 #include "tests/table/TableMaker.h"

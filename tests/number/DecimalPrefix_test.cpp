@@ -1,4 +1,4 @@
-#include "src/number/DecimalPrefix.h"
+#include "language/number/DecimalPrefix.h"
 
 #include <gtest/gtest.h>
 

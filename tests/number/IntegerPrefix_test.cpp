@@ -1,4 +1,4 @@
-#include "src/number/IntegerPrefix.h"
+#include "language/number/IntegerPrefix.h"
 
 #include <gtest/gtest.h>
 

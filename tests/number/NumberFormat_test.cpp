@@ -1,4 +1,4 @@
-#include "src/number/NumberFormat.h"
+#include "language/number/NumberFormat.h"
 
 #include <gtest/gtest.h>
 

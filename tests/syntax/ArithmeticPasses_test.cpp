@@ -3,10 +3,10 @@
 #include <string>
 #include <string_view>
 
-#include "src/syntax/arithmetic/CleanParentheses.h"
-#include "src/syntax/arithmetic/EvaluateLine.h"
-#include "src/syntax/arithmetic/RewriteDivisions.h"
-#include "src/syntax/arithmetic/Signs.h"
+#include "language/syntax/CleanParentheses.h"
+#include "language/syntax/EvaluateLine.h"
+#include "language/syntax/RewriteDivisions.h"
+#include "language/syntax/Signs.h"
 
 namespace ppword {
 namespace {
@@ -17,19 +17,19 @@ struct Case {
 };
 
 /// A line that was started with a text.
-struct Started : PassedLine {
+struct Started : SyntaxLine {
   explicit Started(std::string_view text) { start(text); }
 };
 
 std::string cleaned(std::string_view text) {
-  PassedLine line;
+  SyntaxLine line;
   line.start(text);
   cleanParentheses(line);
   return std::string(line.text());
 }
 
 std::string rewritten(std::string_view text) {
-  PassedLine line;
+  SyntaxLine line;
   line.start(text);
   rewriteDivisions(line);
   return std::string(line.text());

@@ -1,10 +1,10 @@
-#include "src/syntax/CharacterSet.h"
+#include "language/syntax/CharacterSet.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "src/syntax/PassedLine.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {
@@ -29,8 +29,8 @@ TEST(CharacterSet, EmptyTextHoldsNothing) {
   EXPECT_FALSE(CharacterSet("").holdsAny(CharacterSet("%&()\\+-*/$=,")));
 }
 
-TEST(PassedLine, AcceptedDraftIsScannedAnew) {
-  PassedLine line;
+TEST(SyntaxLine, AcceptedDraftIsScannedAnew) {
+  SyntaxLine line;
   line.start("GOTO/%A");
   EXPECT_FALSE(line.holdsAny(CharacterSet("&")));
   line.draft() = "GOTO/&A";
@@ -41,10 +41,10 @@ TEST(PassedLine, AcceptedDraftIsScannedAnew) {
   EXPECT_FALSE(line.holdsAny(CharacterSet("&")));
 }
 
-TEST(PassedLine, RevisionTellsTextsApart) {
-  PassedLine line;
+TEST(SyntaxLine, RevisionTellsTextsApart) {
+  SyntaxLine line;
   line.start("GOTO/%A");
-  const PassedLine::Revision first = line.revision();
+  const SyntaxLine::Revision first = line.revision();
   line.draft() = "GOTO/1";
   line.accept();
   EXPECT_NE(line.revision(), first);

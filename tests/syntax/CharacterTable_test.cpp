@@ -1,4 +1,4 @@
-#include "src/syntax/CharacterTable.h"
+#include "language/syntax/CharacterTable.h"
 
 #include <gtest/gtest.h>
 

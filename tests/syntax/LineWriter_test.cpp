@@ -1,4 +1,4 @@
-#include "src/syntax/LineWriter.h"
+#include "language/syntax/LineWriter.h"
 
 #include <gtest/gtest.h>
 

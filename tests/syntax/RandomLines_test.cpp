@@ -11,8 +11,8 @@
 #include <string_view>
 
 #include "Manufacturing/KEPMfgDesignParameter.h"
-#include "src/syntax/arithmetic/CleanParentheses.h"
-#include "src/syntax/arithmetic/RewriteDivisions.h"
+#include "language/syntax/CleanParentheses.h"
+#include "language/syntax/RewriteDivisions.h"
 #include "tests/support/Mutator.h"
 #include "tests/syntax/Instantiated.h"
 #include "tests/syntax/LiteralPasses.h"
@@ -141,9 +141,9 @@ TEST_F(RandomSyntax, LinesOfOperatorsFollowTheRulesStepByStep) {
 }
 
 /// A pass alone, on lines of either kind.
-void expectPass(void (*pass)(PassedLine&), std::string (*literal)(std::string),
+void expectPass(void (*pass)(SyntaxLine&), std::string (*literal)(std::string),
                 std::initializer_list<RandomLines*> kinds) {
-  PassedLine passed;
+  SyntaxLine passed;
   for (RandomLines* const lines : kinds) {
     for (int i = 0; i < kLines; ++i) {
       const std::string line = lines->next();

@@ -1,4 +1,4 @@
-#include "src/syntax/Substitution.h"
+#include "language/syntax/Substitution.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ class MapParameters final : public ParameterSource {
     const auto found = texts_.find(name);
     out.append(found == texts_.end() ? unevaluated_ : found->second);
   }
-  [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view) override {
+  [[nodiscard]] std::optional<ParameterNumber> number(std::string_view) override {
     return std::nullopt;
   }
   void textDropped(std::string_view name, std::string_view text) override {
@@ -46,7 +46,7 @@ const MapParameters::Texts& parameters() {
 /// A line through the three substitutions in their order.
 std::string substituted(std::string_view text, std::string_view unevaluated = "") {
   MapParameters map(parameters(), unevaluated);
-  PassedLine line;
+  SyntaxLine line;
   line.start(text);
   for (const auto prefix : {kWordPrefix, kExpressionPrefix, kNumberPrefix}) {
     References references(prefix);
@@ -118,7 +118,7 @@ TEST(Substitution, LongLinesCostTheirLength) {
 /// What the number pass reports as dropped.
 std::string dropped(std::string_view text) {
   MapParameters map(parameters(), "");
-  PassedLine line;
+  SyntaxLine line;
   line.start(text);
   References references(kNumberPrefix);
   substitute(line, references, map);
@@ -157,7 +157,7 @@ class KeptReferences : public testing::Test {
   }
 
   MapParameters map_{parameters(), ""};
-  PassedLine line_;
+  SyntaxLine line_;
   References references_{kNumberPrefix};
 };
 

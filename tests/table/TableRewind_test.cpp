@@ -5,9 +5,9 @@
 #include <string>
 
 #include "System/KEPError.h"
-#include "src/table/CommandQueries.h"
+#include "language/table/CommandQueries.h"
+#include "language/table/SectionQueries.h"
 #include "src/table/FileSource.h"
-#include "src/table/SectionQueries.h"
 #include "tests/table/TableFiles.h"
 
 namespace {
@@ -179,10 +179,10 @@ TEST(TableRewindOfAPass, FailedReopenMakesNameAndRangeFalse) {
   const TableFile file(kTable);
   ScriptedSource forName(file.path(), {Rewind::Opened, Rewind::NotOpened});
   ScriptedSource forRange(file.path(), {Rewind::Opened, Rewind::NotOpened});
-  KEPString name = "untouched";
+  std::string name = "untouched";
   int range = -1;
   EXPECT_FALSE(ppword::nameOfCommand(forName, 2, name));
-  EXPECT_EQ(name, KEPString("untouched"));
+  EXPECT_EQ(name, "untouched");
   EXPECT_FALSE(ppword::rangeOfCommand(forRange, "NC_B", range));
   EXPECT_EQ(range, 1);
 }
@@ -190,10 +190,10 @@ TEST(TableRewindOfAPass, FailedReopenMakesNameAndRangeFalse) {
 TEST(TableRewindOfAPass, FailedReopenMakesTheWordsFalseWithThePiecesFound) {
   const TableFile file(kTable);
   ScriptedSource source(file.path(), {Rewind::Opened, Rewind::NotOpened});
-  KEPRawCollint kinds;
-  KEPListValKEPString pieces;
+  std::vector<int> kinds;
+  Texts pieces;
   EXPECT_FALSE(ppword::listOfPPValues(source, kinds, pieces));
-  EXPECT_EQ(texts(pieces), (Texts{"FINI", "1"}));
+  EXPECT_EQ(pieces, (Texts{"FINI", "1"}));
 }
 
 TEST(TableRewindOfAPass, FailedCloseLosesOnlyThatPass) {

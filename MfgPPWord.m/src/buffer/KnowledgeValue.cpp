@@ -1,6 +1,6 @@
 #include "src/buffer/KnowledgeValue.h"
 
-#include "src/number/DecimalPrefix.h"
+#include "language/number/DecimalPrefix.h"
 
 namespace ppword {
 

@@ -1,7 +1,7 @@
 #include "src/container/SyntaxLookup.h"
 
+#include "language/number/IntegerPrefix.h"
 #include "src/container/TypeTree.h"
-#include "src/number/IntegerPrefix.h"
 
 namespace ppword {
 namespace {

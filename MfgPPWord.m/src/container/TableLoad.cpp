@@ -10,13 +10,13 @@
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "language/table/CommandQueries.h"
+#include "language/table/CommandSyntax.h"
+#include "language/table/MemorySource.h"
+#include "language/table/SectionQueries.h"
+#include "language/table/TableCheck.h"
 #include "src/container/TypeTree.h"
 #include "src/table/AppendAll.h"
-#include "src/table/CommandQueries.h"
-#include "src/table/CommandSyntax.h"
-#include "src/table/MemorySource.h"
-#include "src/table/SectionQueries.h"
-#include "src/table/TableCheck.h"
 #include "src/table/TableError.h"
 
 namespace ppword {
@@ -168,8 +168,10 @@ class TableLoad {
   Outcome loadList(std::string_view name) {
     const auto [type, wasThere] = typeFor(name, parameterRoot_, kMultiListValue, Kind::StringList);
     if (wasThere) KEPMfgAttributeUtilities::RemoveAll(type, kMultiListValue);
+    std::vector<std::string> read;
+    if (!readValues(reading_, read)) return Outcome::ContentUnreadable;
     KEPListValKEPString words;
-    if (!readValues(reading_, words)) return Outcome::ContentUnreadable;
+    appendAll(std::move(read), words);
     return outcomeOf(KEPMfgAttributeUtilities::SetStringListString(type, kMultiListValue, words),
                      wasThere);
   }
@@ -177,9 +179,10 @@ class TableLoad {
   Outcome loadFormat(std::string_view name) {
     const auto [type, wasThere] = typeFor(name, parameterRoot_, kFormat, Kind::String);
     if (wasThere) KEPMfgAttributeUtilities::UnsetAttributeValue(type, kFormat);
-    KEPString format;
+    std::string format;
     if (!readFormat(reading_, format)) return Outcome::ContentUnreadable;
-    return outcomeOf(KEPMfgAttributeUtilities::SetString(type, kFormat, format), wasThere);
+    return outcomeOf(KEPMfgAttributeUtilities::SetString(type, kFormat, std::move(format)),
+                     wasThere);
   }
 
   struct FoundType {

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "src/number/NumberFormat.h"
+#include "language/number/NumberFormat.h"
 
 namespace ppword {
 

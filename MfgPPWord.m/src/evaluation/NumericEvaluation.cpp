@@ -8,7 +8,7 @@
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "src/number/NumberFormat.h"
+#include "language/number/NumberFormat.h"
 
 namespace ppword {
 namespace {

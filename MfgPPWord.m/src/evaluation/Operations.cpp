@@ -2,8 +2,8 @@
 
 #include "Knowledge/KEPICkeParm.h"
 #include "Manufacturing/KEPIMfgToolChange.h"
+#include "language/number/DecimalPrefix.h"
 #include "src/buffer/KnowledgeValue.h"
-#include "src/number/DecimalPrefix.h"
 
 namespace ppword {
 

@@ -1,11 +1,12 @@
 #include "src/syntax/DocumentParameters.h"
 
+#include <cmath>
 #include <optional>
 
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
-#include "src/syntax/EscapedPercent.h"
+#include "language/syntax/EscapedPercent.h"
 #include "src/syntax/ParameterValue.h"
 #include "src/syntax/ParameterValueText.h"
 
@@ -48,6 +49,14 @@ bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
   return text.has_value();
 }
 
+std::optional<ParameterNumber> numberOf(const KEPMfgParameterValue& value) {
+  if (value.kind == KEPMfgParameterValue::kInteger) {
+    return ParameterNumber{static_cast<double>(value.integer), true};
+  }
+  if (value.kind != KEPMfgParameterValue::kReal || !std::isfinite(value.real)) return std::nullopt;
+  return ParameterNumber{value.real, false};
+}
+
 }  // namespace
 
 DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
@@ -73,13 +82,13 @@ void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
   listener_->ReferenceReplaced(withEscapedPercents(name), source, out.text().substr(start));
 }
 
-std::optional<KEPMfgParameterValue> DocumentParameters::typedValue(std::string_view name) {
-  auto value = parameterValue(feature_, name);
+std::optional<ParameterNumber> DocumentParameters::number(std::string_view name) {
+  const auto value = parameterValue(feature_, name);
   if (listener_ != nullptr) {
     listener_->ReferenceLookedUp(withEscapedPercents(name), nullptr, nullptr);
     if (value) listener_->ValueFound(*value, nullptr);
   }
-  return value;
+  return value ? numberOf(*value) : std::nullopt;
 }
 
 void DocumentParameters::textDropped(std::string_view name, std::string_view text) {

@@ -7,7 +7,7 @@
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "src/syntax/ParameterSource.h"
+#include "language/syntax/ParameterSource.h"
 
 namespace ppword {
 
@@ -21,7 +21,7 @@ class DocumentParameters final : public ParameterSource {
                      const KEPIMfgPPWordContainer_var& container);
 
   void appendText(std::string_view name, LineWriter& out) override;
-  [[nodiscard]] std::optional<KEPMfgParameterValue> typedValue(std::string_view name) override;
+  [[nodiscard]] std::optional<ParameterNumber> number(std::string_view name) override;
   void textDropped(std::string_view name, std::string_view text) override;
 
   /// Who is told of what happens; null when nobody listens.

@@ -1,13 +1,16 @@
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgPPWordContainer.h"
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
-#include "src/syntax/Continuation.h"
+#include "language/syntax/Continuation.h"
 #include "src/syntax/DocumentParameters.h"
+#include "src/syntax/ListenedLine.h"
 #include "src/syntax/SyntaxAttribute.h"
 
 using namespace ppword;
@@ -15,6 +18,31 @@ using namespace ppword;
 namespace {
 
 constexpr std::string_view kDelayInstruction = "NC_DELAY";
+
+/// Read when the first line is processed and cached for the process.
+bool cleansParentheses() {
+  static const bool isOn = !KEPMfgEnvVarMgt::Get("MFG_PPWORD_CLEAN_PARENTHESIS").IsEmpty();
+  return isOn;
+}
+
+void setContinuationMarks(KEPListValKEPUnicodeString& lines) {
+  for (int k = 1; k < lines.Size(); ++k) {
+    if (needsContinuationMark(lines[k], lines[k + 1])) {
+      lines[k] = KEPUnicodeString(std::string(lines[k].View()) + '$');
+    }
+  }
+}
+
+/// True for a list of exactly one line that ends with ",".
+bool hasTrailingComma(const KEPListValKEPUnicodeString& lines) {
+  return lines.Size() == 1 && lines[1].View().ends_with(',');
+}
+
+void dropLastCharacter(KEPUnicodeString& line) {
+  std::string text(line.View());
+  text.pop_back();
+  line = KEPUnicodeString(std::move(text));
+}
 
 }  // namespace
 
@@ -30,7 +58,7 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   }
   if (outcome == Outcome::Failed) return false;
   setContinuationMarks(lines);
-  if (hasTrailingComma(lines) && IsAKindOf(kDelayInstruction)) dropTrailingComma(lines);
+  if (hasTrailingComma(lines) && IsAKindOf(kDelayInstruction)) dropLastCharacter(lines[1]);
   return outcome == Outcome::AllLines;
 }
 
@@ -51,17 +79,21 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   const int count = syntax->GetTexts().Size();
   if (count > 0 && !container) return Outcome::Failed;
   DocumentParameters parameters(feature, container);
+  ListenedLine listened(parameters.listener());
+  LineObserver* const observer = parameters.listener() == nullptr ? nullptr : &listened;
   // Taken out for the call: an evaluation may instantiate this very syntax again.
-  auto room = room_ ? std::move(room_) : std::make_unique<LineRoom>();
+  auto scratch = scratch_ ? std::move(scratch_) : std::make_unique<LineScratch>();
   for (int i = 1; i <= count; ++i) {
     // Taken anew behind the first line: an evaluation may have changed the syntax.
     const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
     if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
-    room->line.start(current->GetTexts()[i]);
-    if (!instantiateLine(*room, parameters, parameters.listener())) return Outcome::Failed;
-    lines.Append(KEPUnicodeString(room->line.text()));
+    scratch->line.start(current->GetTexts()[i]);
+    if (!instantiateLine(*scratch, cleansParentheses(), parameters, observer)) {
+      return Outcome::Failed;
+    }
+    lines.Append(KEPUnicodeString(scratch->line.text()));
   }
-  room_ = std::move(room);
+  scratch_ = std::move(scratch);
   return Outcome::AllLines;
 }
 

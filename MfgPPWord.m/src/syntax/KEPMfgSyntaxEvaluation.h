@@ -5,8 +5,8 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "language/syntax/LinePasses.h"
 #include "src/registration/Registered.h"
-#include "src/syntax/LinePasses.h"
 
 /// The syntax engine of an NC instruction: an extension of "MfgPPSyntax" types.
 class KEPMfgSyntaxEvaluation final
@@ -30,6 +30,6 @@ class KEPMfgSyntaxEvaluation final
 
   int auxNumber_ = -1;
   int seqMotionNumber_ = -1;
-  /// The room that lines are processed in, kept from call to call.
-  std::unique_ptr<ppword::LineRoom> room_;
+  /// The buffers that lines are processed in, reused from call to call.
+  std::unique_ptr<ppword::LineScratch> scratch_;
 };

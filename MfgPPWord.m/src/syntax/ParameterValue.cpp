@@ -4,7 +4,7 @@
 #include "Manufacturing/KEPIMfgParameterAccess.h"
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
-#include "src/syntax/Blanks.h"
+#include "language/syntax/Blanks.h"
 
 namespace ppword {
 namespace {

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <utility>
 
-#include "src/number/NumberFormat.h"
+#include "language/number/NumberFormat.h"
 
 namespace ppword {
 namespace {

@@ -3,9 +3,9 @@
 #include <memory>
 
 #include "System/KEPString.h"
-#include "src/table/ByteReading.h"
-#include "src/table/TableSource.h"
-#include "src/table/TableStream.h"
+#include "language/table/ByteReading.h"
+#include "language/table/TableSource.h"
+#include "language/table/TableStream.h"
 
 namespace ppword {
 

@@ -3,18 +3,32 @@
 #include <string>
 #include <utility>
 
-#include "src/number/IntegerPrefix.h"
+#include "language/number/IntegerPrefix.h"
+#include "language/table/CommandQueries.h"
+#include "language/table/CommandSyntax.h"
+#include "language/table/CutSyntaxes.h"
+#include "language/table/SectionQueries.h"
+#include "language/table/TableCheck.h"
 #include "src/table/AppendAll.h"
-#include "src/table/CommandQueries.h"
-#include "src/table/CommandSyntax.h"
-#include "src/table/CutSyntaxes.h"
 #include "src/table/FileSource.h"
-#include "src/table/SectionQueries.h"
-#include "src/table/TableCheck.h"
 #include "src/table/TableError.h"
 
 using ppword::appendAll;
 using ppword::FileSource;
+
+namespace {
+
+/// Replaces a list by what `query` reads, whole or not; returns what the query returns.
+template <class Query>
+bool replaced(KEPListValKEPString& list, Query query) {
+  std::vector<std::string> read;
+  const bool isWhole = query(read);
+  list.RemoveAll();
+  appendAll(std::move(read), list);
+  return isWhole;
+}
+
+}  // namespace
 
 KEPMfgPPTableTxt::KEPMfgPPTableTxt(const KEPString& path) : path_(path) {}
 KEPMfgPPTableTxt::KEPMfgPPTableTxt(const KEPMfgPPTableTxt& other) = default;
@@ -39,7 +53,7 @@ bool KEPMfgPPTableTxt::GetNumberOfCommand(int& count) {
 
 bool KEPMfgPPTableTxt::GetNameOfCommand(int index, KEPString& name) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::nameOfCommand(source, index, name);
+  return ppword::nameOfCommand(source, index, name.Edit());
 }
 
 bool KEPMfgPPTableTxt::GetRangeOfCommand(const KEPString& name, int& range) {
@@ -87,12 +101,12 @@ bool KEPMfgPPTableTxt::GetNumberOfMultiListParameter(int& count) {
 
 bool KEPMfgPPTableTxt::GetNameOfMultiListParameter(int index, KEPString& name) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::nameOfParameter(source, ppword::kListKeyword, index, name);
+  return ppword::nameOfParameter(source, ppword::kListKeyword, index, name.Edit());
 }
 
 bool KEPMfgPPTableTxt::GetValuesOfMultiListParameter(int index, KEPListValKEPString& values) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::valuesOfMultiList(source, index, values);
+  return replaced(values, [&](auto& read) { return valuesOfMultiList(source, index, read); });
 }
 
 bool KEPMfgPPTableTxt::GetNumberOfFormatParameter(int& count) {
@@ -102,17 +116,17 @@ bool KEPMfgPPTableTxt::GetNumberOfFormatParameter(int& count) {
 
 bool KEPMfgPPTableTxt::GetNameOfFormatParameter(int index, KEPString& name) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::nameOfParameter(source, ppword::kFormatKeyword, index, name);
+  return ppword::nameOfParameter(source, ppword::kFormatKeyword, index, name.Edit());
 }
 
 bool KEPMfgPPTableTxt::GetValueOfFormatParameter(int index, KEPString& value) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::valueOfFormat(source, index, value);
+  return ppword::valueOfFormat(source, index, value.Edit());
 }
 
 bool KEPMfgPPTableTxt::GetListOfSyntaxes(KEPListValKEPString& syntaxes) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::listOfSyntaxes(source, syntaxes);
+  return replaced(syntaxes, [&](auto& read) { return listOfSyntaxes(source, read); });
 }
 
 bool KEPMfgPPTableTxt::GetListOfAptWord(KEPRawCollint& kinds, KEPListValKEPString& words) {
@@ -145,7 +159,12 @@ bool KEPMfgPPTableTxt::FindStringInPPTable(std::string_view text) {
 
 bool KEPMfgPPTableTxt::GetListOfPPValues(KEPRawCollint& kinds, KEPListValKEPString& pieces) {
   FileSource source(stream_, path_, isOpen_);
-  return ppword::listOfPPValues(source, kinds, pieces);
+  std::vector<int> kindsRead;
+  const bool isWhole =
+      replaced(pieces, [&](auto& read) { return listOfPPValues(source, kindsRead, read); });
+  kinds.RemoveAll();
+  for (const int kind : kindsRead) kinds.Append(kind);
+  return isWhole;
 }
 
 bool KEPMfgPPTableTxt::GetSyntaxFromPosition(const KEPString& commandName,

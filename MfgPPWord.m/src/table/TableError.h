@@ -1,7 +1,7 @@
 #pragma once
 
 #include "System/KEPResult.h"
-#include "src/table/TableCheck.h"
+#include "language/table/TableCheck.h"
 
 namespace ppword {
 

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Manufacturing/KEPMfgPPWordListener.h"
+#include "language/syntax/LineObserver.h"
+
+namespace ppword {
+
+/// Passes on to a listener of the platform what happens to a line.
+class ListenedLine final : public LineObserver {
+ public:
+  /// `listener` is not null when the object is used, and outlives it.
+  explicit ListenedLine(KEPMfgPPWordListener* listener) : listener_(listener) {}
+
+  void lineAfterPass(Pass pass, std::string_view line) override {
+    listener_->LineAfterPass(kNames[static_cast<std::size_t>(pass)], line);
+  }
+  void operationEnded(OperationEnd end, std::string_view operation,
+                      std::string_view result) override {
+    listener_->OperationEnded(static_cast<KEPMfgPPWordListener::Operation>(end), operation, result);
+  }
+
+ private:
+  static constexpr std::string_view kNames[] = {
+      "syntax",       "mask escapes",  "clean parentheses", "rewrite divisions", "mask signs",
+      "groups &",     "references &",  "groups %(",         "references %(",     "groups %",
+      "references %", "restore signs", "evaluate",          "unmask escapes"};
+
+  KEPMfgPPWordListener* listener_;
+};
+
+}  // namespace ppword

@@ -1,0 +1,90 @@
+#include "language/syntax/Signs.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "language/syntax/CharacterTable.h"
+
+namespace ppword {
+namespace {
+
+constexpr std::string_view kMaskingOrder = "+*-";
+constexpr CharacterSet kSigns(kMaskingOrder);
+/// What is a comma in the masked line.
+constexpr CharacterTable kCommas(",+*-");
+
+/// Adds a record for each `sign` of a line. In the masked line every sign and every comma is a
+/// comma.
+void record(std::string_view line, char sign, SignRecords& records) {
+  int ordinal = 0;
+  for (std::size_t at = kCommas.firstIn(line); at < line.size();
+       at = kCommas.firstIn(line, at + 1)) {
+    ++ordinal;
+    if (line[at] != sign) continue;
+    records.ordinals.push_back(ordinal);
+    records.signs += sign;
+  }
+}
+
+/// Finds commas by their ordinals. The records of one sign go from left to right, so a line is
+/// scanned once for each sign.
+class CommaFinder {
+ public:
+  explicit CommaFinder(std::string_view line) : line_(line) {}
+
+  /// Position of the comma with an ordinal; none when it does not exist.
+  [[nodiscard]] std::size_t find(int ordinal) {
+    if (ordinal <= found_) *this = CommaFinder(line_);
+    for (; found_ < ordinal; ++found_) {
+      const std::size_t at = line_.find(',', next_);
+      // Behind the last comma nothing is looked for again.
+      next_ = at == std::string_view::npos ? line_.size() : at + 1;
+      if (at == std::string_view::npos) return at;
+    }
+    return next_ - 1;
+  }
+
+ private:
+  std::string_view line_;
+  int found_ = 0;
+  std::size_t next_ = 0;
+};
+
+}  // namespace
+
+void maskSigns(SyntaxLine& line, SignRecords& records) {
+  records.ordinals.clear();
+  records.signs.clear();
+  if (!line.holdsAny(kSigns)) return;
+  const std::string_view text = line.text();
+  for (const char sign : kMaskingOrder) {
+    if (line.holdsAny(CharacterSet({&sign, 1}))) record(text, sign, records);
+  }
+  if (records.signs.empty()) return;
+  std::string& out = line.draft();
+  out = text;
+  std::replace_if(
+      out.begin(), out.end(), [](char character) { return kCommas.holds(character); }, ',');
+  line.accept();
+}
+
+bool restoreSigns(SyntaxLine& line, const SignRecords& records, LineObserver* observer) {
+  if (records.ordinals.size() != records.signs.size()) return false;
+  if (records.signs.empty()) return true;
+  CommaFinder commas(line.text());
+  std::string& out = line.draft();
+  out = line.text();
+  for (std::size_t i = 0; i < records.signs.size(); ++i) {
+    // deliberate: a comma that came with a value counts, so that the sign lands on another one.
+    const std::size_t place = commas.find(records.ordinals[i]);
+    if (place < out.size()) {
+      out[place] = records.signs[i];
+    } else if (observer != nullptr) {
+      observer->operationEnded(OperationEnd::Deleted, {&records.signs[i], 1}, {});
+    }
+  }
+  line.accept();
+  return true;
+}
+
+}  // namespace ppword

@@ -1,0 +1,91 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "language/syntax/CharacterSet.h"
+#include "language/syntax/LineWriter.h"
+
+namespace ppword {
+
+/// A syntax line on its way through the passes. A pass reads `text()`, writes the changed line into
+/// `draft()`, or piece by piece through `writer()`, and accepts it; a pass that changes nothing
+/// costs no copy. The rooms behind it are kept from line to line.
+class SyntaxLine {
+ public:
+  /// Tells the texts of a line apart.
+  using Revision = std::uint64_t;
+  static constexpr Revision kNoRevision = 0;
+
+  /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
+  /// The line that was started last is known still when it comes again.
+  void start(std::string_view text) {
+    if (text != original_) {
+      original_ = text;
+      originalCharacters_ = CharacterSet(text);
+      originalRevision_ = ++lastRevision_;
+    }
+    text_ = original_;
+    revision_ = originalRevision_;
+    characters_ = originalCharacters_;
+    isScanned_ = true;
+  }
+
+  [[nodiscard]] std::string_view text() const noexcept { return text_; }
+
+  /// As long as it is the same, so is the text and the place where it lies.
+  [[nodiscard]] Revision revision() const noexcept { return revision_; }
+
+  /// True when the text holds one of these characters. One scan answers for all passes until
+  /// the text changes: a pass asks here whether it has anything to do.
+  [[nodiscard]] bool holdsAny(CharacterSet characters) noexcept {
+    if (!isScanned_) characters_ = CharacterSet(text_);
+    isScanned_ = true;
+    return characters_.holdsAny(characters);
+  }
+
+  /// Empty room for the changed line; `text()` stays valid while it is written.
+  [[nodiscard]] std::string& draft() {
+    drafts_[next_].clear();
+    return drafts_[next_];
+  }
+  /// The draft becomes the text.
+  void accept() noexcept {
+    change(drafts_[next_]);
+    next_ = 1 - next_;
+  }
+
+  /// A writer with an empty line; `text()` stays valid while it is written.
+  [[nodiscard]] LineWriter& writer() noexcept {
+    writers_[nextWriter_].clear();
+    return writers_[nextWriter_];
+  }
+  /// What was written becomes the text.
+  void acceptWritten() noexcept {
+    change(writers_[nextWriter_].text());
+    nextWriter_ = 1 - nextWriter_;
+  }
+
+ private:
+  void change(std::string_view text) noexcept {
+    text_ = text;
+    revision_ = ++lastRevision_;
+    isScanned_ = false;
+  }
+
+  std::string original_;
+  CharacterSet originalCharacters_{""};
+  Revision originalRevision_ = kNoRevision;
+  std::string_view text_;
+  Revision revision_ = kNoRevision;
+  Revision lastRevision_ = kNoRevision;
+  CharacterSet characters_{""};
+  bool isScanned_ = true;
+  std::string drafts_[2];
+  int next_ = 0;
+  LineWriter writers_[2];
+  int nextWriter_ = 0;
+};
+
+}  // namespace ppword

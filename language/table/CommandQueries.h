@@ -1,0 +1,64 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "language/table/TableSource.h"
+
+namespace ppword {
+
+// The queries on the commands of a table. Contracts as those of the reader's operations.
+
+inline constexpr std::string_view kCommandPrefix = "NC_";
+
+/// Visits the commands in their order, as walkKeyword does; their names follow the keywords.
+template <class Visit>
+Walk walkCommands(TableSource& source, Visit visit) {
+  constexpr std::array<std::string_view, 2> kKeywords = {"*START_NC_COMMAND",
+                                                         "*START_NC_INSTRUCTION"};
+  for (const std::string_view keyword : kKeywords) {
+    const Walk walk = walkKeyword(source, keyword, visit);
+    if (walk != Walk::Whole) return walk;
+  }
+  return Walk::Whole;
+}
+
+[[nodiscard]] bool numberOfCommands(TableSource& source, int& count);
+[[nodiscard]] bool nameOfCommand(TableSource& source, int index, std::string& name);
+[[nodiscard]] bool rangeOfCommand(TableSource& source, std::string_view name, int& range);
+
+/// Where the body of each command begins: the positions behind the names that rangeOfCommand
+/// finds, for all names at once.
+using CommandPositions = std::unordered_map<std::string, long>;
+[[nodiscard]] CommandPositions commandPositions(TableSource& source);
+
+/// Reads through the body of a command from one of its sequences to the next.
+class SequenceWalk {
+ public:
+  /// The body begins where `source` stands.
+  explicit SequenceWalk(TableSource& source) : source_(source) {}
+
+  /// Reads on to directly behind the next "*START_SEQUENCE". False at the "*END" that closes the
+  /// command and at end of file; the walk is over then.
+  bool next();
+  /// The number of sequences met.
+  [[nodiscard]] int count() const noexcept { return starts_; }
+  /// True when the command was closed.
+  [[nodiscard]] bool closed() const noexcept { return ends_ > starts_; }
+
+ private:
+  TableSource& source_;
+  int starts_ = 0;
+  int ends_ = 0;
+  bool endPending_ = false;
+};
+
+/// Counts the sequences from the current position to the "*END" that closes the command.
+[[nodiscard]] bool numberOfSequences(TableSource& source, int& count);
+
+/// Reads on to directly behind the "*START_SEQUENCE" of the sequence `index` of the command.
+[[nodiscard]] bool findSequence(TableSource& source, int index);
+
+}  // namespace ppword

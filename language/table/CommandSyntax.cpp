@@ -1,0 +1,231 @@
+#include "language/table/CommandSyntax.h"
+
+#include <algorithm>
+#include <array>
+#include <set>
+#include <span>
+#include <unordered_map>
+#include <variant>
+
+#include "language/syntax/Blanks.h"
+#include "language/table/CommandQueries.h"
+#include "language/table/CutSyntaxes.h"
+
+namespace ppword {
+namespace {
+
+constexpr std::size_t kMostElements = 100'000;
+// Bodies that lack their end overlap, and a short table of them could take any time and memory.
+// Bodies that do not overlap come nowhere near these bounds.
+constexpr std::size_t kMostPieces = 1'000'000;
+constexpr long kMostBytes = 256L * 1024 * 1024;
+
+constexpr std::array<std::string_view, 4> kTextWords = {"PARTNO", "$$", "INSERT", "DNCMSG"};
+
+bool isTextWord(std::string_view token) {
+  return token.starts_with("PPRINT") ||
+         std::find(kTextWords.begin(), kTextWords.end(), token) != kTextWords.end();
+}
+
+// What was read of a command body: its elements, and the bodies inserted between them.
+struct Body {
+  enum class State { Unread, Reading, Whole, Broken };
+  State state = State::Unread;
+  std::vector<std::variant<std::string, const Body*>> pieces;
+  std::size_t size = 0;   // elements, those of the inserted bodies included
+  bool mayBeCut = false;  // one of these elements is kCutWidth wide
+  long brokenBehind = 0;  // where reading stopped when the body is Broken
+};
+
+// Each inserted command is read once, however often it is inserted, so that the time is that of
+// reading the table and not that of writing out what it describes.
+class SyntaxReader {
+ public:
+  SyntaxReader(TableSource& source, std::string_view commandName,
+               std::optional<CommandPositions>& positions)
+      : source_(source),
+        commandName_(commandName),
+        positions_(positions),
+        from_(source.position()) {}
+
+  std::optional<std::vector<std::string>> read();
+
+ private:
+  // A body being read, and where the scan goes on behind it.
+  struct Frame {
+    Body* body;
+    long behind;
+    std::set<long> brokenInserts;
+  };
+
+  bool take(std::string_view token);
+  bool takeElement(std::string_view token);
+  bool skipList();
+  bool endBody();
+  bool insert();
+  bool findCommands();
+  bool open(Body& body, long start);
+  bool keepInserted(const Body& body);
+  bool breakBody();
+  bool goOnBehind(const Body& broken);
+  bool goTo(long position);
+  void add(std::string element);
+  Body& current() { return *frames_.back().body; }
+
+  TableSource& source_;
+  std::string_view commandName_;
+  std::vector<Frame> frames_;
+  std::optional<CommandPositions>& positions_;
+  bool hasInserts_ = false;
+  std::unordered_map<std::string, Body> inserted_;
+  std::size_t pieces_ = 0;  // of the whole inserted bodies
+  long from_;               // where the scan began or went last
+  long bytes_ = 0;          // what it read before
+};
+
+// The elements of a body in order, each inserted body mended before the one around it.
+std::vector<std::string> writtenOut(const Body& top) {
+  struct Visit {
+    const Body* body;
+    std::size_t first;
+    std::size_t next = 0;
+  };
+  std::vector<std::string> elements;
+  std::vector<Visit> visits = {{&top, 0}};
+  while (!visits.empty()) {
+    Visit& visit = visits.back();
+    if (visit.next == visit.body->pieces.size()) {
+      if (visit.body->mayBeCut) mendCutSyntaxes(std::span(elements).subspan(visit.first));
+      visits.pop_back();
+      continue;
+    }
+    const auto& piece = visit.body->pieces[visit.next++];
+    if (const auto* const element = std::get_if<std::string>(&piece)) {
+      elements.push_back(*element);
+    } else {
+      visits.push_back({std::get<const Body*>(piece), elements.size()});
+    }
+  }
+  return elements;
+}
+
+std::optional<std::vector<std::string>> SyntaxReader::read() {
+  Body top;
+  frames_.push_back({&top, 0, {}});
+  while (!frames_.empty()) {
+    const auto token = nextPlainToken(source_);
+    if (!token || !take(*token)) return std::nullopt;
+  }
+  return writtenOut(top);
+}
+
+bool SyntaxReader::take(std::string_view token) {
+  if (contains(token, "*START_LIST")) return skipList();
+  // deliberate: the elements of the first sequence are elements of the command
+  if (contains(token, "*START_SEQUENCE")) return true;
+  if (contains(token, "*END")) return endBody();
+  if (contains(token, "*INSERT")) return insert();
+  return takeElement(token);
+}
+
+bool SyntaxReader::takeElement(std::string_view token) {
+  std::string element(token);
+  if (!isTextWord(token)) {
+    add(std::move(element));
+    return true;
+  }
+  const auto rest = source_.nextLine();
+  if (!rest) return true;
+  // deliberate: the last character goes, even when it is no line feed
+  element.append(*rest, 0, rest->size() - 1);
+  add(std::string(withoutBlanks(element)));
+  return true;
+}
+
+bool SyntaxReader::skipList() { return findToken(source_, "*END"); }
+
+bool SyntaxReader::endBody() {
+  Body& body = current();
+  const long behind = frames_.back().behind;
+  pieces_ += body.pieces.size();
+  if (hasInserts_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
+  body.state = Body::State::Whole;
+  frames_.pop_back();
+  return frames_.empty() || (goTo(behind) && keepInserted(body));
+}
+
+bool SyntaxReader::insert() {
+  const auto token = source_.nextToken();
+  if (!token) return false;
+  if (!token->starts_with("NC_")) return breakBody();
+  const std::string name(*token);
+  hasInserts_ = true;
+  if (!positions_ && !findCommands()) return false;
+  const auto start = positions_->find(name);
+  if (start == positions_->end()) return false;
+  Body& body = inserted_[name];
+  if (body.state == Body::State::Unread) return open(body, start->second);
+  if (body.state == Body::State::Whole) return keepInserted(body);
+  return body.state == Body::State::Broken && goOnBehind(body);
+}
+
+bool SyntaxReader::findCommands() {
+  const long here = source_.position();
+  positions_ = commandPositions(source_);
+  return source_.seek(here);
+}
+
+bool SyntaxReader::open(Body& body, long start) {
+  body.state = Body::State::Reading;
+  frames_.push_back({&body, source_.position(), {}});
+  return goTo(start);
+}
+
+bool SyntaxReader::keepInserted(const Body& body) {
+  const bool outermost = frames_.size() == 1;
+  if (outermost && !positions_->contains(std::string(commandName_))) return false;
+  if (body.size == 0) return true;
+  current().pieces.emplace_back(&body);
+  current().size += body.size;
+  current().mayBeCut = current().mayBeCut || body.mayBeCut;
+  return true;
+}
+
+// An insert that names no command: the body fails, and the one around it goes on from here.
+bool SyntaxReader::breakBody() {
+  if (frames_.size() == 1) return false;
+  Body& body = current();
+  body.state = Body::State::Broken;
+  body.pieces = {};
+  body.brokenBehind = source_.position();
+  frames_.pop_back();
+  return goOnBehind(body);
+}
+
+// What is read from there on depends on nothing else: a body that comes there again never ends.
+bool SyntaxReader::goOnBehind(const Body& broken) {
+  return frames_.back().brokenInserts.insert(broken.brokenBehind).second &&
+         goTo(broken.brokenBehind);
+}
+
+bool SyntaxReader::goTo(long position) {
+  bytes_ += source_.position() - from_;
+  from_ = position;
+  return bytes_ <= kMostBytes && source_.seek(position);
+}
+
+void SyntaxReader::add(std::string element) {
+  ++current().size;
+  current().mayBeCut = current().mayBeCut || element.size() == kCutWidth;
+  current().pieces.emplace_back(std::move(element));
+}
+
+}  // namespace
+
+std::optional<std::vector<std::string>> readSyntax(TableSource& source,
+                                                   std::string_view commandName,
+                                                   std::optional<CommandPositions>& positions) {
+  return SyntaxReader(source, commandName, positions).read();
+}
+
+}  // namespace ppword

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "language/table/CommandQueries.h"
+#include "language/table/TableSource.h"
+
+namespace ppword {
+
+/// The syntax elements of the command body in which `source` stands, those of inserted commands in
+/// their places, mended; the position is then behind the "*END" of the body. `commandName` is the
+/// command that the body belongs to. Nothing at end of file, for an insert that names no command,
+/// for inserts that never end and for those that make more than 100,000 elements.
+/// `positions` are those of the table's commands; they are found when an insert asks for them
+/// first.
+[[nodiscard]] std::optional<std::vector<std::string>> readSyntax(
+    TableSource& source, std::string_view commandName, std::optional<CommandPositions>& positions);
+
+}  // namespace ppword

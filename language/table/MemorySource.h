@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <limits>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "language/table/ByteReading.h"
+#include "language/table/TableSource.h"
+
+namespace ppword {
+
+/// The bytes of a table, which outlive the source, as a source: for whoever asks much of a table
+/// that does not change meanwhile.
+class MemorySource final : public TableSource {
+ public:
+  /// After `most` bytes every read meets end of file.
+  explicit MemorySource(std::string_view bytes,
+                        std::size_t most = std::numeric_limits<std::size_t>::max())
+      : bytes_(bytes), left_(most) {}
+
+  bool rewind() override;
+  std::optional<std::string_view> nextToken() override;
+  [[nodiscard]] bool tooLong() const override { return tooLong_; }
+  std::optional<std::string_view> nextLine() override;
+  long position() override { return static_cast<long>(at_); }
+  bool seek(long position) override;
+
+ private:
+  template <class Read>
+  std::optional<std::string_view> counted(Read read);
+
+  std::string_view bytes_;
+  std::size_t left_;
+  std::size_t at_ = 0;
+  bool tooLong_ = false;
+  TextBuffer buffer_;
+};
+
+/// The most bytes that a table may have to be read whole.
+inline constexpr std::size_t kMostTableBytes = std::size_t{1} << 30U;
+
+/// All bytes of the table at `path`. Nothing when it cannot be opened as the reader opens it, and
+/// when there are more than `most`.
+[[nodiscard]] std::optional<std::string> tableBytes(const char* path,
+                                                    std::size_t most = kMostTableBytes);
+
+}  // namespace ppword
