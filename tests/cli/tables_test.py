@@ -216,6 +216,17 @@ class Tables(program.ProgramTest):
             [{"code": 181, "word": "NOTE"}, {"code": 9, "word": None}],
         )
 
+    def test_answers_without_any_found_are_refused(self):
+        self.write("table", WORDS)
+        refusals = (
+            (["code", "table", "X"], 'the word "X" is not in the table, or has no code'),
+            (["word", "table", "72"], "no word of the table has the code 72"),
+        )
+        for command, reason in refusals:
+            self.check(self.run_here(*command), 1, "", f"table: error: {reason}\n")
+            done = self.run_here(*command, "--format", "json")
+            self.assertEqual((done.returncode, done.stderr), (1, f"table: error: {reason}\n"))
+
     def test_codes_out_of_step_are_told(self):
         self.write("table", "*START_MAJOR_WORDS_WITH_TEXT\nA,1\nB,x\nC,3\n*END\n")
         warning = (

@@ -22,8 +22,7 @@ void prepareStandardStreams() {
 
 void writeOutput(std::string_view text) {
   host::OutputFile output("-");
-  text.remove_suffix(1);
-  output.write(text);
+  if (!text.empty()) output.write(text.substr(0, text.size() - 1));
   output.finish();
 }
 

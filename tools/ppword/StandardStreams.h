@@ -7,8 +7,8 @@
 /// become write errors.
 void prepareStandardStreams();
 
-/// Writes all of `text`, which ends with a line feed, to the standard output. Raises an OutputError
-/// when it does not take it.
+/// Writes all of `text`, which is empty or ends with a line feed, to the standard output. Raises an
+/// OutputError when that fails.
 void writeOutput(std::string_view text);
 
 /// Writes `text` to the standard error; what it does not take is lost.
