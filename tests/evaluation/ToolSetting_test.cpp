@@ -137,6 +137,23 @@ TEST_F(ToolSetting, NumbersArePrintedWithSixDecimalsAndNoSnap) {
   EXPECT_EQ(values(), (Texts{"0.000001", "-0.000000", "300.000000"}));
 }
 
+TEST_F(ToolSetting, NegativeZeroStaysWhereNoOffsetIsApplied) {
+  dimensions.real("MFG_TL_SET_X", -0.0).real("MFG_TL_SET_Y", -0.0).real("MFG_TL_SET_Z", -0.0);
+  const Texts negative{"-0.000000", "-0.000000", "-0.000000"};
+  setCorrector(0);
+  EXPECT_EQ(values(), negative);
+  setCorrector(1);
+  assemblyObject->add<TestLatheAssembly>();
+  assemblyObject->add<TestReference>().number = 0;
+  EXPECT_EQ(values(), negative);
+}
+
+TEST_F(ToolSetting, NegativeZeroGoesWhereTheOffsetIsZero) {
+  dimensions.real("MFG_TL_SET_X", -0.0);
+  replay.positions[1] = replay.positions[9];
+  EXPECT_EQ(values(), (Texts{"0.000000", "200.000000", "300.000000"}));
+}
+
 TEST_F(ToolSetting, ValueThatIsNotFiniteIsASuccessThatLeavesTheText) {
   dimensions.real("MFG_TL_SET_X", std::numeric_limits<double>::infinity());
   dimensions.real("MFG_TL_SET_Y", std::numeric_limits<double>::quiet_NaN());

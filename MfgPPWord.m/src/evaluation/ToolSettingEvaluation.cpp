@@ -1,5 +1,7 @@
 #include "src/evaluation/ToolSettingEvaluation.h"
 
+#include <optional>
+
 #include "KEPIMfgBufferCorrectorNumber.h"
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
@@ -32,12 +34,12 @@ KEPMathVector inTurningAxes(const KEPMathVector& offset,
   return frame.Invert() ? frame.Apply(offset) : offset;
 }
 
-/// What the corrector's point is away from the reference point; no offset where nobody can tell.
-KEPMathVector correctorOffset(const KEPIMfgActivity_var& activity, const Tooling& tooling,
-                              int corrector) {
+/// How far the corrector's point is from the reference point; nothing where no offset applies.
+std::optional<KEPMathVector> correctorOffset(const KEPIMfgActivity_var& activity,
+                                             const Tooling& tooling, int corrector) {
   const KEPIMfgToolCompensationValueReplay_var replay = tooling.tool;
   const int reference = referencePoint(tooling.assembly);
-  if (!replay || reference <= 0 || corrector <= 0) return {};
+  if (!replay || reference <= 0 || corrector <= 0) return std::nullopt;
   KEPMathVector from;
   KEPMathVector to;
   replay->GetPosition(activity, reference, from);
@@ -57,7 +59,9 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   const KEPIMfgGeomParameters_var dimensions = tooling.assembly;
   const double setting = dimensions ? lengthOf(*dimensions, axis.name) : 0.0;
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
-  printLength(setting + correctorOffset(activity, tooling, corrector).*axis.component, value);
+  const auto offset = correctorOffset(activity, tooling, corrector);
+  // Adding a zero would change a negative zero.
+  printLength(offset ? setting + (*offset).*axis.component : setting, value);
   return true;
 }
 
