@@ -20,9 +20,7 @@ KEPISpecObject* Container::FindStartUp(std::string_view name) const {
 
 KEPISpecObject* Container::CreateStartUp(std::string_view name, const KEPISpecObject_var& base) {
   if (name.empty() || types_.find(name) != nullptr) return nullptr;
-  Feature* const type = addMember(Feature::Kind::StartUp, name, base);
-  if (type != nullptr) types_.insert(*type);
-  return type;
+  return addMember(Feature::Kind::StartUp, name, base);
 }
 
 KEPISpecObject* Container::CreateInstance(const KEPISpecObject_var& type, std::string_view name) {
@@ -33,9 +31,13 @@ Feature* Container::addMember(Feature::Kind kind, std::string_view name,
                               const KEPISpecObject_var& type) {
   auto* const own = dynamic_cast<Feature*>(type.Get());
   if (type && own == nullptr) return nullptr;
-  auto* const feature = new Feature(kind, name, KEPVar<Feature>(own), *this);
-  feature->place_ = members_.insert(members_.end(), KEPVar<Feature>(feature));
-  return feature;
+  auto feature = KEPVar<Feature>::Adopt(new Feature(kind, name, KEPVar<Feature>(own), *this));
+  Feature::Members added = {feature};
+  feature->place_ = added.begin();
+  if (kind == Feature::Kind::StartUp) types_.insert(*feature);
+  // From here on nothing fails: a type is both listed and found by its name, or neither.
+  members_.splice(members_.end(), added);
+  return feature.Detach();
 }
 
 std::vector<KEPBaseUnknown_var> Container::ListMembersHere(

@@ -8,8 +8,9 @@
 namespace host {
 
 void TypeIndex::insert(Feature& type) {
-  if (2 * ++count_ > slots_.size()) grow();
+  if (2 * (count_ + 1) > slots_.size()) grow();
   place({TextHash{}(type.GetName()), &type});
+  ++count_;
 }
 
 void TypeIndex::erase(const Feature& type) {

@@ -23,7 +23,7 @@ class TypeIndex {
     }
     return nullptr;
   }
-  /// Adds a type whose name is not there yet.
+  /// Adds a type whose name is not there yet. Nothing changes when memory runs out.
   void insert(Feature& type);
   /// Takes a type out that is there.
   void erase(const Feature& type);
