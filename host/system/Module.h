@@ -17,7 +17,8 @@ class ModuleError : public std::runtime_error {
 [[nodiscard]] KEP_PLATFORM std::filesystem::path defaultModulePath();
 
 /// Loads the module into the process; its classes register themselves. A module that is loaded
-/// already, or linked, is not loaded again. It stays loaded until the process ends.
+/// already, or linked, is not loaded again. It stays loaded until the process ends. The host may be
+/// part of a plug-in whose names are its own (RTLD_LOCAL): its names become global.
 KEP_PLATFORM void loadModule(const std::filesystem::path& path = defaultModulePath());
 
 }  // namespace host
