@@ -3,7 +3,7 @@
 #include "System/KEPVar.h"
 
 /// The current circular motion. Coordinates and lengths are in the unit of the output, directions
-/// are kept as given; everything is 0 until set.
+/// are stored unchanged; every value is 0 until set.
 class KEP_PLATFORM KEPIMfgBufferCircle : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgBufferCircle";

@@ -8,7 +8,7 @@ class KEP_PLATFORM KEPIMfgBufferComment : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgBufferComment";
 
-  /// Empty until set; bytes are kept as given.
+  /// Empty until set; bytes are stored unchanged.
   virtual void SetComment(const KEPString& comment) = 0;
   virtual void GetComment(KEPString& comment) const = 0;
 };

@@ -4,16 +4,16 @@
 #include "System/KEPUnicodeString.h"
 #include "System/KEPVar.h"
 
-/// The current feed rate: a knowledge parameter, a factor on its value and the type of the feed.
+/// The current feed rate: a knowledge parameter, a factor for its value and the type of the feed.
 class KEP_PLATFORM KEPIMfgBufferFeedrate : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgBufferFeedrate";
 
-  /// Keeps the knowledge parameter; null when `parameter` is none. Null until set.
+  /// Stores `parameter`, or null when it is not a knowledge parameter. Null until set.
   virtual void SetFeedParameter(const KEPBaseUnknown_var& parameter) = 0;
 
-  /// The number that the parameter's value text begins with, times the factor; 0 without a
-  /// parameter or a number.
+  /// The number at the start of the parameter's value text, times the factor; 0 without a parameter
+  /// or a number.
   virtual void GetValue(double& value) const = 0;
 
   /// 1 until set.
@@ -24,13 +24,14 @@ class KEP_PLATFORM KEPIMfgBufferFeedrate : public KEPBaseUnknown {
   virtual void SetFeedType(const KEPUnicodeString& type) = 0;
   virtual void GetFeedType(KEPUnicodeString& type) const = 0;
 
-  /// Sets `linear` (`angular`) to whether the type of the parameter is named LINEARFEEDRATE
-  /// (ANGULARFEEDRATE). False, with the flag false, when there is no parameter or it has no type.
+  /// Sets `linear` (`angular`) to whether the type of the parameter has the name LINEARFEEDRATE
+  /// (ANGULARFEEDRATE). Returns false, and the flag is false, when there is no parameter or it has
+  /// no type.
   virtual bool IsLinear(bool& linear) const = 0;
   virtual bool IsAngular(bool& angular) const = 0;
 
   [[nodiscard]] virtual bool HasFeedParameter() const = 0;
-  /// Makes the parameter null; factor and type stay.
+  /// Sets the parameter to null; factor and type stay.
   virtual void ResetFeedParameter() = 0;
 };
 

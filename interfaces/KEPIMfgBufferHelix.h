@@ -3,8 +3,8 @@
 #include "System/KEPVar.h"
 
 /// The current helical motion. Coordinates and lengths are in the unit of the output, directions
-/// are kept as given; everything is 0 until set. The start pair stands last in the table of
-/// operations.
+/// are stored unchanged; every value is 0 until set. The two functions of the start point come last
+/// in the virtual table.
 class KEP_PLATFORM KEPIMfgBufferHelix : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgBufferHelix";

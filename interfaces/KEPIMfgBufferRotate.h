@@ -4,8 +4,8 @@
 #include "System/KEPUnicodeString.h"
 #include "System/KEPVar.h"
 
-/// The current rotation of table or head: an angle, three texts and an axis system, kept as given.
-/// Every operation returns true.
+/// The current rotation of the table or head: an angle, three texts and an axis system, stored
+/// unchanged. Every function returns true.
 class KEP_PLATFORM KEPIMfgBufferRotate : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgBufferRotate";
@@ -20,7 +20,7 @@ class KEP_PLATFORM KEPIMfgBufferRotate : public KEPBaseUnknown {
   virtual bool SetSecondText(const KEPUnicodeString& text) = 0;
   virtual bool GetSecondText(KEPUnicodeString& text) const = 0;
 
-  /// Copies origin and directions; the origin and the three unit directions until set.
+  /// Copies origin and directions. Until set: the point 0, 0, 0 and the three unit directions.
   virtual bool SetAxisSystem(const KEPMathAxis& axis) = 0;
   virtual bool GetAxisSystem(KEPMathAxis& axis) const = 0;
 

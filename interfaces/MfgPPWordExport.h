@@ -1,5 +1,4 @@
 #pragma once
 
-// Visibility of what the module offers: the one mark that every exported class and function
-// carries.
+// Visibility of what the module exports: every exported class and function has this one mark.
 #define MFGPPWORD_EXPORT __attribute__((visibility("default")))

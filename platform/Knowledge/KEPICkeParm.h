@@ -13,7 +13,7 @@ class KEP_PLATFORM KEPICkeType : public KEPBaseUnknown {
 
 using KEPICkeType_var = KEPVar<KEPICkeType>;
 
-/// A knowledge parameter: a typed value that the application keeps, such as a feed rate.
+/// A knowledge parameter: a typed value of the application, such as a feed rate.
 class KEP_PLATFORM KEPICkeParm : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPICkeParm";

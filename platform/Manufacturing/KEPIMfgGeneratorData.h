@@ -8,24 +8,24 @@ class KEP_PLATFORM KEPIMfgOutputSettings : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgOutputSettings";
 
-  /// The printf-style format of point and of tool axis components; empty when the output sets
-  /// none. `which` is 1: the format of the NC data output.
+  /// The printf-style format of the components of points and of tool axes; empty when the output
+  /// does not set one. `which` is 1: the format of the NC data output.
   [[nodiscard]] virtual KEPUnicodeString GetPointFormat(int which) const = 0;
   [[nodiscard]] virtual KEPUnicodeString GetAxisFormat(int which) const = 0;
 };
 
 using KEPIMfgOutputSettings_var = KEPVar<KEPIMfgOutputSettings>;
 
-/// What the running generation of NC data was set up with.
+/// The settings of the running generation of NC data.
 class KEP_PLATFORM KEPIMfgGeneratorData : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgGeneratorData";
 
-  /// Null when the generation has no settings of its own.
+  /// The settings of its output; null when it has none.
   [[nodiscard]] virtual KEPIMfgOutputSettings_var GetOutputSettings() const = 0;
 
-  /// The factor that takes an angle in radians to the unit of the output; untouched when the
-  /// generation sets none.
+  /// Sets `factor` to the number that converts an angle in radians to the unit of the output;
+  /// untouched when the generation does not set one.
   virtual void GetAngleFactor(double& factor) const = 0;
 };
 
@@ -33,6 +33,6 @@ using KEPIMfgGeneratorData_var = KEPVar<KEPIMfgGeneratorData>;
 
 class KEP_PLATFORM KEPMfgGeneratorData {
  public:
-  /// The data of the running generation; null when none runs.
+  /// The data of the running generation; null when none is running.
   [[nodiscard]] static KEPIMfgGeneratorData_var GetCurrentKEPIMfgGeneratorData();
 };

@@ -5,12 +5,12 @@
 #include "Manufacturing/KEPMfgParameterValue.h"
 #include "System/KEPVar.h"
 
-/// Typed values by name: what the interfaces below and those of tools have in common. No interface
-/// of its own.
+/// Typed values by name: what the interfaces below and those of tools have in common. This class is
+/// not an interface itself.
 class KEP_PLATFORM KEPMfgNamedValues : public KEPBaseUnknown {
  public:
-  /// Gives the typed value of a parameter. 0 for success; any other result means that the object
-  /// has no such parameter, and `value` is untouched.
+  /// Sets `value` to the typed value of a parameter. 0 for success; any other result means that the
+  /// object has no such parameter, and `value` is untouched.
   [[nodiscard]] virtual int GetValue(std::string_view name, KEPMfgParameterValue& value) const = 0;
 };
 
@@ -22,7 +22,7 @@ class KEP_PLATFORM KEPIMfgCustomParameters : public KEPMfgNamedValues {
 
 using KEPIMfgCustomParameters_var = KEPVar<KEPIMfgCustomParameters>;
 
-/// The object's own parameters under the names that NC output knows them by.
+/// The object's own parameters under the names that NC output uses for them.
 class KEP_PLATFORM KEPIMfgV4ToV5Parameters : public KEPMfgNamedValues {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgV4ToV5Parameters";
@@ -30,7 +30,7 @@ class KEP_PLATFORM KEPIMfgV4ToV5Parameters : public KEPMfgNamedValues {
 
 using KEPIMfgV4ToV5Parameters_var = KEPVar<KEPIMfgV4ToV5Parameters>;
 
-/// How an operation, or one motion of it, machines. A read that fails may leave a last error.
+/// How an operation, or one motion of it, machines. A read that fails may record a last error.
 ///   MfgDwellMode         text, of an operation: MfgDwellRound or MfgDwellTime
 ///   MfgSpindleDwellMode  text, of a sequential motion: "MfgSpindleDwellByRevolution" or
 ///                        "MfgSpindleDwellByTimeUnit"
@@ -53,13 +53,14 @@ using KEPIMfgGeomParameters_var = KEPVar<KEPIMfgGeomParameters>;
 /// Feed rates and spindle speeds of an operation, or of one motion of it.
 ///   MfgSpindleSpeedType      text, of a sequential motion: "MfgSpindleSpeedLocal" when the motion
 ///                            has a spindle speed of its own
-///   MfgSpindleWayOfRotation  text, of a sequential motion: "MfgSpindleCLW" or another way
+///   MfgSpindleWayOfRotation  text, of a sequential motion: "MfgSpindleCLW" for clockwise, any
+///                            other text for the other direction
 class KEP_PLATFORM KEPIMfgFeedrateParameters : public KEPMfgNamedValues {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgFeedrateParameters";
 
-  /// A feed rate or speed: Mfg_MachiningFeedrateValue, Mfg_SpindleSpeedValue; a knowledge parameter
-  /// as a rule. Null when the object has none of that name.
+  /// A feed rate or speed: Mfg_MachiningFeedrateValue, Mfg_SpindleSpeedValue; usually a knowledge
+  /// parameter. Null when the object has none with this name.
   [[nodiscard]] virtual KEPBaseUnknown_var GetParameter(std::string_view name) const = 0;
 };
 

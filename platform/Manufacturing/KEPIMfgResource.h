@@ -6,16 +6,16 @@
 #include "System/KEPUnicodeString.h"
 #include "System/KEPVar.h"
 
-/// Something that a program works with: a machine, a tool, an insert.
+/// Equipment that a program uses: a machine, a tool, an insert.
 class KEP_PLATFORM KEPIMfgResource : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgResource";
 
-  /// The type of the resource; of a groove insert MfgGrooveInsert or KEPEMfgGrooveInsert.
+  /// The type of the resource; for a groove insert MfgGrooveInsert or KEPEMfgGrooveInsert.
   [[nodiscard]] virtual KEPUnicodeString GetResourceType() const = 0;
 
-  /// Reads a value by name, of a machine MfgPPWordTable: the file name of its PP word table. A
-  /// negative status means that the resource has no such value; `value` is untouched then.
+  /// Reads a value by name. A machine has the value MfgPPWordTable: the file name of its PP word
+  /// table. A negative status means that the resource has no such value; `value` is then untouched.
   [[nodiscard]] virtual HRESULT GetValue(std::string_view name, KEPUnicodeString& value) const = 0;
 };
 

@@ -9,13 +9,13 @@ class KEP_PLATFORM KEPIMfgSequentialMotions : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgSequentialMotions";
 
-  /// The motions in the order in which they are made; a motion's number is its position, from 1.
+  /// The motions in machining order; a motion's number is its position, from 1.
   [[nodiscard]] virtual KEPListVal<KEPBaseUnknown_var> GetMotions() const = 0;
 };
 
 using KEPIMfgSequentialMotions_var = KEPVar<KEPIMfgSequentialMotions>;
 
-/// What one sequential motion is made with.
+/// The settings of one sequential motion.
 class KEP_PLATFORM KEPIMfgSeqMotionParameters : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgSeqMotionParameters";

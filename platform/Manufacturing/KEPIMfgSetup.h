@@ -8,7 +8,7 @@ class KEP_PLATFORM KEPIMfgSetup : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgSetup";
 
-  /// The machine that the setup designates; null when it designates none.
+  /// The machine of the setup; null when it has none.
   [[nodiscard]] virtual KEPIMfgResource_var GetResource() const = 0;
 };
 

@@ -19,19 +19,19 @@ class KEP_PLATFORM KEPIMfgToolCompensation : public KEPBaseUnknown {
   static constexpr const char* kInterfaceName = "KEPIMfgToolCompensation";
 
   /// The name of the tool point that a corrector compensates, "P1" to "P9". A negative status means
-  /// that the tool has no such corrector; `outputPoint` is untouched then.
+  /// that the tool has no such corrector; `outputPoint` is then untouched.
   virtual HRESULT GetOutputPoint(int corrector, KEPUnicodeString& outputPoint) const = 0;
 };
 
 using KEPIMfgToolCompensation_var = KEPVar<KEPIMfgToolCompensation>;
 
-/// Where the points of a tool lie while an activity works with it.
+/// The positions of the points of a tool while an activity works with it.
 class KEP_PLATFORM KEPIMfgToolCompensationValueReplay : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgToolCompensationValueReplay";
 
   /// The position of a tool point (from 1), in the unit of the output. A negative status means that
-  /// it cannot be told; `position` is untouched then.
+  /// it is unknown; `position` is then untouched.
   virtual HRESULT GetPosition(const KEPIMfgActivity_var& activity, int point,
                               KEPMathVector& position) const = 0;
 };

@@ -3,7 +3,7 @@
 #include "Manufacturing/KEPIMfgActivity.h"
 #include "Manufacturing/KEPIMfgParameterAccess.h"
 
-/// What holds a tool in the spindle or the turret.
+/// The holder of a tool in the spindle or the turret.
 ///   MfgInvertedAssembly  integer: 1 when the tool is mounted upside down
 class KEP_PLATFORM KEPIMfgToolAssembly : public KEPMfgNamedValues {
  public:
@@ -23,13 +23,13 @@ class KEP_PLATFORM KEPIMfgLatheToolAssembly : public KEPBaseUnknown {
 
 using KEPIMfgLatheToolAssembly_var = KEPVar<KEPIMfgLatheToolAssembly>;
 
-/// The point of a turning tool that its setting values refer to.
+/// The point of a turning tool to which its setting values refer.
 class KEP_PLATFORM KEPIMfgLatheRefCompensation : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgLatheRefCompensation";
 
-  /// The number of that point (from 1), which is also that of its corrector. A negative status
-  /// means that none is set; `number` is untouched then.
+  /// The number of that point (from 1), which is also the number of its corrector. A negative
+  /// status means that none is set; `number` is then untouched.
   virtual HRESULT GetNumber(int& number) const = 0;
 };
 
@@ -40,9 +40,9 @@ class KEP_PLATFORM KEPIMfgLatheToolInsertUtilities : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgLatheToolInsertUtilities";
 
-  /// The radius of the cutting edge at a tool point ("P1" to "P9") while an activity works with it,
-  /// in the unit of the output. A negative status means that the point has none; `radius` is
-  /// untouched then.
+  /// The radius of the cutting edge at a tool point ("P1" to "P9") while an activity works with the
+  /// tool, in the unit of the output. A negative status means that the point has no radius;
+  /// `radius` is then untouched.
   virtual HRESULT GetRadius(const KEPIMfgActivity_var& activity,
                             const KEPUnicodeString& outputPoint, double& radius) const = 0;
 };

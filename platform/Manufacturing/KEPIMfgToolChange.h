@@ -2,12 +2,12 @@
 
 #include "Manufacturing/KEPIMfgActivity.h"
 
-/// The activities that a program puts one after the other.
+/// The activities of a program in their order.
 class KEP_PLATFORM KEPIMfgSequence : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgSequence";
 
-  /// Sets `activity` to the activity that a tool change is made for and that offers the interface
+  /// Sets `activity` to the activity for which a tool is changed, if it offers the interface
   /// `interfaceClass`. A negative status, or a null activity, means that there is none.
   virtual HRESULT GetActivityOfToolChange(const KEPIMfgActivity_var& toolChange,
                                           const KEPMetaClass* interfaceClass,
@@ -16,7 +16,7 @@ class KEP_PLATFORM KEPIMfgSequence : public KEPBaseUnknown {
 
 using KEPIMfgSequence_var = KEPVar<KEPIMfgSequence>;
 
-/// An activity that puts another tool into the spindle or the turret.
+/// An activity that changes the tool in the spindle or the turret.
 class KEP_PLATFORM KEPIMfgToolChange : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgToolChange";

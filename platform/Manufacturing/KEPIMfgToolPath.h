@@ -8,9 +8,9 @@ class KEP_PLATFORM KEPIMfgTraject : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgTraject";
 
-  /// Tells whether the type of the path is known and, if so, sets `type`: 1 when the tool axis
-  /// stays fixed, another code when it varies. A negative status means that nobody can tell; `type`
-  /// is untouched then.
+  /// Sets `known` to whether the type of the path is known and, if it is, `type` to its code: 1
+  /// when the tool axis stays fixed, another number when it varies. A negative status means that
+  /// this cannot be determined; `type` is then untouched.
   virtual HRESULT GetType(bool& known, int& type) const = 0;
 };
 
@@ -21,7 +21,7 @@ class KEP_PLATFORM KEPIMfgToolPathManagement : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgToolPathManagement";
 
-  /// A negative status, or a null path, means that none is computed.
+  /// A negative status, or a null path, means that the path is not computed.
   virtual HRESULT GetToolPath(KEPIMfgTraject_var& path) const = 0;
 };
 

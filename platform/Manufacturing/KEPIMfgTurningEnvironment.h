@@ -4,13 +4,13 @@
 #include "System/KEPResult.h"
 #include "System/KEPVar.h"
 
-/// The axis system that a turning activity is programmed in.
+/// The axis system in which a turning activity is programmed.
 class KEP_PLATFORM KEPIMfgTurningEnvironment : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIMfgTurningEnvironment";
 
-  /// Its origin, its third direction (that of the spindle axis) and its first one (the radial one).
-  /// A negative status means that there is none; everything is untouched then.
+  /// Its origin, its third direction (along the spindle axis) and its first direction (radial). A
+  /// negative status means that there is none; nothing is then changed.
   virtual HRESULT GetAxisSystem(KEPMathVector& origin, KEPMathVector& thirdDirection,
                                 KEPMathVector& firstDirection) const = 0;
 };

@@ -10,9 +10,9 @@
 /// Expressions over the design parameters of a document.
 class KEP_PLATFORM KEPMfgDesignParameter {
  public:
-  /// Computes an expression, given from its opening "(" up to its closing ")" exclusive, for the
-  /// document that holds `object`. A negative status means that it cannot be computed; `value` is
-  /// untouched then.
+  /// Computes an expression with the design parameters of the document that holds `object`. The
+  /// expression begins with its opening "(" and ends before its closing ")". A negative status
+  /// means that it cannot be computed; `value` is then untouched.
   [[nodiscard]] static HRESULT GetExtendedValue(const KEPBaseUnknown_var& object,
                                                 std::string_view expression,
                                                 KEPMfgParameterValue& value);

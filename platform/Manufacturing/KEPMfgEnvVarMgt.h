@@ -10,6 +10,6 @@ class KEP_PLATFORM KEPMfgEnvVarMgt {
  public:
   /// The text of a setting; empty when it is unset.
   [[nodiscard]] static KEPString Get(std::string_view name);
-  /// True when the switch is set: to any text but the empty one.
+  /// True when the switch is set to any text that is not empty.
   [[nodiscard]] static bool GetStatus(std::string_view name);
 };

@@ -11,11 +11,11 @@
 
 class KEPIMfgPPWordContainer;
 
-/// Ways through the manufacturing model. A way that ends early gives a negative status and a null
-/// handle.
+/// Paths through the manufacturing model, from one object to another. A path that cannot be
+/// followed to its end returns a negative status and a null handle.
 class KEP_PLATFORM KEPMfgModelUtilities {
  public:
-  /// The PP word container that holds a feature, or that the object is itself.
+  /// The PP word container that holds a feature; if the object is one itself, the object.
   static HRESULT GetPPWordContainer(const KEPBaseUnknown_var& object,
                                     KEPVar<KEPIMfgPPWordContainer>& container);
   /// The manufacturing root container of the document that holds an object.
@@ -25,8 +25,8 @@ class KEP_PLATFORM KEPMfgModelUtilities {
                                     KEPIMfgActivity_var& activity);
   /// The setup that an activity is part of.
   static HRESULT GetSetup(const KEPIMfgActivity_var& activity, KEPIMfgSetup_var& setup);
-  /// The object of an activity (the activity itself, its tool ...) that carries the parameter which
-  /// NC output knows by `name`.
+  /// The object of an activity (the activity itself, its tool ...) that has the parameter which NC
+  /// output calls `name`.
   static HRESULT GetV5ObjectFromV4Parameter(const KEPIMfgActivity_var& activity,
                                             std::string_view name, KEPBaseUnknown_var& object);
 };

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// Names that the manufacturing interfaces publish. Each has its own name as text.
+/// Names that the manufacturing interfaces publish. The text of each is its own name.
 inline constexpr std::string_view PPCommandSynchro = "PPCommandSynchro";
 inline constexpr std::string_view TPMachiningFeedrate = "TPMachiningFeedrate";
 inline constexpr std::string_view TPApproachFeedrate = "TPApproachFeedrate";

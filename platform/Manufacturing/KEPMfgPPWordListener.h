@@ -7,40 +7,41 @@
 
 class KEPBaseUnknown;
 
-/// What the module tells of its work: who answered a reference, what was computed and dropped, what
-/// a table load did. Every operation does nothing until a listener overrides it. Texts are valid
-/// during the call only.
+/// What the module reports of its work: what answered a reference, what was computed and dropped,
+/// what a table load did. Every function does nothing until a listener overrides it. Texts are
+/// valid only during the call.
 class KEP_PLATFORM KEPMfgPPWordListener {
  public:
-  /// Who gave the text of a parameter reference.
+  /// Where the text of a parameter reference came from.
   enum class Source { Evaluation, FormattedParameter, Parameter, Nobody };
   /// What became of an operation in a syntax line.
   enum class Operation {
     /// Its result took its place.
     Computed,
-    /// It stays as it is: an operand is no number, or there is no result.
+    /// It stays as it is: an operand is not a number, or there is no result.
     Kept,
-    /// It is gone with the operand that it had: the other one is missing, or a "-" stood in front
-    /// of what is no number. A sign alone is gone with the comma that held its place.
+    /// It is deleted together with the operand that it had: the other operand is missing, or a "-"
+    /// was in front of something that is not a number. A sign alone is deleted together with the
+    /// comma that held its place.
     Deleted
   };
   /// The part of a table that an entry belongs to.
   enum class Section { Command, Sequence, MultiList, Format };
   /// What became of an entry of a table.
   enum class Outcome {
-    /// Made: its type, for a sequence its attribute, was missing.
+    /// Created: its type, for a sequence its attribute, was missing.
     Created,
-    /// Its type, for a sequence its attribute, was there already.
+    /// Its type, for a sequence its attribute, existed already.
     Replaced,
     /// Left out on purpose.
     NeverLoaded,
-    /// Skipped: no readable name stands behind its keyword.
+    /// Skipped: there is no readable name after its keyword.
     NameUnreadable,
-    /// Its content cannot be read. A command or sequence is skipped; a list or format type is made
-    /// or loses its value.
+    /// Its content cannot be read. A command or sequence is skipped; a list or format type is
+    /// created, or loses its value.
     ContentUnreadable,
-    /// Its type is there and does not declare the attribute, or declares it with another kind;
-    /// that attribute was not changed.
+    /// Its type exists and does not declare the attribute, or declares it with another kind; that
+    /// attribute was not changed.
     NotDeclared
   };
 
@@ -49,31 +50,31 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   KEPMfgPPWordListener& operator=(const KEPMfgPPWordListener&) = delete;
   virtual ~KEPMfgPPWordListener();
 
-  /// A syntax line after the named pass; "syntax" names the line as it is written.
+  /// A syntax line after the pass with this name; "syntax" is the line as it is written.
   virtual void LineAfterPass(std::string_view /*pass*/, std::string_view /*line*/) {}
 
   /// A reference of a syntax line is looked up: the parameter type of that name, and the evaluation
-  /// that the type has; null where there is none. For an operand between parentheses, whose type is
-  /// not looked for, no replacement follows.
+  /// of the type; each null when there is none. For an operand between parentheses the type is not
+  /// looked up, and no replacement follows.
   virtual void ReferenceLookedUp(std::string_view /*name*/, const KEPBaseUnknown* /*type*/,
                                  const KEPBaseUnknown* /*evaluation*/) {}
 
-  /// The value found for the reference that was looked up last, and the format that its type gives
-  /// it; null where the value is printed without one.
+  /// The value found for the reference that was looked up last, and the format of its type; null
+  /// when the value is printed without a format.
   virtual void ValueFound(const KEPMfgParameterValue& /*value*/,
                           const KEPUnicodeString* /*format*/) {}
 
-  /// A reference of a syntax line with its name as it was looked up, and the text that took its
-  /// place. With Source::Nobody the reference could not be evaluated, and the text is that of the
-  /// setting MFG_UNEVALUATED_PPPARAMETER.
+  /// A reference of a syntax line with its name as it was looked up, and the text that replaced it.
+  /// With Source::Nobody the reference could not be evaluated, and the text is that of the setting
+  /// MFG_UNEVALUATED_PPPARAMETER.
   virtual void ReferenceReplaced(std::string_view /*name*/, Source /*source*/,
                                  std::string_view /*text*/) {}
 
-  /// Characters of a syntax line that stand in no output: the end of a name that was cut off.
+  /// Characters of a syntax line that the output drops: the end of a name that was cut off.
   virtual void TextDropped(std::string_view /*name*/, std::string_view /*text*/) {}
 
-  /// An operation in a syntax line, as it stood there, and its result; empty unless it was
-  /// computed. Of a long left operand of one that was kept only the end is told, behind "...".
+  /// An operation in a syntax line, as it is written there, and its result, which is empty unless
+  /// it was computed. A long left operand of a kept operation is shortened to "..." and its end.
   virtual void OperationEnded(Operation /*outcome*/, std::string_view /*operation*/,
                               std::string_view /*result*/) {}
 
@@ -82,6 +83,6 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   virtual void TableEntry(Section /*section*/, int /*number*/, std::string_view /*name*/,
                           Outcome /*outcome*/) {}
 
-  /// The listener of the session; null when nobody listens.
+  /// The listener of the session; null when there is none.
   [[nodiscard]] static KEPMfgPPWordListener* Current() noexcept;
 };

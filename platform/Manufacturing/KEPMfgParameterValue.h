@@ -2,7 +2,7 @@
 
 #include "System/KEPUnicodeString.h"
 
-/// A typed value: one of the members holds, as `kind` tells.
+/// A typed value: `kind` says which of the other members is valid.
 struct KEPMfgParameterValue {
   static constexpr int kInteger = 1;
   static constexpr int kReal = 2;

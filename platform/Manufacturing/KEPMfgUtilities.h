@@ -14,17 +14,17 @@ class KEP_PLATFORM KEPMfgUtilities {
   /// True when the document must be brought up to date. A null handle raises the null-handle error.
   [[nodiscard]] static bool IsUpgradeNecessary(const KEPIDocument_var& document);
 
-  /// Brings the attributes of one component up to date. `objects` collects the components changed
-  /// (null: nobody asks); `publish` 1 publishes the attributes; `recursive` 0 leaves aggregated
-  /// components alone.
+  /// Brings the attributes of one component up to date. The components that were changed are
+  /// appended to `objects`, which may be null; `publish` 1 publishes the attributes; `recursive` 0
+  /// does not change aggregated components.
   static HRESULT UpgradeComponentAttributes(const KEPISpecAttrAccess_var& component,
                                             KEPListVal<KEPBaseUnknown_var>* objects, int publish,
                                             int recursive);
 
-  /// The files of the application's folders of one name, such as "PPTables": `files` holds their
-  /// bare names and `directories`, entry by entry, the folders that they lie in. Both are replaced;
-  /// both are empty when there is no such folder. The folders come in the order of the
-  /// application's search list, the files of each by their bytes. `flag` is 1: files that lie
+  /// The files in the application's folders of one name, such as "PPTables". `files` becomes the
+  /// list of their bare names and `directories`, entry by entry, the folders that contain them;
+  /// both are empty when there is no such folder. The folders are in the order of the application's
+  /// search list, the files of each folder in the order of their bytes. `flag` is 1: only files
   /// directly in a folder.
   static void GetListOfMfgFilesAndDirectories(std::string_view folderName,
                                               KEPListValKEPUnicodeString& directories,

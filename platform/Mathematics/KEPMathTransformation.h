@@ -17,11 +17,11 @@ class KEPMathTransformation {
   KEPMathTransformation(const KEPMath3x3Matrix& matrix, const KEPMathVector& translation) noexcept
       : matrix_(matrix), translation_(translation) {}
 
-  /// Turns the map into its inverse. False, with the map as it was, when the matrix is singular or
+  /// Replaces the map by its inverse. False, with the map unchanged, when the matrix is singular or
   /// not finite.
   [[nodiscard]] KEP_PLATFORM bool Invert();
 
-  /// Where the map takes a point.
+  /// The image of a point.
   [[nodiscard]] KEP_PLATFORM KEPMathVector Apply(const KEPMathVector& point) const;
 
  private:

@@ -8,7 +8,7 @@ struct KEPMathVector {
   double y = 0.0;
   double z = 0.0;
 
-  /// Makes it a unit vector; a vector of length 0 stays as it is.
+  /// Changes the length to 1; a vector of length 0 stays as it is.
   KEP_PLATFORM void Normalize();
 
   [[nodiscard]] double Dot(const KEPMathVector& other) const noexcept {

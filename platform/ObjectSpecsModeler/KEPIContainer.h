@@ -12,22 +12,21 @@ class KEP_PLATFORM KEPIContainer : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIContainer";
 
-  /// The type of that name, carrying one reference that the caller releases; null when there is
-  /// none. Exact and case-sensitive.
+  /// The type with this name, with one reference that the caller releases; null when there is none.
+  /// Names are exact and case-sensitive.
   [[nodiscard]] virtual KEPISpecObject* FindStartUp(std::string_view name) const = 0;
 
-  /// Makes a type under `base` (null: a root type), carrying one reference that the caller
-  /// releases. Null, and nothing made, when the name is empty or taken.
+  /// Creates a type under `base` (null: a root type), with one reference that the caller releases.
+  /// Null, and nothing is created, when the name is empty or already used.
   [[nodiscard]] virtual KEPISpecObject* CreateStartUp(std::string_view name,
                                                       const KEPISpecObject_var& base) = 0;
 
-  /// Makes an instance of a type of this container, carrying one reference that the caller
-  /// releases. The name may be empty and need not be unique. A null type raises the null-handle
-  /// error.
+  /// Creates an instance of a type of this container, with one reference that the caller releases.
+  /// The name may be empty and need not be unique. A null type raises the null-handle error.
   [[nodiscard]] virtual KEPISpecObject* CreateInstance(const KEPISpecObject_var& type,
                                                        std::string_view name) = 0;
 
-  /// The types and instances that answer an interface, in creation order.
+  /// The types and instances that offer an interface, in creation order.
   [[nodiscard]] virtual std::vector<KEPBaseUnknown_var> ListMembersHere(
       const KEPMetaClass* interfaceClass) const = 0;
 

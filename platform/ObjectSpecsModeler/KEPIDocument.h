@@ -7,7 +7,7 @@ class KEP_PLATFORM KEPIDocument : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPIDocument";
 
-  /// True when the document was made by an older version and must be brought up to date.
+  /// True when the document was created by an older version and must be brought up to date.
   [[nodiscard]] virtual bool NeedsUpgrade() const = 0;
 };
 

@@ -8,8 +8,8 @@ class KEP_PLATFORM KEPILifeCycleObject : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPILifeCycleObject";
 
-  /// Takes the feature out of its container. Whoever still holds a handle keeps a feature without
-  /// a container. Fails when it was removed before.
+  /// Removes the feature from its container. Handles that still refer to it stay valid; the feature
+  /// then has no container. Fails when it was removed before.
   virtual HRESULT remove() = 0;
 };
 

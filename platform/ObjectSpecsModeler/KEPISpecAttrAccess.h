@@ -8,36 +8,36 @@
 #include "System/KEPVar.h"
 
 /// The attributes of a feature by name. Writing sets the feature's own value, which its instances
-/// and derived types inherit. Every operation on a name that is not declared on the feature or on
-/// a base type fails and changes nothing, as does writing a value of another kind.
+/// and derived types inherit. Every function fails and changes nothing when the name is not
+/// declared on the feature or on a base type, and when a value of another kind is written.
 class KEP_PLATFORM KEPISpecAttrAccess : public KEPBaseUnknown {
  public:
   static constexpr const char* kInterfaceName = "KEPISpecAttrAccess";
 
-  /// Declares an attribute on the feature, behind those that it has. Declaring a name twice has no
+  /// Declares an attribute on the feature, after those that it has. Declaring a name again has no
   /// effect and succeeds.
   virtual HRESULT AddAttribute(std::string_view name, KEPISpecAttribute::Kind kind) = 0;
 
-  /// The attribute of that name; nothing when none is declared.
+  /// The attribute with this name; empty when none is declared.
   [[nodiscard]] virtual std::optional<KEPISpecAttribute> FindAttribute(
       std::string_view name) const = 0;
 
-  /// The text that a string attribute of that name has; null when none is declared or no value is
-  /// set. Valid as the attribute's view is.
+  /// The text of the string attribute with this name; null when none is declared or no value is
+  /// set. Valid as long as the view KEPISpecAttribute would be.
   [[nodiscard]] virtual const KEPUnicodeString* FindText(std::string_view name) const = 0;
 
-  /// Sets a string attribute; a list attribute holds exactly this one item afterwards.
+  /// Sets a string attribute. In a list attribute this text becomes the only item.
   virtual HRESULT SetString(std::string_view name, std::string_view text) = 0;
   virtual HRESULT SetInteger(std::string_view name, int value) = 0;
 
   /// Replaces the items of a list attribute.
   virtual HRESULT SetList(std::string_view name, const KEPListValKEPUnicodeString& items) = 0;
-  /// Adds an item at the end of a list attribute; an inherited list is copied first.
+  /// Appends an item to a list attribute; an inherited list is copied first.
   virtual HRESULT AppendToList(std::string_view name, std::string_view item) = 0;
 
   /// Leaves a list attribute set and empty.
   virtual HRESULT RemoveAll(std::string_view name) = 0;
-  /// Removes the feature's own value; the declaration stays, and an inherited value shows again.
+  /// Removes the feature's own value; the declaration stays, and an inherited value applies again.
   virtual HRESULT Unset(std::string_view name) = 0;
 };
 

@@ -4,9 +4,9 @@
 
 #include "System/KEPList.h"
 
-/// One attribute of a feature as it stands: its name, its kind and the value that holds for the
-/// feature, its own or inherited. A view: valid until an attribute of the feature or of one of its
-/// base types is declared, written or unset.
+/// One attribute of a feature as it is now: its name, its kind and the feature's value for it, own
+/// or inherited. A view: valid until an attribute of the feature or of one of its base types is
+/// declared, written or unset.
 class KEPISpecAttribute {
  public:
   enum class Kind { String, Integer, StringList };
@@ -18,7 +18,7 @@ class KEPISpecAttribute {
   [[nodiscard]] std::string_view GetName() const noexcept { return name_; }
   [[nodiscard]] Kind GetKind() const noexcept { return kind_; }
   [[nodiscard]] bool IsAList() const noexcept { return kind_ == Kind::StringList; }
-  /// True when the feature or one of its base types gives a value.
+  /// True when the feature or one of its base types has set a value.
   [[nodiscard]] bool IsSet() const noexcept { return texts_ != nullptr; }
 
   /// The items of a list attribute in order; the text of a string attribute as the one entry of

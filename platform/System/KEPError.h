@@ -11,7 +11,7 @@
 #include "System/KEPUnicodeString.h"
 
 /// An error of the host: a message key of a message catalogue and the parameters of the message.
-/// Errors of this family are the only exceptions that cross the border between host and modules.
+/// Errors of this family are the only exceptions that pass between host and modules.
 class KEP_PLATFORM KEPError : public std::exception {
  public:
   KEPError(std::string_view messageKey, std::string_view catalogue);
@@ -31,15 +31,15 @@ class KEP_PLATFORM KEPError : public std::exception {
   }
 
   /// The message text of the catalogue with the parameters filled in; the key itself when the
-  /// catalogue does not know it.
+  /// catalogue does not have it.
   [[nodiscard]] KEPUnicodeString GetNLSMessage() const;
   [[nodiscard]] const char* what() const noexcept override { return key_.CastToCharPtr(); }
 
   /// A copy with the class of the error.
   [[nodiscard]] virtual std::unique_ptr<KEPError> Clone() const;
 
-  /// Makes `error` the last error of the session, which owns it from now on, and gives the status
-  /// that the failing operation returns: E_FAIL.
+  /// Sets the last error of the session, which then owns `error`, and returns the status for the
+  /// failing function to return: E_FAIL.
   static HRESULT GetReturn(std::unique_ptr<KEPError> error);
 
   /// The last error; null when there is none. Valid until the next error is recorded or cleared.
@@ -52,7 +52,7 @@ class KEP_PLATFORM KEPError : public std::exception {
   std::vector<KEPUnicodeString> parameters_;
 };
 
-/// Raised when a null handle is used: a programming error of whoever asked.
+/// Raised when a null handle is used: a programming error of the caller.
 class KEP_PLATFORM KEPErrorNullHandle : public KEPError {
  public:
   KEPErrorNullHandle();

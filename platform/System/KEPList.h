@@ -33,7 +33,7 @@ class KEPListVal {
     values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(Index(position)));
   }
 
-  /// Position of the first entry equal to `value`, 0 when there is none.
+  /// The position of the first entry equal to `value`, 0 when there is none.
   [[nodiscard]] int Locate(const T& value) const {
     const auto found = std::find(values_.begin(), values_.end(), value);
     return found == values_.end() ? 0 : static_cast<int>(found - values_.begin()) + 1;

@@ -9,8 +9,8 @@
 
 class KEPBaseUnknown;
 
-/// What the host knows of a class at run time: its name, its kind, what it derives from and, for
-/// an extension, the late types (type names) that it extends. Meta-objects live as long as the
+/// What the host knows of a class at run time: its name, its kind, its base class and, for an
+/// extension, the late types (type names) that it extends. Meta-objects live as long as the
 /// process.
 class KEP_PLATFORM KEPMetaClass {
  public:
@@ -21,18 +21,19 @@ class KEP_PLATFORM KEPMetaClass {
     CodeExtension = 4
   };
 
-  /// The meta-object of an extension class. `base` is the meta-object that the class derives from;
-  /// the class becomes an extension of `lateType`.
+  /// The meta-object of an extension class. `base` is the meta-object of its base class; the class
+  /// becomes an extension of `lateType`.
   KEPMetaClass(std::string_view className, TypeOfClass type, const KEPMetaClass* base,
                std::string_view lateType, std::string_view framework);
   KEPMetaClass(const KEPMetaClass&) = delete;
   KEPMetaClass& operator=(const KEPMetaClass&) = delete;
 
-  /// The meta-object of an interface: one for each name in the process, made when first asked for.
+  /// The meta-object of an interface: one for each name in the process, created when it is first
+  /// asked for.
   [[nodiscard]] static const KEPMetaClass* Interface(std::string_view interfaceName);
 
-  /// Declares the class an extension of a further late type; a late type that is not known yet is
-  /// made. Takes effect for dictionary entries filled afterwards.
+  /// Declares the class an extension of another late type; a late type that is not known yet is
+  /// created. Takes effect for dictionary entries filled afterwards.
   void Extend(std::string_view lateType);
 
   [[nodiscard]] const std::string& GetName() const noexcept { return name_; }
@@ -53,19 +54,19 @@ class KEP_PLATFORM KEPMetaClass {
   std::vector<std::string> lateTypes_;
 };
 
-/// Makes the extension object of a class for the object `extended`. The result is not counted: it
-/// belongs to that object and dies with it. Null when that object cannot be extended so; it does
-/// not offer the interface then.
+/// Creates the extension object of a class for the object `extended`. The result is not counted: it
+/// belongs to that object and is destroyed with it. Null when that object cannot have this
+/// extension; it then does not offer the interface.
 using KEPCreator = KEPBaseUnknown* (*)(KEPBaseUnknown* extended);
 
 /// Enters `extension` in the dictionary as the provider of `interfaceClass` for every late type
-/// that it extends. The first entry for a late type and an interface holds. `data` is kept for the
-/// creator's use (none here needs any); `flag` is 1 for an extension found through its late type.
+/// that it extends. The first entry for a late type and an interface wins. `data` is stored for the
+/// creator (no creator here needs it); `flag` is 1 for an extension found through its late type.
 KEP_PLATFORM void KEPFillDictionary(const KEPMetaClass* extension,
                                     const KEPMetaClass* interfaceClass, KEPCreator creator,
                                     const void* data, int flag);
 
-/// The meta-object of an interface class once it was asked for.
+/// The meta-object of an interface class; null until it is first asked for.
 template <class Interface>
 inline std::atomic<const KEPMetaClass*> KEPKnownInterface [[gnu::visibility("hidden")]] = nullptr;
 

@@ -1,5 +1,5 @@
 #pragma once
 
-// Visibility of what the application offers to the modules it loads: the one mark that every
-// platform function and class carries.
+// Visibility of what the application offers to the modules it loads: every platform function and
+// class has this one mark.
 #define KEP_PLATFORM __attribute__((visibility("default")))

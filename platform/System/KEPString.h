@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-/// Text of 8-bit characters. Bytes are kept as they came, whatever their encoding.
+/// Text of 8-bit characters. Bytes are stored unchanged, whatever their encoding.
 class KEPString {
  public:
   KEPString() = default;
@@ -17,7 +17,7 @@ class KEPString {
   operator std::string_view() const noexcept { return bytes_; }
   [[nodiscard]] const char* CastToCharPtr() const noexcept { return bytes_.c_str(); }
   [[nodiscard]] bool IsEmpty() const noexcept { return bytes_.empty(); }
-  /// The bytes, to be changed in place.
+  /// The bytes, for changes in place.
   [[nodiscard]] std::string& Edit() noexcept { return bytes_; }
 
   friend bool operator==(const KEPString& left, const KEPString& right) = default;

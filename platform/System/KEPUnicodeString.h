@@ -5,8 +5,8 @@
 #include <string_view>
 #include <utility>
 
-/// Unicode text, held as UTF-8. Its 8-bit form is these bytes; bytes that are not UTF-8 are kept
-/// as they came.
+/// Unicode text, stored as UTF-8. Its 8-bit form is these bytes; bytes that are not UTF-8 are
+/// stored unchanged.
 class KEPUnicodeString {
  public:
   KEPUnicodeString() = default;
@@ -20,15 +20,15 @@ class KEPUnicodeString {
   [[nodiscard]] const char* ConvertToChar() const noexcept { return bytes_.c_str(); }
   [[nodiscard]] bool IsEmpty() const noexcept { return bytes_.empty(); }
 
-  /// Number of characters (code points). A byte that continues no character counts with the
-  /// character before it.
+  /// The number of characters (code points). A stray continuation byte counts with the character
+  /// before it.
   [[nodiscard]] int GetLengthInChar() const noexcept {
     return static_cast<int>(std::count_if(bytes_.begin(), bytes_.end(), StartsCharacter));
   }
 
   friend bool operator==(const KEPUnicodeString& left, const KEPUnicodeString& right) = default;
 
-  /// True for every byte but the continuation bytes of UTF-8.
+  /// True for every byte except the continuation bytes of UTF-8.
   [[nodiscard]] static bool StartsCharacter(char byte) noexcept {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
   }

@@ -9,9 +9,9 @@
 /// Raises the host's null-handle error.
 [[noreturn]] KEP_PLATFORM void KEPRaiseNullHandle();
 
-/// Handle on an interface: holds one reference. Made from a handle on another interface it asks
-/// the component for its own, and is null when the component does not offer it. Using a null
-/// handle raises the host's null-handle error.
+/// A handle on an interface: it holds one reference. Constructed from a handle on another
+/// interface, it asks the component for its own interface, and is null when the component does not
+/// offer it. Using a null handle raises the host's null-handle error.
 template <class T>
 class KEPVar {
  public:
@@ -49,7 +49,7 @@ class KEPVar {
   }
   explicit operator bool() const noexcept { return object_ != nullptr; }
 
-  /// Gives the reference to the caller and leaves the handle null.
+  /// Hands the reference over to the caller; the handle is null afterwards.
   [[nodiscard]] T* Detach() noexcept { return std::exchange(object_, nullptr); }
 
  private:
@@ -69,8 +69,8 @@ class KEPVar {
 using KEPBaseUnknown_var = KEPVar<KEPBaseUnknown>;
 
 /// Interface `T` of the component of `object` (null allowed), not counted: valid as long as
-/// somebody holds the component; null when it does not offer the interface. For the few places
-/// where the counting of a handle would cost more than what is done with it.
+/// something else holds the component; null when it does not offer the interface. For the few
+/// places where counting the reference would cost more than the work done with it.
 template <class T>
 [[nodiscard]] T* KEPBorrow(const KEPBaseUnknown* object) {
   if (object == nullptr) return nullptr;
