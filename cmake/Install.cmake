@@ -9,6 +9,14 @@ set_target_properties(MfgPPWordPlatform PROPERTIES EXPORT_NAME platform)
 set_target_properties(MfgPPWordInterfaces PROPERTIES EXPORT_NAME interfaces)
 set_target_properties(MfgPPWordHost PROPERTIES EXPORT_NAME host INSTALL_RPATH $ORIGIN)
 set_target_properties(MfgPPWord PROPERTIES EXPORT_NAME module INSTALL_RPATH $ORIGIN)
+# The binary interface: until 1.0.0 each minor version has one of its own (docs/versions.md). The host
+# loads the module by the name without a version.
+set(abi_version ${PROJECT_VERSION_MAJOR})
+if(PROJECT_VERSION_MAJOR EQUAL 0)
+  set(abi_version 0.${PROJECT_VERSION_MINOR})
+endif()
+set_target_properties(MfgPPWordHost MfgPPWord PROPERTIES VERSION ${PROJECT_VERSION}
+                                                         SOVERSION ${abi_version})
 file(RELATIVE_PATH bin_to_lib /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
 set_target_properties(ppword PROPERTIES INSTALL_RPATH $ORIGIN/${bin_to_lib})
 

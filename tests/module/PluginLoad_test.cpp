@@ -30,8 +30,8 @@ std::string loadError(const fs::path& path) {
 // These come first: nothing loads the module before them.
 
 TEST(ModuleLoad, DefaultPathIsBesideTheHost) {
-  EXPECT_EQ(fs::weakly_canonical(host::defaultModulePath()),
-            fs::weakly_canonical(PPWORD_HOST_PATH).parent_path() / "libMfgPPWord.so");
+  EXPECT_EQ(host::defaultModulePath().filename(), "libMfgPPWord.so");
+  EXPECT_EQ(fs::canonical(host::defaultModulePath()), fs::canonical(PPWORD_MODULE_PATH));
 }
 
 TEST(ModuleLoad, AbsentFileRaisesTheModuleError) {

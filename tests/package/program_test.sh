@@ -1,7 +1,8 @@
 #!/bin/sh
 # usage: program_test.sh CMAKE BUILD EXAMPLES
-# Installs the build directory BUILD, moves the installation elsewhere and fails unless its program
-# makes of an example job the text that is kept beside it.
+# Installs the build directory BUILD, moves the installation elsewhere and fails unless its libraries
+# name their binary interface and its program writes the text of an example job that is stored
+# beside the job.
 set -eu
 cmake=$1 build=$2 examples=$3
 work=$(mktemp -d)
@@ -10,5 +11,11 @@ trap 'rm -rf "$work"' EXIT
 "$cmake" --install "$build" --prefix "$work/first" >"$work/log"
 mv "$work/first" "$work/installed"
 test -s "$work/installed/share/man/man1/ppword.1"
+for library in libMfgPPWord libMfgPPWordHost; do
+  readelf -d "$work/installed/lib/$library.so" | grep -qF "soname: [$library.so.0.1]" || {
+    echo "$library.so does not name the binary interface 0.1" >&2
+    exit 1
+  }
+done
 "$work/installed/bin/ppword" post "$examples/drilling.job.jsonl" -o "$work/drilling.apt"
 diff "$examples/expected/drilling.apt" "$work/drilling.apt"
