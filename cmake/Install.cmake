@@ -44,7 +44,10 @@ install(
   DESTINATION ${include_dir}/host
   COMPONENT embedding
   FILES_MATCHING
-  PATTERN "*.h")
+  PATTERN "*.h"
+  # How the host stores documents and files is its own business.
+  REGEX "/(Database|Digest|DocumentFormat|DocumentReader|DocumentWriter)\\.h$" EXCLUDE
+  REGEX "/(ContainerOf|FilePlace|SystemReason)\\.h$" EXCLUDE)
 
 install(
   EXPORT MfgPPWordTargets
