@@ -24,34 +24,12 @@ class HelixEvaluation : public Evaluations {
   }
   [[nodiscard]] KEPIMfgBufferHelix& buffer() const { return *KEPIMfgBufferHelix_var(words); }
   [[nodiscard]] static KEPVar<host::GeneratorData> generation(double angleFactor) {
-    auto data = host::GeneratorData::createWithoutSettings();
+    auto data = host::GeneratorData::create("", "");
     data->setAngleFactor(angleFactor);
     host::setCurrentGeneratorData(data);
     return data;
   }
 };
-
-TEST_F(HelixEvaluation, EachParameterReadsItsComponent) {
-  buffer().SetCenter(1, 2, 3);
-  buffer().SetEnd(11, 12, 13);
-  buffer().SetAxis(21, 22, 23);
-  buffer().SetInDirV(31, 32, 33);
-  buffer().SetRadius(40);
-  buffer().SetPitch(50);
-  buffer().SetStart(61, 62, 63);
-  const std::pair<const char*, const char*> expected[] = {
-      {"MFG_HELICAL_X_CENTER", "1.0"},  {"MFG_HELICAL_Y_CENTER", "2.0"},
-      {"MFG_HELICAL_Z_CENTER", "3.0"},  {"MFG_HELICAL_X_END", "11.0"},
-      {"MFG_HELICAL_Y_END", "12.0"},    {"MFG_HELICAL_Z_END", "13.0"},
-      {"MFG_HELICAL_I_AXIS", "21.0"},   {"MFG_HELICAL_J_AXIS", "22.0"},
-      {"MFG_HELICAL_K_AXIS", "23.0"},   {"MFG_HELICAL_INDIRV_I", "31.0"},
-      {"MFG_HELICAL_INDIRV_J", "32.0"}, {"MFG_HELICAL_INDIRV_K", "33.0"},
-      {"MFG_HELICAL_RADIUS", "40.0"},   {"MFG_HELICAL_PITCH", "50.0"}};
-  for (const auto& [name, text] : expected) {
-    setFormat(name, "%.1f");
-    EXPECT_EQ(value(name), text) << name;
-  }
-}
 
 TEST_F(HelixEvaluation, AxisIsPrintedAsItIsStored) {
   EXPECT_EQ(value("MFG_HELICAL_K_AXIS"), "2.0000");
@@ -76,7 +54,7 @@ TEST_F(HelixEvaluation, TurnsAreTheHeightByThePitch) {
 
 TEST_F(HelixEvaluation, AngleIsInRadiansWithoutAnAngleFactor) {
   EXPECT_EQ(value("MFG_HELICAL_ANGLE"), "25.1327");
-  host::setCurrentGeneratorData(host::GeneratorData::createWithoutSettings());
+  host::setCurrentGeneratorData(host::GeneratorData::create("", ""));
   EXPECT_EQ(value("MFG_HELICAL_ANGLE"), "25.1327");
 }
 

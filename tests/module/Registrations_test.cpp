@@ -8,6 +8,7 @@
 #include "host/modeler/Document.h"
 #include "host/system/Dictionary.h"
 #include "host/system/Module.h"
+#include "tests/evaluation/ExpectedEvaluations.h"
 #include "tests/module/ExpectedRegistrations.h"
 
 namespace {
@@ -50,16 +51,17 @@ TEST_F(Registrations, ComponentsComeFirstInTheirOrder) {
 }
 
 TEST_F(Registrations, EvaluationsFollowInTheirOrder) {
-  ASSERT_EQ(module_test::kExpectedEvaluations.size(), kEvaluations);
+  const auto evaluations = ppword::test::expectedEvaluations();
+  ASSERT_EQ(evaluations.size(), kEvaluations);
   ASSERT_EQ(registrations().size(), kComponents + kEvaluations);
   for (std::size_t i = 0; i < kEvaluations; ++i) {
-    const auto& expected = module_test::kExpectedEvaluations[i];
+    const auto& expected = evaluations[i];
     const Registration& made = registrations()[kComponents + i];
-    EXPECT_EQ(made.lateType, expected.lateType) << i;
+    EXPECT_EQ(made.lateType, expected.parameter) << i;
     EXPECT_EQ(made.extension->GetName(), expected.className);
     EXPECT_EQ(made.extension->GetTypeOfClass(), KEPMetaClass::TypeOfClass::DataExtension);
     EXPECT_EQ(made.interfaceClass->GetName(), "KEPIMfgParameterEvaluation");
-    expectCreator(made, std::string("CreateTIEKEPIMfgParameterEvaluation") + expected.className);
+    expectCreator(made, "CreateTIEKEPIMfgParameterEvaluation" + expected.className);
   }
 }
 
@@ -112,14 +114,14 @@ TEST_F(Registrations, SecondLateTypeHasTheMetaObjectOfTheFirst) {
 
 TEST_F(Registrations, TypeOfEveryParameterNameGivesTheEvaluationOfItsClass) {
   const auto document = host::Document::create();
-  for (const auto& [lateType, className] : module_test::kExpectedEvaluations) {
-    const auto type =
-        KEPISpecObject_var::Adopt(document->features()->CreateStartUp(lateType, nullptr));
+  for (const auto& expected : ppword::test::expectedEvaluations()) {
+    const std::string& name = expected.parameter;
+    const auto type = KEPISpecObject_var::Adopt(document->features()->CreateStartUp(name, nullptr));
     const KEPIMfgParameterEvaluation_var evaluation(type);
-    ASSERT_TRUE(evaluation) << lateType;
-    ASSERT_NE(evaluation->GetMetaObject(), nullptr) << lateType;
-    EXPECT_EQ(evaluation->GetMetaObject()->GetName(), className) << lateType;
-    EXPECT_EQ(evaluation->GetImpl(), type->GetImpl()) << lateType;
+    ASSERT_TRUE(evaluation) << name;
+    ASSERT_NE(evaluation->GetMetaObject(), nullptr) << name;
+    EXPECT_EQ(evaluation->GetMetaObject()->GetName(), expected.className) << name;
+    EXPECT_EQ(evaluation->GetImpl(), type->GetImpl()) << name;
   }
 }
 

@@ -1,18 +1,20 @@
 #!/bin/sh
-# usage: exports_test.sh MODULE HOST LIST
-# Fails unless MODULE exports exactly the names of LIST, and asks for nothing but what HOST exports
+# usage: exports_test.sh MODULE HOST LIST EVALUATIONS
+# Fails unless MODULE exports exactly the names of LIST and the creators of EVALUATIONS, and asks for nothing but what HOST exports
 # as the platform (KEP...) and the language's own libraries offer: versioned names, and in a
 # sanitized build whatever the sanitizers define.
 set -eu
 export LC_ALL=C
-module=$1 host=$2 list=$3
+module=$1 host=$2 list=$3 evaluations=$4
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 
 nm -D --defined-only -C "$module" | cut -d' ' -f3- | sort -u >"$work/exported"
-sort -u "$list" >"$work/expected"
+creator=CreateTIEKEPIMfgParameterEvaluation
+awk -v creator=$creator '!/^#/ { print creator $2 }' "$evaluations" >"$work/creators"
+sort -u "$list" "$work/creators" >"$work/expected"
 diff "$work/expected" "$work/exported" || {
-  echo "the exports differ from $list (< expected, > exported)" >&2
+  echo "the exports differ from $list and $evaluations (< expected, > exported)" >&2
   exit 1
 }
 

@@ -5,7 +5,7 @@
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "Mathematics/KEPMathConstants.h"
 #include "Mathematics/KEPMathVector.h"
-#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterContext.h"
 
 namespace ppword {
 namespace {
@@ -52,9 +52,9 @@ std::optional<double> helixAngle(const KEPIMfgBufferHelix& helix) {
 }
 
 bool evaluateHelix(const KEPBaseUnknown& evaluation, HelixNumber compute, KEPString& value) {
-  const auto parameter = EvaluatedParameter::of(evaluation);
-  const auto helix = parameter.buffer<KEPIMfgBufferHelix>();
-  if (!helix) return false;
+  const auto parameter = ParameterContext::of(evaluation);
+  const auto* const helix = parameter.buffer<KEPIMfgBufferHelix>();
+  if (helix == nullptr) return false;
   const auto number = compute(*helix);
   return number && parameter.print(*number, value);
 }

@@ -5,9 +5,9 @@
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/Compensation.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -69,7 +69,7 @@ double noseRadius(const KEPIMfgActivity_var& activity, int corrector) {
 }  // namespace
 
 bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   if (activity) ppword::printLength(noseRadius(activity, corrector), value);

@@ -4,8 +4,8 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "Manufacturing/KEPMfgNames.h"
 #include "System/KEPError.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -44,7 +44,7 @@ int kindOfMotion(const KEPIMfgActivity_var& activity, int number) {
 }  // namespace
 
 bool KEPMfgMFGDELAYUNITEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::ofAny(*this);
+  const auto parameter = ppword::ParameterContext::ofAny(*this);
   const auto activity = parameter.activity();
   const int kind =
       ppword::isSequential(activity)

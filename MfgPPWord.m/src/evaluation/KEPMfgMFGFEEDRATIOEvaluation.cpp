@@ -3,7 +3,7 @@
 #include <string>
 
 #include "KEPIMfgBufferFeedrate.h"
-#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -23,8 +23,8 @@ int percentage(double factor) {
 }  // namespace
 
 bool KEPMfgMFGFEEDRATIOEvaluation::Evaluate(KEPString& value) const {
-  const auto feed = ppword::EvaluatedParameter::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
-  if (!feed) return false;
+  const auto* const feed = ppword::ParameterContext::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
+  if (feed == nullptr) return false;
   double factor = 0.0;
   feed->GetFactor(factor);
   value = KEPString(std::to_string(percentage(factor)));

@@ -4,7 +4,7 @@
 
 #include "KEPIMfgBufferFeedrate.h"
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -28,8 +28,8 @@ std::string_view wordOf(std::string_view feedType) {
 }  // namespace
 
 bool KEPMfgMFGFEEDTYPEEvaluation::Evaluate(KEPString& value) const {
-  const auto feed = ppword::EvaluatedParameter::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
-  if (!feed) return false;
+  const auto* const feed = ppword::ParameterContext::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
+  if (feed == nullptr) return false;
   KEPUnicodeString type;
   feed->GetFeedType(type);
   // deliberate: a plunge feed rate is a success that leaves the text as it was

@@ -1,7 +1,7 @@
 #include "KEPIMfgBufferFeedrate.h"
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -10,8 +10,8 @@ namespace {
 constexpr int kLinear = 1;
 constexpr int kAngular = 2;
 
-int kindOfBuffer(const KEPIMfgBufferFeedrate_var& feed) {
-  if (!feed || !feed->HasFeedParameter()) return 0;
+int kindOfBuffer(const KEPIMfgBufferFeedrate* feed) {
+  if (feed == nullptr || !feed->HasFeedParameter()) return 0;
   bool answer = false;
   if (feed->IsLinear(answer) && answer) return kLinear;
   return feed->IsAngular(answer) && answer ? kAngular : 0;
@@ -20,7 +20,7 @@ int kindOfBuffer(const KEPIMfgBufferFeedrate_var& feed) {
 }  // namespace
 
 bool KEPMfgMFGFEEDUNITEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::ofAny(*this);
+  const auto parameter = ppword::ParameterContext::ofAny(*this);
   int kind = kindOfBuffer(parameter.buffer<KEPIMfgBufferFeedrate>());
   if (kind == 0) {
     const KEPIMfgFeedrateParameters_var operation = ppword::operationOf(parameter.activity());

@@ -1,10 +1,10 @@
 #include "KEPIMfgBufferComment.h"
-#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 bool KEPMfgMFGOUTPUTCOMMENTEvaluation::Evaluate(KEPString& value) const {
-  const auto comment = ppword::EvaluatedParameter::of(*this).buffer<KEPIMfgBufferComment>();
-  if (!comment) return false;
+  const auto* const comment = ppword::ParameterContext::of(*this).buffer<KEPIMfgBufferComment>();
+  if (comment == nullptr) return false;
   comment->GetComment(value);
   return true;
 }

@@ -3,8 +3,8 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgBufferSpindle.h"
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -20,7 +20,7 @@ std::optional<double> ownSpeed(const ppword::MotionSpindle& motion,
 }  // namespace
 
 bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   std::optional<double> speed;
   if (ppword::isSequential(activity)) {
@@ -30,8 +30,8 @@ bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
     speed = ownSpeed(*motion, activity);
   }
   if (!speed) {
-    const auto spindle = parameter.buffer<KEPIMfgBufferSpindle>();
-    if (!spindle) return false;
+    const auto* const spindle = parameter.buffer<KEPIMfgBufferSpindle>();
+    if (spindle == nullptr) return false;
     spindle->GetValue(speed.emplace());
   }
   return parameter.print(*speed, value);

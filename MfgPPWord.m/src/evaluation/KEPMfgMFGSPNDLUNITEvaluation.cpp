@@ -1,13 +1,14 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgBufferSpindle.h"
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
 
-// deliberate: angular stands before linear here, the other way round than in the feed rate's unit
+// deliberate: angular comes before linear here; in the unit of the feed rate it is the other way
+// round
 constexpr int kAngular = 1;
 constexpr int kLinear = 2;
 
@@ -16,15 +17,15 @@ int kindOfParameters(const KEPIMfgFeedrateParameters_var& parameters) {
                         "LINEARSPINDLESPEED");
 }
 
-int kindOfBuffer(const KEPIMfgBufferSpindle_var& spindle) {
+int kindOfBuffer(const KEPIMfgBufferSpindle* spindle) {
   bool answer = false;
-  if (!spindle) return 0;
+  if (spindle == nullptr) return 0;
   if (spindle->IsAngular(answer) && answer) return kAngular;
   return spindle->IsLinear(answer) && answer ? kLinear : 0;
 }
 
 /// The buffer's kind, or the operation's when the buffer gives no answer.
-int kindOfOperation(const ppword::EvaluatedParameter& parameter,
+int kindOfOperation(const ppword::ParameterContext& parameter,
                     const KEPIMfgActivity_var& operation) {
   const int buffered = kindOfBuffer(parameter.buffer<KEPIMfgBufferSpindle>());
   return buffered != 0 ? buffered : kindOfParameters(operation);
@@ -33,7 +34,7 @@ int kindOfOperation(const ppword::EvaluatedParameter& parameter,
 }  // namespace
 
 bool KEPMfgMFGSPNDLUNITEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto parameter = ppword::ParameterContext::of(*this);
   const auto operation = ppword::operationOf(parameter.activity());
   int kind = 0;
   if (ppword::isSequential(operation)) {

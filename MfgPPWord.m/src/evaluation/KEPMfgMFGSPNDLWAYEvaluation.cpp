@@ -5,8 +5,8 @@
 #include "Manufacturing/KEPIMfgLatheOperation.h"
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -55,15 +55,15 @@ Way handOfTool(const KEPIMfgActivity_var& activity) {
 }
 
 /// The way that suits the hand of the tool; a spindle that turns the other way swaps them.
-Way wayOfTool(const KEPIMfgActivity_var& activity, const KEPIMfgBufferSpindle_var& spindle) {
+Way wayOfTool(const KEPIMfgActivity_var& activity, const KEPIMfgBufferSpindle* spindle) {
   const Way hand = handOfTool(activity);
   int way = 1;
-  if (spindle) spindle->GetWay(way);
+  if (spindle != nullptr) spindle->GetWay(way);
   if (way != kSwapped || hand == Way::None) return hand;
   return hand == Way::First ? Way::Second : Way::First;
 }
 
-Way wayOf(const ppword::EvaluatedParameter& parameter) {
+Way wayOf(const ppword::ParameterContext& parameter) {
   const auto activity = parameter.activity();
   if (!activity) return Way::First;
   Way way = wayOfOperation(activity);
@@ -76,7 +76,7 @@ Way wayOf(const ppword::EvaluatedParameter& parameter) {
 }  // namespace
 
 bool KEPMfgMFGSPNDLWAYEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::of(*this);
+  const auto parameter = ppword::ParameterContext::of(*this);
   KEPString first;
   KEPString second;
   if (!parameter.readWord(1, first) || !parameter.readWord(2, second)) return false;

@@ -1,5 +1,5 @@
 #include "Manufacturing/KEPIMfgToolPath.h"
-#include "src/evaluation/EvaluatedParameter.h"
+#include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
@@ -20,7 +20,7 @@ int entryOf(const KEPIMfgToolPathManagement_var& activity) {
 }  // namespace
 
 bool KEPMfgMFGTOOLPATHTYPEEvaluation::Evaluate(KEPString& value) const {
-  const auto parameter = ppword::EvaluatedParameter::ofAny(*this);
+  const auto parameter = ppword::ParameterContext::ofAny(*this);
   const int entry = entryOf(parameter.activity());
   return entry != 0 && parameter.readWord(entry, value);
 }

@@ -7,9 +7,9 @@
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPIMfgTurningEnvironment.h"
 #include "Mathematics/KEPMathTransformation.h"
+#include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/Compensation.h"
-#include "src/evaluation/EvaluatedParameter.h"
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ParameterContext.h"
 
 namespace ppword {
 namespace {
@@ -51,7 +51,7 @@ std::optional<KEPMathVector> correctorOffset(const KEPIMfgActivity_var& activity
 
 bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis& axis,
                          KEPString& value) {
-  const auto parameter = EvaluatedParameter::of(evaluation);
+  const auto parameter = ParameterContext::of(evaluation);
   const auto activity = parameter.activity();
   // deliberate: a success even when there was nothing to print
   if (!activity) return true;

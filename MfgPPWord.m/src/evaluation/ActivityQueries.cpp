@@ -1,4 +1,4 @@
-#include "src/evaluation/Operations.h"
+#include "src/evaluation/ActivityQueries.h"
 
 #include "Knowledge/KEPICkeParm.h"
 #include "Manufacturing/KEPIMfgToolChange.h"

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "KEPIMfgPPWordContainer.h"
+#include "Manufacturing/KEPIMfgActivity.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
+#include "System/KEPString.h"
+
+namespace ppword {
+
+/// Where the format of a number comes from: the "Format" of the parameter type, or first the point
+/// or axis format of the running generation.
+enum class FormatSource { Type, Points, Axes };
+
+/// Reads one number from a motion buffer.
+using BufferNumber = double (*)(const KEPBaseUnknown& buffer);
+
+/// What an evaluation sees: the parameter type that it extends, and of the container that holds the
+/// type the motion buffers and the activity. Nothing is counted, so a context is made for one
+/// evaluation and not stored; whoever evaluates holds the component and its container.
+class ParameterContext {
+ public:
+  /// An evaluation that extends no feature raises the null-handle error.
+  [[nodiscard]] static ParameterContext of(const KEPBaseUnknown& evaluation);
+  /// An evaluation that extends no feature has no container either.
+  [[nodiscard]] static ParameterContext ofAny(const KEPBaseUnknown& evaluation);
+
+  /// A motion buffer of the container; null when there is no container or no such buffer.
+  template <class Buffer>
+  [[nodiscard]] const Buffer* buffer() const {
+    return static_cast<const Buffer*>(buffer(KEPInterfaceId<Buffer>()));
+  }
+  [[nodiscard]] const KEPBaseUnknown* buffer(const KEPMetaClass* interfaceClass) const {
+    return container_ != nullptr ? container_->FindInterface(interfaceClass) : nullptr;
+  }
+  /// The number that a buffer with one number stores; 0 without the buffer.
+  template <class Buffer>
+  [[nodiscard]] int bufferedNumber() const {
+    int number = 0;
+    if (const auto* const held = buffer<Buffer>()) held->GetNumber(number);
+    return number;
+  }
+
+  /// The activity that the document is generating; null when there is none.
+  [[nodiscard]] KEPIMfgActivity_var activity() const;
+
+  /// Sets `word` to an entry (from 1) of the type's "MultiListValue", as it is. False, with `word`
+  /// untouched, when there is no such entry.
+  [[nodiscard]] bool readWord(int entry, KEPString& word) const;
+  /// Prints a number with the type's "Format". False, with `text` untouched, when there is none or
+  /// it cannot print the number.
+  [[nodiscard]] bool print(double number, KEPString& text) const;
+  /// Prints a number of a motion buffer, which `read` reads. False, with `text` untouched, when
+  /// there is no such buffer, no format, or the format cannot print the number.
+  [[nodiscard]] bool print(const KEPMetaClass* bufferClass, BufferNumber read, FormatSource source,
+                           KEPString& text) const;
+
+ private:
+  explicit ParameterContext(KEPISpecObject* type)
+      : type_(type), container_(type != nullptr ? type->GetContainer() : nullptr) {}
+
+  [[nodiscard]] bool findFormat(FormatSource source, KEPUnicodeString& format) const;
+
+  KEPISpecObject* type_;
+  const KEPIContainer* container_;
+};
+
+}  // namespace ppword
