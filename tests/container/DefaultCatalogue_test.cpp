@@ -199,7 +199,7 @@ TEST_F(DefaultCatalogue, SynchronisationIsNamedByTheHost) {
 
 TEST(DefaultCatalogueRows, UpdateModesAreExact) {
   std::map<std::string, int> modes;
-  for (const InstructionRow& row : kDefaultInstructions) {
+  for (const CatalogueRow& row : kDefaultCatalogue) {
     if (row.updateMode != kNew) modes[std::string(row.name)] = row.updateMode;
   }
   const std::map<std::string, int> expected = {{"NC_CYCLE_LOCATION_POINT", 1},

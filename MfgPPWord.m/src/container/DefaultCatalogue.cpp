@@ -9,15 +9,14 @@ namespace {
 
 using Kind = KEPISpecAttribute::Kind;
 
-/// The texts of a row up to the first empty one.
-template <class Texts>
-KEPListValKEPString listOf(const Texts& texts) {
-  KEPListValKEPString list;
-  for (const std::string_view text : texts) {
-    if (text.empty()) break;
-    list.Append(KEPString(text));
+/// The values of a row up to the first empty one.
+KEPListValKEPString valuesOf(const CatalogueRow& row) {
+  KEPListValKEPString values;
+  for (const std::string_view value : row.values) {
+    if (value.empty()) break;
+    values.Append(KEPString(value));
   }
-  return list;
+  return values;
 }
 
 class Catalogue {
@@ -27,42 +26,30 @@ class Catalogue {
         parameterRoot_(parameterRoot(container)),
         syntaxRoot_(syntaxRoot(container)) {}
 
-  void make(const Stretch& stretch) const {
-    const std::size_t count = stretch.last - stretch.first + 1;
-    if (stretch.rows == Stretch::Rows::Parameters) {
-      for (const auto& row : kDefaultParameters.subspan(stretch.first - 1, count)) make(row);
-    } else {
-      for (const auto& row : kDefaultInstructions.subspan(stretch.first - 1, count)) make(row);
+  void apply(const CatalogueRow& row) const {
+    if (row.updateMode != kNew) {
+      update(row);
+    } else if (!findType(container_, row.name)) {
+      create(row);
     }
   }
 
  private:
-  void make(const ParameterRow& row) const {
-    if (findType(container_, row.name)) return;
-    if (row.attribute == kFormat) {
-      const auto type = makeType(container_, row.name, parameterRoot_, kFormat, Kind::String);
+  void create(const CatalogueRow& row) const {
+    const auto& base = row.attribute == kSyntaxe ? syntaxRoot_ : parameterRoot_;
+    if (row.attribute.empty()) {
+      makeType(container_, row.name, base);
+    } else if (row.attribute == kFormat) {
+      const auto type = makeType(container_, row.name, base, kFormat, Kind::String);
       KEPMfgAttributeUtilities::SetString(type, kFormat, row.values.front());
-    } else if (row.attribute == kMultiListValue) {
-      makeWithList(row.name, parameterRoot_, kMultiListValue, listOf(row.values));
     } else {
-      makeType(container_, row.name, parameterRoot_);
+      const auto type = makeType(container_, row.name, base, row.attribute, Kind::StringList);
+      KEPMfgAttributeUtilities::SetStringListString(type, row.attribute, valuesOf(row));
     }
   }
 
-  void make(const InstructionRow& row) const {
-    if (row.updateMode != kNew) return update(row);
-    if (findType(container_, row.name)) return;
-    makeWithList(row.name, syntaxRoot_, kSyntaxe, listOf(row.lines));
-  }
-
-  void makeWithList(std::string_view name, const KEPISpecObject_var& base,
-                    std::string_view attribute, const KEPListValKEPString& items) const {
-    const auto type = makeType(container_, name, base, attribute, Kind::StringList);
-    KEPMfgAttributeUtilities::SetStringListString(type, attribute, items);
-  }
-
-  void update(const InstructionRow& row) const {
-    const KEPListValKEPString lines = listOf(row.lines);
+  void update(const CatalogueRow& row) const {
+    const KEPListValKEPString lines = valuesOf(row);
     if (lines.Size() == 1) {
       KEPMfgAttributeUtilities::StandardUpdateForPPWordContainer(container_, syntaxRoot_, row.name,
                                                                  lines[1], row.updateMode);
@@ -81,7 +68,7 @@ class Catalogue {
 
 void createDefaultCatalogue(const KEPIContainer_var& container) {
   const Catalogue catalogue(container);
-  for (const Stretch& stretch : kMakingOrder) catalogue.make(stretch);
+  for (const CatalogueRow& row : kDefaultCatalogue) catalogue.apply(row);
 }
 
 }  // namespace ppword

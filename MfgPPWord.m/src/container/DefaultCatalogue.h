@@ -4,8 +4,8 @@
 
 namespace ppword {
 
-/// Makes every type of the default catalogue that the container lacks, and brings the few
-/// instructions marked for update to their default lines. Types that are there keep what they have.
+/// Creates every type of the default catalogue that the container lacks, and sets the few
+/// instructions marked for update to their default lines. Other types that exist do not change.
 void createDefaultCatalogue(const KEPIContainer_var& container);
 
 }  // namespace ppword
