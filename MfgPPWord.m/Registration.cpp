@@ -102,7 +102,7 @@ struct Record {
          &Way::base<Interface>,                                                    \
          &KEPInterfaceId<Interface>,                                               \
          &Create##Way##Interface##Class,                                           \
-         ppword::metaObjectOf<Class>},
+         ppword::metaObjectSlot<Class>},
 constexpr Record kRecords[] = {
 #include "Registrations.def"
 };

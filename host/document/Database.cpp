@@ -153,7 +153,7 @@ void Database::run(const std::string& statements) {
   if (code != SQLITE_OK) fail(code);
 }
 
-std::int64_t Database::number(std::string_view statement) {
+std::int64_t Database::queryNumber(std::string_view statement) {
   Statement query(*this, statement);
   return query.step() && query.isInteger(0) ? query.integer(0) : 0;
 }

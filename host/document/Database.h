@@ -20,8 +20,8 @@ class Database {
   Database(const std::string& path, std::string_view name);
 
   void run(const std::string& statements);
-  /// The one number that a statement gives.
-  [[nodiscard]] std::int64_t number(std::string_view statement);
+  /// The one number that a statement returns.
+  [[nodiscard]] std::int64_t queryNumber(std::string_view statement);
 
   /// Begins a transaction that only reads, or one that other connections can read beside and none
   /// can write. It is undone unless it is committed.

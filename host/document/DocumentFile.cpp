@@ -41,17 +41,17 @@ bool moveToNewName(const std::string& from, const std::string& to) {
 }
 
 /// A file that is not in its place yet; it goes with the object unless it was put there.
-class Unplaced {
+class TemporaryFile {
  public:
-  explicit Unplaced(const std::string& target) : target_(target) {
+  explicit TemporaryFile(const std::string& target) : target_(target) {
     FileBeside file = createBeside(target);
     if (file.descriptor < 0) refuseWriting(target, systemReason(errno));
     ::close(file.descriptor);
     path_ = std::move(file.path);
   }
-  Unplaced(const Unplaced&) = delete;
-  Unplaced& operator=(const Unplaced&) = delete;
-  ~Unplaced() {
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+  ~TemporaryFile() {
     ::unlink(path_.c_str());
     ::unlink((path_ + "-journal").c_str());
   }
@@ -74,7 +74,7 @@ void saveNew(Document& document, const std::string& path) {
   if (isThere(path + "-journal")) {
     refuseWriting(path, "the journal of a lost document, " + path + "-journal, lies there");
   }
-  Unplaced file(path);
+  TemporaryFile file(path);
   std::int64_t stamp = 0;
   {
     Database database(file.path(), path);

@@ -83,7 +83,7 @@ class Reader {
     readFeatures();
     readAttributes();
     if (version_ >= format::kFirstWithPublished) readDesignParameters();
-    if (database_.number("SELECT digest FROM document") != digest_.value()) {
+    if (database_.queryNumber("SELECT digest FROM document") != digest_.value()) {
       database_.refuse("the document is damaged: its content does not match its checksum");
     }
     document_->setNeedsUpgrade(version_ < format::kVersion);
@@ -251,10 +251,10 @@ bool gives(Database& database, std::string_view query, std::string_view text) {
 }  // namespace
 
 std::int64_t requireDocument(Database& database) {
-  if (database.number("PRAGMA application_id") != format::kApplicationId) {
+  if (database.queryNumber("PRAGMA application_id") != format::kApplicationId) {
     database.refuse("this file is no document");
   }
-  const std::int64_t version = database.number("PRAGMA user_version");
+  const std::int64_t version = database.queryNumber("PRAGMA user_version");
   if (version > format::kVersion) {
     database.refuse("the document is of version " + std::to_string(version) +
                     "; this program reads no newer version than " +
@@ -267,14 +267,14 @@ std::int64_t requireDocument(Database& database) {
   }
   requireSchema(database, version);
   if (!gives(database, "PRAGMA quick_check(1)", "ok")) database.refuse("the document is damaged");
-  if (database.number("SELECT count(*) FROM document") != 1) {
+  if (database.queryNumber("SELECT count(*) FROM document") != 1) {
     database.refuse("the document is damaged");
   }
   return version;
 }
 
 std::int64_t storedStamp(Database& database) {
-  return database.number("SELECT stamp FROM document");
+  return database.queryNumber("SELECT stamp FROM document");
 }
 
 KEPVar<Document> readDocument(Database& database, std::int64_t version) {

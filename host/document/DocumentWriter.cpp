@@ -34,8 +34,8 @@ std::int64_t stored(const std::array<std::pair<Kind, std::int64_t>, kCount>& num
 }
 
 /// The features of a document, base types before those that derive from them, and those of one
-/// container in the order of their making.
-class MakingOrder {
+/// container in the order of their creation.
+class StorageOrder {
  public:
   struct Entry {
     const Feature* feature;
@@ -44,7 +44,7 @@ class MakingOrder {
     Number base;
   };
 
-  MakingOrder(const Document& document, const Database& database) : database_(database) {
+  StorageOrder(const Document& document, const Database& database) : database_(database) {
     if (std::ssize(document.containers()) > format::kMostContainers) {
       refuse(database_, "it has more than 1000 containers");
     }
@@ -123,7 +123,7 @@ class Writer {
   std::int64_t write(const Document& document) {
     makeTables();
     writeContainers(document);
-    const MakingOrder order(document, database_);
+    const StorageOrder order(document, database_);
     writeFeatures(order);
     writeAttributes(order);
     writeDesignParameters(document);
@@ -182,7 +182,7 @@ class Writer {
     }
   }
 
-  void writeFeatures(const MakingOrder& order) {
+  void writeFeatures(const StorageOrder& order) {
     Statement statement(database_, "INSERT INTO feature VALUES(?,?,?,?,?,?)");
     std::int64_t id = 0;
     for (const auto& [feature, container, base] : order.entries()) {
@@ -191,11 +191,11 @@ class Writer {
     }
   }
 
-  void writeAttributes(const MakingOrder& order) {
+  void writeAttributes(const StorageOrder& order) {
     Statement attribute(database_, "INSERT INTO attribute VALUES(?,?,?,?,?,?,?)");
     Statement text(database_, "INSERT INTO text VALUES(?,?,?,?)");
     std::int64_t feature = 0;
-    for (const MakingOrder::Entry& entry : order.entries()) {
+    for (const StorageOrder::Entry& entry : order.entries()) {
       ++feature;
       std::int64_t position = 0;
       for (const Slot& slot : entry.feature->attributes().slots()) {

@@ -220,7 +220,7 @@ TEST(Tie, SharesTheMetaObjectOfTheClassItServes) {
   const KEPIMfgPPWordContainer_var words = document->ppWordContainer();
   ASSERT_NE(words->GetMetaObject(), nullptr);
   EXPECT_EQ(words->GetMetaObject()->GetName(), "KEPMfgPPWordContainer");
-  EXPECT_EQ(words->GetMetaObject(), metaObjectOf<KEPMfgPPWordContainer>);
+  EXPECT_EQ(words->GetMetaObject(), metaObjectSlot<KEPMfgPPWordContainer>);
 }
 
 TEST(Tie, ExtendingWhatIsNoContainerRaisesTheNullHandleError) {

@@ -4,15 +4,15 @@
 
 namespace ppword {
 
-/// The slot that keeps the meta-object of a registered class; empty until the class is registered.
+/// Holds the meta-object of a registered class; null until the class is registered.
 template <class Class>
-inline KEPMetaClass* metaObjectOf = nullptr;
+inline KEPMetaClass* metaObjectSlot = nullptr;
 
-/// Base of every registered class: its run-time type queries use the meta-object in its slot.
+/// Base of every registered class: its run-time type queries return the meta-object in its slot.
 template <class Class, class Base = KEPBaseUnknown>
 class Registered : public Base {
  public:
-  [[nodiscard]] const KEPMetaClass* GetMetaObject() const final { return metaObjectOf<Class>; }
+  [[nodiscard]] const KEPMetaClass* GetMetaObject() const final { return metaObjectSlot<Class>; }
 };
 
 }  // namespace ppword
