@@ -34,10 +34,6 @@ KEPVar<GeneratorData> GeneratorData::create(std::string_view pointFormat,
   return KEPVar<GeneratorData>::Adopt(new GeneratorData(std::move(settings)));
 }
 
-KEPVar<GeneratorData> GeneratorData::createWithoutSettings() {
-  return KEPVar<GeneratorData>::Adopt(new GeneratorData(nullptr));
-}
-
 KEPBaseUnknown* GeneratorData::Answer(const KEPMetaClass* interfaceClass) {
   return interfaceClass == KEPInterfaceId<KEPIMfgGeneratorData>() ? this : nullptr;
 }

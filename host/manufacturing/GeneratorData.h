@@ -13,8 +13,6 @@ class KEP_PLATFORM GeneratorData final : public KEPIMfgGeneratorData {
   /// A generation with output settings.
   [[nodiscard]] static KEPVar<GeneratorData> create(std::string_view pointFormat,
                                                     std::string_view axisFormat);
-  /// A generation without output settings.
-  [[nodiscard]] static KEPVar<GeneratorData> createWithoutSettings();
 
   [[nodiscard]] KEPIMfgOutputSettings_var GetOutputSettings() const override { return settings_; }
   void GetAngleFactor(double& factor) const override { factor = angleFactor_.value_or(factor); }

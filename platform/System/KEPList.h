@@ -29,9 +29,6 @@ class KEPListVal {
     for (std::size_t i = 0; i < count; ++i) values_.push_back(other.values_[i]);
   }
   void RemoveAll() noexcept { values_.clear(); }
-  void RemovePosition(int position) {
-    values_.erase(values_.begin() + static_cast<std::ptrdiff_t>(Index(position)));
-  }
 
   /// The position of the first entry equal to `value`, 0 when there is none.
   [[nodiscard]] int Locate(const T& value) const {

@@ -147,7 +147,7 @@ TEST(Generator, FormatThatShowsNoNumberIsRefusedAtItsPlace) {
 }
 
 TEST(Generator, GeneratorDataBeforeTheJobComesBack) {
-  const KEPIMfgGeneratorData_var before = GeneratorData::createWithoutSettings();
+  const KEPIMfgGeneratorData_var before = GeneratorData::create("", "");
   setCurrentGeneratorData(before);
   EXPECT_EQ(post("{\"nc\":\"NC_RAPID\"}").lines, Lines{"RAPID"});
   EXPECT_EQ(KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData().Get(), before.Get());

@@ -42,7 +42,7 @@ TEST(List, PositionOutsideRaisesTheHostsError) {
             "position 4 is outside a list of 3 entries");
   EXPECT_EQ(raised([&] { static_cast<void>(constant[-1]); }),
             "position -1 is outside a list of 3 entries");
-  EXPECT_EQ(raised([&] { list.RemovePosition(4); }), "position 4 is outside a list of 3 entries");
+  EXPECT_EQ(raised([&] { list[4] = 40; }), "position 4 is outside a list of 3 entries");
   EXPECT_EQ(raised([] { static_cast<void>(KEPRawCollint()[1]); }),
             "position 1 is outside a list of 0 entries");
   EXPECT_EQ(list, numbers());
@@ -52,16 +52,6 @@ TEST(List, EntryCanBeWritten) {
   KEPRawCollint list = numbers();
   list[2] = 25;
   EXPECT_EQ(list[2], 25);
-}
-
-TEST(List, RemovedPositionMovesTheRestUp) {
-  KEPRawCollint list = numbers();
-  list.RemovePosition(1);
-  EXPECT_EQ(list.Size(), 2);
-  EXPECT_EQ(list[1], 20);
-  list.RemovePosition(2);
-  EXPECT_EQ(list.Size(), 1);
-  EXPECT_EQ(list[1], 20);
 }
 
 TEST(List, RemoveAllLeavesAnEmptyList) {

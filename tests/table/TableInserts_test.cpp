@@ -20,9 +20,10 @@ Syntax syntaxOfA(std::string_view table) {
   EXPECT_EQ(reader.GetSyntaxOfCommand(1, byIndex), result);
   EXPECT_EQ(byName, byIndex);
   EXPECT_EQ(byName[1], KEPString("before"));
-  byName.RemovePosition(1);
-  if (result) return texts(byName);
-  EXPECT_EQ(byName.Size(), 0);
+  Texts syntax = texts(byName);
+  syntax.erase(syntax.begin());
+  if (result) return syntax;
+  EXPECT_EQ(syntax, Texts{});
   return std::nullopt;
 }
 
