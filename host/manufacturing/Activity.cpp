@@ -39,9 +39,9 @@ Activity::Activity(ActivityValues values)
       parameters_(this->values().parameters) {
   customParameters_.BindTo(*this);
   parameters_.BindTo(*this);
-  if (const auto& tool = this->values().tool) tool_ = makeModelObject(model::kTool, *tool);
+  if (const auto& tool = this->values().tool) tool_ = createModelObject(model::kTool, *tool);
   if (const auto& assembly = this->values().assembly) {
-    assembly_ = makeModelObject(typeOf(*assembly), *assembly);
+    assembly_ = createModelObject(typeOf(*assembly), *assembly);
   }
 }
 

@@ -6,7 +6,6 @@
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/manufacturing/Activity.h"
-#include "host/modeler/ContainerOf.h"
 #include "host/modeler/Document.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/manufacturing/Activity.h"
 #include "host/manufacturing/Program.h"
-#include "host/modeler/ContainerOf.h"
+#include "host/modeler/Container.h"
 #include "host/modeler/Document.h"
 
 namespace {

@@ -6,12 +6,12 @@
 
 #include "Manufacturing/KEPIMfgParameterAccess.h"
 #include "host/manufacturing/ActivityValues.h"
-#include "host/manufacturing/model/ModelObject.h"
+#include "host/manufacturing/ModelObject.h"
 #include "host/system/TextHash.h"
 
 namespace host {
 
-/// Typed values by name behind an interface that offers them, as a base of the class that does.
+/// Typed values by name: the base of a class whose interface offers them and more.
 template <class Self, class Interface>
 class NamedTable : public ModelExtension<Self, Interface> {
  public:
@@ -35,7 +35,7 @@ class NamedTable : public ModelExtension<Self, Interface> {
   TextMap<KEPMfgParameterValue> values_;
 };
 
-/// Typed values by name behind an interface that offers nothing else.
+/// Typed values by name for an interface that offers nothing else.
 template <class Interface>
 class ParameterTable final : public NamedTable<ParameterTable<Interface>, Interface> {
  public:

@@ -20,29 +20,8 @@ AttributeTable::Slot& AttributeTable::add(std::string_view name, KEPISpecAttribu
   return slots_.emplace_back(Slot{std::string(name), kind, declared});
 }
 
-AttributeTable::Slot& AttributeTable::insert(int position, std::string_view name,
-                                             KEPISpecAttribute::Kind kind) {
-  const int count = declaredCount();
-  if (position < 1 || position > count + 1) KEPRaisePositionOutOfList(position, count);
-  const std::size_t at =
-      position > count ? slots_.size() : declared_[static_cast<std::size_t>(position) - 1];
-  const auto place = slots_.insert(slots_.begin() + static_cast<std::ptrdiff_t>(at),
-                                   Slot{std::string(name), kind, true});
-  index();
-  return *place;
-}
-
 const AttributeTable::Slot& AttributeTable::declaredAt(int position) const {
   return slots_[declared_[static_cast<std::size_t>(position) - 1]];
-}
-
-void AttributeTable::index() {
-  places_.clear();
-  declared_.clear();
-  for (std::size_t i = 0; i < slots_.size(); ++i) {
-    places_.emplace(slots_[i].name, i);
-    if (slots_[i].declared) declared_.push_back(i);
-  }
 }
 
 }  // namespace host

@@ -35,9 +35,6 @@ class AttributeTable {
 
   /// Adds a slot at the end.
   Slot& add(std::string_view name, KEPISpecAttribute::Kind kind, bool declared);
-  /// Adds a declared slot before the `position`-th declared one (from 1; one past the last appends
-  /// it). A position outside raises the host's error.
-  Slot& insert(int position, std::string_view name, KEPISpecAttribute::Kind kind);
 
   /// All slots, declared or not, in order.
   [[nodiscard]] const std::vector<Slot>& slots() const noexcept { return slots_; }
@@ -51,11 +48,10 @@ class AttributeTable {
   static constexpr std::size_t kFewSlots = 4;
 
   [[nodiscard]] const Slot* findIndexed(std::string_view name) const;
-  void index();
 
   std::vector<Slot> slots_;
   TextMap<std::size_t> places_;
-  /// Where the declared slots stand.
+  /// The places of the declared slots.
   std::vector<std::size_t> declared_;
 };
 

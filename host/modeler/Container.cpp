@@ -1,11 +1,10 @@
 #include "host/modeler/Container.h"
 
-#include "host/modeler/Document.h"
 #include "host/system/Dictionary.h"
 
 namespace host {
 
-Container::Container(Document& document, std::string_view lateType)
+Container::Container(ContainerOwner& document, std::string_view lateType)
     : document_(&document), lateType_(lateType) {
   document.add(*this);
 }

@@ -6,18 +6,31 @@
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/modeler/Feature.h"
-#include "host/modeler/TypeIndex.h"
 #include "host/system/Extensions.h"
+#include "host/system/NameIndex.h"
 
 namespace host {
 
-class Document;
+class Container;
+
+/// A document as its containers see it.
+class KEP_PLATFORM ContainerOwner : public KEPIDocument {
+ public:
+  /// A container belongs to the document from its creation until it closes.
+  void add(Container& container) { containers_.push_back(&container); }
+  void remove(Container& container) noexcept { std::erase(containers_, &container); }
+  /// The containers in the order of their creation.
+  [[nodiscard]] const std::vector<Container*>& containers() const noexcept { return containers_; }
+
+ private:
+  std::vector<Container*> containers_;
+};
 
 /// A container of a document, itself a component of a late type. Types are found by a hash of their
 /// name; members are listed in creation order.
-class KEP_PLATFORM Container final : public KEPIContainer {
+class KEP_PLATFORM Container final : public FeatureOwner {
  public:
-  Container(Document& document, std::string_view lateType);
+  Container(ContainerOwner& document, std::string_view lateType);
   ~Container() override;
 
   [[nodiscard]] KEPISpecObject* FindStartUp(std::string_view name) const override;
@@ -29,12 +42,10 @@ class KEP_PLATFORM Container final : public KEPIContainer {
       const KEPMetaClass* interfaceClass) const override;
   [[nodiscard]] KEPIDocument_var GetDocument() const override;
 
-  /// Takes a member out; handles on it stay good.
-  void removeMember(Feature& member);
+  void removeMember(Feature& member) override;
   /// Takes every member out and leaves the document.
   void close();
 
-  [[nodiscard]] Document* document() const noexcept { return document_; }
   [[nodiscard]] std::string_view lateType() const noexcept { return lateType_; }
 
  private:
@@ -42,14 +53,21 @@ class KEP_PLATFORM Container final : public KEPIContainer {
   [[nodiscard]] bool HasType(std::string_view lateType) const override {
     return lateType == lateType_;
   }
-  /// Null, and nothing made, when the type is no feature of this modeler.
+  /// Null, and nothing created, when the type is not a feature of this modeler.
   Feature* addMember(Feature::Kind kind, std::string_view name, const KEPISpecObject_var& type);
 
-  Document* document_;
+  ContainerOwner* document_;
   std::string lateType_;
   Feature::Members members_;
-  TypeIndex types_;
+  NameIndex<Feature> types_;
   Extensions extensions_;
 };
+
+/// The container that holds a feature, or the container itself, not counted; null for anything else
+/// and for a feature that is not in a container any more.
+[[nodiscard]] inline KEPIContainer* containerOf(const KEPBaseUnknown_var& object) {
+  const auto* const feature = KEPBorrow<KEPISpecObject>(object.Get());
+  return feature != nullptr ? feature->GetContainer() : KEPBorrow<KEPIContainer>(object.Get());
+}
 
 }  // namespace host

@@ -26,7 +26,7 @@ Document::Document()
       ppWords_(KEPVar<Container>::Adopt(new Container(*this, "MfgPPWordCont"))) {}
 
 Document::~Document() {
-  while (!containers_.empty()) containers_.back()->close();
+  while (!containers().empty()) containers().back()->close();
   root_->close();
   if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
     // What the container was told to keep may hold the container in turn, and may ask for this

@@ -14,7 +14,7 @@ namespace host {
 
 /// A manufacturing document: a root container and the PP word container, and the design parameters
 /// that expressions may use. It lives in memory.
-class KEP_PLATFORM Document final : public KEPIDocument {
+class KEP_PLATFORM Document final : public ContainerOwner {
  public:
   /// A document whose PP word container holds the type MfgPPCommand and nothing else. Whoever made
   /// it holds the first handle; containers and features die with the document, except those that
@@ -36,14 +36,9 @@ class KEP_PLATFORM Document final : public KEPIDocument {
 
   /// Sets a design parameter that "%(" expressions may name.
   void setDesignParameter(std::string_view name, double value);
-  /// A container belongs to the document from its making until it closes.
-  void add(Container& container) { containers_.push_back(&container); }
-  void remove(Container& container) noexcept { std::erase(containers_, &container); }
-  /// Makes a further container, which lives as long as the document.
+  /// Creates a further container, which lives as long as the document; the PP word container is the
+  /// first.
   Container& addContainer(std::string_view lateType);
-  /// The containers in the order of their making; the PP word container is the first.
-  [[nodiscard]] const std::vector<Container*>& containers() const noexcept { return containers_; }
-
   [[nodiscard]] const TextMap<double>& designParameters() const noexcept {
     return designParameters_;
   }
@@ -67,7 +62,6 @@ class KEP_PLATFORM Document final : public KEPIDocument {
     Document* document_;
   };
 
-  std::vector<Container*> containers_;
   KEPVar<Root> root_;
   KEPVar<Container> ppWords_;
   std::vector<KEPVar<Container>> furtherContainers_;

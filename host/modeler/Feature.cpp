@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "host/modeler/Container.h"
 #include "host/system/Dictionary.h"
 
 namespace host {
@@ -10,14 +9,12 @@ namespace host {
 using AttributeKind = KEPISpecAttribute::Kind;
 using Slot = AttributeTable::Slot;
 
-Feature::Feature(Kind kind, std::string_view name, KEPVar<Feature> type, Container& container)
+Feature::Feature(Kind kind, std::string_view name, KEPVar<Feature> type, FeatureOwner& container)
     : kind_(kind), name_(name), type_(std::move(type)), container_(&container) {}
 
 Feature::~Feature() = default;
 
 KEPISpecObject_var Feature::GetBaseType() const { return KEPISpecObject_var(type_.Get()); }
-
-KEPIContainer* Feature::GetContainer() const { return container_; }
 
 int Feature::GetNumberOfAttributes() const {
   int count = 0;
@@ -33,11 +30,6 @@ KEPISpecAttribute Feature::GetAttribute(int position) const {
   const Feature* owner = this;
   while (position <= (before -= owner->attributes_.declaredCount())) owner = owner->type_.Get();
   return view(owner->attributes_.declaredAt(position - before), owner == this);
-}
-
-void Feature::declareBookkeepingAttribute(std::string_view name, int position) {
-  if (attributes_.find(name) != nullptr) return;
-  attributes_.insert(position, name, AttributeKind::String);
 }
 
 KEPBaseUnknown* Feature::Answer(const KEPMetaClass* interfaceClass) {

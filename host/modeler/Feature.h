@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
@@ -14,7 +15,14 @@
 
 namespace host {
 
-class Container;
+class Feature;
+
+/// A container as its features see it.
+class KEP_PLATFORM FeatureOwner : public KEPIContainer {
+ public:
+  /// Takes a member out; handles on it stay good.
+  virtual void removeMember(Feature& member) = 0;
+};
 
 /// A feature type or instance. Its late type is the name of the type; interfaces of its base types
 /// are its own too.
@@ -23,20 +31,15 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   enum class Kind { StartUp, Instance };
   using Members = std::list<KEPVar<Feature>>;
 
-  Feature(Kind kind, std::string_view name, KEPVar<Feature> type, Container& container);
+  Feature(Kind kind, std::string_view name, KEPVar<Feature> type, FeatureOwner& container);
   ~Feature() override;
 
   [[nodiscard]] std::string_view GetName() const override { return name_; }
   [[nodiscard]] KEPISpecObject_var GetBaseType() const override;
   [[nodiscard]] std::string_view GetLateType() const override { return typeInUse().name_; }
-  [[nodiscard]] KEPIContainer* GetContainer() const override;
+  [[nodiscard]] KEPIContainer* GetContainer() const override { return container_; }
   [[nodiscard]] int GetNumberOfAttributes() const override;
   [[nodiscard]] KEPISpecAttribute GetAttribute(int position) const override;
-
-  /// Declares one of the modeler's bookkeeping attributes before the `position`-th own attribute
-  /// (from 1; one past the last appends it). Declaring a name twice has no effect. A position
-  /// outside raises the host's error.
-  void declareBookkeepingAttribute(std::string_view name, int position);
 
   /// True once the attributes were brought up to date.
   [[nodiscard]] bool isPublished() const noexcept { return published_; }
@@ -48,6 +51,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] AttributeTable& attributes() noexcept { return attributes_; }
 
  private:
+  /// Adds features to its members and takes them out.
   friend class Container;
 
   /// The feature's attributes by name.
@@ -99,7 +103,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   Kind kind_;
   std::string name_;
   KEPVar<Feature> type_;
-  Container* container_;
+  FeatureOwner* container_;
   Members::iterator place_{};
   AttributeTable attributes_;
   bool published_ = false;

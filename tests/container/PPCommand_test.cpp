@@ -125,10 +125,10 @@ TEST_F(PPCommand, LinesOfItsSequenceAreAppended) {
 }
 
 TEST_F(PPCommand, BookkeepingAttributesOfTheInstructionDoNotCount) {
-  const KEPVar<host::Feature> two = find("NC_TWO");
-  two->declareBookkeepingAttribute("$OSM_Xts", 1);
-  two->declareBookkeepingAttribute("$OSM_LocalXts", 3);
-  command->SetCommandName("NC_TWO");
+  const auto attributes =
+      declared("NC_MIXED", {"$OSM_Xts", "Syntaxe", "$OSM_LocalXts", "Syntaxe2"});
+  attributes->SetList("Syntaxe2", list({"SECOND/1"}));
+  command->SetCommandName("NC_MIXED");
   command->SetSequenceNumber(2);
   EXPECT_EQ(evaluate(), (std::pair{true, Texts{"BEFORE", "SECOND/1"}}));
 }

@@ -32,9 +32,9 @@ class PPWordTable : public testing::Test, protected PPWordDocument {
     const KEPISpecAttrAccess_var attributes = find(name);
     attributes->AddAttribute("Syntaxe2", Kind::StringList);
     attributes->SetList("Syntaxe2", list({"OTHER/1"}));
-    const KEPVar<host::Feature> feature = find(name);
-    feature->declareBookkeepingAttribute("$OSM_Xts", 1);
-    feature->declareBookkeepingAttribute("$OSM_LocalXts", 4);
+    attributes->AddAttribute("$OSM_LocalXts", Kind::String);
+    // Attributes of the base type are listed first.
+    KEPISpecAttrAccess_var(find("MfgPPSyntax"))->AddAttribute("$OSM_Xts", Kind::String);
   }
 
   [[nodiscard]] int count() const {

@@ -176,11 +176,12 @@ TEST_F(TableLoad, UnsettingEndsWithTheDeclaredAttributes) {
 }
 
 TEST_F(TableLoad, BookkeepingAttributesAreLeftAlone) {
-  const KEPVar<host::Feature> type = threeSequences("NC_ONE");
-  type->declareBookkeepingAttribute("$OSM_Xts", 1);
-  type->declareBookkeepingAttribute("$OSM_LocalXts", 3);
-  const KEPISpecAttrAccess_var attributes = type;
+  const auto attributes =
+      declared("NC_ONE", {"$OSM_Xts", "Syntaxe", "$OSM_LocalXts", "Syntaxe2", "Syntaxe3"});
   attributes->SetString("$OSM_Xts", "MODELER");
+  for (const char* name : {"Syntaxe", "Syntaxe2", "Syntaxe3"}) {
+    attributes->SetList(name, list({"OLD/1"}));
+  }
   load(kTwoSequences);
   EXPECT_EQ(entry("NC_ONE"),
             "NC_ONE : MfgPPSyntax\n"

@@ -153,9 +153,8 @@ TEST_F(RoundTrip, AttributeThatABaseTypeDeclaredLaterIsKeptTwice) {
 }
 
 TEST_F(RoundTrip, BookkeepingAttributesKeepTheirPlaces) {
-  instruction("NC_ONE", {"ONE/1"});
-  feature("NC_ONE")->declareBookkeepingAttribute("$OSM_Xts", 1);
-  feature("NC_ONE")->declareBookkeepingAttribute("$OSM_LocalXts", 3);
+  const auto attributes = declared("NC_ONE", {"$OSM_Xts", "Syntaxe", "$OSM_LocalXts"});
+  attributes->SetList("Syntaxe", list({"ONE/1"}));
   expectTheSame();
 }
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "System/KEPError.h"
-#include "host/modeler/Feature.h"
 #include "tests/support/PPWordDocument.h"
 
 namespace {
@@ -14,9 +13,6 @@ class AttributeListing : public testing::Test {
   static void declare(const KEPISpecObject_var& feature, const Texts& names) {
     const KEPISpecAttrAccess_var attributes = feature;
     for (const std::string& name : names) attributes->AddAttribute(name, Kind::String);
-  }
-  static host::Feature& feature(const KEPISpecObject_var& type) {
-    return static_cast<host::Feature&>(*type);
   }
   static Texts names(const KEPISpecObject_var& feature) {
     Texts result;
@@ -91,50 +87,6 @@ TEST_F(AttributeListing, PositionOutsideRaisesTheHostsError) {
                 "position " + std::to_string(position) + " is outside a list of 2 entries");
     }
   }
-}
-
-TEST_F(AttributeListing, BookkeepingAttributeStandsWhereItIsPut) {
-  declare(base_, {"A", "B"});
-  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 1);
-  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "B"}));
-  feature(base_).declareBookkeepingAttribute(kKEPOsmLocalExtensions, 3);
-  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "$OSM_LocalXts", "B"}));
-}
-
-TEST_F(AttributeListing, BookkeepingAttributeCanStandLastAndAlone) {
-  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 1);
-  EXPECT_EQ(names(base_), Texts{"$OSM_Xts"});
-  declare(base_, {"A"});
-  feature(base_).declareBookkeepingAttribute(kKEPOsmLocalExtensions, 3);
-  EXPECT_EQ(names(base_), (Texts{"$OSM_Xts", "A", "$OSM_LocalXts"}));
-}
-
-TEST_F(AttributeListing, BookkeepingAttributeCountsDeclaredAttributesOnly) {
-  declare(base_, {"Base1"});
-  KEPISpecAttrAccess_var(derived_)->SetString("Base1", "value");
-  declare(derived_, {"A"});
-  feature(derived_).declareBookkeepingAttribute(kKEPOsmExtensions, 2);
-  EXPECT_EQ(names(derived_), (Texts{"Base1", "A", "$OSM_Xts"}));
-}
-
-TEST_F(AttributeListing, BookkeepingPositionOutsideRaisesTheHostsError) {
-  declare(base_, {"A"});
-  EXPECT_THROW(feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 0),
-               KEPErrorPositionOutOfList);
-  EXPECT_THROW(feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 3),
-               KEPErrorPositionOutOfList);
-  EXPECT_EQ(names(base_), Texts{"A"});
-}
-
-TEST_F(AttributeListing, ValuesAreFoundByNameAfterABookkeepingAttributeCameBetween) {
-  declare(base_, {"A", "B", "C", "D", "E", "F"});
-  const KEPISpecAttrAccess_var attributes = base_;
-  for (const char* name : {"A", "B", "C", "D", "E", "F"}) attributes->SetString(name, name);
-  feature(base_).declareBookkeepingAttribute(kKEPOsmExtensions, 3);
-  for (const char* name : {"A", "B", "C", "D", "E", "F"}) {
-    EXPECT_EQ(attributes->FindAttribute(name)->GetTexts()[1].View(), name);
-  }
-  EXPECT_EQ(names(base_), (Texts{"A", "B", "$OSM_Xts", "C", "D", "E", "F"}));
 }
 
 TEST_F(AttributeListing, ListingLeavesTheCountOfTheFeature) {

@@ -281,14 +281,6 @@ TEST_F(Attributes, ValueOfABaseTypeOfAnotherKindIsNotInherited) {
   EXPECT_EQ(text(derived_, "Format"), "%f");
 }
 
-TEST_F(Attributes, BookkeepingAttributeDeclaredTwiceIsThereOnce) {
-  const KEPISpecObject_var feature = document_.find("BASE");
-  auto& own = static_cast<host::Feature&>(*feature);
-  own.declareBookkeepingAttribute("$OSM_Xts", 1);
-  own.declareBookkeepingAttribute("$OSM_Xts", 1);
-  EXPECT_EQ(feature->GetNumberOfAttributes(), 1);
-}
-
 TEST_F(Attributes, InstanceAnswersForItsTypeAndNotForItsOwnName) {
   document_.make("MFG_XPOINT", "MfgPPParameter");
   document_.make("PLAIN", "MfgPPParameter");

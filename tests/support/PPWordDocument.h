@@ -57,6 +57,16 @@ class PPWordDocument {
     attributes->SetList("Syntaxe", list(lines));
     return type;
   }
+  /// An NC instruction that declares these attributes without values, in this order; the modeler's
+  /// bookkeeping attributes begin with "$".
+  KEPISpecAttrAccess_var declared(std::string_view name, const Texts& attributes) const {
+    using Kind = KEPISpecAttribute::Kind;
+    const KEPISpecAttrAccess_var type = make(name, "MfgPPSyntax");
+    for (const std::string& attribute : attributes) {
+      type->AddAttribute(attribute, attribute.starts_with('$') ? Kind::String : Kind::StringList);
+    }
+    return type;
+  }
   /// Makes an activity the one that the document is generating.
   [[nodiscard]] KEPVar<host::Activity> activity() const {
     KEPVar<host::Activity> made = host::Activity::create("Pocket.1");

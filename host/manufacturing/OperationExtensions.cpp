@@ -1,8 +1,26 @@
-#include "host/manufacturing/operation/LatheOperation.h"
+#include "host/manufacturing/OperationExtensions.h"
 
-#include "host/manufacturing/model/LookUp.h"
+#include "Manufacturing/KEPMfgNames.h"
 
 namespace host {
+namespace {
+
+KEPICkeParm_var knowledgeParameter(const std::optional<TypedValue>& value) {
+  return value ? createKnowledgeParameter(value->text, value->type) : nullptr;
+}
+
+}  // namespace
+
+FeedrateParameters::FeedrateParameters(const FeedrateValues& values)
+    : NamedTable(values.attributes),
+      machining_(knowledgeParameter(values.machining)),
+      spindle_(knowledgeParameter(values.spindle)) {}
+
+KEPBaseUnknown_var FeedrateParameters::GetParameter(std::string_view name) const {
+  if (name == Mfg_MachiningFeedrateValue) return machining_;
+  if (name == Mfg_SpindleSpeedValue) return spindle_;
+  return nullptr;
+}
 
 HRESULT LatheOperation::GetWayOfRotation(int& code) const {
   if (!values_.way) return E_FAIL;

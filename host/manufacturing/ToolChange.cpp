@@ -1,4 +1,4 @@
-#include "host/manufacturing/operation/ToolChange.h"
+#include "host/manufacturing/ToolChange.h"
 
 #include "host/manufacturing/Activity.h"
 
@@ -7,8 +7,8 @@ namespace host {
 KEPIMfgSequence_var ToolChange::GetSequence() const {
   if (operation_ == nullptr) return nullptr;
   if (!sequence_) {
-    sequence_ =
-        makeModelObject(model::kSequence, SequenceValues{GetImpl(), Activity::create(*operation_)});
+    sequence_ = createModelObject(model::kSequence,
+                                  SequenceValues{GetImpl(), Activity::create(*operation_)});
   }
   return sequence_;
 }

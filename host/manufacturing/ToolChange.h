@@ -2,7 +2,7 @@
 
 #include "Manufacturing/KEPIMfgToolChange.h"
 #include "host/manufacturing/ActivityValues.h"
-#include "host/manufacturing/model/ModelObject.h"
+#include "host/manufacturing/ModelObject.h"
 
 namespace host {
 
@@ -25,9 +25,9 @@ class ToolChange final : public ModelExtension<ToolChange, KEPIMfgToolChange> {
   mutable KEPBaseUnknown_var sequence_;
 };
 
-/// A tool change and the operation behind it.
+/// A tool change and the operation that it is made for.
 struct SequenceValues {
-  /// Compared only: the sequence does not keep the tool change.
+  /// Compared only: the sequence does not hold the tool change.
   const KEPBaseUnknown* toolChange;
   KEPIMfgActivity_var operation;
 };

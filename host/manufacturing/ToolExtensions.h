@@ -4,17 +4,48 @@
 #include <string>
 
 #include "Manufacturing/KEPIMfgResource.h"
+#include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "host/manufacturing/ParameterTable.h"
-#include "host/manufacturing/model/LookUp.h"
+
+// What a tool, the assembly that holds it and its insert offer.
 
 namespace host {
+
+/// The correctors of a tool.
+class ToolCompensation final : public ModelExtension<ToolCompensation, KEPIMfgToolCompensation> {
+ public:
+  using Points = std::map<int, std::string>;
+  explicit ToolCompensation(const Points& points) : points_(points) {}
+
+  HRESULT GetOutputPoint(int corrector, KEPUnicodeString& outputPoint) const override {
+    return lookUp(points_, corrector, outputPoint);
+  }
+
+ private:
+  const Points& points_;
+};
+
+/// Where the points of a tool lie, for whatever activity works with it.
+class ToolReplay final : public ModelExtension<ToolReplay, KEPIMfgToolCompensationValueReplay> {
+ public:
+  using Positions = std::map<int, KEPMathVector>;
+  explicit ToolReplay(const Positions& positions) : positions_(positions) {}
+
+  HRESULT GetPosition(const KEPIMfgActivity_var& /*activity*/, int point,
+                      KEPMathVector& position) const override {
+    return lookUp(positions_, point, position);
+  }
+
+ private:
+  const Positions& positions_;
+};
 
 /// What holds a tool, with its insert.
 class ToolAssembly final : public NamedTable<ToolAssembly, KEPIMfgToolAssembly> {
  public:
   explicit ToolAssembly(const ToolAssemblyValues& values) : NamedTable(values.attributes) {
-    if (values.insert) insert_ = makeModelObject(model::kInsert, *values.insert);
+    if (values.insert) insert_ = createModelObject(model::kInsert, *values.insert);
   }
 
   [[nodiscard]] KEPBaseUnknown_var GetInsert() const override { return insert_; }
