@@ -12,7 +12,7 @@
 
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
-#include "host/system/SystemReason.h"
+#include "host/system/FilePlace.h"
 
 namespace host {
 namespace {

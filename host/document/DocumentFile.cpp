@@ -9,10 +9,8 @@
 #include <utility>
 
 #include "host/document/Database.h"
-#include "host/document/DocumentReader.h"
-#include "host/document/DocumentWriter.h"
+#include "host/document/StoredDocument.h"
 #include "host/system/FilePlace.h"
-#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {

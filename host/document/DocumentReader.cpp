@@ -1,5 +1,3 @@
-#include "host/document/DocumentReader.h"
-
 #include <charconv>
 #include <limits>
 #include <optional>
@@ -8,6 +6,7 @@
 
 #include "host/document/Digest.h"
 #include "host/document/DocumentFormat.h"
+#include "host/document/StoredDocument.h"
 
 namespace host {
 namespace {

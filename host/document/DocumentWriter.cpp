@@ -1,5 +1,3 @@
-#include "host/document/DocumentWriter.h"
-
 #include <sqlite3.h>
 
 #include <array>
@@ -13,6 +11,7 @@
 #include "host/document/Digest.h"
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
+#include "host/document/StoredDocument.h"
 
 namespace host {
 namespace {

@@ -4,7 +4,7 @@ namespace host {
 namespace {
 
 /// The feature catalogue of the host: the type that PP commands are made of.
-void makePPCommandType(Container& container) {
+void createPPCommandType(Container& container) {
   const auto type = KEPISpecObject_var::Adopt(container.CreateStartUp("MfgPPCommand", {}));
   const KEPISpecAttrAccess_var attributes(type);
   attributes->AddAttribute("CommandName", KEPISpecAttribute::Kind::String);
@@ -17,7 +17,7 @@ KEPVar<Document> Document::createEmpty() { return KEPVar<Document>::Adopt(new Do
 
 KEPVar<Document> Document::create() {
   KEPVar<Document> document = createEmpty();
-  makePPCommandType(*document->ppWords_);
+  createPPCommandType(*document->ppWords_);
   return document;
 }
 
@@ -60,6 +60,17 @@ KEPVar<Document> newDocument() {
   KEPVar<Document> document = Document::create();
   document->ppWordContainer()->Initialize(/*skipAttributeUpgrade=*/false);
   return document;
+}
+
+std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document) {
+  std::vector<KEPIMfgPPCommand_var> commands;
+  for (const auto& member :
+       document.features()->ListMembersHere(KEPInterfaceId<KEPIMfgPPCommand>())) {
+    // The type of the commands is not a command.
+    const bool isInstance = KEPVar<Feature>(member)->kind() == Feature::Kind::Instance;
+    if (isInstance) commands.emplace_back(member);
+  }
+  return commands;
 }
 
 }  // namespace host

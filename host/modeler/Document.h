@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "KEPIMfgPPCommand.h"
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
 #include "ObjectSpecsModeler/KEPIDocument.h"
@@ -73,5 +74,9 @@ class KEP_PLATFORM Document final : public ContainerOwner {
 /// A new document with the default catalogue. The module must be loaded; otherwise the null-handle
 /// error is raised.
 [[nodiscard]] KEP_PLATFORM KEPVar<Document> newDocument();
+
+/// The PP commands of a document, each an instance in its PP word container, in the order of their
+/// creation. They have no name of their own: a command is known by its position here, from 1.
+[[nodiscard]] KEP_PLATFORM std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document);
 
 }  // namespace host

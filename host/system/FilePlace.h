@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstring>
 #include <string>
 
 #include "System/KEPPlatform.h"
@@ -19,5 +20,11 @@ struct FileBeside {
 [[nodiscard]] KEP_PLATFORM bool synchronise(int descriptor);
 /// Synchronises the folder that holds a file.
 [[nodiscard]] KEP_PLATFORM bool synchroniseFolderOf(const std::string& path);
+
+/// The operating system's text for an error number, the same under every locale.
+[[nodiscard]] inline std::string systemReason(int error) {
+  const char* const text = ::strerrordesc_np(error);
+  return text != nullptr ? text : "system error " + std::to_string(error);
+}
 
 }  // namespace host

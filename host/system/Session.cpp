@@ -1,5 +1,10 @@
 #include "host/system/Session.h"
 
+#include <cstdlib>
+#include <string>
+
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
+
 namespace host {
 
 Session& session() {
@@ -17,3 +22,9 @@ KEPMfgPPWordListener* KEPMfgPPWordListener::Current() noexcept { return host::se
 KEPIMfgGeneratorData_var KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData() {
   return host::session().generatorData;
 }
+
+KEPString KEPMfgEnvVarMgt::Get(std::string_view name) {
+  return KEPString(std::getenv(std::string(name).c_str()));
+}
+
+bool KEPMfgEnvVarMgt::GetStatus(std::string_view name) { return !Get(name).IsEmpty(); }

@@ -8,7 +8,7 @@
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/manufacturing/Activity.h"
-#include "host/manufacturing/PPCommands.h"
+#include "host/modeler/Document.h"
 #include "host/system/Session.h"
 #include "post/output/AptColumns.h"
 #include "post/text/SpellingSuggestion.h"

@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "host/system/FilePlace.h"
-#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {

@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "host/system/SystemReason.h"
+#include "host/system/FilePlace.h"
 #include "post/toolpath/InputError.h"
 
 namespace host {

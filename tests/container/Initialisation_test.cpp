@@ -1,5 +1,3 @@
-#include "src/container/Initialisation.h"
-
 #include <gtest/gtest.h>
 
 #include <stdexcept>

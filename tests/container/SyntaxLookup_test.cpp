@@ -1,5 +1,3 @@
-#include "src/container/SyntaxLookup.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>

@@ -1,5 +1,3 @@
-#include "src/environment/TextLines.h"
-
 #include <gtest/gtest.h>
 
 #include "KEPMfgPPWordUtilities.h"

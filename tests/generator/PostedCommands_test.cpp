@@ -1,7 +1,7 @@
 #include "KEPIMfgPPWordFactory.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
 #include "host/document/DocumentFile.h"
-#include "host/manufacturing/PPCommands.h"
+#include "host/modeler/Document.h"
 #include "tests/document/StoredContent.h"
 #include "tests/generator/Generation.h"
 #include "tests/generator/Scratch.h"

@@ -5,7 +5,7 @@
 
 #include "KEPIMfgPPWordFactory.h"
 #include "host/document/DocumentFile.h"
-#include "host/manufacturing/PPCommands.h"
+#include "host/modeler/Document.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/ContentsText.h"
 #include "tools/ppword/LoadReport.h"

@@ -1,6 +1,6 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
-#include "host/manufacturing/PPCommands.h"
+#include "host/modeler/Document.h"
 #include "tools/ppword/Contents.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "host/system/SystemReason.h"
+#include "host/system/FilePlace.h"
 #include "post/output/OutputFile.h"
 
 HeldOutput::HeldOutput() : file_(std::tmpfile()) { require(file_ != nullptr); }

@@ -4,7 +4,7 @@
 #include "src/buffer/Triple.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferCircle is told.
+/// Stores the values of KEPIMfgBufferCircle.
 class KEPMfgBufferCircle final
     : public ppword::Registered<KEPMfgBufferCircle, KEPIMfgBufferCircle> {
  public:

@@ -3,7 +3,7 @@
 #include "KEPIMfgBufferComment.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferComment is told.
+/// Stores the values of KEPIMfgBufferComment.
 class KEPMfgBufferComment final
     : public ppword::Registered<KEPMfgBufferComment, KEPIMfgBufferComment> {
  public:

@@ -3,7 +3,7 @@
 #include "KEPIMfgBufferCorrectorNumber.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferCorrectorNumber is told.
+/// Stores the values of KEPIMfgBufferCorrectorNumber.
 class KEPMfgBufferCorrectorNumber final
     : public ppword::Registered<KEPMfgBufferCorrectorNumber, KEPIMfgBufferCorrectorNumber> {
  public:

@@ -4,7 +4,7 @@
 #include "src/buffer/KnowledgeValue.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferFeedrate is told.
+/// Stores the values of KEPIMfgBufferFeedrate.
 class KEPMfgBufferFeedrate final
     : public ppword::Registered<KEPMfgBufferFeedrate, KEPIMfgBufferFeedrate> {
  public:

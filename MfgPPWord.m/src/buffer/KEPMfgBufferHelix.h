@@ -4,7 +4,7 @@
 #include "src/buffer/Triple.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferHelix is told.
+/// Stores the values of KEPIMfgBufferHelix.
 class KEPMfgBufferHelix final : public ppword::Registered<KEPMfgBufferHelix, KEPIMfgBufferHelix> {
  public:
   void SetInDirV(double i, double j, double k) override { initialDirection_ = {i, j, k}; }

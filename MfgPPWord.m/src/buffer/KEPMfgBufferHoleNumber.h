@@ -3,7 +3,7 @@
 #include "KEPIMfgBufferHoleNumber.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferHoleNumber is told.
+/// Stores the values of KEPIMfgBufferHoleNumber.
 class KEPMfgBufferHoleNumber final
     : public ppword::Registered<KEPMfgBufferHoleNumber, KEPIMfgBufferHoleNumber> {
  public:

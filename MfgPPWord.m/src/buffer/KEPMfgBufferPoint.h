@@ -4,7 +4,7 @@
 #include "src/buffer/Triple.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferPoint is told.
+/// Stores the values of KEPIMfgBufferPoint.
 class KEPMfgBufferPoint final : public ppword::Registered<KEPMfgBufferPoint, KEPIMfgBufferPoint> {
  public:
   void SetPoint(double x, double y, double z) override { point_ = {x, y, z}; }

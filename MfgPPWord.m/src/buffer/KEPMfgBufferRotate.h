@@ -3,7 +3,7 @@
 #include "KEPIMfgBufferRotate.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferRotate is told.
+/// Stores the values of KEPIMfgBufferRotate.
 class KEPMfgBufferRotate final
     : public ppword::Registered<KEPMfgBufferRotate, KEPIMfgBufferRotate> {
  public:

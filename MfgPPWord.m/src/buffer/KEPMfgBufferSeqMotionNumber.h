@@ -3,7 +3,7 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferSeqMotionNumber is told.
+/// Stores the values of KEPIMfgBufferSeqMotionNumber.
 class KEPMfgBufferSeqMotionNumber final
     : public ppword::Registered<KEPMfgBufferSeqMotionNumber, KEPIMfgBufferSeqMotionNumber> {
  public:

@@ -4,7 +4,7 @@
 #include "src/buffer/KnowledgeValue.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferSpindle is told.
+/// Stores the values of KEPIMfgBufferSpindle.
 class KEPMfgBufferSpindle final
     : public ppword::Registered<KEPMfgBufferSpindle, KEPIMfgBufferSpindle> {
  public:

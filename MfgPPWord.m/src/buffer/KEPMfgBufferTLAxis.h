@@ -4,7 +4,7 @@
 #include "src/buffer/Triple.h"
 #include "src/registration/Registered.h"
 
-/// Keeps what KEPIMfgBufferTLAxis is told.
+/// Stores the values of KEPIMfgBufferTLAxis.
 class KEPMfgBufferTLAxis final
     : public ppword::Registered<KEPMfgBufferTLAxis, KEPIMfgBufferTLAxis> {
  public:

@@ -2,7 +2,7 @@
 
 namespace ppword {
 
-/// Three numbers that a buffer keeps together: a point or a direction.
+/// Three numbers that a buffer stores together: a point or a direction.
 struct Triple {
   double first = 0.0;
   double second = 0.0;

@@ -38,12 +38,12 @@ class Catalogue {
   void create(const CatalogueRow& row) const {
     const auto& base = row.attribute == kSyntaxe ? syntaxRoot_ : parameterRoot_;
     if (row.attribute.empty()) {
-      makeType(container_, row.name, base);
+      createType(container_, row.name, base);
     } else if (row.attribute == kFormat) {
-      const auto type = makeType(container_, row.name, base, kFormat, Kind::String);
+      const auto type = createType(container_, row.name, base, kFormat, Kind::String);
       KEPMfgAttributeUtilities::SetString(type, kFormat, row.values.front());
     } else {
-      const auto type = makeType(container_, row.name, base, row.attribute, Kind::StringList);
+      const auto type = createType(container_, row.name, base, row.attribute, Kind::StringList);
       KEPMfgAttributeUtilities::SetStringListString(type, row.attribute, valuesOf(row));
     }
   }

@@ -3,17 +3,82 @@
 #include <memory>
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
+#include "Manufacturing/KEPMfgEnvVarMgt.h"
+#include "Manufacturing/KEPMfgUtilities.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
+#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "System/KEPError.h"
+#include "language/number/IntegerPrefix.h"
 #include "src/container/DefaultCatalogue.h"
-#include "src/container/Initialisation.h"
-#include "src/container/SyntaxLookup.h"
 #include "src/container/TableLoad.h"
 #include "src/container/TypeTree.h"
 
 namespace {
 
 constexpr std::string_view kUserInstruction = "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX";
+
+constexpr std::string_view kMotionMarker = "#SEQMOTION#";
+constexpr int kNoMotion = -1;
+
+bool publishingIsForced() {
+  static const bool isSet = KEPMfgEnvVarMgt::GetStatus("MfgForcePublish");
+  return isSet;
+}
+
+bool publishingIsOff() {
+  static const bool isSet = KEPMfgEnvVarMgt::GetStatus("MfgNoPublish");
+  return isSet;
+}
+
+void publishMembers(const KEPIContainer_var& container) {
+  constexpr int kPublish = 1;
+  constexpr int kNotRecursive = 0;
+  auto members = container->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
+  for (auto member = members.rbegin(); member != members.rend(); ++member) {
+    const KEPISpecAttrAccess_var attributes = *member;
+    if (attributes) {
+      KEPMfgUtilities::UpgradeComponentAttributes(attributes, nullptr, kPublish, kNotRecursive);
+    }
+    *member = nullptr;
+  }
+}
+
+HRESULT publish(const KEPIContainer_var& container, bool skipAttributeUpgrade) {
+  if (publishingIsOff()) return S_OK;
+  // deliberate: callers see the unexpected-failure code although nothing failed
+  if (skipAttributeUpgrade) return E_UNEXPECTED;
+  publishMembers(container);
+  return S_OK;
+}
+
+/// Publishes the attributes of the members where that is due, then creates the default catalogue.
+HRESULT initialise(const KEPIContainer_var& container, bool skipAttributeUpgrade) {
+  const bool isDue =
+      KEPMfgUtilities::IsUpgradeNecessary(container->GetDocument()) || publishingIsForced();
+  const HRESULT status = isDue ? publish(container, skipAttributeUpgrade) : S_OK;
+  ppword::createDefaultCatalogue(container);
+  return status;
+}
+
+/// The syntax evaluation of an NC instruction, with the number of the sequential motion that a
+/// marker in the name gives (-1 without one).
+KEPIMfgSyntaxEvaluation_var findSyntaxEvaluation(const KEPIContainer_var& container,
+                                                 std::string_view name) {
+  int motion = kNoMotion;
+  KEPISpecObject_var type = ppword::findType(container, name);
+  if (!type) {
+    const std::size_t marker = name.find(kMotionMarker);
+    // deliberate: a marker at the very start is no marker, and hides those behind it
+    if (marker == 0 || marker == std::string_view::npos) return nullptr;
+    motion = ppword::integerPrefix(name.substr(marker + kMotionMarker.size())).value_or(kNoMotion);
+    type = ppword::findType(container, name.substr(0, marker));
+  }
+  KEPIMfgSyntaxEvaluation_var evaluation = type;
+  if (!evaluation && motion < 1) return nullptr;
+  // deliberate: for a motion of an unknown instruction this raises the null-handle error
+  evaluation->SetSeqMotionNumber(motion);
+  return evaluation;
+}
 
 }  // namespace
 
@@ -29,7 +94,7 @@ HRESULT KEPMfgPPWordContainer::Refresh() { return S_OK; }
 
 HRESULT KEPMfgPPWordContainer::Initialize(bool skipAttributeUpgrade) {
   try {
-    return ppword::initialise(container(), skipAttributeUpgrade);
+    return initialise(container(), skipAttributeUpgrade);
   } catch (const KEPError& error) {
     return KEPError::GetReturn(error.Clone());
   }
@@ -53,7 +118,7 @@ void KEPMfgPPWordContainer::GetPPCommand(KEPIMfgPPCommand_var& command,
 
 void KEPMfgPPWordContainer::GetSyntaxEvaluation(KEPIMfgSyntaxEvaluation_var& evaluation,
                                                 const KEPUnicodeString& name) {
-  evaluation = ppword::findSyntaxEvaluation(container(), name);
+  evaluation = findSyntaxEvaluation(container(), name);
 }
 
 HRESULT KEPMfgPPWordContainer::LoadPPWordTable(const KEPUnicodeString& path) {
@@ -66,8 +131,8 @@ HRESULT KEPMfgPPWordContainer::SetUserSyntax(const KEPUnicodeString& line) {
   if (type) {
     KEPMfgAttributeUtilities::RemoveAll(type, ppword::kSyntaxe);
   } else {
-    type = ppword::makeType(features, kUserInstruction, ppword::syntaxRoot(features),
-                            ppword::kSyntaxe, KEPISpecAttribute::Kind::StringList);
+    type = ppword::createType(features, kUserInstruction, ppword::syntaxRoot(features),
+                              ppword::kSyntaxe, KEPISpecAttribute::Kind::StringList);
   }
   KEPMfgAttributeUtilities::SetString(type, ppword::kSyntaxe, line);
   return S_OK;

@@ -59,7 +59,7 @@ Outcome outcomeOf(HRESULT status, bool wasThere) {
 /// walks read what stands behind a keyword and go on behind the keyword itself.
 class TableLoad {
  public:
-  /// Makes the root types that the container lacks.
+  /// Creates the root types that the container lacks.
   TableLoad(const KEPIContainer_var& container, std::string_view table)
       : container_(container),
         syntaxRoot_(syntaxRoot(container)),
@@ -190,12 +190,13 @@ class TableLoad {
     bool wasThere;
   };
 
-  /// The type of that name; made under `base` with its one attribute when the container lacks it.
+  /// The type of that name; created under `base` with its one attribute when the container lacks
+  /// it.
   [[nodiscard]] FoundType typeFor(std::string_view name, const KEPISpecObject_var& base,
                                   std::string_view attribute, Kind kind) const {
     KEPISpecObject_var found = findType(container_, name);
     if (found) return {std::move(found), true};
-    return {makeType(container_, name, base, attribute, kind), false};
+    return {createType(container_, name, base, attribute, kind), false};
   }
 
   void report(Section section, int number, std::string_view name, Outcome outcome) const {

@@ -5,10 +5,10 @@
 namespace ppword {
 namespace {
 
-KEPISpecObject_var findOrMakeType(const KEPIContainer_var& container, std::string_view name,
-                                  const KEPISpecObject_var& base) {
+KEPISpecObject_var findOrCreateType(const KEPIContainer_var& container, std::string_view name,
+                                    const KEPISpecObject_var& base) {
   KEPISpecObject_var type = findType(container, name);
-  return type ? type : makeType(container, name, base);
+  return type ? type : createType(container, name, base);
 }
 
 }  // namespace
@@ -18,26 +18,26 @@ KEPISpecObject_var findType(const KEPIContainer_var& container, std::string_view
 }
 
 KEPISpecObject_var wordRoot(const KEPIContainer_var& container) {
-  return findOrMakeType(container, kWordRoot, nullptr);
+  return findOrCreateType(container, kWordRoot, nullptr);
 }
 
 KEPISpecObject_var syntaxRoot(const KEPIContainer_var& container) {
-  return findOrMakeType(container, kSyntaxRoot, wordRoot(container));
+  return findOrCreateType(container, kSyntaxRoot, wordRoot(container));
 }
 
 KEPISpecObject_var parameterRoot(const KEPIContainer_var& container) {
-  return findOrMakeType(container, kParameterRoot, wordRoot(container));
+  return findOrCreateType(container, kParameterRoot, wordRoot(container));
 }
 
-KEPISpecObject_var makeType(const KEPIContainer_var& container, std::string_view name,
-                            const KEPISpecObject_var& base) {
+KEPISpecObject_var createType(const KEPIContainer_var& container, std::string_view name,
+                              const KEPISpecObject_var& base) {
   return KEPISpecObject_var::Adopt(container->CreateStartUp(name, base));
 }
 
-KEPISpecObject_var makeType(const KEPIContainer_var& container, std::string_view name,
-                            const KEPISpecObject_var& base, std::string_view attribute,
-                            KEPISpecAttribute::Kind kind) {
-  KEPISpecObject_var type = makeType(container, name, base);
+KEPISpecObject_var createType(const KEPIContainer_var& container, std::string_view name,
+                              const KEPISpecObject_var& base, std::string_view attribute,
+                              KEPISpecAttribute::Kind kind) {
+  KEPISpecObject_var type = createType(container, name, base);
   KEPISpecAttrAccess_var(type)->AddAttribute(attribute, kind);
   return type;
 }

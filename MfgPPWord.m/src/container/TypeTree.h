@@ -20,18 +20,18 @@ inline constexpr std::string_view kMultiListValue = "MultiListValue";
 [[nodiscard]] KEPISpecObject_var findType(const KEPIContainer_var& container,
                                           std::string_view name);
 
-/// The three root types, each made when the container lacks it.
+/// The three root types, each created when the container lacks it.
 [[nodiscard]] KEPISpecObject_var wordRoot(const KEPIContainer_var& container);
 [[nodiscard]] KEPISpecObject_var syntaxRoot(const KEPIContainer_var& container);
 [[nodiscard]] KEPISpecObject_var parameterRoot(const KEPIContainer_var& container);
 
-/// Makes a type that the container lacks; it declares nothing yet.
-KEPISpecObject_var makeType(const KEPIContainer_var& container, std::string_view name,
-                            const KEPISpecObject_var& base);
+/// Creates a type that the container lacks; it declares nothing yet.
+KEPISpecObject_var createType(const KEPIContainer_var& container, std::string_view name,
+                              const KEPISpecObject_var& base);
 
-/// Makes a type that the container lacks, with one declared and unset attribute.
-KEPISpecObject_var makeType(const KEPIContainer_var& container, std::string_view name,
-                            const KEPISpecObject_var& base, std::string_view attribute,
-                            KEPISpecAttribute::Kind kind);
+/// Creates a type that the container lacks, with one declared and unset attribute.
+KEPISpecObject_var createType(const KEPIContainer_var& container, std::string_view name,
+                              const KEPISpecObject_var& base, std::string_view attribute,
+                              KEPISpecAttribute::Kind kind);
 
 }  // namespace ppword

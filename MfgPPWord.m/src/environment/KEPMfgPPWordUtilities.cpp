@@ -1,5 +1,6 @@
 #include "KEPMfgPPWordUtilities.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -9,7 +10,6 @@
 #include "Manufacturing/KEPMfgModelUtilities.h"
 #include "Manufacturing/KEPMfgNames.h"
 #include "src/environment/TableLocation.h"
-#include "src/environment/TextLines.h"
 #include "src/environment/WordList.h"
 
 namespace {
@@ -59,6 +59,23 @@ HRESULT storeWords(const From& from) {
   const HRESULT status = KEPMfgPPWordUtilities::GetListOfPPWords(from, words, kinds, codes);
   list.emplace(std::move(words), std::move(kinds), std::move(codes));
   return status;
+}
+
+KEPListValKEPUnicodeString linesOf(const KEPUnicodeString& text) {
+  KEPListValKEPUnicodeString lines;
+  std::string_view rest = text.View();
+  // deliberate: a text of one line keeps its line end
+  if (!rest.empty() && rest.find('\n') >= rest.size() - 1) {
+    lines.Append(text);
+    return lines;
+  }
+  while (!rest.empty()) {
+    const std::size_t feed = std::min(rest.find('\n'), rest.size());
+    const bool endsWithReturn = feed > 0 && feed < rest.size() && rest[feed - 1] == '\r';
+    lines.Append(rest.substr(0, endsWithReturn ? feed - 1 : feed));
+    rest.remove_prefix(std::min(feed + 1, rest.size()));
+  }
+  return lines;
 }
 
 }  // namespace
@@ -167,6 +184,6 @@ HRESULT KEPMfgPPWordUtilities::GetAptWord(int code, KEPString& word) {
 
 HRESULT KEPMfgPPWordUtilities::SplitKEPUnicodeStringWithLF(const KEPUnicodeString& text,
                                                            KEPListValKEPUnicodeString& lines) {
-  lines = ppword::linesOf(text);
+  lines = linesOf(text);
   return S_OK;
 }

@@ -53,6 +53,13 @@ std::optional<KEPUnicodeString> textOf(const KEPMfgNamedValues& values, std::str
   return std::move(value.text);
 }
 
+double lengthOf(const KEPMfgNamedValues& values, std::string_view name) {
+  KEPMfgParameterValue value;
+  if (values.GetValue(name, value) != 0) return 0.0;
+  if (value.kind == KEPMfgParameterValue::kInteger) return value.integer;
+  return value.kind == KEPMfgParameterValue::kReal ? value.real : 0.0;
+}
+
 std::optional<double> numberOf(const KEPIMfgFeedrateParameters_var& parameters,
                                std::string_view name) {
   if (!parameters) return std::nullopt;

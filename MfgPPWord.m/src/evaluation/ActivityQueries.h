@@ -15,8 +15,8 @@ struct Tooling {
 };
 [[nodiscard]] Tooling toolingOf(const KEPIMfgActivity_var& activity);
 
-/// The operation that a tool change is made for; the activity itself (null allowed) when it is no
-/// tool change or its sequence knows no operation.
+/// The operation that a tool change is made for; the activity itself (null allowed) when it is not
+/// a tool change or its sequence knows no operation.
 [[nodiscard]] KEPIMfgActivity_var operationOf(const KEPIMfgActivity_var& activity);
 
 /// True for a sequential axial or groove operation; false for a null activity.
@@ -38,9 +38,12 @@ struct MotionSpindle {
 [[nodiscard]] std::optional<MotionSpindle> motionSpindle(const KEPIMfgActivity_var& activity,
                                                          int number);
 
-/// The text of a parameter; nothing when `values` has no such parameter or it is no text.
+/// The text of a parameter; nothing when `values` has no such parameter or it is not a text.
 [[nodiscard]] std::optional<KEPUnicodeString> textOf(const KEPMfgNamedValues& values,
                                                      std::string_view name);
+
+/// The number of a parameter; 0 when `values` has no such parameter or it is not a number.
+[[nodiscard]] double lengthOf(const KEPMfgNamedValues& values, std::string_view name);
 
 /// The number that the value text of a feed rate or speed begins with; nothing when `parameters`
 /// (null allowed) has no knowledge parameter of that name or its text begins with no number.

@@ -6,7 +6,6 @@
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPMfgNames.h"
 #include "src/evaluation/ActivityQueries.h"
-#include "src/evaluation/Compensation.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 

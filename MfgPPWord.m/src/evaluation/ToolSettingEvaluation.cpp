@@ -1,14 +1,17 @@
 #include "src/evaluation/ToolSettingEvaluation.h"
 
+#include <cmath>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "KEPIMfgBufferCorrectorNumber.h"
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPIMfgTurningEnvironment.h"
 #include "Mathematics/KEPMathTransformation.h"
+#include "language/number/NumberFormat.h"
 #include "src/evaluation/ActivityQueries.h"
-#include "src/evaluation/Compensation.h"
 #include "src/evaluation/ParameterContext.h"
 
 namespace ppword {
@@ -63,6 +66,13 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   // Adding a zero would change a negative zero.
   printLength(offset ? setting + (*offset).*axis.component : setting, value);
   return true;
+}
+
+void printLength(double number, KEPString& text) {
+  if (!std::isfinite(number)) return;
+  std::string digits;
+  NumberFormat::parse("%f")->append(number, digits);
+  text = KEPString(std::move(digits));
 }
 
 }  // namespace ppword

@@ -26,6 +26,10 @@ inline constexpr ToolSettingAxis kToolSettingZ{"MFG_TL_SET_Z", &KEPMathVector::z
 [[nodiscard]] bool evaluateToolSetting(const KEPBaseUnknown& evaluation,
                                        const ToolSettingAxis& axis, KEPString& value);
 
+/// Prints a number of the tool compensation as "%f" does in the C locale: six decimals, nothing
+/// snapped to zero. A number that is not finite leaves `text` untouched.
+void printLength(double number, KEPString& text);
+
 /// A tool setting value along one axis.
 template <class Self, const ToolSettingAxis& kAxis>
 class ToolSettingEvaluation : public Registered<Self> {
