@@ -4,6 +4,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "KEPIMfgParameterEvaluation.h"
 #include "MfgPPWordExport.h"
 #include "src/buffer/KEPMfgBufferCircle.h"
 #include "src/buffer/KEPMfgBufferComment.h"
@@ -21,7 +22,6 @@
 #include "src/container/KEPMfgPPWordFactory.h"
 #include "src/container/KEPMfgPPWordTable.h"
 #include "src/evaluation/ParameterEvaluations.h"
-#include "src/registration/ParameterEvaluationTie.h"
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 
 namespace {
@@ -31,17 +31,36 @@ KEPBaseUnknown& checked(KEPBaseUnknown* extended) {
   return *extended;
 }
 
+/// Serves KEPIMfgParameterEvaluation: owns an evaluation and forwards the operation to it.
+template <class Evaluation>
+class ParameterEvaluationTie final : public KEPIMfgParameterEvaluation {
+ public:
+  /// Both this object and the one it owns become extensions of `extended`.
+  explicit ParameterEvaluationTie(KEPBaseUnknown& extended) {
+    BindTo(extended);
+    evaluation_.BindTo(extended);
+  }
+
+  [[nodiscard]] const KEPMetaClass* GetMetaObject() const override {
+    return evaluation_.GetMetaObject();
+  }
+  [[nodiscard]] bool Evaluate(KEPString& value) override { return evaluation_.Evaluate(value); }
+
+ private:
+  Evaluation evaluation_;
+};
+
 /// The tie object that serves a class which does not derive from its interface.
 template <class Class>
 struct TieOf {
-  using Type = ppword::ParameterEvaluationTie<Class>;
+  using Type = ParameterEvaluationTie<Class>;
 };
 template <>
 struct TieOf<KEPMfgPPWordContainer> {
   using Type = KEPMfgPPWordContainerTie;
 };
 
-/// The ways of making the extension object of a class: the class itself, which derives from the
+/// The ways of creating the extension object of a class: the class itself, which derives from the
 /// interface, or a tie around it. Each tells the meta-object that the class derives from.
 struct BOA {
   template <class Interface, class Class>
@@ -79,7 +98,7 @@ struct TIE {
   KEPBaseUnknown* Create##Way##Interface##Class(KEPBaseUnknown* extended) {        \
     return Way::create<Interface, Class>(extended);                                \
   }
-#include "Registrations.def"
+#include "src/registration/Registrations.def"
 
 namespace {
 
@@ -104,7 +123,7 @@ struct Record {
          &Create##Way##Interface##Class,                                           \
          ppword::metaObjectSlot<Class>},
 constexpr Record kRecords[] = {
-#include "Registrations.def"
+#include "src/registration/Registrations.def"
 };
 
 /// Meta-objects live as long as the process: the slot only refers to it.

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "ObjectSpecsModeler/KEPISpecAttribute.h"
@@ -31,23 +32,34 @@ class AttributeTable {
     }
     return nullptr;
   }
-  [[nodiscard]] Slot* find(std::string_view name);
+  [[nodiscard]] Slot* find(std::string_view name) {
+    return const_cast<Slot*>(std::as_const(*this).find(name));
+  }
 
   /// Adds a slot at the end.
-  Slot& add(std::string_view name, KEPISpecAttribute::Kind kind, bool declared);
+  Slot& add(std::string_view name, KEPISpecAttribute::Kind kind, bool declared) {
+    places_.emplace(std::string(name), slots_.size());
+    if (declared) declared_.push_back(slots_.size());
+    return slots_.emplace_back(Slot{std::string(name), kind, declared});
+  }
 
   /// All slots, declared or not, in order.
   [[nodiscard]] const std::vector<Slot>& slots() const noexcept { return slots_; }
 
   [[nodiscard]] int declaredCount() const noexcept { return static_cast<int>(declared_.size()); }
   /// The declared slot at a position from 1 to their number.
-  [[nodiscard]] const Slot& declaredAt(int position) const;
+  [[nodiscard]] const Slot& declaredAt(int position) const {
+    return slots_[declared_[static_cast<std::size_t>(position) - 1]];
+  }
 
  private:
   /// Up to here a walk over the names is quicker than a hash.
   static constexpr std::size_t kFewSlots = 4;
 
-  [[nodiscard]] const Slot* findIndexed(std::string_view name) const;
+  [[nodiscard]] const Slot* findIndexed(std::string_view name) const {
+    const auto place = places_.find(name);
+    return place == places_.end() ? nullptr : &slots_[place->second];
+  }
 
   std::vector<Slot> slots_;
   TextMap<std::size_t> places_;

@@ -119,7 +119,7 @@ const char* beginOf(const Line& line) {
 
 simdjson::ondemand::object objectOf(Line& line, const Place& place) {
   auto result = line.document.get_object();
-  if (result.error() != simdjson::INCORRECT_TYPE) return take(std::move(result), place);
+  if (result.error() != simdjson::INCORRECT_TYPE) return unwrap(std::move(result), place);
   place.refuse(beginOf(line), "a line is an object: {...}");
 }
 
@@ -141,7 +141,7 @@ void readLine(Line& line, Keys<Target> keys, Target& target) {
 LineKind kindOf(Line& line) {
   const Place root(line);
   for (auto item : objectOf(line, root)) {
-    auto field = take(std::move(item), root);
+    auto field = unwrap(std::move(item), root);
     const std::string_view name = nameOf(field, root).text;
     for (const auto& [key, kind] : kKindKeys) {
       if (name != key) continue;

@@ -55,7 +55,7 @@ void readFields(simdjson::ondemand::object object, const char* at, const Place& 
                 Keys<Target> keys, Target& target) {
   std::uint32_t seen = 0;
   for (auto item : object) {
-    auto field = take(std::move(item), place);
+    auto field = unwrap(std::move(item), place);
     const FieldName name = nameOf(field, place);
     const std::size_t index = indexOf(keys, name, place);
     const Place here(place, name.text);
@@ -92,7 +92,7 @@ template <class Put>
 void readNamed(Value value, const Place& place, Put put) {
   std::unordered_set<std::string_view> seen;
   for (auto item : readObject(value, place)) {
-    auto field = take(std::move(item), place);
+    auto field = unwrap(std::move(item), place);
     const FieldName name = nameOf(field, place);
     const Place here(place, name.text);
     if (!seen.insert(name.text).second) here.refuse(name.at, "the key stands here twice");

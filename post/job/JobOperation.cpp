@@ -127,7 +127,7 @@ void read(Value value, const Place& place, LatheValues& lathe) {
 void read(Value value, const Place& place, std::vector<SequentialMotionValues>& motions) {
   for (auto item : readArray(value, place)) {
     const Place here(place, motions.size());
-    readFields<SequentialMotionValues>(take(std::move(item), here), here, kMotionKeys,
+    readFields<SequentialMotionValues>(unwrap(std::move(item), here), here, kMotionKeys,
                                        motions.emplace_back());
   }
 }

@@ -48,7 +48,7 @@ class Place {
 
 /// The result's value; a failure is one of the line's structure.
 template <class T>
-[[nodiscard]] T take(simdjson::simdjson_result<T> result, const Place& place) {
+[[nodiscard]] T unwrap(simdjson::simdjson_result<T> result, const Place& place) {
   T value;
   if (std::move(result).get(value) != simdjson::SUCCESS) place.refuseStructure();
   return value;

@@ -29,7 +29,7 @@ std::size_t readNumbers(Value value, const Place& place, std::span<double> numbe
   std::size_t count = 0;
   for (auto item : readArray(value, place)) {
     const Place here(place, count);
-    const Value number = take(std::move(item), here);
+    const Value number = unwrap(std::move(item), here);
     if (count == numbers.size()) return count + 1;
     numbers[count++] = readNumber(number, here);
   }
@@ -90,13 +90,13 @@ bool readTruth(Value value, const Place& place) {
 simdjson::ondemand::array readArray(Value value, const Place& place) {
   auto result = value.get_array();
   if (result.error() == simdjson::INCORRECT_TYPE) refuseValue(value, place, "an array");
-  return take(std::move(result), place);
+  return unwrap(std::move(result), place);
 }
 
 simdjson::ondemand::object readObject(Value value, const Place& place) {
   auto result = value.get_object();
   if (result.error() == simdjson::INCORRECT_TYPE) refuseValue(value, place, "an object");
-  return take(std::move(result), place);
+  return unwrap(std::move(result), place);
 }
 
 std::string readNumberText(Value value, const Place& place) {
@@ -142,7 +142,7 @@ void read(Value value, const Place& place, std::vector<Position>& positions) {
   positions.clear();
   for (auto item : readArray(value, place)) {
     const Place here(place, positions.size());
-    read(take(std::move(item), here), here, positions.emplace_back());
+    read(unwrap(std::move(item), here), here, positions.emplace_back());
   }
   if (positions.empty()) place.refuse(tokenOf(value).data(), "at least one point is expected");
 }

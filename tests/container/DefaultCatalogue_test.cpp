@@ -6,7 +6,6 @@
 #include <map>
 
 #include "Manufacturing/KEPMfgNames.h"
-#include "src/container/DefaultCatalogueData.h"
 #include "tests/container/Listing.h"
 #include "tests/support/PPWordDocument.h"
 

@@ -177,14 +177,11 @@ TEST_F(SyntaxEvaluation, LinesAreAppendedInOrder) {
 }
 
 TEST_F(SyntaxEvaluation, IndexPicksAmongTheAttributesWithoutBookkeeping) {
-  const auto instr = instruction("NC_X", {"FIRST"});
-  const KEPISpecAttrAccess_var attributes = instr;
-  attributes->AddAttribute("Syntaxe2", KEPISpecAttribute::Kind::StringList);
+  const auto attributes =
+      declared("NC_X", {"$OSM_Xts", "Syntaxe", "$OSM_LocalXts", "Syntaxe2", "$OSM_Xts2"});
+  attributes->SetList("Syntaxe", list({"FIRST"}));
   attributes->SetList("Syntaxe2", list({"SECOND"}));
-  auto* const feature = static_cast<host::Feature*>(instr.Get());
-  feature->declareBookkeepingAttribute("$OSM_Xts", 1);
-  feature->declareBookkeepingAttribute("$OSM_LocalXts", 3);
-  feature->declareBookkeepingAttribute("$OSM_Xts2", 5);
+  const KEPISpecObject_var instr = attributes;
   EXPECT_EQ(instantiate(instr, 1), (Instantiated{true, {"FIRST"}}));
   EXPECT_EQ(instantiate(instr, 2), (Instantiated{true, {"SECOND"}}));
   // a string attribute is no list; the name is not one of the two
@@ -229,8 +226,7 @@ TEST_F(SyntaxEvaluation, ContinuationMarksCoverTheWholeList) {
 }
 
 TEST_F(SyntaxEvaluation, ContinuationMarksFollowTheFailuresBeforeTheLines) {
-  const auto instr = instruction("NC_X", {"FIRST"});
-  static_cast<host::Feature*>(instr.Get())->declareBookkeepingAttribute("$OTHER", 2);
+  const auto instr = declared("NC_X", {"Syntaxe", "$OTHER"});
   EXPECT_EQ(instantiate(instr, 2, {"A,", "B"}), (Instantiated{false, {"A,$", "B"}}));
   // an index outside ends the call at once
   EXPECT_EQ(instantiate(instr, 9, {"A,", "B"}), (Instantiated{false, {"A,", "B"}}));
@@ -253,8 +249,7 @@ TEST_F(SyntaxEvaluation, DelayLosesTheCommaOfItsOneLine) {
 }
 
 TEST_F(SyntaxEvaluation, DelayRuleFollowsTheFailuresBeforeTheLines) {
-  const auto delay = instruction("NC_DELAY", {"DELAY/2"});
-  static_cast<host::Feature*>(delay.Get())->declareBookkeepingAttribute("$OTHER", 2);
+  const auto delay = declared("NC_DELAY", {"Syntaxe", "$OTHER"});
   EXPECT_EQ(instantiate(delay, 2, {"DELAY/3,"}), (Instantiated{false, {"DELAY/3"}}));
   EXPECT_EQ(instantiate(delay, 7, {"DELAY/3,"}), (Instantiated{false, {"DELAY/3,"}}));
 }
@@ -388,8 +383,7 @@ TEST_F(SyntaxEvaluation, TextIsCutAtItsLimits) {
 }
 
 TEST_F(SyntaxEvaluation, IndexOfBookkeepingOnlyEndsTheCallAtOnce) {
-  const auto instr = make("NC_X", "MfgPPSyntax");
-  static_cast<host::Feature*>(instr.Get())->declareBookkeepingAttribute("$OSM_Xts", 1);
+  const auto instr = declared("NC_X", {"$OSM_Xts"});
   EXPECT_EQ(instantiate(instr, 1, {"A,", "B"}), (Instantiated{false, {"A,", "B"}}));
 }
 

@@ -1,7 +1,6 @@
 #include "src/container/DefaultCatalogue.h"
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
-#include "src/container/DefaultCatalogueData.h"
 #include "src/container/TypeTree.h"
 
 namespace ppword {

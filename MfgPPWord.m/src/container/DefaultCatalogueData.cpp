@@ -1,6 +1,5 @@
-#include "src/container/DefaultCatalogueData.h"
-
 #include "Manufacturing/KEPMfgNames.h"
+#include "src/container/DefaultCatalogue.h"
 #include "src/container/TypeTree.h"
 
 namespace ppword {
