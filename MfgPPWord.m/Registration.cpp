@@ -98,7 +98,7 @@ struct TIE {
   KEPBaseUnknown* Create##Way##Interface##Class(KEPBaseUnknown* extended) {        \
     return Way::create<Interface, Class>(extended);                                \
   }
-#include "src/registration/Registrations.def"
+#include "Registrations.def"
 
 namespace {
 
@@ -123,7 +123,7 @@ struct Record {
          &Create##Way##Interface##Class,                                           \
          ppword::metaObjectSlot<Class>},
 constexpr Record kRecords[] = {
-#include "src/registration/Registrations.def"
+#include "Registrations.def"
 };
 
 /// Meta-objects live as long as the process: the slot only refers to it.

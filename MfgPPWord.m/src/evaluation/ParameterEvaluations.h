@@ -27,4 +27,4 @@
     /* As KEPIMfgParameterEvaluation::Evaluate. */       \
     [[nodiscard]] bool Evaluate(KEPString& value) const; \
   };
-#include "src/registration/Registrations.def"
+#include "Registrations.def"
