@@ -1,5 +1,3 @@
-#include "tools/ppword/CheckCommand.h"
-
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
@@ -7,9 +5,10 @@
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
 #include "post/job/FormatProbe.h"
+#include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
-#include "tools/ppword/TableCheck.h"
 
 namespace {
 
@@ -59,12 +58,12 @@ ExitStatus checkTables(const CheckOptions& options) {
   for (const std::string& path : options.tables) {
     const Verdict verdict = verdictOf(path, options.lint);
     const bool refused = !verdict.passes || (options.strict && !verdict.findings.empty());
-    if (refused) status = worse(status, ExitStatus::Refused);
+    if (refused) status = ExitStatus::Refused;
     if (options.format == OutputFormat::Json) {
       document["tables"].push_back(verdictJson(path, verdict));
       continue;
     }
-    for (const host::Diagnostic& finding : verdict.findings) tell(finding);
+    for (const host::Diagnostic& finding : verdict.findings) reportDiagnostic(finding);
     writeOutput(verdictText(path, verdict));
   }
   if (options.format == OutputFormat::Json) writeOutput(documentText(document));

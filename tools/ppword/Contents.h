@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 
 #include "System/KEPList.h"
 #include "host/modeler/Document.h"
+#include "tools/ppword/Commands.h"
 
 using Lines = std::vector<std::string>;
 
@@ -46,6 +48,12 @@ using PPCommandEntries = std::vector<PPCommandEntry>;
 /// The section of a document that holds its PP commands.
 inline constexpr std::string_view kPPCommands = "pp-commands";
 
+/// The sections of a table, and those of a document.
+inline constexpr std::array<std::string_view, 6> kTableSections = {
+    "words", "syntaxes", "commands", "sequences", "lists", "formats"};
+inline constexpr std::array<std::string_view, 5> kDocumentSections = {
+    "commands", "sequences", "lists", "formats", kPPCommands};
+
 /// What a table, or a document, holds. Nothing stands for a section that cannot be read.
 struct Contents {
   std::optional<std::vector<AptWord>> words;
@@ -65,3 +73,12 @@ struct Contents {
 
 /// What a document holds.
 [[nodiscard]] Contents documentContents(const host::Document& document);
+
+/// One section for people, under a heading; an empty name means all sections that have entries.
+[[nodiscard]] std::string contentsText(const Contents& contents, std::string_view section);
+
+/// What a kind from 1 to 4 means.
+[[nodiscard]] std::string_view kindName(int kind);
+
+/// Writes one section, or all, to the standard output; in JSON null is for what cannot be read.
+void showContents(const Contents& contents, std::string_view section, OutputFormat format);

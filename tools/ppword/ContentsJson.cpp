@@ -1,6 +1,8 @@
 #include <nlohmann/json.hpp>
 
-#include "tools/ppword/ContentsText.h"
+#include "tools/ppword/Contents.h"
+#include "tools/ppword/Json.h"
+#include "tools/ppword/StandardStreams.h"
 
 namespace {
 
@@ -72,8 +74,6 @@ Json ppCommandsJson(const Contents& contents) {
   return array;
 }
 
-}  // namespace
-
 Json contentsJson(const Contents& contents, std::string_view section) {
   const auto wanted = [section](std::string_view name) {
     return section.empty() || section == name;
@@ -93,4 +93,11 @@ Json contentsJson(const Contents& contents, std::string_view section) {
     json["ppCommands"] = ppCommandsJson(contents);
   }
   return json;
+}
+
+}  // namespace
+
+void showContents(const Contents& contents, std::string_view section, OutputFormat format) {
+  writeOutput(format == OutputFormat::Json ? documentText(contentsJson(contents, section))
+                                           : contentsText(contents, section));
 }

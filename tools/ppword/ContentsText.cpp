@@ -1,9 +1,8 @@
-#include "tools/ppword/ContentsText.h"
-
 #include <algorithm>
 #include <array>
 
 #include "inspect/diagnostics/DiagnosticText.h"
+#include "tools/ppword/Contents.h"
 
 namespace {
 

@@ -1,5 +1,4 @@
-#include "tools/ppword/ExplainCommand.h"
-
+#include <array>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -9,26 +8,24 @@
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/explain/Explain.h"
 #include "inspect/explain/ExplanationText.h"
-#include "post/text/SpellingSuggestion.h"
+#include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
-#include "tools/ppword/ExplanationJson.h"
+#include "tools/ppword/Json.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
-#include "tools/ppword/TableCheck.h"
 
 namespace {
 
 constexpr std::string_view kUserSyntax = "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX";
 
-// Makes the lines given on the command line the user's own syntax; gives the name that it has.
-std::string storeSyntax(const Lines& given, host::Document& document) {
+// Stores the lines given on the command line as the user's own syntax.
+void storeSyntax(const Lines& given, host::Document& document) {
   KEPListValKEPUnicodeString lines;
   for (const std::string& line : given) lines.Append(KEPUnicodeString(line));
   document.ppWordContainer()->SetUserSyntax(lines[1]);
   KEPISpecObject_var type;
   document.ppWordContainer()->GetPPWord(type, kUserSyntax);
   KEPISpecAttrAccess_var(type)->SetList("Syntaxe", lines);
-  return std::string(kUserSyntax);
 }
 
 KEPIMfgSyntaxEvaluation_var evaluationOf(const std::string& name, const host::Document& document) {
@@ -39,6 +36,78 @@ KEPIMfgSyntaxEvaluation_var evaluationOf(const std::string& name, const host::Do
     // How the container answers for a sequential motion of an instruction that it does not have.
   }
   return evaluation;
+}
+
+Json nullableJson(std::string_view text) { return text.empty() ? Json() : textJson(text); }
+
+template <class Text>
+Json optionalJson(const std::optional<Text>& text) {
+  return text ? textJson(*text) : Json();
+}
+
+Json notesJson(const std::vector<std::string>& notes) {
+  Json array = Json::array();
+  for (const std::string& note : notes) array.push_back(textJson(note));
+  return array;
+}
+
+Json valueJson(const std::optional<KEPMfgParameterValue>& value) {
+  if (!value) return {};
+  switch (value->kind) {
+    case KEPMfgParameterValue::kInteger:
+      return value->integer;
+    case KEPMfgParameterValue::kReal:
+      return value->real;
+    default:
+      return textJson(value->text);
+  }
+}
+
+Json referenceJson(const host::ExplainedReference& reference) {
+  return {{"reference", textJson(host::referenceText(reference))},
+          {"type", nullableJson(reference.type)},
+          {"baseType", nullableJson(reference.baseType)},
+          {"asked", std::string(host::answerKind(reference))},
+          {"evaluated", host::isEvaluated(reference)},
+          {"evaluation", nullableJson(reference.evaluation)},
+          {"value", valueJson(reference.value)},
+          {"format", optionalJson(reference.format)},
+          {"text", optionalJson(reference.text)}};
+}
+
+Json operationJson(const host::ExplainedOperation& ended) {
+  constexpr std::array<const char*, 3> kOutcomes = {"computed", "kept", "deleted"};
+  return {{"operation", textJson(ended.operation)},
+          {"outcome", kOutcomes[static_cast<std::size_t>(ended.outcome)]},
+          {"result", nullableJson(ended.result)}};
+}
+
+template <class Items>
+Json arrayJson(const Items& items, Json (*toJson)(const typename Items::value_type&)) {
+  Json array = Json::array();
+  for (const auto& item : items) array.push_back(toJson(item));
+  return array;
+}
+
+Json passJson(const host::ExplainedPass& pass) {
+  return {{"pass", pass.name},
+          {"line", textJson(pass.line)},
+          {"references", arrayJson(pass.references, referenceJson)},
+          {"operations", arrayJson(pass.operations, operationJson)},
+          {"notes", notesJson(pass.notes)}};
+}
+
+Json lineJson(const host::ExplainedLine& line) {
+  return {{"passes", arrayJson(line.passes, passJson)},
+          {"output", optionalJson(line.output)},
+          {"notes", notesJson(line.notes)}};
+}
+
+Json explanationJson(std::string_view instruction, int sequence,
+                     const host::Explanation& explanation) {
+  return {{"instruction", textJson(instruction)},
+          {"sequence", sequence},
+          {"lines", arrayJson(explanation.lines, lineJson)}};
 }
 
 ExitStatus refuse(const std::string& why) {
@@ -52,19 +121,35 @@ ExitStatus refuseUnknown(const std::string& name, const host::Document& document
     if (entry.name) names.push_back(*entry.name);
   }
   const std::vector<std::string_view> candidates(names.begin(), names.end());
-  const std::string_view meant = host::nearest(name, candidates);
-  return refuse("there is no NC instruction '" + name + "'" +
-                (meant.empty() ? "" : "; did you mean '" + std::string(meant) + "'?"));
+  return refuse("there is no NC instruction '" + name + "'" + suggestion(name, candidates));
+}
+
+// What is to be explained. Of two names the first is the table; a single one is the table only of
+// lines.
+struct Subject {
+  std::string table;
+  std::string instruction;
+};
+
+Subject subjectOf(const ExplainOptions& options) {
+  if (!options.syntax.empty()) {
+    if (!options.instruction.empty()) throw UsageError{"--syntax takes no instruction"};
+    return {options.table, std::string(kUserSyntax)};
+  }
+  if (!options.instruction.empty()) return {options.table, options.instruction};
+  if (options.table.empty()) throw UsageError{"INSTRUCTION is required"};
+  return {"", options.table};
 }
 
 ExitStatus run(const ExplainOptions& options) {
+  const Subject subject = subjectOf(options);
+  const std::string& name = subject.instruction;
   const KEPVar<host::Document> document = host::newDocument();
-  if (!options.table.empty()) loadTable(*document, options.table);
+  if (!subject.table.empty()) loadTable(*document, subject.table);
   const auto activity = host::Activity::create("explained");
   document->ppWordContainer()->SetObjects(activity);
   for (const auto& setting : options.values) host::applySetting(setting, *document, *activity);
-  const std::string name =
-      options.syntax.empty() ? options.instruction : storeSyntax(options.syntax, *document);
+  if (!options.syntax.empty()) storeSyntax(options.syntax, *document);
   const auto evaluation = evaluationOf(name, *document);
   if (!evaluation) return refuseUnknown(name, *document);
   const host::Explanation explanation = host::explain(*evaluation, options.sequence);

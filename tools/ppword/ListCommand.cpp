@@ -1,21 +1,27 @@
-#include "tools/ppword/ListCommand.h"
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/Contents.h"
+#include "tools/ppword/Refusal.h"
 
-#include <nlohmann/json.hpp>
+namespace {
 
-#include "tools/ppword/ContentsText.h"
-#include "tools/ppword/StandardStreams.h"
-#include "tools/ppword/TableCheck.h"
+ExitStatus listDefaultCatalogue(const ListOptions& options) {
+  if (!options.section.empty()) throw UsageError{"--default takes no table"};
+  const std::string& section = options.table;
+  if (!section.empty()) requireSection(section, kTableSections);
+  showContents(documentContents(*host::newDocument()), section, options.format);
+  return ExitStatus::Done;
+}
+
+}  // namespace
 
 ExitStatus listTable(const ListOptions& options) {
-  const bool ofTable = !options.table.empty();
-  if (ofTable) {
-    if (const auto refusal = tableRefusal(options.table))
-      return refuseTable(*refusal, options.format);
+  if (options.ofDefaultCatalogue) return listDefaultCatalogue(options);
+  const std::string& section = options.section;
+  if (options.table.empty()) throw UsageError{"TABLE is required"};
+  if (!section.empty()) requireSection(section, kTableSections);
+  if (const auto refusal = tableRefusal(options.table)) {
+    return refuseTable(*refusal, options.format);
   }
-  const Contents contents = ofTable ? tableContents(options.table, options.section)
-                                    : documentContents(*host::newDocument());
-  writeOutput(options.format == OutputFormat::Json
-                  ? documentText(contentsJson(contents, options.section))
-                  : contentsText(contents, options.section));
+  showContents(tableContents(options.table, section), section, options.format);
   return ExitStatus::Done;
 }

@@ -1,6 +1,3 @@
-#include "tools/ppword/PostCommand.h"
-
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
@@ -14,38 +11,20 @@
 #include "post/generator/Generator.h"
 #include "post/job/JobReader.h"
 #include "post/job/JobSetup.h"
-#include "post/output/OutputFile.h"
 #include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 #include "post/toolpath/SourceKind.h"
-#include "tools/ppword/HeldOutput.h"
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/Json.h"
 #include "tools/ppword/LoadReport.h"
+#include "tools/ppword/PostOutput.h"
 #include "tools/ppword/PostReport.h"
 #include "tools/ppword/PostTable.h"
 #include "tools/ppword/Progress.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
-#include "tools/ppword/TableCheck.h"
 
 namespace {
-
-// A run that ends early because of its arguments.
-struct UsageError {
-  std::string message;
-};
-
-bool isRegularFile(const std::string& path) {
-  struct stat state {};
-  return stat(path.c_str(), &state) == 0 && S_ISREG(state.st_mode);
-}
-
-bool isSameFile(const std::string& left, const std::string& right) {
-  struct stat leftState {};
-  struct stat rightState {};
-  return isRegularFile(left) && stat(left.c_str(), &leftState) == 0 &&
-         stat(right.c_str(), &rightState) == 0 && leftState.st_dev == rightState.st_dev &&
-         leftState.st_ino == rightState.st_ino;
-}
 
 void requireOther(const std::string& output, const std::string& input) {
   if (isSameFile(output, input)) {
@@ -54,9 +33,9 @@ void requireOther(const std::string& output, const std::string& input) {
 }
 
 // The tool path of a run: a job or a listing.
-class Source {
+class ToolPathInput {
  public:
-  explicit Source(const PostOptions& options)
+  explicit ToolPathInput(const PostOptions& options)
       : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
     if (host::recogniseSource(*lines_) == host::SourceKind::Listing) return;
     if (options.units || options.rotary) {
@@ -93,37 +72,6 @@ class Source {
   std::optional<host::JobSetup> setup_;
 };
 
-// What the text is written to: "-" also for a path that leads to the file behind the standard
-// output, which others write too and which is not to be replaced.
-std::string placeOf(const std::string& output) {
-  return output.empty() || isSameFile(output, "/dev/stdout") ? "-" : output;
-}
-
-// Where the text of a run goes. In a strict run what cannot be taken back is held until the end.
-class Output {
- public:
-  explicit Output(const PostOptions& options) : place_(placeOf(options.output)), file_(place_) {
-    struct stat state {};
-    const bool direct =
-        place_ == "-" || (stat(place_.c_str(), &state) == 0 && !S_ISREG(state.st_mode));
-    if (options.strict && direct) held_.emplace();
-  }
-
-  [[nodiscard]] host::LineSink& lines() {
-    if (held_) return *held_;
-    return file_;
-  }
-  void finish() {
-    if (held_) held_->release(file_);
-    file_.finish();
-  }
-
- private:
-  std::string place_;
-  host::OutputFile file_;
-  std::optional<HeldOutput> held_;
-};
-
 // The document file of a run: that of the user, that of the job's header, or none.
 std::string documentFile(const PostOptions& options, const host::JobHeader* header) {
   if (!options.document.empty() || header == nullptr || header->document.empty()) {
@@ -154,24 +102,31 @@ void reportRun(const PostOptions& options, const PostReport& report, bool writte
   writeMessage(reportText(report, written));
 }
 
-ExitStatus generate(const PostOptions& options) {
-  Source source(options);
-  const KEPVar<host::Document> document = documentOf(options, source.header());
-  LoadReport load;
+// Loads the table of the run, and sets up its input and document.
+PostTable setUp(const PostOptions& options, const KEPVar<host::Document>& document,
+                ToolPathInput& input) {
   PostTable table;
   if (!options.table.empty()) loadGivenTable(*document, options.table, table);
-  source.setUp(*document);
-  if (source.header() != nullptr) loadNamedTable(document, *source.header(), table);
+  input.setUp(*document);
+  if (input.header() != nullptr) loadNamedTable(document, *input.header(), table);
+  return table;
+}
+
+ExitStatus generate(const PostOptions& options) {
+  ToolPathInput input(options);
+  const KEPVar<host::Document> document = documentOf(options, input.header());
+  LoadReport load;
+  const PostTable table = setUp(options, document, input);
   requireOther(options.output, table.path);
-  Output output(options);
+  PostOutput output(options.output, options.strict);
   const std::string name = options.job == "-" ? "standard input" : options.job;
   host::Generator generator(document, name, output.lines());
   {
     const bool shown = options.format == OutputFormat::Text && isatty(STDERR_FILENO) == 1;
-    Progress progress(source.events(), shown);
+    Progress progress(input.events(), shown);
     generator.run(progress);
   }
-  const PostReport report{generator.summary(), source.listing(), load.missing(), table,
+  const PostReport report{generator.summary(), input.listing(), load.missing(), table,
                           options.output};
   const bool written = !options.strict || missingPieces(report) == 0;
   if (written) output.finish();
@@ -185,7 +140,7 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
                                {"written", false},
                                {"diagnostics", Json::array({diagnosticJson(diagnostic)})}}));
   } else {
-    tell(diagnostic);
+    reportDiagnostic(diagnostic);
   }
   return ExitStatus::Refused;
 }
@@ -197,10 +152,6 @@ ExitStatus postJob(const PostOptions& options) {
     requireOther(options.output, options.job == "-" ? "/dev/stdin" : options.job);
     requireOther(options.output, options.table);
     return generate(options);
-  } catch (const UsageError& error) {
-    writeMessage("ppword post: " + host::terminalSafe(error.message) +
-                 "\nTry 'ppword post --help'.\n");
-    return ExitStatus::Usage;
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);
   } catch (const host::InputError& error) {

@@ -1,27 +1,72 @@
 #include "tools/ppword/Refusal.h"
 
+#include <algorithm>
+#include <nlohmann/json.hpp>
 #include <utility>
 
+#include "KEPMfgPPTableTxt.h"
 #include "System/KEPError.h"
+#include "host/diagnostics/Nearest.h"
+#include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/diagnostics/TableError.h"
 #include "inspect/diagnostics/TableFile.h"
-#include "tools/ppword/TableCheck.h"
+#include "tools/ppword/Json.h"
+#include "tools/ppword/StandardStreams.h"
 
-host::Diagnostic documentDiagnostic(const host::DocumentError& error) {
-  host::Diagnostic diagnostic;
-  diagnostic.file = error.file();
-  diagnostic.message = error.reason();
-  return diagnostic;
+std::string suggestion(std::string_view word, std::span<const std::string_view> candidates) {
+  const std::string_view meant = host::nearest(word, candidates);
+  return meant.empty() ? "" : "; did you mean '" + std::string(meant) + "'?";
+}
+
+void requireSection(const std::string& section, std::span<const std::string_view> sections) {
+  if (std::find(sections.begin(), sections.end(), section) != sections.end()) return;
+  throw UsageError{"there is no section '" + section + "'" + suggestion(section, sections)};
+}
+
+void reportDiagnostic(const host::Diagnostic& diagnostic) {
+  writeMessage(host::diagnosticText(diagnostic));
+}
+
+void warn(const std::string& file, std::string_view key, std::string message) {
+  host::Diagnostic warning;
+  warning.severity = host::Severity::Warning;
+  warning.file = file;
+  warning.key = key;
+  warning.message = std::move(message);
+  reportDiagnostic(warning);
 }
 
 void warnOfOldVersion(const host::Document& document, const std::string& path) {
   if (!document.NeedsUpgrade()) return;
-  host::Diagnostic warning;
-  warning.severity = host::Severity::Warning;
-  warning.file = path;
-  warning.key = "old-version";
-  warning.message = "the document is of an older version; 'ppword document upgrade' upgrades it";
-  tell(warning);
+  warn(path, "old-version",
+       "the document is of an older version; 'ppword document upgrade' upgrades it");
+}
+
+host::Diagnostic fileDiagnostic(const std::string& file, const std::string& message) {
+  host::Diagnostic diagnostic;
+  diagnostic.file = file;
+  diagnostic.message = message;
+  return diagnostic;
+}
+
+host::Diagnostic documentDiagnostic(const host::DocumentError& error) {
+  return fileDiagnostic(error.file(), error.reason());
+}
+
+std::optional<host::Diagnostic> tableRefusal(const std::string& path) {
+  if (auto unreadable = host::unreadableTable(path)) return unreadable;
+  KEPMfgPPTableTxt reader{KEPString(path)};
+  if (KEPSucceeded(reader.CheckFileSyntax())) return std::nullopt;
+  return host::tableError(path, *KEPError::KEPGetLastError());
+}
+
+ExitStatus refuseTable(const host::Diagnostic& refusal, OutputFormat format) {
+  if (format == OutputFormat::Json) {
+    writeOutput(documentText({{"diagnostics", Json::array({diagnosticJson(refusal)})}}));
+  } else {
+    reportDiagnostic(refusal);
+  }
+  return ExitStatus::Refused;
 }
 
 void loadTable(host::Document& document, const std::string& path) {

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Blocks that lack their end overlap, and commands may insert the same lines many times: so many
+// Blocks without an end overlap, and commands may insert the same lines many times: at most so many
 // lines more than the table has bytes are shown.
 constexpr std::size_t kMostLinesBeside = 1'000'000;
 
@@ -19,15 +19,15 @@ Lines linesOf(const KEPListValKEPString& list) {
 }
 
 // How many lines may still be shown.
-class Room {
+class LineBudget {
  public:
-  explicit Room(const std::string& path) {
+  explicit LineBudget(const std::string& path) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(path, error);
     left_ = kMostLinesBeside + (error ? 0 : size);
   }
 
-  // What a query gives that fills the list; nothing when it fails, or when there is no room left.
+  // The list that a query fills; nothing when it fails, or when the budget is used up.
   template <class Query>
   std::optional<Lines> linesOf(Query query) {
     KEPListValKEPString list;
@@ -54,27 +54,27 @@ std::optional<Lines> syntaxesOf(KEPMfgPPTableTxt& table) {
   return linesOf(syntaxes);
 }
 
-InstructionEntry commandAt(KEPMfgPPTableTxt& table, int index, Room& room) {
+InstructionEntry commandAt(KEPMfgPPTableTxt& table, int index, LineBudget& budget) {
   InstructionEntry entry;
   KEPString name;
   if (!table.GetNameOfCommand(index, name)) return entry;
   entry.name = name.View();
-  entry.lines = room.linesOf([&](auto& lines) { return table.GetSyntaxOfCommand(index, lines); });
+  entry.lines = budget.linesOf([&](auto& lines) { return table.GetSyntaxOfCommand(index, lines); });
   int sequences = 0;
   if (!table.GetNumberOfSequenceForCommand(index, sequences)) return entry;
   for (int sequence = 1; sequence <= sequences; ++sequence) {
-    entry.sequences.push_back(room.linesOf(
+    entry.sequences.push_back(budget.linesOf(
         [&](auto& lines) { return table.GetSyntaxOfSequenceForCommand(index, sequence, lines); }));
   }
   return entry;
 }
 
-ListEntry listAt(KEPMfgPPTableTxt& table, int index, Room& room) {
+ListEntry listAt(KEPMfgPPTableTxt& table, int index, LineBudget& budget) {
   ListEntry entry;
   KEPString name;
   if (!table.GetNameOfMultiListParameter(index, name)) return entry;
   entry.name = name.View();
-  entry.values = room.linesOf(
+  entry.values = budget.linesOf(
       [&](auto& values) { return table.GetValuesOfMultiListParameter(index, values); });
   return entry;
 }
@@ -103,21 +103,21 @@ std::vector<AptWord> paired(const KEPListValKEPString& words, const KEPRawCollin
 }
 
 Contents tableContents(const std::string& path, std::string_view section) {
-  // Every query scans the file, so only those that are needed are asked.
+  // Every query scans the file, so only the needed ones are made.
   const auto wanted = [section](std::string_view name) {
     return section.empty() || section == name;
   };
   KEPMfgPPTableTxt table{KEPString(path)};
-  Room room(path);
+  LineBudget budget(path);
   Contents contents;
   int count = 0;
   if (wanted("words")) contents.words = wordsOf(table);
   if (wanted("syntaxes")) contents.syntaxes = syntaxesOf(table);
   if (wanted("commands") || wanted("sequences")) table.GetNumberOfCommand(count);
-  for (int i = 1; i <= count; ++i) contents.commands.push_back(commandAt(table, i, room));
+  for (int i = 1; i <= count; ++i) contents.commands.push_back(commandAt(table, i, budget));
   count = 0;
   if (wanted("lists")) table.GetNumberOfMultiListParameter(count);
-  for (int i = 1; i <= count; ++i) contents.lists.push_back(listAt(table, i, room));
+  for (int i = 1; i <= count; ++i) contents.lists.push_back(listAt(table, i, budget));
   count = 0;
   if (wanted("formats")) table.GetNumberOfFormatParameter(count);
   for (int i = 1; i <= count; ++i) contents.formats.push_back(formatAt(table, i));

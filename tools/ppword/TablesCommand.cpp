@@ -1,5 +1,3 @@
-#include "tools/ppword/TablesCommand.h"
-
 #include <map>
 #include <nlohmann/json.hpp>
 
@@ -7,6 +5,7 @@
 #include "System/KEPMakePath.h"
 #include "host/system/ResourceFolders.h"
 #include "inspect/diagnostics/DiagnosticText.h"
+#include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 

@@ -1,12 +1,12 @@
-#include "tools/ppword/WordsCommand.h"
-
 #include <nlohmann/json.hpp>
 
 #include "KEPMfgPPWordUtilities.h"
 #include "inspect/diagnostics/DiagnosticText.h"
-#include "tools/ppword/ContentsText.h"
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/Contents.h"
+#include "tools/ppword/Json.h"
+#include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
-#include "tools/ppword/TableCheck.h"
 
 namespace {
 
@@ -16,12 +16,10 @@ std::optional<host::Diagnostic> refusalOfWords(const std::string& table) {
   if (KEPSucceeded(KEPMfgPPWordUtilities::StoreListOfPPWords(KEPUnicodeString(table)))) {
     return std::nullopt;
   }
-  host::Diagnostic diagnostic;
-  diagnostic.file = table;
-  diagnostic.message =
+  return fileDiagnostic(
+      table,
       "the words cannot be read: a section of words lacks its *END, or a word has more than 1023 "
-      "characters";
-  return diagnostic;
+      "characters");
 }
 
 struct WordLists {
@@ -42,13 +40,8 @@ WordLists listsOf(const std::string& table) {
 void warnOfUnpaired(const std::string& table) {
   const WordLists lists = listsOf(table);
   if (lists.words.Size() == lists.codes.Size()) return;
-  host::Diagnostic warning;
-  warning.severity = host::Severity::Warning;
-  warning.file = table;
-  warning.key = "unpaired-words";
-  warning.message =
-      "a word lacks its code, or a code its word: the codes of those behind are wrong";
-  tell(warning);
+  warn(table, "unpaired-words",
+       "a word lacks its code, or a code its word: the codes of those behind are wrong");
 }
 
 // Lines for people, or the entries as one member of an object; and what was not found.
@@ -58,17 +51,13 @@ struct Answers {
   std::vector<std::string> missing;
 };
 
-ExitStatus tellAnswers(const Answers& answers, const std::string& table, std::string_view member,
-                       OutputFormat format) {
+ExitStatus reportAnswers(const Answers& answers, const std::string& table, std::string_view member,
+                         OutputFormat format) {
   warnOfUnpaired(table);
   writeOutput(format == OutputFormat::Json ? documentText({{member, answers.entries}})
                                            : answers.text);
-  for (const std::string& message : answers.missing) {
-    host::Diagnostic diagnostic;
-    diagnostic.file = table;
-    diagnostic.message = message;
-    tell(diagnostic);
-  }
+  for (const std::string& message : answers.missing)
+    reportDiagnostic(fileDiagnostic(table, message));
   return answers.missing.empty() ? ExitStatus::Done : ExitStatus::Refused;
 }
 
@@ -108,8 +97,7 @@ ExitStatus showWords(const WordsOptions& options) {
   Contents contents;
   const WordLists lists = listsOf(options.table);
   contents.words = paired(lists.words, lists.kinds, lists.codes);
-  writeOutput(options.format == OutputFormat::Json ? documentText(contentsJson(contents, "words"))
-                                                   : contentsText(contents, "words"));
+  showContents(contents, "words", options.format);
   return ExitStatus::Done;
 }
 
@@ -119,7 +107,7 @@ ExitStatus showCodes(const CodeOptions& options) {
   }
   Answers answers;
   for (const std::string& word : options.words) addWord(word, answers);
-  return tellAnswers(answers, options.table, "words", options.format);
+  return reportAnswers(answers, options.table, "words", options.format);
 }
 
 ExitStatus showWordsOfCodes(const WordOptions& options) {
@@ -128,5 +116,5 @@ ExitStatus showWordsOfCodes(const WordOptions& options) {
   }
   Answers answers;
   for (const int code : options.codes) addCode(code, answers);
-  return tellAnswers(answers, options.table, "codes", options.format);
+  return reportAnswers(answers, options.table, "codes", options.format);
 }

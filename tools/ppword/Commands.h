@@ -1,0 +1,121 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "inspect/explain/ValueSetting.h"
+#include "post/listing/LengthUnit.h"
+#include "post/listing/RotaryChain.h"
+
+/// Exit statuses; for several files the highest is returned.
+enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
+
+enum class OutputFormat { Text, Json };
+
+/// Arguments that a command cannot work with. A command raises it before it has done anything.
+struct UsageError {
+  std::string message;
+};
+
+/// Runs the command that the arguments ask for. A help text, the version or a mistake in the
+/// arguments is written here.
+[[nodiscard]] ExitStatus runCommandLine(int argc, const char* const* argv);
+
+struct CheckOptions {
+  std::vector<std::string> tables;
+  bool lint = false;
+  bool strict = false;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Reports for each table whether it passes, with its errors and warnings.
+[[nodiscard]] ExitStatus checkTables(const CheckOptions& options);
+
+struct ExplainOptions {
+  /// TABLE and INSTRUCTION by their positions. A single name is the instruction, unless there are
+  /// lines in `syntax`: then it is the table.
+  std::string table;
+  std::string instruction;
+  std::vector<std::string> syntax;
+  int sequence = 1;
+  std::vector<host::ValueSetting> values;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows what every pass does with the lines of an NC instruction, or with given lines.
+[[nodiscard]] ExitStatus explainSyntax(const ExplainOptions& options);
+
+struct ListOptions {
+  /// TABLE and SECTION by their positions. A single name is the section of the default catalogue
+  /// when that is asked for.
+  std::string table;
+  std::string section;
+  bool ofDefaultCatalogue = false;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows what a table or the default catalogue holds.
+[[nodiscard]] ExitStatus listTable(const ListOptions& options);
+
+struct DocumentOptions {
+  std::string action;
+  std::string file;
+  std::vector<std::string> arguments;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Creates, changes or shows a document file, each in one transaction.
+[[nodiscard]] ExitStatus runDocument(const DocumentOptions& options);
+
+struct PostOptions {
+  /// "-": the standard input.
+  std::string job;
+  std::string table;
+  /// Empty: the one that the job names, or a new one.
+  std::string document;
+  /// Empty: the standard output.
+  std::string output;
+  bool strict = false;
+  bool verbose = false;
+  OutputFormat format = OutputFormat::Text;
+  /// For listings only.
+  std::optional<host::LengthUnit> units;
+  std::optional<host::RotaryChain> rotary;
+};
+
+/// Writes the APT text of a tool path, and a report to the standard error.
+[[nodiscard]] ExitStatus postJob(const PostOptions& options);
+
+struct WordsOptions {
+  std::string table;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows the PP words of a table with their kinds and codes.
+[[nodiscard]] ExitStatus showWords(const WordsOptions& options);
+
+struct CodeOptions {
+  std::string table;
+  std::vector<std::string> words;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows the codes of words. Each word that the table does not have is an error.
+[[nodiscard]] ExitStatus showCodes(const CodeOptions& options);
+
+struct WordOptions {
+  std::string table;
+  std::vector<int> codes;
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows the words of codes. Each code that the table does not have is an error.
+[[nodiscard]] ExitStatus showWordsOfCodes(const WordOptions& options);
+
+struct TablesOptions {
+  OutputFormat format = OutputFormat::Text;
+};
+
+/// Shows what the PPTables folders hold and which files are hidden by files of the same name.
+[[nodiscard]] ExitStatus showTables(const TablesOptions& options);

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "post/output/LineSink.h"
+#include "post/output/OutputFile.h"
+
+/// True for two names of one regular file.
+[[nodiscard]] bool isSameFile(const std::string& left, const std::string& right);
+
+/// The output file or standard output of a post run. An OutputError reports what cannot be written.
+class PostOutput {
+ public:
+  /// Empty for the standard output. A strict run holds back until the end what cannot be taken
+  /// back.
+  PostOutput(const std::string& output, bool strict);
+  ~PostOutput();
+  PostOutput(const PostOutput&) = delete;
+  PostOutput& operator=(const PostOutput&) = delete;
+
+  [[nodiscard]] host::LineSink& lines();
+
+  /// Puts the text in its place. Without it the place stays as it was.
+  void finish();
+
+ private:
+  class HeldLines;
+
+  host::OutputFile file_;
+  std::unique_ptr<HeldLines> held_;
+};
