@@ -43,7 +43,7 @@ struct ExplainedCut {
 /// A line after a pass, and what the pass did. Notes tell in words what a reader of the syntax
 /// might not expect.
 struct ExplainedPass {
-  std::string name;
+  KEPMfgPPWordListener::Pass pass = KEPMfgPPWordListener::Pass::Written;
   std::string line;
   std::vector<ExplainedReference> references;
   std::vector<ExplainedCut> cuts;
@@ -51,8 +51,8 @@ struct ExplainedPass {
   std::vector<std::string> notes;
 };
 
-/// A syntax line on its way; the first pass, "syntax", has it as it is written. `output` is the
-/// line with its continuation mark, if it was put out.
+/// A syntax line on its way; the first pass, Pass::Written, has it as it is written. `output` is
+/// the line with its continuation mark, if it was put out.
 struct ExplainedLine {
   std::vector<ExplainedPass> passes;
   std::optional<std::string> output;

@@ -119,7 +119,8 @@ std::string referenceRow(const ExplainedReference& reference) {
 }
 
 std::string passText(const ExplainedPass& pass, std::string_view before) {
-  std::string text = row(pass.name, pass.line == before ? "unchanged" : quoted(pass.line));
+  std::string text = row(KEPMfgPPWordListener::EntryOf(pass.pass).name,
+                         pass.line == before ? "unchanged" : quoted(pass.line));
   for (const ExplainedReference& reference : pass.references) text += referenceRow(reference);
   for (const ExplainedOperation& ended : pass.operations) {
     if (ended.outcome != KEPMfgPPWordListener::Operation::Computed) continue;

@@ -9,6 +9,7 @@ namespace host {
 namespace {
 
 using Operation = KEPMfgPPWordListener::Operation;
+using Pass = KEPMfgPPWordListener::Pass;
 using Source = KEPMfgPPWordListener::Source;
 
 constexpr std::size_t kNone = std::string_view::npos;
@@ -104,16 +105,16 @@ std::string cutNote(const ExplainedCut& cut) {
              : what + " is cut off and lost";
 }
 
-std::optional<std::string> operationNote(const ExplainedOperation& ended, std::string_view pass) {
+std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass pass) {
   // A lost sign has a note of its own.
-  if (pass == "restore signs") return std::nullopt;
+  if (pass == Pass::RestoreSigns) return std::nullopt;
   const std::string operation = quoted(ended.operation);
   if (ended.outcome == Operation::Kept) {
     // A group is tried with each prefix; the last one tells.
-    if (pass == "groups &" || pass == "groups %(") return std::nullopt;
+    if (pass == Pass::WordGroups || pass == Pass::ExpressionGroups) return std::nullopt;
     return operation + " is not computed and stays: " +
-           (pass == "evaluate" ? "not both operands are plain numbers, such as -1.5"
-                               : "a side has no number, or the divisor is 0");
+           (pass == Pass::Evaluate ? "not both operands are plain numbers, such as -1.5"
+                                   : "a side has no number, or the divisor is 0");
   }
   if (ended.outcome == Operation::Computed) return std::nullopt;
   const bool lacksLeft = kSigns.find(ended.operation.front()) != kNone;
@@ -135,7 +136,7 @@ void addOwnNotes(std::optional<CommaTrail>& trail, ExplainedPass& pass) {
   }
   for (const ExplainedCut& cut : pass.cuts) pass.notes.push_back(cutNote(cut));
   for (const ExplainedOperation& operation : pass.operations) {
-    if (auto note = operationNote(operation, pass.name)) pass.notes.push_back(std::move(*note));
+    if (auto note = operationNote(operation, pass.pass)) pass.notes.push_back(std::move(*note));
   }
 }
 
@@ -171,11 +172,11 @@ void addNotes(ExplainedLine& line) {
   std::string_view before;
   for (ExplainedPass& pass : line.passes) {
     addOwnNotes(trail, pass);
-    if (pass.name == "mask signs") {
+    if (pass.pass == Pass::MaskSigns) {
       trail.emplace(before, pass.line);
-    } else if (pass.name == "restore signs" && trail) {
+    } else if (pass.pass == Pass::RestoreSigns && trail) {
       addSignNotes(*trail, pass);
-    } else if (pass.name == "evaluate") {
+    } else if (pass.pass == Pass::Evaluate) {
       // Its signs are back: there is nothing to follow.
       if (trail && !trail->signs().empty()) addEvaluationNotes(pass);
     } else if (trail) {

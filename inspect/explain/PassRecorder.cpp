@@ -29,12 +29,11 @@ void describeType(const KEPBaseUnknown& type, ExplainedReference& reference) {
 PassRecorder::PassRecorder() : previous_(std::exchange(session().listener, this)) {}
 PassRecorder::~PassRecorder() { session().listener = previous_; }
 
-void PassRecorder::LineAfterPass(std::string_view pass, std::string_view line) {
-  if (pass == "syntax") lines_.emplace_back();
-  pass_.name = pass;
+void PassRecorder::LineAfterPass(Pass pass, std::string_view line) {
+  if (pass == Pass::Written) lines_.emplace_back();
+  pass_.pass = pass;
   pass_.line = line;
-  // Passes over references end with their prefix, as "references %".
-  for (auto& reference : pass_.references) reference.prefix = pass.substr(pass.rfind(' ') + 1);
+  for (auto& reference : pass_.references) reference.prefix = EntryOf(pass).prefix;
   lines_.back().passes.push_back(std::exchange(pass_, {}));
 }
 

@@ -16,7 +16,7 @@ class PassRecorder final : public KEPMfgPPWordListener {
   PassRecorder();
   ~PassRecorder() override;
 
-  void LineAfterPass(std::string_view pass, std::string_view line) override;
+  void LineAfterPass(Pass pass, std::string_view line) override;
   void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* evaluation) override;
   void ValueFound(const KEPMfgParameterValue& value, const KEPUnicodeString* format) override;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <string_view>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
@@ -12,6 +14,53 @@ class KEPBaseUnknown;
 /// valid only during the call.
 class KEP_PLATFORM KEPMfgPPWordListener {
  public:
+  /// The passes that a syntax line goes through, in their order. Groups and references are three
+  /// passes each, one for every prefix of a reference.
+  enum class Pass {
+    /// The line as it is written.
+    Written,
+    MaskEscapes,
+    /// Only with the setting MFG_PPWORD_CLEAN_PARENTHESIS.
+    CleanParentheses,
+    RewriteDivisions,
+    MaskSigns,
+    WordGroups,
+    Words,
+    ExpressionGroups,
+    Expressions,
+    NumberGroups,
+    Numbers,
+    RestoreSigns,
+    Evaluate,
+    UnmaskEscapes
+  };
+  /// What reports call a pass, and the prefix of the references that it looks up; empty where it
+  /// looks up none.
+  struct PassEntry {
+    Pass pass;
+    std::string_view name;
+    std::string_view prefix;
+  };
+  static constexpr std::array<PassEntry, 14> kPasses{{
+      {Pass::Written, "syntax", ""},
+      {Pass::MaskEscapes, "mask escapes", ""},
+      {Pass::CleanParentheses, "clean parentheses", ""},
+      {Pass::RewriteDivisions, "rewrite divisions", ""},
+      {Pass::MaskSigns, "mask signs", ""},
+      {Pass::WordGroups, "groups &", "&"},
+      {Pass::Words, "references &", "&"},
+      {Pass::ExpressionGroups, "groups %(", "%("},
+      {Pass::Expressions, "references %(", "%("},
+      {Pass::NumberGroups, "groups %", "%"},
+      {Pass::Numbers, "references %", "%"},
+      {Pass::RestoreSigns, "restore signs", ""},
+      {Pass::Evaluate, "evaluate", ""},
+      {Pass::UnmaskEscapes, "unmask escapes", ""},
+  }};
+  [[nodiscard]] static constexpr const PassEntry& EntryOf(Pass pass) {
+    return kPasses[static_cast<std::size_t>(pass)];
+  }
+
   /// Where the text of a parameter reference came from.
   enum class Source { Evaluation, FormattedParameter, Parameter, Nobody };
   /// What became of an operation in a syntax line.
@@ -50,8 +99,8 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   KEPMfgPPWordListener& operator=(const KEPMfgPPWordListener&) = delete;
   virtual ~KEPMfgPPWordListener();
 
-  /// A syntax line after the pass with this name; "syntax" is the line as it is written.
-  virtual void LineAfterPass(std::string_view /*pass*/, std::string_view /*line*/) {}
+  /// A syntax line after a pass; with Pass::Written the line as it is written.
+  virtual void LineAfterPass(Pass /*pass*/, std::string_view /*line*/) {}
 
   /// A reference of a syntax line is looked up: the parameter type of that name, and the evaluation
   /// of the type; each null when there is none. For an operand between parentheses the type is not

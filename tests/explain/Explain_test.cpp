@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
+#include <set>
 #include <string>
+#include <string_view>
 
 #include "host/system/Session.h"
 #include "inspect/explain/ExplanationText.h"
@@ -33,6 +35,30 @@ class Explain : public testing::Test, protected PPWordDocument {
 
   KEPISpecObject_var instruction_ = instruction("NC_X", {});
 };
+
+TEST_F(Explain, PassesAreInTheirOrderUnderDistinctNames) {
+  std::set<std::string_view> names;
+  int position = 0;
+  for (const auto& entry : KEPMfgPPWordListener::kPasses) {
+    EXPECT_EQ(static_cast<int>(entry.pass), position++) << entry.name;
+    EXPECT_TRUE(names.insert(entry.name).second) << entry.name;
+  }
+  EXPECT_EQ(KEPMfgPPWordListener::kPasses.back().pass, KEPMfgPPWordListener::Pass::UnmaskEscapes);
+}
+
+TEST_F(Explain, ReferencesHaveThePrefixOfTheirPass) {
+  activity()->parameters().set("D", host::realValue(2));
+  Texts references;
+  const auto explanation = explained({"&W,%(D),%D,(%D)"});
+  for (const auto& pass : explanation.lines.at(0).passes) {
+    for (const auto& reference : pass.references) {
+      references.push_back(std::string(KEPMfgPPWordListener::EntryOf(pass.pass).name) + ": " +
+                           host::referenceText(reference));
+    }
+  }
+  EXPECT_EQ(references, (Texts{"references &: &W", "references %(: %(D)", "references %: %D",
+                               "references %: %D)"}));
+}
 
 TEST_F(Explain, ListenerOfTheSessionIsAsBefore) {
   KEPMfgPPWordListener own;

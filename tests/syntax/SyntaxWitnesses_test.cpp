@@ -118,8 +118,8 @@ class Notes final : public KEPMfgPPWordListener {
   Notes(const Notes&) = delete;
   Notes& operator=(const Notes&) = delete;
 
-  void LineAfterPass(std::string_view pass, std::string_view line) override {
-    passes.push_back(std::string(pass) + " " + std::string(line));
+  void LineAfterPass(Pass pass, std::string_view line) override {
+    passes.push_back(std::string(EntryOf(pass).name) + " " + std::string(line));
   }
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
     references.push_back(std::string(name) + " " + std::to_string(static_cast<int>(source)) + " " +

@@ -90,7 +90,7 @@ Json arrayJson(const Items& items, Json (*toJson)(const typename Items::value_ty
 }
 
 Json passJson(const host::ExplainedPass& pass) {
-  return {{"pass", pass.name},
+  return {{"pass", KEPMfgPPWordListener::EntryOf(pass.pass).name},
           {"line", textJson(pass.line)},
           {"references", arrayJson(pass.references, referenceJson)},
           {"operations", arrayJson(pass.operations, operationJson)},

@@ -6,10 +6,10 @@
 
 #include "KEPMfgPPTableTxt.h"
 #include "System/KEPError.h"
-#include "host/diagnostics/Nearest.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/diagnostics/TableError.h"
 #include "inspect/diagnostics/TableFile.h"
+#include "post/text/SpellingSuggestion.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
 

@@ -12,7 +12,7 @@ class ListenedLine final : public LineObserver {
   explicit ListenedLine(KEPMfgPPWordListener* listener) : listener_(listener) {}
 
   void lineAfterPass(Pass pass, std::string_view line) override {
-    listener_->LineAfterPass(kNames[static_cast<std::size_t>(pass)], line);
+    listener_->LineAfterPass(static_cast<KEPMfgPPWordListener::Pass>(pass), line);
   }
   void operationEnded(OperationEnd end, std::string_view operation,
                       std::string_view result) override {
@@ -20,11 +20,6 @@ class ListenedLine final : public LineObserver {
   }
 
  private:
-  static constexpr std::string_view kNames[] = {
-      "syntax",       "mask escapes",  "clean parentheses", "rewrite divisions", "mask signs",
-      "groups &",     "references &",  "groups %(",         "references %(",     "groups %",
-      "references %", "restore signs", "evaluate",          "unmask escapes"};
-
   KEPMfgPPWordListener* listener_;
 };
 

@@ -1,0 +1,53 @@
+"""Which passes an explanation shows."""
+
+import json
+import os
+
+import program
+
+PASSES = [
+    "syntax",
+    "mask escapes",
+    "clean parentheses",
+    "rewrite divisions",
+    "mask signs",
+    "groups &",
+    "references &",
+    "groups %(",
+    "references %(",
+    "groups %",
+    "references %",
+    "restore signs",
+    "evaluate",
+    "unmask escapes",
+]
+
+
+class Passes(program.ProgramTest):
+    def explain(self, *options, cleaning="1"):
+        environment = {**os.environ, "MFG_PPWORD_CLEAN_PARENTHESIS": cleaning}
+        done = self.run_program("explain", "--syntax", "GOTO/1", *options, env=environment)
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+        return done.stdout
+
+    def test_json_names_every_pass_in_its_order(self):
+        passes = json.loads(self.explain("--format", "json"))["lines"][0]["passes"]
+        self.assertEqual([each["pass"] for each in passes], PASSES)
+
+    def test_text_names_every_pass_in_its_order(self):
+        rows = "".join(f"  {name:<18} unchanged\n" for name in PASSES[1:])
+        # The line as it is written has no name.
+        self.assertEqual(
+            self.explain(), ("«GOTO/1»\n" + rows + "  output             «GOTO/1»\n").encode().decode("latin-1")
+        )
+
+    def test_parentheses_are_cleaned_only_by_the_setting(self):
+        passes = json.loads(self.explain("--format", "json", cleaning=""))["lines"][0]["passes"]
+        self.assertEqual(
+            [each["pass"] for each in passes],
+            [name for name in PASSES if name != "clean parentheses"],
+        )
+
+
+if __name__ == "__main__":
+    program.main()
