@@ -4,7 +4,6 @@
 
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "host/system/Session.h"
 
 namespace host {
 namespace {
@@ -25,9 +24,6 @@ void describeType(const KEPBaseUnknown& type, ExplainedReference& reference) {
 }
 
 }  // namespace
-
-PassRecorder::PassRecorder() : previous_(std::exchange(session().listener, this)) {}
-PassRecorder::~PassRecorder() { session().listener = previous_; }
 
 void PassRecorder::LineAfterPass(Pass pass, std::string_view line) {
   if (pass == Pass::Written) lines_.emplace_back();

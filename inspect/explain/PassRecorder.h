@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
+#include "host/system/ListenerScope.h"
 #include "inspect/explain/Explanation.h"
 
 namespace host {
@@ -13,9 +14,6 @@ namespace host {
 /// Listens to the module, while it lives, and writes down what its passes do.
 class PassRecorder final : public KEPMfgPPWordListener {
  public:
-  PassRecorder();
-  ~PassRecorder() override;
-
   void LineAfterPass(Pass pass, std::string_view line) override;
   void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* evaluation) override;
@@ -29,10 +27,10 @@ class PassRecorder final : public KEPMfgPPWordListener {
   [[nodiscard]] std::vector<ExplainedLine> takeLines() { return std::exchange(lines_, {}); }
 
  private:
-  KEPMfgPPWordListener* previous_;
   std::vector<ExplainedLine> lines_;
   /// What was told since the pass before.
   ExplainedPass pass_;
+  ListenerScope scope_{*this};
 };
 
 }  // namespace host

@@ -9,7 +9,7 @@
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"
-#include "host/system/Session.h"
+#include "host/system/ListenerScope.h"
 #include "post/output/AptColumns.h"
 #include "post/text/SpellingSuggestion.h"
 #include "post/toolpath/InputError.h"
@@ -50,9 +50,7 @@ bool isExact(const Element& element, std::string_view name, int motion) {
 /// Counts what the module tells of the element that is being put out.
 class Generator::Listener final : public KEPMfgPPWordListener {
  public:
-  explicit Listener(Summary& summary)
-      : summary_(summary), previous_(std::exchange(session().listener, this)) {}
-  ~Listener() override { session().listener = previous_; }
+  explicit Listener(Summary& summary) : summary_(summary) {}
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
 
@@ -91,10 +89,10 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
   Summary& summary_;
-  KEPMfgPPWordListener* previous_;
   const Element* element_ = nullptr;
   /// Of the reference that was looked up last.
   const KEPBaseUnknown* type_ = nullptr;
+  ListenerScope scope_{*this};
 };
 
 Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink)

@@ -8,6 +8,7 @@
 #include "KEPIMfgPPWordFactory.h"
 #include "host/document/DocumentFile.h"
 #include "host/modeler/Document.h"
+#include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
@@ -43,7 +44,8 @@ void create(const DocumentOptions& options) {
 
 void loadInto(const DocumentOptions& options) {
   change(options, [&](host::Document& document) {
-    const LoadReport load;
+    LoadReport load;
+    const host::ListenerScope scope(load);
     loadTable(document, options.arguments[0]);
     if (const long missing = load.missing(); missing > 0) {
       warn(options.file, "not-loaded",

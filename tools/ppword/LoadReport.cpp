@@ -6,7 +6,6 @@
 #include <set>
 #include <utility>
 
-#include "host/system/Session.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "tools/ppword/Contents.h"
 
@@ -57,9 +56,6 @@ Json namesJson(const std::vector<std::string>& names) {
 }
 
 }  // namespace
-
-LoadReport::LoadReport() : previous_(std::exchange(host::session().listener, this)) {}
-LoadReport::~LoadReport() { host::session().listener = previous_; }
 
 void LoadReport::TableEntry(Section section, int number, std::string_view name, Outcome outcome) {
   const bool taken = outcome == Outcome::Created || outcome == Outcome::Replaced;

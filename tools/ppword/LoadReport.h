@@ -7,7 +7,7 @@
 #include "host/modeler/Document.h"
 #include "tools/ppword/Json.h"
 
-/// Listens to the load of a table, while it lives, and tells what came from where.
+/// What a listener to the load of a table reports: what came from where.
 class LoadReport final : public KEPMfgPPWordListener {
  public:
   struct Skipped {
@@ -17,9 +17,6 @@ class LoadReport final : public KEPMfgPPWordListener {
     /// False for what is left out on purpose.
     bool missing;
   };
-
-  LoadReport();
-  ~LoadReport() override;
 
   void TableEntry(Section section, int number, std::string_view name, Outcome outcome) override;
 
@@ -34,7 +31,6 @@ class LoadReport final : public KEPMfgPPWordListener {
  private:
   [[nodiscard]] std::vector<std::string> fromCatalogue(const host::Document& document) const;
 
-  KEPMfgPPWordListener* previous_;
   std::vector<std::string> added_;
   std::vector<std::string> replaced_;
   /// Parameters whose values the table took away without giving others.

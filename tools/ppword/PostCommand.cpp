@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/generator/Generator.h"
@@ -104,7 +105,8 @@ void reportRun(const PostOptions& options, const PostReport& report, bool writte
 
 // Loads the table of the run, and sets up its input and document.
 PostTable setUp(const PostOptions& options, const KEPVar<host::Document>& document,
-                ToolPathInput& input) {
+                ToolPathInput& input, LoadReport& load) {
+  const host::ListenerScope scope(load);
   PostTable table;
   if (!options.table.empty()) loadGivenTable(*document, options.table, table);
   input.setUp(*document);
@@ -116,7 +118,7 @@ ExitStatus generate(const PostOptions& options) {
   ToolPathInput input(options);
   const KEPVar<host::Document> document = documentOf(options, input.header());
   LoadReport load;
-  const PostTable table = setUp(options, document, input);
+  const PostTable table = setUp(options, document, input, load);
   requireOther(options.output, table.path);
   PostOutput output(options.output, options.strict);
   const std::string name = options.job == "-" ? "standard input" : options.job;
