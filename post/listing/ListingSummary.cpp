@@ -15,11 +15,11 @@ struct Paragraph {
 
 constexpr Paragraph kParagraphs[] = {
     {CallFate::Move, "moves: "},
-    {CallFate::Line, "in lines of the text: "},
-    {CallFate::Other, "without a line: "},
-    {CallFate::Lost, "WARNING: calls that say more than the text: "},
-    {CallFate::Unknown, "WARNING: calls of unknown meaning, which the text lacks: "},
-    {CallFate::LostMove, "WARNING: moves that the text LACKS: "},
+    {CallFate::Line, "written as lines: "},
+    {CallFate::Other, "no output needed: "},
+    {CallFate::Lost, "WARNING: calls only partly written: "},
+    {CallFate::Unknown, "WARNING: unknown calls, missing from the output: "},
+    {CallFate::LostMove, "WARNING: moves missing from the output: "},
 };
 
 /// Where words for feed rates name another unit than that of the positions.
@@ -51,7 +51,7 @@ std::vector<std::string> summaryLines(const ListingReader& listing) {
   }
   if (listing.words().bareTexts && hasTexts(listing)) {
     lines.emplace_back(
-        "WARNING: comments and messages stand in the text as they are; the NC_OUTPUT_COMMENT of a "
+        "WARNING: comments and messages are written as they are; the NC_OUTPUT_COMMENT of a "
         "table can put PPRINT or $$ before them");
   }
   return lines;

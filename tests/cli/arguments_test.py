@@ -167,7 +167,7 @@ class Arguments(program.ProgramTest):
         ):
             self.check_mistake(
                 arguments,
-                argument + ": the name of a file is expected, not an empty text",
+                argument + ": a file name is expected, not an empty text",
                 "ppword " + arguments[0],
             )
 

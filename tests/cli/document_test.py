@@ -31,7 +31,7 @@ class DocumentTest(program.ProgramTest):
         return self.run_program("document", *arguments, **options)
 
     def make(self, name="d"):
-        self.check(self.run_document("new", name), 0, f"{name}: made with the default catalogue\n")
+        self.check(self.run_document("new", name), 0, f"{name}: created with the default catalogue\n")
 
     def commands(self, name="d"):
         return self.run_document("show", name, "pp-commands").stdout
@@ -136,8 +136,8 @@ class Actions(DocumentTest):
             self.assertEqual(done.returncode, 0)
             self.assertEqual(
                 done.stderr,
-                f"d: warning no-instruction: the document has no NC instruction '{name}' for the"
-                " command to put out\n",
+                f"d: warning no-instruction: the document has no NC instruction '{name}' for"
+                " this command\n",
             )
 
     def test_command_without_values_is_shown(self):
@@ -180,7 +180,7 @@ class Actions(DocumentTest):
         done = self.run_document("new", "--format", "json", "d")
         self.assertEqual(
             json.loads(done.stdout),
-            {"file": "d", "saved": True, "done": "made with the default catalogue"},
+            {"file": "d", "saved": True, "done": "created with the default catalogue"},
         )
 
     def test_name_like_a_uri_is_a_name(self):
@@ -194,8 +194,8 @@ class Actions(DocumentTest):
 
 class OlderVersion(DocumentTest):
     WARNING = (
-        "d: warning old-version: the document is of an older version; 'ppword document upgrade'"
-        " upgrades it\n"
+        "d: warning old-version: the document has an older version; upgrade it with"
+        " 'ppword document upgrade'\n"
     )
 
     def setUp(self):

@@ -204,14 +204,14 @@ class Strict(program.ProgramTest):
     def test_lacking_text_makes_no_file(self):
         self.write("job", LACKING_JOB)
         done = self.run_program("post", "--strict", "job", "-o", "apt")
-        why = "apt: not written, since 2 pieces of the text would be missing\n"
+        why = "apt: not written: 2 pieces of the text would be missing\n"
         self.check(done, 1, "", self.LACKING + why)
         self.assertEqual(self.files(), ["job"])
 
     def test_lacking_text_does_not_reach_the_standard_output(self):
         self.write("job", LACKING_JOB)
         done = self.run_program("post", "--strict", "job")
-        why = "standard output: not written, since 2 pieces of the text would be missing\n"
+        why = "standard output: not written: 2 pieces of the text would be missing\n"
         self.check(done, 1, "", self.LACKING + why)
 
     def test_lacking_text_does_not_reach_a_device(self):

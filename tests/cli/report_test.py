@@ -22,7 +22,7 @@ SKIPPED = [
     ("command 2 NC_LOOP", "its lines cannot be read"),
     ("command 3", "its name cannot be read"),
     ("command 4 NC_SPINDLE_STOP", "this command is never loaded"),
-    ("format 2 MFG_FEED_UNIT", "the document's type of this name has no such value"),
+    ("format 2 MFG_FEED_UNIT", "the document's type with this name has no such value"),
 ]
 
 
@@ -43,7 +43,7 @@ class LoadReport(program.ProgramTest):
             "load report:\n"
             "  from the table, new:\n"
             "    NC_MINE, MFG_MINE\n"
-            "  from the table, in place of the default catalogue's:\n"
+            "  from the table, replacing the default catalogue's:\n"
             "    NC_GOTO, MFG_XPOINT\n"
             "  skipped:\n"
             + "".join(f"    {entry}: {reason}\n" for entry, reason in SKIPPED)
@@ -56,7 +56,7 @@ class LoadReport(program.ProgramTest):
             "job: 2 elements, 2 lines\n"
             "  table: table, given with -t\n"
             "  instructions: NC_GOTO 2\n"
-            "  WARNING: 4 entries of the table were not loaded; -v tells which\n"
+            "  WARNING: 4 entries of the table were not loaded; -v shows which\n"
             "standard output: written\n"
         )
         report = done.stderr.replace("\n    MFG_FEED_TYPE", " MFG_FEED_TYPE")
@@ -87,7 +87,7 @@ class LoadReport(program.ProgramTest):
         self.assertEqual(done.returncode, 1)
         self.assertTrue(
             done.stderr.endswith(
-                "apt: not written, since 4 pieces of the text would be missing\n"
+                "apt: not written: 4 pieces of the text would be missing\n"
             )
         )
         self.assertEqual(self.files(), ["job", "table"])

@@ -49,7 +49,7 @@ class Tables(program.ProgramTest):
         self.write("job", NAMED)
         self.write("a/PPTables/mill", FORMAT)
         self.write("b/PPTables/mill", "*OOPS\n")
-        table = "  table: a/PPTables/mill\n  WARNING: b/PPTables/mill is hidden by it\n"
+        table = "  table: a/PPTables/mill\n  WARNING: it hides b/PPTables/mill\n"
         self.check(self.run_here("post", "job"), 0, POINTS, report(table))
 
     def test_table_that_is_not_found_is_refused(self):
@@ -80,7 +80,7 @@ class Tables(program.ProgramTest):
     def test_given_table_takes_the_place_of_the_jobs(self):
         self.write("job", NAMED)
         self.write("mine", FORMAT)
-        table = "  table: mine, given with -t; that of the job, mill, is not used\n"
+        table = "  table: mine, given with -t; the table of the job, mill, is not used\n"
         self.check(self.run_here("post", "job", "-t", "mine"), 0, POINTS, report(table))
 
     def test_switch_keeps_the_jobs_table_out(self):
@@ -139,7 +139,7 @@ class Tables(program.ProgramTest):
             self.run_here("tables"),
             0,
             "a/PPTables\n  mill\nb/PPTables\n  lathe\n  mill  hidden by a/PPTables/mill\n"
-            "  out  passed over: the link leads out of the folder\n",
+            "  out  skipped: the link leads out of the folder\n",
         )
         self.assertEqual(
             json.loads(self.run_here("tables", "--format", "json").stdout)["folders"][1],
@@ -158,7 +158,7 @@ class Tables(program.ProgramTest):
         self.check(
             self.run_here("tables", PPWORD_RESOURCE_PATH=""),
             0,
-            "no PPTables folder: the setting PPWORD_RESOURCE_PATH names no directory\n",
+            "no PPTables folder: the setting PPWORD_RESOURCE_PATH lists no directory\n",
         )
         self.check(
             self.run_here("tables", PPWORD_RESOURCE_PATH="absent"),
@@ -230,8 +230,8 @@ class Tables(program.ProgramTest):
     def test_codes_out_of_step_are_told(self):
         self.write("table", "*START_MAJOR_WORDS_WITH_TEXT\nA,1\nB,x\nC,3\n*END\n")
         warning = (
-            "table: warning unpaired-words: a word lacks its code, or a code its word: the codes "
-            "of those behind are wrong\n"
+            "table: warning unpaired-words: a word has no code, or a code no word: the codes "
+            "after it are wrong\n"
         )
         self.check(
             self.run_here("code", "table", "B"), 0, "B  3  major word with text\n", warning
@@ -252,7 +252,7 @@ class Tables(program.ProgramTest):
                 self.run_here(*[part.format("open") for part in query]),
                 1,
                 "",
-                "open: error: the words cannot be read: a section of words lacks its *END, or a "
+                "open: error: the words cannot be read: a section of words has no *END, or a "
                 "word has more than 1023 characters\n",
             )
 

@@ -217,11 +217,11 @@ TEST(ListingSummary, TellsMovesUnitAndWhatTheTextLacks) {
             R"(positions in millimetres
 positions taken as those of the tool's tip in the part's frame
 moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
-in lines of the text: SET_FEED_RATE 2 (first in line 4)
+written as lines: SET_FEED_RATE 2 (first in line 4)
 without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
-WARNING: calls that say more than the text: PROGRAM_STOP 1 (first in line 6)
-WARNING: calls of unknown meaning, which the text lacks: WOBBLE 1 (first in line 9)
-WARNING: moves that the text LACKS: ARC_FEED 1 (first in line 7), NURBS_FEED 1 (first in line 8)
+WARNING: calls only partly written: PROGRAM_STOP 1 (first in line 6)
+WARNING: unknown calls, missing from the output: WOBBLE 1 (first in line 9)
+WARNING: moves missing from the output: ARC_FEED 1 (first in line 7), NURBS_FEED 1 (first in line 8)
 )");
 }
 
@@ -241,17 +241,18 @@ TEST(ListingSummary, WarnsOfBareTexts) {
   host::ListingOptions options;
   options.words.bareTexts = true;
   EXPECT_EQ(summaryOf(program("COMMENT(\"\")\n"), options),
-            "without a line: USE_LENGTH_UNITS 1 (first in line 1), COMMENT 1 (first in line 2), "
+            "no output needed: USE_LENGTH_UNITS 1 (first in line 1), COMMENT 1 (first in line 2), "
             "FINISH 1 (first in line 3)\n");
   EXPECT_EQ(summaryOf(program("MESSAGE(\"GOTO/1,2,3\")\n"), options),
-            "in lines of the text: MESSAGE 1 (first in line 2)\n"
-            "without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)\n"
-            "WARNING: comments and messages stand in the text as they are; the NC_OUTPUT_COMMENT "
+            "written as lines: MESSAGE 1 (first in line 2)\n"
+            "no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)\n"
+            "WARNING: comments and messages are written as they are; the NC_OUTPUT_COMMENT "
             "of a table can put PPRINT or $$ before them\n");
 }
 
 TEST(ListingSummary, WithoutMovesNamesNoUnit) {
-  EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}), "without a line: FINISH 1 (first in line 1)\n");
+  EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}),
+            "no output needed: FINISH 1 (first in line 1)\n");
 }
 
 }  // namespace

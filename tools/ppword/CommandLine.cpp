@@ -29,7 +29,7 @@ std::string codeMistake(const std::string& text) {
 
 // Empty for a text that can name a file. A variable of a script that was never set names none.
 std::string nameMistake(const std::string& text) {
-  return text.empty() ? "the name of a file is expected, not an empty text" : "";
+  return text.empty() ? "a file name is expected, not an empty text" : "";
 }
 
 void addFormat(CLI::App& command, OutputFormat& format) {
@@ -57,7 +57,7 @@ CLI::Option* addTable(CLI::App& command, std::string& table) {
 
 void addCheck(CLI::App& command, CheckOptions& options) {
   command.add_option("TABLE", options.tables, "PP word tables")->required()->option_text("...");
-  command.add_flag("--lint", options.lint, "Look at every line, and tell all mistakes at once");
+  command.add_flag("--lint", options.lint, "Check every line and report all mistakes at once");
   command.add_flag("--strict", options.strict, "Exit with 1 on warnings too");
 }
 
@@ -73,16 +73,16 @@ void setValues(const std::vector<std::string>& texts, std::vector<host::ValueSet
 void addExplain(CLI::App& command, ExplainOptions& options) {
   addTable(command, options.table);
   command.add_option("INSTRUCTION", options.instruction, "NC instruction")->option_text(" ");
-  command.add_option("--sequence", options.sequence, "Which of its sequences, from 1")
+  command.add_option("--sequence", options.sequence, "Which sequence of the instruction, from 1")
       ->option_text("N");
-  command.add_option("--syntax", options.syntax, "A line to explain in its place; repeatable")
+  command.add_option("--syntax", options.syntax, "A line to explain instead; repeatable")
       ->expected(1)
       ->take_all()
       ->option_text("LINE");
   command
       .add_option_function<std::vector<std::string>>(
           "--set", [&options](const auto& texts) { setValues(texts, options.values); },
-          "Give a parameter its value; repeatable")
+          "Set the value of a parameter; repeatable")
       ->expected(1)
       ->take_all()
       ->option_text("NAME=VALUE");
@@ -97,7 +97,7 @@ void addList(CLI::App& command, ListOptions& options) {
 void addDocument(CLI::App& command, DocumentOptions& options) {
   command.add_option("ACTION", options.action, "What to do")->required()->option_text(" ");
   command.add_option("FILE", options.file, "Document file")->required()->option_text(" ");
-  command.add_option("ARGUMENT", options.arguments, "What the action needs")->option_text("...");
+  command.add_option("ARGUMENT", options.arguments, "Arguments of the action")->option_text("...");
 }
 
 void setRotary(const std::string& text, PostOptions& options) {
@@ -107,29 +107,29 @@ void setRotary(const std::string& text, PostOptions& options) {
 }
 
 void addPost(CLI::App& command, PostOptions& options) {
-  addFile(command, "JOB", options.job, "Job or listing; - for the standard input", " ")->required();
+  addFile(command, "JOB", options.job, "Job or listing; - for standard input", " ")->required();
   addFile(command, "-t,--table", options.table, "PP word table to load", "TABLE");
-  addFile(command, "-d,--document", options.document, "Document to post with", "FILE");
+  addFile(command, "-d,--document", options.document, "Document with the PP words", "FILE");
   command
       .add_option_function<std::string>(
           "-o,--output",
           [&options](const std::string& file) { options.output = file == "-" ? "" : file; },
-          "Write the text to FILE")
+          "Write the text to FILE; - for standard output")
       ->check(CLI::Validator(&nameMistake, ""))
       ->option_text("FILE");
   command.add_flag("--strict", options.strict,
                    "Write nothing and exit with 1 when anything is missing from the text");
-  command.add_flag("-v,--verbose", options.verbose, "Tell what came from where");
+  command.add_flag("-v,--verbose", options.verbose, "Report what came from where");
   command
       .add_option_function<std::string>(
           "--units", [&options](const auto& unit) { options.units = host::outputUnit(unit); },
-          "Unit of the text, of a listing")
+          "Unit of the text (listings only)")
       ->check(CLI::IsMember({"mm", "inch"}))
       ->option_text("mm|inch");
   command
       .add_option_function<std::string>(
           "--rotary", [&options](const auto& text) { setRotary(text, options); },
-          "What the rotary words of a listing turn")
+          "What the rotary words turn (listings only)")
       ->option_text("AXES");
 }
 

@@ -23,7 +23,7 @@ struct AptWord {
 [[nodiscard]] std::vector<AptWord> paired(const KEPListValKEPString& words,
                                           const KEPRawCollint& kinds, const KEPRawCollint& codes);
 
-/// Nothing stands for a name or lines that cannot be read.
+/// A name or lines that cannot be read are absent.
 struct InstructionEntry {
   std::optional<std::string> name;
   std::optional<Lines> lines;
@@ -38,7 +38,7 @@ struct FormatEntry {
   std::optional<std::string> format;
 };
 
-/// Nothing stands for a value that is not set.
+/// A value that is not set is absent.
 struct PPCommandEntry {
   std::optional<std::string> name;
   std::optional<int> sequence;
@@ -54,7 +54,7 @@ inline constexpr std::array<std::string_view, 6> kTableSections = {
 inline constexpr std::array<std::string_view, 5> kDocumentSections = {
     "commands", "sequences", "lists", "formats", kPPCommands};
 
-/// What a table, or a document, holds. Nothing stands for a section that cannot be read.
+/// What a table, or a document, holds. A section that cannot be read is absent.
 struct Contents {
   std::optional<std::vector<AptWord>> words;
   std::optional<Lines> syntaxes;
@@ -67,8 +67,8 @@ struct Contents {
   std::optional<PPCommandEntries> ppCommands;
 };
 
-/// What the reader gives of the table at `path`: at least the section of that name, all without
-/// one. Lines and values behind a million more than the table has bytes cannot be read.
+/// What the reader finds in the table at `path`: at least the section of that name, all sections
+/// without one. Lines and values after a million more than the table has bytes cannot be read.
 [[nodiscard]] Contents tableContents(const std::string& path, std::string_view section);
 
 /// What a document holds.

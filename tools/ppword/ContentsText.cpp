@@ -64,7 +64,7 @@ std::string wordsText(const Contents& contents) {
     text +=
         row(host::terminalSafe(word.word), width, code + "  " + std::string(kindName(word.kind)));
   }
-  if (!paired) text += "  A word lacks its code, or a code its word: no code can be told.\n";
+  if (!paired) text += "  A word has no code, or a code no word: no codes can be shown.\n";
   return text;
 }
 

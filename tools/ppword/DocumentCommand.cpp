@@ -39,7 +39,7 @@ void change(const DocumentOptions& options, Work work) {
 void create(const DocumentOptions& options) {
   const KEPVar<host::Document> document = host::newDocument();
   host::saveDocument(*document, options.file);
-  reportDone(options, "made with the default catalogue");
+  reportDone(options, "created with the default catalogue");
 }
 
 void loadInto(const DocumentOptions& options) {
@@ -88,7 +88,7 @@ void addCommand(const DocumentOptions& options) {
         KEPISpecObject_var::Adopt(document.features()->FindStartUp(name));
     if (!instruction) {
       warn(options.file, "no-instruction",
-           "the document has no NC instruction '" + name + "' for the command to put out");
+           "the document has no NC instruction '" + name + "' for this command");
     }
     KEPIMfgPPCommand_var command;
     KEPIMfgPPWordFactory_var(document.features())

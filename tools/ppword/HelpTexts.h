@@ -1,11 +1,11 @@
 #pragma once
 
-/// What the help texts teach beside the list of options. The examples run as they stand where the
-/// files of examples/ are.
+/// What the help texts say beside the list of options. The examples run unchanged in the folder of
+/// the files of examples/.
 namespace help {
 
 inline constexpr const char* kProgram =
-    "Turns tool paths into APT text through the PP word table of a post-processor.";
+    "Turns tool paths into APT text, with the PP word table of a post-processor.";
 inline constexpr const char* kProgramFooter = R"(Examples:
   ppword check mill.pptable
   ppword list mill.pptable commands
@@ -13,37 +13,38 @@ inline constexpr const char* kProgramFooter = R"(Examples:
   ppword post bracket.canon -t mill.pptable -o bracket.apt
 
 Exit status: 0 done; 1 input refused or unreadable; 2 wrong use; 3 output not written; 4 internal
-error. With several files the highest.
+error. For several files it is the highest.
 
 'ppword COMMAND --help' explains a command.)";
 
-inline constexpr const char* kCheck = "Tell whether PP word tables can be loaded";
-inline constexpr const char* kCheckFooter = R"(Goes on with the next table after a refused one.
-An error refuses a table; warnings tell what its load would pass over:
+inline constexpr const char* kCheck = "Check whether PP word tables can be loaded";
+inline constexpr const char* kCheckFooter = R"(After a refused table it continues with the next one.
+An error refuses a table; a warning names what a load would skip:
   no-section       the table has no block
   long-token       a word of more than 1023 characters
-  endless-insert   inserts that never end, or give more than 100000 lines
+  endless-insert   inserts that never end, or produce more than 100000 lines
   unusable-format  a format that prints no number
 
-With --lint every line is looked at and all mistakes are told in one run, each with its key, its
+With --lint every line is checked and all mistakes are reported in one run, each with its key, its
 place and what to write instead:
   in the table     lines that are refused; sections without an end; names that are not read, or
-                   stand twice; words and codes that do not pair off
-  in its lines     arithmetic that is not computed as one expects (2+3*4 is 20), operands and names
-                   that lose text, parameters that nobody knows, lines that can pass column 72
+                   are there twice; words and codes that do not match up
+  in its lines     arithmetic with an unexpected result (2+3*4 is 20), operands and names that lose
+                   text, unknown parameters, lines that can pass column 72
 
 Examples:
   ppword check mill.pptable
   ppword check --lint mill.pptable mill-turn.pptable
   ppword check --strict --format json mill.pptable)";
 
-inline constexpr const char* kExplain = "Show how the lines of an NC instruction come about";
+inline constexpr const char* kExplain =
+    "Show step by step how the lines of an NC instruction arise";
 inline constexpr const char* kExplainFooter =
-    R"help(Prints each line of the instruction after every pass. Under a pass stand the references that it
-replaced (the parameter type found, who answered, the value, the format) and what it computed; a "!"
-marks what is lost, cut or moved. Without TABLE the catalogue of a new document holds.
+    R"help(Prints each line of the instruction after every pass. Below a pass are the references that it
+replaced (the parameter type, where the value came from, the value, the format) and what it computed;
+a "!" marks what is lost, cut or moved. Without TABLE the catalogue of a new document is used.
 
-A parameter has no value but that of --set:
+A parameter has a value only if --set sets it:
   NAME=5            a real number; MFG_XPOINT, MFG_YPOINT, MFG_ZPOINT, MFG_XAXIS, MFG_YAXIS and
                     MFG_ZAXIS set the point and the tool axis
   NAME:int=5        an integer
@@ -57,12 +58,12 @@ Examples:
   ppword explain --syntax 'SPINDL/(%I/2),&W' --set I:int=7 --set W:text=RPM
   ppword explain mill.pptable --syntax 'GOTO/%MFG_XPOINT*2' --format json)help";
 
-inline constexpr const char* kList = "Show what a PP word table, or a new document, holds";
+inline constexpr const char* kList = "Show the contents of a PP word table, or of a new document";
 inline constexpr const char* kListFooter =
     R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
 Without it all are shown.
 
-In JSON a text that is not UTF-8 is {"latin1": TEXT}: each character of TEXT stands for one byte.
+In JSON a text that is not UTF-8 is {"latin1": TEXT}: each character of TEXT is one byte.
 
 Examples:
   ppword list mill.pptable
@@ -70,12 +71,12 @@ Examples:
   ppword list --default formats
   ppword list --format json mill.pptable commands)";
 
-inline constexpr const char* kDocument = "Make, change or show a document that lasts";
+inline constexpr const char* kDocument = "Create, change or show a document file";
 inline constexpr const char* kDocumentFooter =
-    R"(A document keeps NC instructions, parameters and PP commands in a file.
+    R"(A document file stores NC instructions, parameters and PP commands.
 ACTION is one of
-  new FILE                        make a document with the default catalogue
-  load-table FILE TABLE           let a PP word table add to it and replace what it names
+  new FILE                        create a document with the default catalogue
+  load-table FILE TABLE           load a PP word table: it replaces what it names and adds the rest
   show FILE [SECTION]             commands, sequences, lists, formats, pp-commands; or all
   set-syntax FILE LINE            set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX
   add-command FILE NAME [NUMBER]  add a PP command: an NC instruction and one of its sequences
@@ -83,9 +84,9 @@ ACTION is one of
   reset FILE                      return the NC instructions to the default catalogue
   upgrade FILE                    bring a document of an older version up to date
 
-A change is stored whole or not at all; after an error, a kill or a power failure the file holds
-what it held. Another process can read meanwhile; a second change waits, for two seconds at most.
-Behind -- a LINE may begin with '-'.
+A change is stored whole or not at all; after an error, a kill or a power failure the file is
+unchanged. Other processes can read it meanwhile; a second change waits, for two seconds at most.
+After -- a LINE may begin with '-'.
 
 Examples:
   ppword document new part.ppdoc
@@ -100,19 +101,18 @@ inline constexpr const char* kPostFooter =
     R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
 The PP words are those of a new document, or of a document file; TABLE is loaded over them, for
 this run only.
-A report goes to the standard error: what was written, what could not be evaluated, which calls
-wait for a line.
+A report goes to standard error: what was written, what could not be evaluated, which calls need no
+line.
 
-The table of -t, otherwise the one that the job's resource names ('ppword tables' shows those that
-can be named) is laid over the default catalogue. With the setting MFG_PPTABLE_NOLOAD the job's is
-not loaded.
+Without -t the table is the one that the resource of the job names ('ppword tables' shows those that
+can be named). With the setting MFG_PPTABLE_NOLOAD the table of the job is not loaded.
 
-A file appears whole or not at all. To the standard output the text goes as it is made; with
---strict only at the end, when nothing is missing.
+A file appears whole or not at all. On standard output the lines appear one after the other; with
+--strict only at the end, if nothing is missing.
 
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
-word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it where a positive
-word turns clockwise.
+word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it if a positive word
+turns clockwise.
 
 Examples:
   ppword post bracket.canon
@@ -124,29 +124,30 @@ Examples:
 
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =
-    R"(TPRINT (1075) and NOTE (181) stand at the end where the table does not have them.
+    R"(TPRINT (1075) and NOTE (181) are added at the end if the table does not have them.
 
 Example:
   ppword words mill.pptable)";
 
-inline constexpr const char* kCode = "Tell the CL-file codes of words";
+inline constexpr const char* kCode = "Show the CL-file codes of words";
 inline constexpr const char* kCodeFooter = R"(A word ends before its first blank.
 
 Examples:
   ppword code mill.pptable GOTO TPRINT
   ppword code --format json mill.pptable 'GOTO /1,2')";
 
-inline constexpr const char* kWord = "Tell the words of CL-file codes";
-inline constexpr const char* kWordFooter = R"(Of words with the same code the first one counts.
+inline constexpr const char* kWord = "Show the words of CL-file codes";
+inline constexpr const char* kWordFooter =
+    R"(If several words have the same code, the first one is shown.
 
 Example:
   ppword word mill.pptable 1075 181)";
 
 inline constexpr const char* kTables = "Show the tables of the PPTables folders";
 inline constexpr const char* kTablesFooter =
-    R"(PPWORD_RESOURCE_PATH names directories, separated by ":"; the folder PPTables in each is
-searched, in this order. A job names its table by its file name; the first file of that name counts,
-and hides those in later folders. Links that lead out of their folder are passed over.
+    R"(PPWORD_RESOURCE_PATH lists directories, separated by ":"; the folder PPTables in each is
+searched, in this order. A job names its table by its file name; the first file with that name is
+used and hides those in later folders. Links that lead out of their folder are skipped.
 
 Examples:
   ppword tables

@@ -9,7 +9,7 @@
 using Json = nlohmann::ordered_json;
 
 /// A text as JSON: a string; a text that is not UTF-8 is the object {"latin1": STRING}, where each
-/// character of the string stands for the byte of its number.
+/// character of the string is the byte with its number.
 [[nodiscard]] Json textJson(std::string_view text);
 
 /// Severity, key, place, message and source line of a finding; what it does not have is left out.

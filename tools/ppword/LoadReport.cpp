@@ -30,7 +30,8 @@ std::string entryText(Section section, int number, std::string_view name) {
 std::string_view reasonOf(Section section, Outcome outcome) {
   if (outcome == Outcome::NeverLoaded) return "this command is never loaded";
   if (outcome == Outcome::NameUnreadable) return "its name cannot be read";
-  if (outcome == Outcome::NotDeclared) return "the document's type of this name has no such value";
+  if (outcome == Outcome::NotDeclared)
+    return "the document's type with this name has no such value";
   const bool command = section == Section::Command || section == Section::Sequence;
   return command ? "its lines cannot be read" : "its values cannot be read";
 }
@@ -93,7 +94,7 @@ std::vector<std::string> LoadReport::fromCatalogue(const host::Document& documen
 
 std::string LoadReport::text(const host::Document& document) const {
   std::string text = "  from the table, new:\n" + wrapped(added_);
-  text += "  from the table, in place of the default catalogue's:\n" + wrapped(replaced_);
+  text += "  from the table, replacing the default catalogue's:\n" + wrapped(replaced_);
   text += "  skipped:\n";
   if (skipped_.empty()) text += "    nothing\n";
   for (const Skipped& entry : skipped_) {

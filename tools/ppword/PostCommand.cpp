@@ -45,7 +45,7 @@ class ToolPathInput {
     job_.emplace(std::move(lines_));
   }
 
-  /// Reads a listing for the document's words; sets the document up as a job's header says.
+  /// Opens a listing with the words of the document, or sets up the document for a job.
   void setUp(host::Document& document) {
     if (job_) {
       setup_.emplace(job_->header(), document);

@@ -66,8 +66,8 @@ Json callsJson(const host::CallCounts& calls) {
 std::string outcomeText(const PostReport& report, bool written) {
   const std::string output = report.output.empty() ? "standard output" : report.output;
   if (written) return host::terminalSafe(output) + ": written\n";
-  return host::terminalSafe(output) + ": not written, since " +
-         number(missingPieces(report), "piece") + " of the text would be missing\n";
+  return host::terminalSafe(output) + ": not written: " + number(missingPieces(report), "piece") +
+         " of the text would be missing\n";
 }
 
 }  // namespace
@@ -99,11 +99,11 @@ std::string reportText(const PostReport& report, bool written) {
   text += tallyLine("WARNING: printed without a number", summary.withoutNumber, true);
   text += tallyLine("WARNING: names cut off", summary.dropped, true);
   text += tallyLine("WARNING: operations deleted", summary.deleted, true);
-  text +=
-      tallyLine("NOTE: lines beyond column 72, which some readers of APT cut", summary.wide, true);
+  text += tallyLine("NOTE: lines wider than 72 columns, which some APT readers cut", summary.wide,
+                    true);
   if (report.missingEntries > 0) {
     text += "  WARNING: " + std::to_string(report.missingEntries) +
-            " entries of the table were not loaded; -v tells which\n";
+            " entries of the table were not loaded; -v shows which\n";
   }
   return text + outcomeText(report, written);
 }

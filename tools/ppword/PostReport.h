@@ -19,8 +19,9 @@ struct PostReport {
   std::string output;
 };
 
-/// What the text lacks: references that were not evaluated, ends of names that were cut off, calls
-/// that say more than the text, are unknown or lost their move, and entries of the table.
+/// The number of pieces missing from the text: references that were not evaluated, ends of names
+/// that were cut off, deleted operations, calls that are only partly written or unknown, moves
+/// without a line, and entries of the table.
 [[nodiscard]] long missingPieces(const PostReport& report);
 
 [[nodiscard]] std::string reportText(const PostReport& report, bool written);

@@ -39,7 +39,7 @@ void requireLoaded(HRESULT status, const std::string& path) {
   throw Refusal{std::move(diagnostic)};
 }
 
-// Where the file of that name stands behind the first one.
+// The files with that name in later folders.
 std::vector<std::string> hiddenFiles(const std::string& name) {
   std::vector<std::string> paths;
   for (const host::ResourceFolder& folder : host::resourceFolders("PPTables")) {
@@ -88,11 +88,11 @@ std::string tableText(const PostTable& table) {
   if (table.given) text += ", given with -t";
   if (table.given && isSwitchedOff()) text += "; MFG_PPTABLE_NOLOAD does not apply to it";
   if (table.given && !table.named.empty()) {
-    text += "; that of the job, " + host::terminalSafe(table.named) + ", is not used";
+    text += "; the table of the job, " + host::terminalSafe(table.named) + ", is not used";
   }
   text += '\n';
   for (const std::string& path : table.hidden) {
-    text += "  WARNING: " + host::terminalSafe(path) + " is hidden by it\n";
+    text += "  WARNING: it hides " + host::terminalSafe(path) + '\n';
   }
   return text;
 }

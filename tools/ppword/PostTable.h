@@ -15,7 +15,7 @@ struct PostTable {
   std::string path;
   /// Given with -t.
   bool given = false;
-  /// The name that the job's resource gives; empty without one.
+  /// The name in the job's resource; empty without one.
   std::string named;
   /// Files of that name in later folders.
   std::vector<std::string> hidden;

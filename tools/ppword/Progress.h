@@ -4,7 +4,7 @@
 
 #include "post/toolpath/ToolPath.h"
 
-/// Passes a tool path on and counts it on the standard error while that takes long.
+/// Passes on the elements of a tool path; in a long run it counts them on the standard error.
 class Progress final : public host::ToolPathSource {
  public:
   /// Nothing is shown unless `shown`.

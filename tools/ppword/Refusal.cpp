@@ -39,7 +39,7 @@ void warn(const std::string& file, std::string_view key, std::string message) {
 void warnOfOldVersion(const host::Document& document, const std::string& path) {
   if (!document.NeedsUpgrade()) return;
   warn(path, "old-version",
-       "the document is of an older version; 'ppword document upgrade' upgrades it");
+       "the document has an older version; upgrade it with 'ppword document upgrade'");
 }
 
 host::Diagnostic fileDiagnostic(const std::string& file, const std::string& message) {

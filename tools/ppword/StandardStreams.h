@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-/// Makes sure that the three standard descriptors are open, so that no file gets their numbers.
+/// Ensures that the three standard descriptors are open, so that no file gets their numbers.
 /// Writing to one that was closed fails as before. A closed pipe and a file that grows too large
 /// become write errors.
 void prepareStandardStreams();

@@ -37,7 +37,7 @@ std::string folderText(const host::ResourceFolder& folder, FirstPaths& first) {
     text += '\n';
   }
   for (const auto& entry : folder.passedOver) {
-    text += "  " + host::terminalSafe(entry.name) + "  passed over: " + entry.reason + '\n';
+    text += "  " + host::terminalSafe(entry.name) + "  skipped: " + entry.reason + '\n';
   }
   return text;
 }
@@ -64,7 +64,7 @@ Json folderJson(const host::ResourceFolder& folder, FirstPaths& first) {
 std::string noFoldersText() {
   const std::string setting(host::kSearchListSetting);
   if (KEPMfgEnvVarMgt::Get(setting).IsEmpty()) {
-    return "no PPTables folder: the setting " + setting + " names no directory\n";
+    return "no PPTables folder: the setting " + setting + " lists no directory\n";
   }
   return "no PPTables folder in the directories of the setting " + setting + '\n';
 }

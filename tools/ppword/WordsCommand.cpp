@@ -18,7 +18,7 @@ std::optional<host::Diagnostic> refusalOfWords(const std::string& table) {
   }
   return fileDiagnostic(
       table,
-      "the words cannot be read: a section of words lacks its *END, or a word has more than 1023 "
+      "the words cannot be read: a section of words has no *END, or a word has more than 1023 "
       "characters");
 }
 
@@ -41,7 +41,7 @@ void warnOfUnpaired(const std::string& table) {
   const WordLists lists = listsOf(table);
   if (lists.words.Size() == lists.codes.Size()) return;
   warn(table, "unpaired-words",
-       "a word lacks its code, or a code its word: the codes of those behind are wrong");
+       "a word has no code, or a code no word: the codes after it are wrong");
 }
 
 // Lines for people, or the entries as one member of an object; and what was not found.
