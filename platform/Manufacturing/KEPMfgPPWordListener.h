@@ -61,7 +61,8 @@ class KEP_PLATFORM KEPMfgPPWordListener {
     return kPasses[static_cast<std::size_t>(pass)];
   }
 
-  /// Where the text of a parameter reference came from.
+  /// Where the text of a parameter reference came from. The last value means that the reference
+  /// could not be evaluated.
   enum class Source { Evaluation, FormattedParameter, Parameter, Nobody };
   /// What became of an operation in a syntax line.
   enum class Operation {
@@ -114,7 +115,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
                           const KEPUnicodeString* /*format*/) {}
 
   /// A reference of a syntax line with its name as it was looked up, and the text that replaced it.
-  /// With Source::Nobody the reference could not be evaluated, and the text is that of the setting
+  /// If the reference could not be evaluated, the text is that of the setting
   /// MFG_UNEVALUATED_PPPARAMETER.
   virtual void ReferenceReplaced(std::string_view /*name*/, Source /*source*/,
                                  std::string_view /*text*/) {}

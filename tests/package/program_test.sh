@@ -12,7 +12,7 @@ trap 'rm -rf "$work"' EXIT
 mv "$work/first" "$work/installed"
 test -s "$work/installed/share/man/man1/ppword.1"
 for library in libMfgPPWord libMfgPPWordHost; do
-  readelf -d "$work/installed/lib/$library.so" | grep -qF "soname: [$library.so.0.1]" || {
+  LC_ALL=C readelf -d "$work/installed/lib/$library.so" | grep -qF "soname: [$library.so.0.1]" || {
     echo "$library.so does not name the binary interface 0.1" >&2
     exit 1
   }
