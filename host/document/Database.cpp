@@ -34,7 +34,7 @@ void requireFile(const std::string& path, std::string_view name) {
     throw DocumentError(Kind::Refused, name, "cannot be opened: " + systemReason(errno));
   }
   if (!S_ISREG(status.st_mode)) {
-    throw DocumentError(Kind::Refused, name, "is no regular file, so no document");
+    throw DocumentError(Kind::Refused, name, "not a regular file, so not a document");
   }
   if (status.st_size > format::kMostBytes) {
     throw DocumentError(Kind::Refused, name, "is larger than 256 MiB, so no document");
@@ -125,11 +125,11 @@ void Database::requireRollbackJournal() {
   sqlite3_file* file = nullptr;
   sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
   std::array<char, kHeaderSize> header{};
-  if (file == nullptr || file->pMethods == nullptr) refuse("this file is no document");
+  if (file == nullptr || file->pMethods == nullptr) refuse("this file is not a document");
   const int code = file->pMethods->xRead(file, header.data(), kHeaderSize, 0);
   if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ) fail(code);
   const bool isLogged = header[kWriteVersion] == 2 || header[kReadVersion] == 2;
-  if (isLogged) refuse("this file is no document: it is a database with a write-ahead log");
+  if (isLogged) refuse("this file is not a document: it is a database with a write-ahead log");
 }
 
 /// A journal with this end names a further file, which SQLite deletes when the change is undone.
@@ -176,7 +176,7 @@ void Database::fail(int code) const {
     case SQLITE_NOMEM:
       throw std::bad_alloc();
     case SQLITE_NOTADB:
-      refuse("this file is no document");
+      refuse("this file is not a document");
     case SQLITE_ERROR:
     case SQLITE_CORRUPT:
       refuse("the document is damaged");

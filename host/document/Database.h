@@ -12,7 +12,7 @@ namespace host {
 
 class Statement;
 
-/// A connection to one SQLite file that nobody trusts: nothing in the file can run, load or reach
+/// A connection to one SQLite file that is not trusted: nothing in the file can run, load or reach
 /// anything, and a name is never a URI. Every failure raises a DocumentError of the file.
 class Database {
  public:
@@ -29,7 +29,7 @@ class Database {
   void beginWriting();
   void commit();
 
-  /// Raises the error of a result code, which is no success.
+  /// Raises the error of a result code, which is not success.
   [[noreturn]] void fail(int code) const;
   /// Raises the error of a file that holds something wrong.
   [[noreturn]] void refuse(std::string_view reason) const;
@@ -59,7 +59,7 @@ class Statement {
 
   /// True when there is a row, false at the end.
   [[nodiscard]] bool step();
-  /// Runs a statement that gives no rows, and makes it ready to run again.
+  /// Runs a statement that returns no rows, and makes it ready to run again.
   void execute();
 
   void bind(int place, std::int64_t number);

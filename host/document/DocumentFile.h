@@ -12,8 +12,8 @@ namespace host {
 class Database;
 
 /// The document that a file holds. It lives in memory from then on and does not hold the file. It
-/// needs an upgrade when the file is of an older version. A DocumentError for whatever is no
-/// document, is damaged or of a newer version; a change that a killed process left unfinished is
+/// needs an upgrade when the file is of an older version. A DocumentError for a file that is not
+/// a document, is damaged or of a newer version; a change that a killed process left unfinished is
 /// undone first.
 [[nodiscard]] KEP_PLATFORM KEPVar<Document> openDocument(const std::string& path);
 

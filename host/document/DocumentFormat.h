@@ -9,7 +9,7 @@
 #include "host/modeler/Feature.h"
 
 /// Every number and name that document files store. docs/document-format.md explains them. Numbers
-/// that were stored once keep their meaning; what a file of an older version lacks is told there.
+/// that were stored once keep their meaning; it also says what a file of an older version lacks.
 namespace host::format {
 
 /// "PPWD" in the database header: this is a document.

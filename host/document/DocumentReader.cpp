@@ -236,9 +236,9 @@ void requireSchema(Database& database, std::int64_t version) {
   Statement schema(database, "SELECT sql FROM sqlite_schema ORDER BY rowid");
   for (const std::string_view statement : format::schemaOf(version)) {
     const bool isThere = schema.step() && schema.isText(0) && schema.text(0) == statement;
-    if (!isThere) database.refuse("this file is no document: it has other tables");
+    if (!isThere) database.refuse("this file is not a document: it has other tables");
   }
-  if (schema.step()) database.refuse("this file is no document: it has other tables");
+  if (schema.step()) database.refuse("this file is not a document: it has other tables");
 }
 
 /// Whether the first thing that a query gives is this text.
@@ -251,7 +251,7 @@ bool gives(Database& database, std::string_view query, std::string_view text) {
 
 std::int64_t requireDocument(Database& database) {
   if (database.queryNumber("PRAGMA application_id") != format::kApplicationId) {
-    database.refuse("this file is no document");
+    database.refuse("this file is not a document");
   }
   const std::int64_t version = database.queryNumber("PRAGMA user_version");
   if (version > format::kVersion) {
@@ -262,7 +262,7 @@ std::int64_t requireDocument(Database& database) {
   if (version < format::kOldestVersion) database.refuse("the document is damaged");
   // Another encoding would not take every byte that a text may hold.
   if (!gives(database, "PRAGMA encoding", "UTF-8")) {
-    database.refuse("this file is no document: its encoding is not UTF-8");
+    database.refuse("this file is not a document: its encoding is not UTF-8");
   }
   requireSchema(database, version);
   if (!gives(database, "PRAGMA quick_check(1)", "ok")) database.refuse("the document is damaged");

@@ -16,7 +16,7 @@ class KEP_PLATFORM Activity final : public ModelObject<ActivityValues, KEPIMfgAc
   [[nodiscard]] static KEPVar<Activity> create(ActivityValues values);
   /// An activity of no particular kind.
   [[nodiscard]] static KEPVar<Activity> create(std::string_view name);
-  /// A virtual activity, which stands for `real` (null: for none).
+  /// A virtual activity, which represents `real` (null: for none).
   [[nodiscard]] static KEPVar<Activity> createVirtual(std::string_view name,
                                                       KEPIMfgActivity_var real);
 

@@ -13,8 +13,8 @@
 
 namespace host {
 
-// What the objects of the manufacturing model are made from. What is absent, the object cannot
-// tell. Lengths are in the unit of the output.
+// What the objects of the manufacturing model are made from. What is absent is unknown to the
+// object. Lengths are in the unit of the output.
 
 /// Typed values by name.
 using NamedValues = std::vector<std::pair<std::string, KEPMfgParameterValue>>;

@@ -59,24 +59,23 @@ using Assembly = ToolAssemblyValues;
 constexpr Row kRows[] = {
     row<ToolChange, ActivityValues>(kToolChange, "ToolChange"),
     row<MachiningOperation, ActivityValues>(kMachiningOperation, "MachiningOperation"),
-    row<FeedrateParameters, ActivityValues, &ActivityValues::feedsAndSpeeds>(
-        kMachiningOperation, "FeedrateParameters"),
+    row<FeedrateParameters, ActivityValues, &ActivityValues::feedsAndSpeeds>(kMachiningOperation,
+                                                                             "FeedrateParameters"),
     row<StrategyParameters, ActivityValues, &ActivityValues::strategy>(kMachiningOperation,
                                                                        "StrategyParameters"),
     row<ToolPathManagement, ActivityValues>(kMachiningOperation, "ToolPathManagement"),
     row<TurningEnvironment, ActivityValues, &ActivityValues::turning>(kMachiningOperation,
                                                                       "TurningEnvironment"),
     row<LatheOperation, ActivityValues>(kLatheOperation, "LatheOperation"),
-    row<SequentialMotions, ActivityValues, &ActivityValues::motions>(
-        kSequentialAxialOperation, "SequentialMotions"),
-    row<SequentialMotions, ActivityValues, &ActivityValues::motions>(
-        kSequentialGrooveOperation, "SequentialMotions"),
+    row<SequentialMotions, ActivityValues, &ActivityValues::motions>(kSequentialAxialOperation,
+                                                                     "SequentialMotions"),
+    row<SequentialMotions, ActivityValues, &ActivityValues::motions>(kSequentialGrooveOperation,
+                                                                     "SequentialMotions"),
     row<Sequence, SequenceValues>(kSequence, "Sequence"),
     row<SequentialMotionParameters, Motion>(kSequentialMotion, "SequentialMotionParameters"),
     row<FeedrateParameters, Motion, &Motion::feedsAndSpeeds>(kSequentialMotion,
                                                              "FeedrateParameters"),
-    row<StrategyParameters, Motion, &Motion::strategy>(kSequentialMotion,
-                                                       "StrategyParameters"),
+    row<StrategyParameters, Motion, &Motion::strategy>(kSequentialMotion, "StrategyParameters"),
     row<Traject, ToolPathValues>(kToolPath, "Traject"),
     row<Tool, ToolValues, &ToolValues::parameters>(kTool, "Tool"),
     row<OutputParameters, ToolValues, &ToolValues::parameters>(kTool, "OutputParameters"),
@@ -84,8 +83,7 @@ constexpr Row kRows[] = {
     row<ToolReplay, ToolValues, &ToolValues::replay>(kTool, "ToolReplay"),
     row<ToolAssembly, Assembly>(kToolAssembly, "ToolAssembly"),
     row<GeomParameters, Assembly, &Assembly::parameters>(kToolAssembly, "GeomParameters"),
-    row<OutputParameters, Assembly, &Assembly::parameters>(kToolAssembly,
-                                                           "OutputParameters"),
+    row<OutputParameters, Assembly, &Assembly::parameters>(kToolAssembly, "OutputParameters"),
     row<LatheToolAssembly, Assembly>(kLatheToolAssembly, "LatheToolAssembly"),
     row<LatheRefCompensation, Assembly, &Assembly::reference>(kLatheToolAssembly,
                                                               "LatheRefCompensation"),
@@ -93,8 +91,7 @@ constexpr Row kRows[] = {
                                                               "LatheToolInsertUtilities"),
     row<Insert, InsertValues, &InsertValues::dimensions>(kInsert, "Insert"),
     row<InsertResource, InsertValues>(kInsert, "InsertResource"),
-    row<OutputParameters, InsertValues, &InsertValues::parameters>(kInsert,
-                                                                   "OutputParameters"),
+    row<OutputParameters, InsertValues, &InsertValues::parameters>(kInsert, "OutputParameters"),
 };
 
 void fill(const Row& row) {

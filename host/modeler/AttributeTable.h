@@ -11,7 +11,7 @@
 
 namespace host {
 
-/// The attributes that one feature declares or gives a value to, in listing order.
+/// The attributes that one feature declares or sets, in listing order.
 class AttributeTable {
  public:
   struct Slot {

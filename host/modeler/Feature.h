@@ -46,7 +46,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   void publish() noexcept { published_ = true; }
 
   [[nodiscard]] Kind kind() const noexcept { return kind_; }
-  /// The attributes that the feature itself declares or gives a value to, for who stores them.
+  /// The attributes that the feature itself declares or sets, for storing them.
   [[nodiscard]] const AttributeTable& attributes() const noexcept { return attributes_; }
   [[nodiscard]] AttributeTable& attributes() noexcept { return attributes_; }
 
@@ -88,7 +88,7 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
   [[nodiscard]] bool HasType(std::string_view lateType) const override;
 
-  /// The type that gives the feature its late type.
+  /// The type that the feature has its late type from.
   [[nodiscard]] const Feature& typeInUse() const noexcept {
     return kind_ == Kind::StartUp ? *this : *type_.Get();
   }

@@ -18,7 +18,7 @@ struct Registration {
   int flag;
 };
 
-/// Who provides an interface for a late type; null when nobody does. Base types are the caller's
+/// Who provides an interface for a late type; null when there is none. Base types are the caller's
 /// business.
 [[nodiscard]] KEP_PLATFORM KEPCreator findCreator(std::string_view lateType,
                                                   const KEPMetaClass* interfaceClass);

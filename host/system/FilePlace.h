@@ -7,15 +7,15 @@
 
 namespace host {
 
-/// A new, empty file beside the place that it is meant for. A negative descriptor: none could be
-/// made, and errno tells why.
+/// A new, empty file beside the place that it is meant for. With a negative descriptor none could
+/// be created, and errno is the reason.
 struct FileBeside {
   std::string path;
   int descriptor = -1;
 };
 [[nodiscard]] KEP_PLATFORM FileBeside createBeside(const std::string& target);
 
-/// The two tell of a failure by false, with errno set. What has nothing to synchronise (pipes,
+/// Both return false on failure, with errno set. What has nothing to synchronise (pipes,
 /// devices, some file systems) succeeds.
 [[nodiscard]] KEP_PLATFORM bool synchronise(int descriptor);
 /// Synchronises the folder that holds a file.

@@ -45,9 +45,10 @@ constexpr std::array kMessages = {
             "no block begins like this; check the spelling of the *START_ keyword"},
     Message{kTable, "ERR_5009", Place::None,
             "the PP word table cannot be opened; check its path and permissions"},
-    Message{kTable, "ERR_5010", Place::None,
-            "the resource of the program's setup names no PP word table; give it the file name of "
-            "one"},
+    Message{
+        kTable, "ERR_5010", Place::None,
+        "the resource of the program's setup names no PP word table; set it to the file name of "
+        "one"},
     Message{kTable, "ERR_5011", Place::None,
             "the program's setup has no resource; assign a machine to it"},
     Message{kTable, "ERR_5015", Place::None,
@@ -59,7 +60,7 @@ constexpr std::array kMessages = {
     Message{kSystem, "AT_LINE", Place::None, "line /p1: "},
     Message{kSystem, "TABLE_UNREADABLE", Place::None, "the PP word table cannot be opened: /p1"},
     Message{kSystem, "HINT_MEANT", Place::None, "; did you mean /p1?"},
-    Message{kSystem, "HINT_TAB", Place::None, "; a blank must stand before the name, not a tab"},
+    Message{kSystem, "HINT_TAB", Place::None, "; a blank must precede the name, not a tab"},
 };
 
 // The translations lie beside the library that this code is part of.

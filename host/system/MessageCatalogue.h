@@ -12,7 +12,7 @@ namespace host {
 /// it) where there is a translation and in English otherwise; always UTF-8. It comes with "/p1",
 /// "/p2" ... replaced by the parameters in order; the key itself when the catalogue does not hold
 /// it. The message of a table error begins with the line that is its parameter; without parameters
-/// that beginning is left out, for whoever tells the place otherwise.
+/// that beginning is left out, for callers that show the place themselves.
 [[nodiscard]] KEP_PLATFORM KEPUnicodeString
 messageText(std::string_view catalogue, std::string_view key,
             const std::vector<KEPUnicodeString>& parameters);

@@ -14,7 +14,7 @@ inline constexpr std::string_view kSearchListSetting = "PPWORD_RESOURCE_PATH";
 
 /// One of the application's folders and what lies directly in it.
 struct ResourceFolder {
-  /// An entry that is no file of the folder.
+  /// An entry that is not a file of the folder.
   struct Passed {
     std::string name;
     std::string reason;

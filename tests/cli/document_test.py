@@ -307,7 +307,7 @@ class Refusals(DocumentTest):
                 self.run_document(*action, "table", *line),
                 1,
                 "",
-                "table: error: this file is no document\n",
+                "table: error: this file is not a document\n",
             )
             self.check(
                 self.run_document(*action, "none", *line),
@@ -326,7 +326,7 @@ class Refusals(DocumentTest):
                 "file": "table",
                 "saved": False,
                 "diagnostics": [
-                    {"severity": "error", "file": "table", "message": "this file is no document"}
+                    {"severity": "error", "file": "table", "message": "this file is not a document"}
                 ],
             },
         )
@@ -348,7 +348,7 @@ class Refusals(DocumentTest):
             self.run_program("post", "job", "-d", "table"),
             1,
             "",
-            "table: error: this file is no document\n",
+            "table: error: this file is not a document\n",
         )
 
     def test_post_does_not_replace_its_document(self):
@@ -487,7 +487,7 @@ class Trouble(DocumentTest):
                 self.run_document("reset", place),
                 1,
                 "",
-                f"{place}: error: is no regular file, so no document\n",
+                f"{place}: error: not a regular file, so not a document\n",
             )
 
 

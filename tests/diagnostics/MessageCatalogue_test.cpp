@@ -39,9 +39,10 @@ TEST(MessageCatalogue, ErrorsWithoutPlaceHaveTheirTextOnly) {
     return std::string(KEPError(key, "ManufacturingError").GetNLSMessage().View());
   };
   EXPECT_EQ(text("ERR_5009"), "the PP word table cannot be opened; check its path and permissions");
-  EXPECT_EQ(text("ERR_5010"),
-            "the resource of the program's setup names no PP word table; give it the file name of "
-            "one");
+  EXPECT_EQ(
+      text("ERR_5010"),
+      "the resource of the program's setup names no PP word table; set it to the file name of "
+      "one");
   EXPECT_EQ(text("ERR_5011"), "the program's setup has no resource; assign a machine to it");
   EXPECT_EQ(text("ERR_5015"),
             "the PP word table that the program's resource names is in none of the PPTables "

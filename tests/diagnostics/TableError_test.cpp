@@ -82,7 +82,7 @@ TEST(TableError, CommandNameWithoutPrefixIsMarked) {
 TEST(TableError, TabBeforeTheNameIsExplained) {
   EXPECT_EQ(checked("*START_NC_COMMAND\tNC_GOTO\n*END\n"),
             "T:1:19: error ERR_5004: *START_NC_COMMAND names no command; write "
-            "\"*START_NC_COMMAND NC_NAME\"; a blank must stand before the name, not a tab\n"
+            "\"*START_NC_COMMAND NC_NAME\"; a blank must precede the name, not a tab\n"
             "  *START_NC_COMMAND NC_GOTO\n"
             "                    ^~~~~~~\n");
 }

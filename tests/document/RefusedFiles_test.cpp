@@ -16,8 +16,8 @@ namespace host::test {
 namespace {
 
 constexpr const char* kDamaged = "the document is damaged";
-constexpr const char* kNoDocument = "this file is no document";
-constexpr const char* kOtherTables = "this file is no document: it has other tables";
+constexpr const char* kNoDocument = "this file is not a document";
+constexpr const char* kOtherTables = "this file is not a document: it has other tables";
 constexpr const char* kChecksum =
     "the document is damaged: its content does not match its checksum";
 
@@ -44,7 +44,7 @@ TEST_F(RefusedFile, ThatIsNotThere) {
 }
 
 TEST_F(RefusedFile, ThatIsNoRegularFile) {
-  const std::string reason = "is no regular file, so no document";
+  const std::string reason = "not a regular file, so not a document";
   for (const char* place : {"/dev/null", "/dev/full", "/", "."}) {
     EXPECT_EQ(openingOf(place), reason) << place;
   }
@@ -66,7 +66,8 @@ TEST_F(RefusedFile, ThatIsAnotherDatabase) {
 
 TEST_F(RefusedFile, ThatHasAWriteAheadLogAndMakesNone) {
   tamper(path, "PRAGMA journal_mode=WAL");
-  EXPECT_EQ(openingOf(path), "this file is no document: it is a database with a write-ahead log");
+  EXPECT_EQ(openingOf(path),
+            "this file is not a document: it is a database with a write-ahead log");
   EXPECT_EQ(folder.size(), 1U);
 }
 
@@ -82,7 +83,8 @@ TEST_F(RefusedFile, ThatHasAWriteAheadLogKeepsIt) {
   sqlite3_close(writer);
   const std::string bytes = Scratch::textOf(copy);
   const std::string log = Scratch::textOf(copy + "-wal");
-  EXPECT_EQ(openingOf(copy), "this file is no document: it is a database with a write-ahead log");
+  EXPECT_EQ(openingOf(copy),
+            "this file is not a document: it is a database with a write-ahead log");
   EXPECT_EQ(Scratch::textOf(copy), bytes);
   EXPECT_EQ(Scratch::textOf(copy + "-wal"), log);
 }
@@ -112,7 +114,7 @@ TEST_F(RefusedFile, ThatHasAnotherEncoding) {
   std::string making = "PRAGMA encoding='UTF-16le';";
   for (const std::string_view statement : format::kSchema) making.append(statement).append(";");
   tamper(other, making + "PRAGMA application_id=0x50505744;PRAGMA user_version=2");
-  EXPECT_EQ(openingOf(other), "this file is no document: its encoding is not UTF-8");
+  EXPECT_EQ(openingOf(other), "this file is not a document: its encoding is not UTF-8");
 }
 
 TEST_F(RefusedFile, ThatHasMoreContainersThanTheLimit) {

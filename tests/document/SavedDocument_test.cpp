@@ -89,7 +89,7 @@ TEST_F(SavedDocument, IsSavedUnderAnotherNameToo) {
 TEST_F(SavedDocument, FileThatIsNoDocumentIsNotReplaced) {
   const std::string text = folder.file("text", "PARTNO");
   EXPECT_EQ(failureOf([&] { saveDocument(*document, text); }, Kind::Refused),
-            "this file is no document");
+            "this file is not a document");
   EXPECT_EQ(folder.text("text"), "PARTNO");
 }
 

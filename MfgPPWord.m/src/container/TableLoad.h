@@ -7,7 +7,7 @@
 namespace ppword {
 
 /// Overlays a container with a PP word table; statuses and errors as those of
-/// KEPIMfgPPWordContainer::LoadPPWordTable. Every entry of the table is told to the session's
+/// KEPIMfgPPWordContainer::LoadPPWordTable. Every entry of the table is reported to the session's
 /// listener, a command before its sequences. The file is read once, before anything changes; the
 /// cost grows with its size, and entries that would cost more cannot be read. One of more than
 /// kMostTableBytes counts as one that cannot be opened.

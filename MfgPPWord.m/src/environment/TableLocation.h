@@ -13,8 +13,9 @@ namespace ppword {
 /// setup raises the null-handle error.
 [[nodiscard]] KEPIMfgResource_var resourceOf(const KEPIMfgProgram_var& program);
 
-/// The path of the first file with this bare name; `directories` tells entry by entry where the
-/// files lie. Nothing when there is no such file, and when the list ends before its directory.
+/// The path of the first file with this bare name; `directories` has, entry by entry, the
+/// directories of the files. Nothing when there is no such file, and when the list ends before its
+/// directory.
 [[nodiscard]] std::optional<KEPUnicodeString> pathOf(const KEPUnicodeString& name,
                                                      const KEPListValKEPUnicodeString& directories,
                                                      const KEPListValKEPUnicodeString& files);

@@ -9,7 +9,7 @@ namespace ppword {
 /// Which of the numbers that a getter sets: x or i, y or j, z or k, or the only one.
 enum class Component { X, Y, Z, Only };
 
-/// How a getter of a buffer interface gives a component: one number, or one of three.
+/// How a getter of a buffer interface returns a component: one number, or one of three.
 template <class Getter>
 struct BufferGetter;
 

@@ -24,7 +24,7 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] std::optional<ParameterNumber> number(std::string_view name) override;
   void textDropped(std::string_view name, std::string_view text) override;
 
-  /// Who is told of what happens; null when nobody listens.
+  /// Receives what happens; null when there is no listener.
   [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:

@@ -5,6 +5,14 @@
 
 namespace ppword {
 
+// The two lists of passes, and of what becomes of an operation, are the same.
+static_assert(static_cast<std::size_t>(Pass::UnmaskEscapes) + 1 ==
+              KEPMfgPPWordListener::kPasses.size());
+static_assert(static_cast<int>(Pass::WordGroups) ==
+              static_cast<int>(KEPMfgPPWordListener::Pass::WordGroups));
+static_assert(static_cast<int>(OperationEnd::Deleted) ==
+              static_cast<int>(KEPMfgPPWordListener::Operation::Deleted));
+
 /// Passes on to a listener of the platform what happens to a line.
 class ListenedLine final : public LineObserver {
  public:
