@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <set>
-#include <span>
 #include <unordered_map>
+#include <utility>
 #include <variant>
 
 #include "language/syntax/Blanks.h"
@@ -27,11 +27,20 @@ bool isTextWord(std::string_view token) {
          std::find(kTextWords.begin(), kTextWords.end(), token) != kTextWords.end();
 }
 
+struct Body;
+
+// A body inserted in another one. Of bodies that hold nothing but an insert only the innermost is
+// stored, with the number of levels at which its elements are mended.
+struct Inserted {
+  const Body* body;
+  std::size_t levels;
+};
+
 // What was read of a command body: its elements, and the bodies inserted between them.
 struct Body {
   enum class State { Unread, Reading, Whole, Broken };
   State state = State::Unread;
-  std::vector<std::variant<std::string, const Body*>> pieces;
+  std::vector<std::variant<std::string, Inserted>> pieces;
   std::size_t size = 0;   // elements, those of the inserted bodies included
   bool mayBeCut = false;  // one of these elements is kCutWidth wide
   long brokenBehind = 0;  // where reading stopped when the body is Broken
@@ -83,30 +92,59 @@ class SyntaxReader {
   long bytes_ = 0;          // what it read before
 };
 
+// The elements of one body in the list of all of them.
+struct ElementRange {
+  std::size_t first;
+  std::size_t last;    // one past the end
+  std::size_t levels;  // how many times it is mended
+};
+
+std::vector<std::string> mended(std::vector<std::string> elements,
+                                const std::vector<ElementRange>& bodies) {
+  if (bodies.empty()) return elements;
+  CutSyntaxes cut(elements);
+  for (const ElementRange& body : bodies) {
+    for (std::size_t level = 0; level < body.levels; ++level) {
+      if (cut.mend(body.first, body.last) == 0) break;
+    }
+  }
+  return cut.elements();
+}
+
 // The elements of a body in order, each inserted body mended before the one around it.
 std::vector<std::string> writtenOut(const Body& top) {
   struct Visit {
-    const Body* body;
+    Inserted inserted;
     std::size_t first;
     std::size_t next = 0;
   };
   std::vector<std::string> elements;
-  std::vector<Visit> visits = {{&top, 0}};
+  std::vector<ElementRange> bodies;  // those that may be cut, the inner ones first
+  std::vector<Visit> visits = {{{&top, 1}, 0}};
   while (!visits.empty()) {
     Visit& visit = visits.back();
-    if (visit.next == visit.body->pieces.size()) {
-      if (visit.body->mayBeCut) mendCutSyntaxes(std::span(elements).subspan(visit.first));
+    const Body& body = *visit.inserted.body;
+    if (visit.next == body.pieces.size()) {
+      if (body.mayBeCut) bodies.push_back({visit.first, elements.size(), visit.inserted.levels});
       visits.pop_back();
       continue;
     }
-    const auto& piece = visit.body->pieces[visit.next++];
+    const auto& piece = body.pieces[visit.next++];
     if (const auto* const element = std::get_if<std::string>(&piece)) {
       elements.push_back(*element);
     } else {
-      visits.push_back({std::get<const Body*>(piece), elements.size()});
+      visits.push_back({std::get<Inserted>(piece), elements.size()});
     }
   }
-  return elements;
+  return mended(std::move(elements), bodies);
+}
+
+Inserted insertedBody(const Body& body) {
+  if (body.pieces.size() == 1) {
+    const auto* const only = std::get_if<Inserted>(&body.pieces.front());
+    if (only != nullptr) return {only->body, only->levels + 1};
+  }
+  return {&body, 1};
 }
 
 std::optional<std::vector<std::string>> SyntaxReader::read() {
@@ -185,7 +223,7 @@ bool SyntaxReader::keepInserted(const Body& body) {
   const bool outermost = frames_.size() == 1;
   if (outermost && !positions_->contains(std::string(commandName_))) return false;
   if (body.size == 0) return true;
-  current().pieces.emplace_back(&body);
+  current().pieces.emplace_back(insertedBody(body));
   current().size += body.size;
   current().mayBeCut = current().mayBeCut || body.mayBeCut;
   return true;

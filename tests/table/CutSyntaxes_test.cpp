@@ -1,3 +1,5 @@
+#include "src/table/CutSyntaxes.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
@@ -130,6 +132,47 @@ TEST(CutSyntaxes, CharactersAreBytes) {
   const std::string line = std::string(69, 'x') + "\xC3\xA9,%MFG_YPO";
   ASSERT_EQ(line.size(), 80U);
   expectMended({{{line, "INT,A"}, {line + "INT,", "A"}}});
+}
+
+// Of 10,000 lists, each around the one before it, an element of the first may be cut.
+TEST(CutSyntaxes, NestedListsAreNotLookedAtAgain) {
+  constexpr std::size_t kLists = 10'000;
+  Texts cut(kLists, "A");
+  const std::string line = wide(",%MFG_YPO");
+  cut[kLists - 2] = line;
+  cut[kLists - 1] = "INT,B";
+  ppword::CutSyntaxes syntaxes(cut);
+  std::size_t looks = 0;
+  for (std::size_t first = kLists; first-- > 0;) looks += syntaxes.mend(first, kLists);
+  EXPECT_EQ(looks, 1U);
+  cut[kLists - 2] = line + "INT,";
+  cut[kLists - 1] = "B";
+  EXPECT_EQ(syntaxes.elements(), cut);
+}
+
+// Each list hands what it got from the one in it on to the one around it.
+TEST(CutSyntaxes, CharactersThatMoveThroughAllListsTakeALookAtEach) {
+  constexpr std::size_t kLists = 10'000;
+  Texts cut(kLists, "%" + std::string(79, 'x'));
+  cut.back() = "INT,";
+  ppword::CutSyntaxes syntaxes(cut);
+  std::size_t looks = 0;
+  for (std::size_t first = kLists; first-- > 0;) looks += syntaxes.mend(first, kLists);
+  EXPECT_LE(looks, 2 * kLists);
+  std::string whole;
+  for (const std::string& element : cut) whole += element;
+  Texts mended(kLists);
+  mended[0] = whole;
+  EXPECT_EQ(syntaxes.elements(), mended);
+}
+
+TEST(CutSyntaxes, ListThatIsMendedIsNotLookedAtAgain) {
+  const std::string line = wide(",%MFG_YPO");
+  ppword::CutSyntaxes syntaxes(Texts{line, "INT," + line, "INT,A"});
+  EXPECT_EQ(syntaxes.mend(0, 3), 1U);
+  EXPECT_EQ(syntaxes.mend(0, 3), 1U);
+  EXPECT_EQ(syntaxes.mend(0, 3), 0U);
+  EXPECT_EQ(syntaxes.elements(), (Texts{line + "INT,", line + "INT,", "A"}));
 }
 
 }  // namespace

@@ -304,6 +304,21 @@ TEST(TableInserts, InsertedElementsAreMendedAtEveryLevel) {
   });
 }
 
+// Each level makes the next element 80 characters wide, also where a command only inserts another.
+TEST(TableInserts, CommandThatOnlyInsertsIsALevel) {
+  const std::string line = "GOTO/" + std::string(66, '1') + ",%MFG_YPO";
+  const std::string body = line + " INT," + line + " INT," + line + " INT,D4";
+  expectSyntaxes({
+      {command("A", "*INSERT NC_D") + command("D", body),
+       Texts{line + "INT,", line + "INT,", line, "INT,D4"}},
+      {command("A", "*INSERT NC_C") + command("C", "*INSERT NC_D") + command("D", body),
+       Texts{line + "INT,", line + "INT,", line + "INT,", "D4"}},
+      {command("A", "A1 *INSERT NC_B A2") + command("B", "*INSERT NC_C") +
+           command("C", "*INSERT NC_D") + command("D", body),
+       Texts{"A1", line + "INT,", line + "INT,", line + "INT,", "D4", "A2"}},
+  });
+}
+
 TEST(TableInserts, BodyWhoseCommandIsUnknownGivesFalse) {
   const TableFile file(command("A", "A1 *INSERT NC_B A2") + command("B", "B1"));
   KEPMfgPPTableTxt reader(file.path());

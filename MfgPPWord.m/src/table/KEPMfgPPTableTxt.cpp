@@ -200,7 +200,8 @@ bool KEPMfgPPTableTxt::CleanListOfSyntax(const KEPListValKEPString& cut,
                                          KEPListValKEPString& mended) {
   std::vector<std::string> elements;
   for (const KEPString& element : cut) elements.emplace_back(element.View());
-  ppword::mendCutSyntaxes(elements);
-  appendAll(std::move(elements), mended);
+  ppword::CutSyntaxes syntaxes(elements);
+  syntaxes.mend(0, elements.size());
+  appendAll(syntaxes.elements(), mended);
   return true;
 }
