@@ -147,6 +147,12 @@ class Includes(StructureTest):
         self.assertEqual(count, 1)
         self.assertEqual(circle.splitlines()[0], "host/a/*, host/a/inner")
 
+    def test_rows_of_a_table_make_no_circle_of_folders(self):
+        self.include("host/a/A.cpp", "host/a/inner/B.h")
+        self.include("host/a/inner/B.h", "host/a/Rows.def")
+        self.write("host/a/Rows.def", "ROW(1)")
+        self.assertEqual(self.measure("circles of folders"), (0, []))
+
     def test_an_inner_folder_may_be_included_by_its_folder_and_by_another(self):
         self.include("host/a/A.h", "host/a/inner/B.h")
         self.include("host/b/C.h", "host/a/inner/B.h")

@@ -7,7 +7,7 @@
 #include <csignal>
 
 #include "post/output/OutputFile.h"
-#include "tools/ppword/ExitStatus.h"
+#include "tools/ppword/Commands.h"
 
 void prepareStandardStreams() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
