@@ -30,7 +30,7 @@ install(
   EXPORT MfgPPWordTargets
   LIBRARY COMPONENT embedding)
 
-# The headers, room by room; the rooms of the host that are not named here are its own business.
+# The headers that embedders need; headers.txt of the package test lists them.
 install(
   DIRECTORY ${PROJECT_SOURCE_DIR}/platform ${PROJECT_SOURCE_DIR}/interfaces
   DESTINATION ${include_dir}
@@ -45,9 +45,10 @@ install(
   COMPONENT embedding
   FILES_MATCHING
   PATTERN "*.h"
-  # How the host stores documents and files is its own business.
-  REGEX "/(Database|Digest|DocumentFormat|DocumentReader|DocumentWriter)\\.h$" EXCLUDE
-  REGEX "/(ContainerOf|FilePlace|SystemReason)\\.h$" EXCLUDE)
+  # How the host stores documents and files, and how its model offers interfaces, is internal.
+  REGEX "/document/(Database|Digest|DocumentFormat|StoredDocument)\\.h$" EXCLUDE
+  REGEX "/manufacturing/(OperationExtensions|ToolChange|ToolExtensions)\\.h$" EXCLUDE
+  REGEX "/system/FilePlace\\.h$" EXCLUDE)
 
 install(
   EXPORT MfgPPWordTargets
