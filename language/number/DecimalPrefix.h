@@ -8,7 +8,7 @@ namespace ppword {
 /// The decimal number that a text begins with, as the conversion "%le" reads it in the C locale:
 /// leading white space is skipped, then sign, digits, point and exponent as far as they go;
 /// whatever follows is ignored. Nothing when the text begins with no number, with "inf" or "nan",
-/// or with a number too large for a double; one too small for a double gives 0. A hexadecimal "0x1"
+/// or with a number too large for a double; one too small for a double is 0. A hexadecimal "0x1"
 /// reads as 0.
 [[nodiscard]] std::optional<double> decimalPrefix(std::string_view text);
 

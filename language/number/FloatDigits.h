@@ -5,19 +5,19 @@
 
 namespace ppword {
 
-/// Room for the digits of any finite double with a precision of at most three digits.
-inline constexpr std::size_t kDigitsRoom = 1536;
+/// Enough for the digits of any finite double with a precision of at most three digits.
+inline constexpr std::size_t kDigitsCapacity = 1536;
 
 /// Writes a finite, non-negative number in fixed notation with `places` places, rounded half to
-/// even, so that it ends at `end`; needs room for 11 characters and the places. Gives the first
+/// even, so that it ends at `end`; needs space for 11 characters and the places. Returns the first
 /// character; null, and nothing written, for a number or a count of places that this way cannot
 /// print exactly.
 [[nodiscard]] char* writeExactFixed(double value, std::size_t places, char* end);
 
 /// The digits of a finite, non-negative number as printf prints them without sign, width and "0x":
 /// `conversion` is one of e f g a, `precision` -1 for the conversion's own default, `alternate` the
-/// "#" flag. The result lies in `room`.
+/// "#" flag. The result is in `buffer`.
 [[nodiscard]] std::string_view floatDigits(double value, char conversion, int precision,
-                                           bool alternate, std::span<char, kDigitsRoom> room);
+                                           bool alternate, std::span<char, kDigitsCapacity> buffer);
 
 }  // namespace ppword

@@ -11,7 +11,7 @@ namespace ppword {
 
 /// The integer that `text` begins with, read as the conversion "%d" reads it: white space of the C
 /// locale, a sign, decimal digits; whatever follows is ignored. A value beyond 32 bits becomes the
-/// nearest one that fits. Nothing when no digit stands there.
+/// nearest one that fits. Nothing when there is no digit there.
 [[nodiscard]] inline std::optional<int> integerPrefix(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
   const bool negative = text.starts_with('-');

@@ -12,8 +12,8 @@ namespace {
 
 constexpr double kSnapToZero = 1e-6;
 constexpr int kMostDigitsOfASize = 3;
-/// Room in front of the digits for the widest padding, a sign and "0x".
-constexpr std::size_t kRoomInFront = 1008;
+/// Space before the digits for the widest padding, a sign and "0x".
+constexpr std::size_t kPrefixCapacity = 1008;
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
 char lower(char character) { return static_cast<char>(character | 0x20); }
@@ -76,10 +76,10 @@ std::optional<PlainFixed> plainFixed(std::string_view format) {
 /// Prints a finite number from its last character to its first; false, with `text` untouched, when
 /// its digits need the general way.
 bool printPlainFixed(PlainFixed format, double value, std::string& text) {
-  std::array<char, 128> room;
+  std::array<char, 128> buffer;
   // All of it at once: the size is known, that of the padding is not.
-  room.fill(' ');
-  char* const end = room.data() + room.size();
+  buffer.fill(' ');
+  char* const end = buffer.data() + buffer.size();
   char* first = writeExactFixed(std::fabs(value), format.places, end);
   if (first == nullptr) return false;
   if (std::signbit(value)) *--first = '-';
@@ -158,13 +158,14 @@ void NumberFormat::append(double value, std::string& out) const {
 }
 
 void NumberFormat::appendNumber(double value, std::string& out) const {
-  std::array<char, kRoomInFront + kDigitsRoom> room;
+  std::array<char, kPrefixCapacity + kDigitsCapacity> buffer;
   const char conversion = lower(conversion_);
-  const std::span<char, kDigitsRoom> digitsRoom(room.data() + kRoomInFront, kDigitsRoom);
+  const std::span<char, kDigitsCapacity> digitsPart(buffer.data() + kPrefixCapacity,
+                                                    kDigitsCapacity);
   const std::string_view digits =
-      floatDigits(std::fabs(value), conversion, precision_, alternate_, digitsRoom);
-  // The digits lie in the room, with room for all that can stand in front of them.
-  char* const place = room.data() + (digits.data() - room.data());
+      floatDigits(std::fabs(value), conversion, precision_, alternate_, digitsPart);
+  // There is space before the digits for all that can precede them.
+  char* const place = buffer.data() + (digits.data() - buffer.data());
   char* const first = writeInFront(std::signbit(value), conversion, digits.size(), place);
   char* const last = place + digits.size();
   if (conversion != conversion_) {

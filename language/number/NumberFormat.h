@@ -36,12 +36,12 @@ class NumberFormat {
   int precision_ = -1;
 
   [[nodiscard]] bool read(std::string_view text);
-  /// Reads what follows a "%"; gives the place behind it, null when it is no conversion of one
-  /// double.
+  /// Reads what follows a "%"; returns the place after it, null when it is not a conversion of
+  /// one double.
   [[nodiscard]] const char* readConversion(const char* at, const char* end);
-  /// Takes a character for a flag; false, with nothing changed, when it is none.
+  /// Takes a character for a flag; false, with nothing changed, when it is not one.
   bool readFlag(char character);
-  /// Writes sign, "0x" and padding in front of `length` digits; gives the first character.
+  /// Writes sign, "0x" and padding in front of `length` digits; returns the first character.
   [[nodiscard]] char* writeInFront(bool isNegative, char conversion, std::size_t length,
                                    char* digits) const;
   void appendNumber(double value, std::string& out) const;
