@@ -172,8 +172,8 @@ TEST(LintTable, WarningsTellWhatToDo) {
     text += diagnosticText(finding);
   }
   EXPECT_EQ(text,
-            "T:2:3: warning unknown-parameter: %MFG_XPONT, perhaps MFG_XPOINT: nothing of the "
-            "document or the table answers for this parameter; correct the name, unless every job "
+            "T:2:3: warning unknown-parameter: %MFG_XPONT, perhaps MFG_XPOINT: neither the "
+            "document nor the table knows this parameter; correct the name, unless every job "
             "states it for its activities\n"
             "  X/%MFG_XPONT\n"
             "    ^~~~~~~~~~\n"
