@@ -7,6 +7,7 @@
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "System/KEPError.h"
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
