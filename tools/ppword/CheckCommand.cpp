@@ -59,13 +59,13 @@ ExitStatus checkTables(const CheckOptions& options) {
     const Verdict verdict = verdictOf(path, options.lint);
     const bool refused = !verdict.passes || (options.strict && !verdict.findings.empty());
     if (refused) status = ExitStatus::Refused;
-    if (options.format == OutputFormat::Json) {
+    if (options.format == OutputFormat::ForPrograms) {
       document["tables"].push_back(verdictJson(path, verdict));
       continue;
     }
     for (const host::Diagnostic& finding : verdict.findings) reportDiagnostic(finding);
     writeOutput(verdictText(path, verdict));
   }
-  if (options.format == OutputFormat::Json) writeOutput(documentText(document));
+  if (options.format == OutputFormat::ForPrograms) writeOutput(documentText(document));
   return status;
 }

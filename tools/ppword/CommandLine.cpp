@@ -37,7 +37,7 @@ void addFormat(CLI::App& command, OutputFormat& format) {
       .add_option_function<std::string>(
           "--format",
           [&format](const std::string& value) {
-            format = value == "json" ? OutputFormat::Json : OutputFormat::Text;
+            format = value == "json" ? OutputFormat::ForPrograms : OutputFormat::ForPeople;
           },
           "Report for people (text) or programs (json)")
       ->check(CLI::IsMember({"text", "json"}))

@@ -11,7 +11,7 @@
 /// Exit statuses; for several files the highest is returned.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
 
-enum class OutputFormat { Text, Json };
+enum class OutputFormat { ForPeople, ForPrograms };
 
 /// Arguments that a command cannot work with. A command raises it before it has done anything.
 struct UsageError {
@@ -26,7 +26,7 @@ struct CheckOptions {
   std::vector<std::string> tables;
   bool lint = false;
   bool strict = false;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Reports for each table whether it passes, with its errors and warnings.
@@ -40,7 +40,7 @@ struct ExplainOptions {
   std::vector<std::string> syntax;
   int sequence = 1;
   std::vector<host::ValueSetting> values;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows what every pass does with the lines of an NC instruction, or with given lines.
@@ -52,7 +52,7 @@ struct ListOptions {
   std::string table;
   std::string section;
   bool ofDefaultCatalogue = false;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows what a table or the default catalogue holds.
@@ -62,7 +62,7 @@ struct DocumentOptions {
   std::string action;
   std::string file;
   std::vector<std::string> arguments;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Creates, changes or shows a document file, each in one transaction.
@@ -78,7 +78,7 @@ struct PostOptions {
   std::string output;
   bool strict = false;
   bool verbose = false;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
   /// For listings only.
   std::optional<host::LengthUnit> units;
   std::optional<host::RotaryChain> rotary;
@@ -89,7 +89,7 @@ struct PostOptions {
 
 struct WordsOptions {
   std::string table;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows the PP words of a table with their kinds and codes.
@@ -98,7 +98,7 @@ struct WordsOptions {
 struct CodeOptions {
   std::string table;
   std::vector<std::string> words;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows the codes of words. Each word that the table does not have is an error.
@@ -107,14 +107,14 @@ struct CodeOptions {
 struct WordOptions {
   std::string table;
   std::vector<int> codes;
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows the words of codes. Each code that the table does not have is an error.
 [[nodiscard]] ExitStatus showWordsOfCodes(const WordOptions& options);
 
 struct TablesOptions {
-  OutputFormat format = OutputFormat::Text;
+  OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows what the PPTables folders hold and which files are hidden by files of the same name.

@@ -98,6 +98,6 @@ Json contentsJson(const Contents& contents, std::string_view section) {
 }  // namespace
 
 void showContents(const Contents& contents, std::string_view section, OutputFormat format) {
-  writeOutput(format == OutputFormat::Json ? documentText(contentsJson(contents, section))
-                                           : contentsText(contents, section));
+  writeOutput(format == OutputFormat::ForPrograms ? documentText(contentsJson(contents, section))
+                                                  : contentsText(contents, section));
 }

@@ -20,7 +20,7 @@
 namespace {
 
 void reportDone(const DocumentOptions& options, const std::string& done) {
-  if (options.format == OutputFormat::Json) {
+  if (options.format == OutputFormat::ForPrograms) {
     writeOutput(documentText({{"file", textJson(options.file)}, {"saved", true}, {"done", done}}));
   } else {
     writeOutput(host::terminalSafe(options.file) + ": " + done + '\n');
@@ -154,7 +154,7 @@ void perform(const DocumentOptions& options) {
 }
 
 ExitStatus refuse(const DocumentOptions& options, const host::Diagnostic& diagnostic) {
-  if (options.format == OutputFormat::Json) {
+  if (options.format == OutputFormat::ForPrograms) {
     writeOutput(documentText({{"file", textJson(options.file)},
                               {"saved", false},
                               {"diagnostics", Json::array({diagnosticJson(diagnostic)})}}));

@@ -156,7 +156,7 @@ ExitStatus run(const ExplainOptions& options) {
   if (!explanation.isDone) {
     return refuse(name + " has no sequence " + std::to_string(options.sequence));
   }
-  writeOutput(options.format == OutputFormat::Json
+  writeOutput(options.format == OutputFormat::ForPrograms
                   ? documentText(explanationJson(name, options.sequence, explanation))
                   : host::explanationText(explanation));
   return ExitStatus::Done;

@@ -93,7 +93,7 @@ KEPVar<host::Document> documentOf(const PostOptions& options, const host::JobHea
 
 void reportRun(const PostOptions& options, const PostReport& report, bool written,
                const LoadReport& load, const host::Document& document) {
-  if (options.format == OutputFormat::Json) {
+  if (options.format == OutputFormat::ForPrograms) {
     Json json = reportJson(report, written);
     if (options.verbose) json["load"] = load.json(document);
     writeMessage(documentText(json));
@@ -124,7 +124,7 @@ ExitStatus generate(const PostOptions& options) {
   const std::string name = options.job == "-" ? "standard input" : options.job;
   host::Generator generator(document, name, output.lines());
   {
-    const bool shown = options.format == OutputFormat::Text && isatty(STDERR_FILENO) == 1;
+    const bool shown = options.format == OutputFormat::ForPeople && isatty(STDERR_FILENO) == 1;
     Progress progress(input.events(), shown);
     generator.run(progress);
   }
@@ -137,7 +137,7 @@ ExitStatus generate(const PostOptions& options) {
 }
 
 ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic) {
-  if (options.format == OutputFormat::Json) {
+  if (options.format == OutputFormat::ForPrograms) {
     writeMessage(documentText({{"file", textJson(options.job)},
                                {"written", false},
                                {"diagnostics", Json::array({diagnosticJson(diagnostic)})}}));

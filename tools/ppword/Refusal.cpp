@@ -61,7 +61,7 @@ std::optional<host::Diagnostic> tableRefusal(const std::string& path) {
 }
 
 ExitStatus refuseTable(const host::Diagnostic& refusal, OutputFormat format) {
-  if (format == OutputFormat::Json) {
+  if (format == OutputFormat::ForPrograms) {
     writeOutput(documentText({{"diagnostics", Json::array({diagnosticJson(refusal)})}}));
   } else {
     reportDiagnostic(refusal);

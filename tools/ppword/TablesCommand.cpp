@@ -79,13 +79,14 @@ ExitStatus showTables(const TablesOptions& options) {
   ExitStatus status = ExitStatus::Done;
   for (const host::ResourceFolder& folder : folders) {
     if (!folder.problem.empty()) status = ExitStatus::Refused;
-    if (options.format == OutputFormat::Json) {
+    if (options.format == OutputFormat::ForPrograms) {
       json.push_back(folderJson(folder, first));
     } else {
       text += folderText(folder, first);
     }
   }
-  writeOutput(options.format == OutputFormat::Json ? documentText({{"folders", std::move(json)}})
-                                                   : text);
+  writeOutput(options.format == OutputFormat::ForPrograms
+                  ? documentText({{"folders", std::move(json)}})
+                  : text);
   return status;
 }

@@ -54,8 +54,8 @@ struct Answers {
 ExitStatus reportAnswers(const Answers& answers, const std::string& table, std::string_view member,
                          OutputFormat format) {
   warnOfUnpaired(table);
-  writeOutput(format == OutputFormat::Json ? documentText({{member, answers.entries}})
-                                           : answers.text);
+  writeOutput(format == OutputFormat::ForPrograms ? documentText({{member, answers.entries}})
+                                                  : answers.text);
   for (const std::string& message : answers.missing)
     reportDiagnostic(fileDiagnostic(table, message));
   return answers.missing.empty() ? ExitStatus::Done : ExitStatus::Refused;
