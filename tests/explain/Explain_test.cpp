@@ -47,17 +47,19 @@ TEST_F(Explain, PassesAreInTheirOrderUnderDistinctNames) {
 }
 
 TEST_F(Explain, ReferencesHaveThePrefixOfTheirPass) {
-  activity()->parameters().set("D", host::realValue(2));
+  const auto operation = activity();
+  operation->parameters().set("I", host::integerValue(7));
+  operation->parameters().set("J", host::integerValue(2));
   Texts references;
-  const auto explanation = explained({"&W,%(D),%D,(%D)"});
+  const auto explanation = explained({"X/&W,%(D),(%I/%J),%K"});
   for (const auto& pass : explanation.lines.at(0).passes) {
     for (const auto& reference : pass.references) {
       references.push_back(std::string(KEPMfgPPWordListener::EntryOf(pass.pass).name) + ": " +
                            host::referenceText(reference));
     }
   }
-  EXPECT_EQ(references, (Texts{"references &: &W", "references %(: %(D)", "references %: %D",
-                               "references %: %D)"}));
+  EXPECT_EQ(references, (Texts{"references &: &W", "references %(: %(D)", "groups %: %I",
+                               "groups %: %J", "references %: %K"}));
 }
 
 TEST_F(Explain, ListenerOfTheSessionIsAsBefore) {
