@@ -13,11 +13,11 @@ bool endsInName(const std::string& line) {
 
 }  // namespace
 
-std::vector<SyntaxLine> mendCutLines(std::vector<SyntaxLine> lines) {
-  std::vector<SyntaxLine> mended;
+std::vector<TableLine> mendCutLines(std::vector<TableLine> lines) {
+  std::vector<TableLine> mended;
   std::size_t carry = 0;
   for (std::size_t i = 0; i < lines.size(); ++i) {
-    SyntaxLine& line = lines[i];
+    TableLine& line = lines[i];
     const bool isCut = i + 1 < lines.size() && endsInName(line.text);
     const std::size_t comma = isCut ? lines[i + 1].text.find(',') : std::string::npos;
     line.text.erase(0, carry);

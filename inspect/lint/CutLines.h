@@ -8,6 +8,6 @@ namespace host {
 
 /// The lines of one body as the module reads them: where one of exactly 80 bytes ends within a
 /// parameter's name, what stands up to the first comma of the next one is moved up.
-[[nodiscard]] std::vector<SyntaxLine> mendCutLines(std::vector<SyntaxLine> lines);
+[[nodiscard]] std::vector<TableLine> mendCutLines(std::vector<TableLine> lines);
 
 }  // namespace host

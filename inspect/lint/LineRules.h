@@ -9,14 +9,14 @@ namespace host {
 /// Takes the warnings about one line.
 class LineReport {
  public:
-  LineReport(const SyntaxLine& line, LintFindings& findings) : line_(line), findings_(findings) {}
+  LineReport(const TableLine& line, LintFindings& findings) : line_(line), findings_(findings) {}
 
   void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject) {
     findings_.warn(key, line_.offsetOf(position), width, subject);
   }
 
  private:
-  const SyntaxLine& line_;
+  const TableLine& line_;
   LintFindings& findings_;
 };
 

@@ -8,7 +8,7 @@
 namespace host {
 namespace {
 
-void lintLine(const SyntaxLine& line, const LintParameters& parameters, LintFindings& findings) {
+void lintLine(const TableLine& line, const LintParameters& parameters, LintFindings& findings) {
   const LineReading reading = readLine(line.text);
   LineReport report(line, findings);
   if (line.isBehindAnother) report.warn(LintKey::SplitLine, 0, line.text.size(), line.text);
@@ -29,7 +29,7 @@ std::vector<Diagnostic> lintTable(const std::string& path) {
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
-  for (const SyntaxLine& line : blocks.lines) lintLine(line, parameters, findings);
+  for (const TableLine& line : blocks.lines) lintLine(line, parameters, findings);
   const FormatProbe probe;
   for (Diagnostic& warning : allTableWarnings(
            path, [&probe](std::string_view format) { return probe.showsNumbers(format); })) {

@@ -94,7 +94,7 @@ class BlockReader {
     endLines();
   }
 
-  [[nodiscard]] bool isOnLineOf(const SyntaxLine& line, const Token& token) const {
+  [[nodiscard]] bool isOnLineOf(const TableLine& line, const Token& token) const {
     const std::size_t end = line.offset + line.text.size();
     return text_.substr(end, token.offset - end).find('\n') == std::string_view::npos;
   }
@@ -124,7 +124,7 @@ class BlockReader {
   }
 
   void addLine(const Token& token) {
-    SyntaxLine line{std::string(token.text), token.offset};
+    TableLine line{std::string(token.text), token.offset};
     if (takesRestOfLine(token.text)) line.text += tokens_.restOfLine();
     body_.push_back(std::move(line));
   }
@@ -137,7 +137,7 @@ class BlockReader {
   std::string_view text_;
   TokenScanner tokens_;
   TableBlocks blocks_;
-  std::vector<SyntaxLine> body_;
+  std::vector<TableLine> body_;
 };
 
 }  // namespace

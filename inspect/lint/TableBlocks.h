@@ -9,7 +9,7 @@ namespace host {
 
 /// A line of a syntax as the module gets it. One that was cut at column 80 has the bytes that were
 /// moved up to it behind its own.
-struct SyntaxLine {
+struct TableLine {
   std::string text;
   std::size_t offset = 0;
   /// Where the moved bytes begin in the text, and where they stand in the table.
@@ -45,7 +45,7 @@ struct TableBlocks {
   std::vector<Named> formats;
   std::vector<Named> inserts;
   /// Of all commands and sequences, and the free syntaxes.
-  std::vector<SyntaxLine> lines;
+  std::vector<TableLine> lines;
 };
 
 /// Reads a table's blocks; they point into the bytes.
