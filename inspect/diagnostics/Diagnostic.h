@@ -2,17 +2,11 @@
 
 #include <string>
 
+#include "inspect/diagnostics/Excerpt.h"
+
 namespace host {
 
 enum class Severity { Error, Warning };
-
-/// A part of a source line: what stands at `firstColumn` (from 1) and behind it.
-struct Excerpt {
-  std::string text;
-  long firstColumn = 1;
-  /// True when the line goes on behind the excerpt.
-  bool goesOn = false;
-};
 
 /// A finding about an input file. Line and column count from 1, the column in bytes; 0 where the
 /// finding has no such place.

@@ -5,8 +5,12 @@
 #include <string_view>
 #include <unordered_map>
 
+#include "language/table/CommandSyntax.h"
+
 namespace host {
 namespace {
+
+using ppword::kMostElements;
 
 // Expands the commands from those that insert nothing upwards; a command that is never reached has
 // an endless chain.

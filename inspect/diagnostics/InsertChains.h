@@ -1,15 +1,15 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
 namespace host {
 
-/// An "*INSERT" of a command body: the command that it names, and its place.
+/// An "*INSERT" of a command body: the command that it names, and where it begins in the table.
 struct Insert {
   std::string name;
-  long line = 0;
-  long column = 0;
+  std::size_t offset = 0;
 };
 
 /// The body of an NC command or NC instruction as the table reader takes it.
@@ -26,9 +26,6 @@ struct InsertFault {
   /// True: the chain of inserts comes back to itself. False: it gives too many lines.
   bool endless;
 };
-
-/// The most elements that the table reader gives for one command.
-inline constexpr std::size_t kMostElements = 100'000;
 
 /// The faults of `commands`, of which the first of a name is the one that inserts mean. Each fault
 /// points into `commands`.

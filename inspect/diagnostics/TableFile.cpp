@@ -8,6 +8,7 @@
 
 #include "host/system/FilePlace.h"
 #include "host/system/MessageCatalogue.h"
+#include "language/table/MemorySource.h"
 
 namespace host {
 namespace {
@@ -18,7 +19,9 @@ std::string reasonAgainst(const std::string& path) {
   if (stat(path.c_str(), &state) != 0) return systemReason(errno);
   if (S_ISDIR(state.st_mode)) return "it is a directory";
   if (!S_ISREG(state.st_mode)) return "it is not a regular file";
-  if (state.st_size > kMostTableBytes) return "it is larger than 1 GiB";
+  if (static_cast<std::size_t>(state.st_size) > ppword::kMostTableBytes) {
+    return "it is larger than " + std::to_string(ppword::kMostTableBytes >> 30U) + " GiB";
+  }
   const int descriptor = open(path.c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor < 0) return systemReason(errno);
   char byte = 0;

@@ -7,9 +7,6 @@
 
 namespace host {
 
-/// The most bytes of a table that a PP word container loads.
-inline constexpr long kMostTableBytes = 1L << 30U;
-
 /// Why the file at `path` cannot be read as a PP word table, as the error ERR_5009; nothing when it
 /// can. Only a regular file can: a table is read several times over.
 [[nodiscard]] std::optional<Diagnostic> unreadableTable(const std::string& path);

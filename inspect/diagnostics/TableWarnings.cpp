@@ -1,37 +1,35 @@
 #include "inspect/diagnostics/TableWarnings.h"
 
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <tuple>
 #include <utility>
 
 #include "inspect/diagnostics/InsertChains.h"
-#include "inspect/diagnostics/TableText.h"
-#include "inspect/lint/TextWords.h"
+#include "language/number/NumberFormat.h"
+#include "language/table/CommandSyntax.h"
+#include "language/table/Keywords.h"
+#include "language/table/TableCursor.h"
+#include "language/table/TextWords.h"
 
 namespace host {
 namespace {
 
-constexpr std::array<std::string_view, 9> kSections = {"*START_MAJOR_WORDS_WITHOUT_PARAMETERS",
-                                                       "*START_MAJOR_WORDS_WITH_TEXT",
-                                                       "*START_MAJOR_WORDS_WITH_PARAMETERS",
-                                                       "*START_MINOR_WORDS",
-                                                       "*START_SYNTAXES",
-                                                       "*START_NC_COMMAND",
-                                                       "*START_NC_INSTRUCTION",
-                                                       "*START_LIST",
-                                                       "*START_FORMAT"};
+using ppword::KeywordKind;
+using ppword::kMostCharacters;
+using ppword::Token;
+
 constexpr std::size_t kMostWarnings = 50;
 
 // One pass over the tokens of a table, with the rules by which its reader finds blocks.
 class TableScan {
  public:
-  TableScan(const std::string& path, const std::function<bool(std::string_view)>& canPrint,
-            std::size_t mostWarnings)
-      : path_(path), canPrint_(canPrint), mostWarnings_(mostWarnings), text_(path) {
+  TableScan(const TableBytes& table, const std::string& path, std::size_t mostWarnings)
+      : table_(table), path_(path), mostWarnings_(mostWarnings), cursor_(table.text()) {
     while (const auto token = nextPlain()) readBlock(*token);
-    if (!anySection_) warn("no-section", {}, "the table has no block, so it changes nothing");
+    if (!anySection_) {
+      warn("no-section", {0, 0}, 1, "the table has no block, so it changes nothing");
+    }
     // Inserts mean commands before instructions.
     commands_.insert(commands_.end(), std::make_move_iterator(instructions_.begin()),
                      std::make_move_iterator(instructions_.end()));
@@ -58,108 +56,112 @@ class TableScan {
   }
 
  private:
-  std::optional<TableToken> next() {
-    auto token = nextTableToken(text_);
-    if (token && token->length > kMostTableCharacters) {
-      warn("long-token", *token,
-           "a word of " + std::to_string(token->length) +
-               " characters; words of more than 1023 cannot be read, nor can what stands behind");
-    }
+  std::optional<Token> next() {
+    auto token = cursor_.nextToken();
+    if (!token || token->text.size() <= kMostCharacters) return token;
+    warn("long-token", *token,
+         "a word of " + std::to_string(token->text.size()) + " characters; words of more than " +
+             std::to_string(kMostCharacters) + " cannot be read, nor can what stands behind");
+    token->text = token->text.substr(0, kMostCharacters + 1);
     return token;
   }
 
-  std::optional<TableToken> nextPlain() {
+  std::optional<Token> nextPlain() {
     auto token = next();
     while (token && token->text.starts_with('/')) token = next();
     return token;
   }
 
-  void readBlock(const TableToken& keyword) {
-    anySection_ = anySection_ || std::any_of(kSections.begin(), kSections.end(), [&](auto section) {
-                    return keyword.contains(section);
-                  });
-    if (keyword.contains("*START_FORMAT")) {
-      readFormat();
-    } else if (keyword.contains("*START_NC_COMMAND")) {
-      readCommand(commands_);
-    } else if (keyword.contains("*START_NC_INSTRUCTION")) {
-      readCommand(instructions_);
-    }
+  void readBlock(const Token& token) {
+    const ppword::Keyword* const keyword = ppword::keywordIn(token.text);
+    if (keyword == nullptr) return;
+    anySection_ = anySection_ || isSection(keyword->kind);
+    if (keyword->kind == KeywordKind::Format) readFormat();
+    if (keyword->kind != KeywordKind::Command) return;
+    readCommand(keyword->text == ppword::kCommandKeyword ? commands_ : instructions_);
+  }
+
+  static bool isSection(KeywordKind kind) {
+    return kind != KeywordKind::Sequence && kind != KeywordKind::Insert && kind != KeywordKind::End;
   }
 
   void readFormat() {
     const auto name = next();
-    if (!name || !name->text.starts_with("MFG_")) return;
-    std::optional<TableToken> format;
+    if (!name || !name->text.starts_with(ppword::kParameterPrefix)) return;
+    std::optional<Token> format;
     auto token = nextPlain();
-    for (; token && token->text != "*END"; token = nextPlain()) format = std::move(token);
+    for (; token && token->text != ppword::kEndKeyword; token = nextPlain())
+      format = std::move(token);
     constexpr const char* kMend = "; write one conversion of e, f, g or a, such as %11.5f";
-    if (format && !canPrint_(format->text)) {
+    if (format && !ppword::printsNumbers(format->text)) {
       warn("unusable-format", *format,
-           "no number can be printed with the format of " + name->text + kMend);
+           "no number can be printed with the format of " + std::string(name->text) + kMend);
     } else if (!format && token) {
       warn("unusable-format", *name,
-           "the section of " + name->text + " holds no format, so nothing is printed for it" +
-               kMend);
+           "the section of " + std::string(name->text) +
+               " holds no format, so nothing is printed for it" + kMend);
     }
   }
 
   void readCommand(std::vector<CommandBody>& bodies) {
     const auto name = next();
-    if (!name || !name->text.starts_with("NC_")) return;
-    CommandBody body{name->text, 0, {}};
+    if (!name || !name->text.starts_with(ppword::kCommandPrefix)) return;
+    CommandBody body{std::string(name->text), 0, {}};
     for (auto token = nextPlain(); token; token = nextPlain()) {
-      if (token->contains("*START_LIST")) {
+      const auto keyword = ppword::keywordInBody(token->text);
+      if (!keyword) {
+        ++body.elements;
+        if (ppword::isTextWord(token->text)) static_cast<void>(cursor_.nextLine());
+      } else if (*keyword == KeywordKind::List) {
         skipList();
-      } else if (token->contains("*START_SEQUENCE")) {
-        continue;
-      } else if (token->contains("*END")) {
+      } else if (*keyword == KeywordKind::End) {
         bodies.push_back(std::move(body));
         return;
-      } else if (token->contains("*INSERT")) {
+      } else if (*keyword == KeywordKind::Insert) {
         const auto inserted = next();
-        if (!inserted || !inserted->text.starts_with("NC_")) return;
-        body.inserts.push_back({inserted->text, token->line, token->column});
-      } else {
-        ++body.elements;
-        if (takesRestOfLine(token->text)) static_cast<void>(nextCountedLine(text_));
+        if (!inserted || !inserted->text.starts_with(ppword::kCommandPrefix)) return;
+        body.inserts.push_back({std::string(inserted->text), token->offset});
       }
     }
   }
 
   void skipList() {
     auto token = nextPlain();
-    while (token && !token->contains("*END")) token = nextPlain();
+    while (token && !token->contains(ppword::kEndKeyword)) token = nextPlain();
   }
 
   void warn(const InsertFault& fault) {
     const std::string& command = fault.command->name;
-    const std::size_t width = std::string_view("*INSERT ").size() + fault.insert->name.size();
-    warn("endless-insert", {{}, width, fault.insert->line, fault.insert->column},
-         fault.endless
-             ? "the inserts of " + command + " never end, so its lines cannot be read"
-             : "the inserts of " + command + " give more than 100000 lines and cannot be read");
+    const std::size_t width = ppword::kInsertKeyword.size() + 1 + fault.insert->name.size();
+    warn("endless-insert", table_.placeOf(fault.insert->offset), width,
+         fault.endless ? "the inserts of " + command + " never end, so its lines cannot be read"
+                       : "the inserts of " + command + " give more than " +
+                             std::to_string(ppword::kMostElements) + " lines and cannot be read");
   }
 
-  void warn(std::string_view key, const TableToken& token, std::string message) {
+  void warn(std::string_view key, const Token& token, std::string message) {
+    warn(key, table_.placeOf(token.offset), token.text.size(), std::move(message));
+  }
+
+  void warn(std::string_view key, TableBytes::Place place, std::size_t width, std::string message) {
     if (warnings_.size() == mostWarnings_) {
       ++notShown_;
       return;
     }
     warnings_.push_back({Severity::Warning,
                          path_,
-                         token.line,
-                         token.column,
-                         static_cast<long>(std::max<std::size_t>(token.length, 1)),
+                         place.line,
+                         place.column,
+                         static_cast<long>(width),
                          std::string(key),
                          std::move(message),
                          {}});
   }
 
+  const TableBytes& table_;
   const std::string& path_;
-  const std::function<bool(std::string_view)>& canPrint_;
   std::size_t mostWarnings_;
-  TableText text_;
+  ppword::TableCursor cursor_;
   bool anySection_ = false;
   std::vector<CommandBody> commands_;
   std::vector<CommandBody> instructions_;
@@ -169,16 +171,15 @@ class TableScan {
 
 }  // namespace
 
-std::vector<Diagnostic> allTableWarnings(const std::string& path,
-                                         const std::function<bool(std::string_view)>& canPrint) {
-  return TableScan(path, canPrint, std::string::npos).takeWarnings();
+std::vector<Diagnostic> allTableWarnings(const TableBytes& table, const std::string& path) {
+  return TableScan(table, path, std::string::npos).takeWarnings();
 }
 
-std::vector<Diagnostic> tableWarnings(const std::string& path,
-                                      const std::function<bool(std::string_view)>& canPrint) {
-  auto warnings = TableScan(path, canPrint, kMostWarnings).takeWarnings();
+std::vector<Diagnostic> tableWarnings(const std::string& path) {
+  const TableBytes table = TableBytes::read(path);
+  auto warnings = TableScan(table, path, kMostWarnings).takeWarnings();
   for (Diagnostic& warning : warnings) {
-    if (warning.line > 0) warning.source = excerptAt(path, warning.line, warning.column);
+    if (warning.line > 0) warning.source = table.excerptAt(warning.line, warning.column);
   }
   return warnings;
 }

@@ -1,11 +1,10 @@
 #pragma once
 
-#include <functional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableBytes.h"
 
 namespace host {
 
@@ -13,13 +12,12 @@ namespace host {
 ///   no-section       the table holds no block at all
 ///   long-token       a word that is too long to be read
 ///   endless-insert   a command whose inserts never end, or give too many lines
-///   unusable-format  a format for which `canPrint` is false
+///   unusable-format  a format that prints no number, or none at all
 ///   more-warnings    how many there are beyond the first 50
-[[nodiscard]] std::vector<Diagnostic> tableWarnings(
-    const std::string& path, const std::function<bool(std::string_view)>& canPrint);
+[[nodiscard]] std::vector<Diagnostic> tableWarnings(const std::string& path);
 
-/// The same, however many they are, and without their source lines.
-[[nodiscard]] std::vector<Diagnostic> allTableWarnings(
-    const std::string& path, const std::function<bool(std::string_view)>& canPrint);
+/// The same of `table`, which is at `path`, however many they are, and without their source lines.
+[[nodiscard]] std::vector<Diagnostic> allTableWarnings(const TableBytes& table,
+                                                       const std::string& path);
 
 }  // namespace host

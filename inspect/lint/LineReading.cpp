@@ -6,7 +6,7 @@
 #include "inspect/lint/LineDivisions.h"
 #include "inspect/lint/LineOperations.h"
 #include "inspect/lint/LineReferences.h"
-#include "inspect/lint/TextWords.h"
+#include "language/table/TextWords.h"
 
 namespace host {
 namespace {
@@ -29,7 +29,7 @@ std::string withoutEscapes(std::string_view line) {
 
 LineReading readLine(std::string_view line) {
   LineReading reading{line, withoutEscapes(line), isComment(line), false, {}, {}, {}, {}};
-  reading.isProse = reading.isComment || takesRestOfLine(line.substr(0, line.find(' ')));
+  reading.isProse = reading.isComment || ppword::isTextWord(line.substr(0, line.find(' ')));
   readDivisions(reading);
   readReferences(reading);
   if (!reading.isComment) readOperations(reading);

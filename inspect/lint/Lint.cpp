@@ -30,11 +30,7 @@ std::vector<Diagnostic> lintTable(const std::string& path) {
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
   for (const TableLine& line : blocks.lines) lintLine(line, parameters, findings);
-  const FormatProbe probe;
-  for (Diagnostic& warning : allTableWarnings(
-           path, [&probe](std::string_view format) { return probe.showsNumbers(format); })) {
-    findings.add(std::move(warning));
-  }
+  for (Diagnostic& warning : allTableWarnings(bytes, path)) findings.add(std::move(warning));
   return findings.take();
 }
 

@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableBytes.h"
 #include "inspect/lint/LintRules.h"
-#include "inspect/lint/TableBytes.h"
+#include "language/table/TableCursor.h"
 
 namespace host {
 
@@ -19,7 +20,7 @@ class LintFindings {
 
   /// Warns of the `width` bytes at `offset`; `subject` is what the warning is about.
   void warn(LintKey key, std::size_t offset, std::size_t width, std::string_view subject);
-  void warn(LintKey key, const Token& token) {
+  void warn(LintKey key, const ppword::Token& token) {
     warn(key, token.offset, token.text.size(), token.text);
   }
   void add(Diagnostic finding) { findings_.push_back(std::move(finding)); }

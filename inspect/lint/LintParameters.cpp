@@ -5,7 +5,9 @@
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "host/modeler/Document.h"
 #include "inspect/lint/LineReading.h"
+#include "language/number/NumberFormat.h"
 #include "post/text/SpellingSuggestion.h"
 
 namespace host {
@@ -29,6 +31,12 @@ bool hasFieldWidth(std::string_view format) {
   return at != format.npos && format[at] >= '1' && format[at] <= '9';
 }
 
+std::size_t widthOfFormat(std::string_view format) {
+  const double number = hasFieldWidth(format) ? -1.0 : kWideNumber;
+  std::string text;
+  return ppword::printNumber(format, number, text) ? text.size() : 0;
+}
+
 }  // namespace
 
 LintParameters::LintParameters(const TableBlocks& blocks) {
@@ -47,8 +55,8 @@ LintParameters::LintParameters(const TableBlocks& blocks) {
 }
 
 void LintParameters::readCatalogue() {
-  const auto types =
-      probe_.document().features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
+  const KEPVar<Document> document = newDocument();
+  const auto types = document->features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
   for (const KEPISpecObject_var type : types) {
     const KEPISpecAttrAccess_var attributes = type;
     if (const auto lines = attributes->FindAttribute("Syntaxe"); lines && lines->IsSet()) {
@@ -79,11 +87,6 @@ std::string_view LintParameters::nearestTo(std::string_view name) const {
 std::size_t LintParameters::widthOf(std::string_view name) const {
   const auto found = known_.find(name);
   return found == known_.end() ? 0 : found->second;
-}
-
-std::size_t LintParameters::widthOfFormat(std::string_view format) const {
-  const double number = hasFieldWidth(format) ? -1.0 : kWideNumber;
-  return probe_.printed(number, format).value_or("").size();
 }
 
 }  // namespace host

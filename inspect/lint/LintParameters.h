@@ -6,7 +6,6 @@
 
 #include "host/system/TextHash.h"
 #include "inspect/lint/TableBlocks.h"
-#include "post/job/FormatProbe.h"
 
 namespace host {
 
@@ -28,9 +27,7 @@ class LintParameters {
  private:
   void readCatalogue();
   void addReferences(std::string_view line);
-  [[nodiscard]] std::size_t widthOfFormat(std::string_view format) const;
 
-  FormatProbe probe_;
   /// The widths of those that have one.
   TextMap<std::size_t> known_;
   /// Those of the catalogue, in order.

@@ -1,61 +1,74 @@
 #include "inspect/lint/TableBlocks.h"
 
 #include <algorithm>
-#include <array>
 #include <iterator>
+#include <optional>
 #include <utility>
 
-#include "inspect/lint/CutLines.h"
-#include "inspect/lint/TextWords.h"
+#include "language/table/CutSyntaxes.h"
+#include "language/table/Keywords.h"
+#include "language/table/SectionQueries.h"
+#include "language/table/TextWords.h"
 
 namespace host {
 namespace {
 
-constexpr std::array<std::string_view, 4> kWordSections = {
-    "*START_MAJOR_WORDS_WITHOUT_PARAMETERS", "*START_MAJOR_WORDS_WITH_TEXT",
-    "*START_MAJOR_WORDS_WITH_PARAMETERS", "*START_MINOR_WORDS"};
-constexpr std::string_view kStart = "*START_";
+using ppword::Keyword;
+using ppword::KeywordKind;
 
 /// Adds the pieces of a token between commas.
 void cut(const Token& token, std::vector<Token>& pieces) {
-  for (std::size_t from = 0; from < token.text.size();) {
-    const std::size_t end = std::min(token.text.find(',', from), token.text.size());
-    if (end > from) pieces.push_back({token.text.substr(from, end - from), token.offset + from});
-    from = end + 1;
+  ppword::cutAtCommas(token.text, [&](std::string_view piece) {
+    const auto from = static_cast<std::size_t>(piece.data() - token.text.data());
+    pieces.push_back({piece, token.offset + from});
+  });
+}
+
+/// The lines of one body as the module reads them: one that was cut takes bytes of the next one.
+std::vector<TableLine> mended(std::vector<TableLine> lines) {
+  std::vector<std::string> texts;
+  for (const TableLine& line : lines) texts.push_back(line.text);
+  ppword::CutSyntaxes cut(texts);
+  cut.mend(0, texts.size());
+  texts = cut.elements();
+  std::size_t given = 0;  // bytes of this line that the one before took
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    TableLine& line = lines[i];
+    const std::size_t own = line.text.size() - given;
+    line.offset += given;
+    line.text = std::move(texts[i]);
+    given = line.text.size() - own;
+    if (given == 0) continue;
+    line.joinedAt = own;
+    line.joinedOffset = lines[i + 1].offset;
   }
+  return lines;
 }
 
 class BlockReader {
  public:
-  explicit BlockReader(std::string_view text) : text_(text), tokens_(text) {}
+  explicit BlockReader(std::string_view text) : text_(text), cursor_(text) {}
 
   TableBlocks read() && {
-    for (Token token = tokens_.nextPlain(); !token.text.empty(); token = tokens_.nextPlain()) {
-      readBlock(token);
-    }
+    while (const auto token = cursor_.nextPlainToken()) readBlock(*token);
     return std::move(blocks_);
   }
 
  private:
-  void readBlock(const Token& keyword) {
-    if (!keyword.contains(kStart)) return;
-    for (std::size_t kind = 0; kind < kWordSections.size(); ++kind) {
-      if (keyword.contains(kWordSections[kind]))
-        return readWords(static_cast<int>(kind) + 1, keyword);
-    }
-    if (keyword.contains("*START_SYNTAXES")) {
-      blocks_.syntaxSections.push_back(keyword);
-      // Cut lines are mended in bodies of commands only.
-      for (const Token& token : body()) {
-        blocks_.lines.push_back({std::string(token.text), token.offset});
-      }
-    } else if (keyword.contains("*START_LIST")) {
-      readList(keyword);
-    } else if (keyword.contains("*START_FORMAT")) {
-      blocks_.formats.push_back(named(keyword, "MFG_"));
+  void readBlock(const Token& token) {
+    const Keyword* const keyword = ppword::keywordIn(token.text);
+    if (keyword == nullptr) return;
+    if (keyword->kind == KeywordKind::Words) {
+      readWords(static_cast<int>(keyword - ppword::kKeywords.data()) + 1, token);
+    } else if (keyword->kind == KeywordKind::Syntaxes) {
+      readSyntaxes(token);
+    } else if (keyword->kind == KeywordKind::List) {
+      readList(token);
+    } else if (keyword->kind == KeywordKind::Format) {
+      blocks_.formats.push_back(named(token, keyword->namePrefix));
       blocks_.formats.back().values = body();
-    } else if (keyword.contains("*START_NC_COMMAND") || keyword.contains("*START_NC_INSTRUCTION")) {
-      blocks_.commands.push_back(named(keyword, "NC_"));
+    } else if (keyword->kind == KeywordKind::Command) {
+      blocks_.commands.push_back(named(token, keyword->namePrefix));
       readCommand();
     }
   }
@@ -65,30 +78,37 @@ class BlockReader {
     for (const Token& token : body()) cut(token, blocks_.words.back().pieces);
   }
 
+  void readSyntaxes(const Token& keyword) {
+    blocks_.syntaxSections.push_back(keyword);
+    // Cut lines are mended in bodies of commands only.
+    for (const Token& token : body()) {
+      blocks_.lines.push_back({std::string(token.text), token.offset});
+    }
+  }
+
   void readList(const Token& keyword) {
-    blocks_.lists.push_back(named(keyword, "MFG_"));
+    blocks_.lists.push_back(named(keyword, ppword::kParameterPrefix));
     for (const Token& token : body()) cut(token, blocks_.lists.back().values);
   }
 
   /// The body of a command with its sequences, up to its own end.
   void readCommand() {
     int depth = 1;
-    while (depth > 0 && !endsUnclosed({"*START_SEQUENCE", "*START_LIST"})) {
-      const Token token = tokens_.nextPlain();
-      if (token.text.empty()) break;
-      if (token.contains("*START_LIST")) {
-        readList(token);
-      } else if (token.contains("*START_SEQUENCE")) {
+    while (depth > 0 && !endsUnclosed({ppword::kSequenceKeyword, ppword::kListKeyword})) {
+      const auto token = cursor_.nextPlainToken();
+      if (!token) break;
+      const auto keyword = ppword::keywordInBody(token->text);
+      if (!keyword) {
+        addLine(*token);
+      } else if (*keyword == KeywordKind::List) {
+        readList(*token);
+      } else if (*keyword == KeywordKind::Sequence) {
         ++depth;
-      } else if (token.contains("*END")) {
+      } else if (*keyword == KeywordKind::End) {
         --depth;
         endLines();
-      } else if (token.contains("*INSERT")) {
-        blocks_.inserts.push_back(named(token, "NC_"));
       } else {
-        const bool isBehindAnother = !body_.empty() && isOnLineOf(body_.back(), token);
-        addLine(token);
-        body_.back().isBehindAnother = isBehindAnother;
+        blocks_.inserts.push_back(named(*token, ppword::kCommandPrefix));
       }
     }
     endLines();
@@ -103,39 +123,49 @@ class BlockReader {
   std::vector<Token> body() {
     std::vector<Token> tokens;
     while (!endsUnclosed({})) {
-      const Token token = tokens_.nextPlain();
-      if (token.text.empty() || token.text == "*END") break;
-      tokens.push_back(token);
+      const auto token = cursor_.nextPlainToken();
+      if (!token || token->text == ppword::kEndKeyword) break;
+      tokens.push_back(*token);
     }
     return tokens;
   }
 
+  /// What the next read gives; an empty token at the end.
+  [[nodiscard]] Token peek() const {
+    return ppword::TableCursor(cursor_).nextToken().value_or(Token());
+  }
+
   [[nodiscard]] bool endsUnclosed(std::initializer_list<std::string_view> inner) const {
-    const Token token = tokens_.peek();
-    return token.text.starts_with(kStart) &&
+    const Token token = peek();
+    return token.text.starts_with("*START_") &&
            std::none_of(inner.begin(), inner.end(),
                         [&](std::string_view keyword) { return token.contains(keyword); });
   }
 
   TableBlocks::Named named(const Token& keyword, std::string_view prefix) {
-    if (tokens_.peek().text.starts_with(prefix)) return {keyword, tokens_.next(), {}};
-    tokens_.restOfLine();
+    if (peek().text.starts_with(prefix)) return {keyword, *cursor_.nextToken(), {}};
+    cursor_.nextLine();
     return {keyword, {}, {}};
   }
 
   void addLine(const Token& token) {
     TableLine line{std::string(token.text), token.offset};
-    if (takesRestOfLine(token.text)) line.text += tokens_.restOfLine();
+    line.isBehindAnother = !body_.empty() && isOnLineOf(body_.back(), token);
+    if (ppword::isTextWord(token.text)) {
+      const auto rest = cursor_.nextLine();
+      if (!rest) return;
+      line.text = ppword::textElement(token.text, rest->asRead());
+    }
     body_.push_back(std::move(line));
   }
 
   void endLines() {
-    auto mended = mendCutLines(std::exchange(body_, {}));
-    std::move(mended.begin(), mended.end(), std::back_inserter(blocks_.lines));
+    auto lines = mended(std::exchange(body_, {}));
+    std::move(lines.begin(), lines.end(), std::back_inserter(blocks_.lines));
   }
 
   std::string_view text_;
-  TokenScanner tokens_;
+  ppword::TableCursor cursor_;
   TableBlocks blocks_;
   std::vector<TableLine> body_;
 };

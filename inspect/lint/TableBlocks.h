@@ -3,9 +3,12 @@
 #include <string>
 #include <vector>
 
-#include "inspect/lint/TableBytes.h"
+#include "inspect/diagnostics/TableBytes.h"
+#include "language/table/TableCursor.h"
 
 namespace host {
+
+using ppword::Token;
 
 /// A line of a syntax as the module gets it. One that was cut at column 80 has the bytes that were
 /// moved up to it behind its own.

@@ -1,32 +1,17 @@
 #include "inspect/lint/WordRules.h"
 
 #include <algorithm>
-#include <charconv>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "language/number/IntegerPrefix.h"
+
 namespace host {
 namespace {
 
-struct Code {
-  int number;
-  bool isWhole;
-};
-
-/// The code that a piece is read as: the integer that it begins with.
-std::optional<Code> codeOf(std::string_view piece) {
-  if (piece.starts_with('+') && !piece.substr(1).starts_with('-')) piece.remove_prefix(1);
-  Code code{};
-  const char* const end = piece.data() + piece.size();
-  const auto read = std::from_chars(piece.data(), end, code.number);
-  if (read.ec != std::errc()) return std::nullopt;
-  code.isWhole = read.ptr == end;
-  return code;
-}
-
 bool isNumber(const Token& piece) {
-  const auto code = codeOf(piece.text);
+  const auto code = ppword::readInteger(piece.text);
   return code && code->isWhole;
 }
 
@@ -49,8 +34,9 @@ class WordReader {
     }
     if (!words_.insert(word.text).second) findings_.warn(LintKey::DuplicateWord, word);
     const bool hasNext = i + 1 < pieces.size();
-    if (hasNext && codeOf(pieces[i + 1].text)) {
-      readCode(pieces[i + 1]);
+    const auto code = hasNext ? ppword::readInteger(pieces[i + 1].text) : std::nullopt;
+    if (code) {
+      readCode(*code, pieces[i + 1]);
       return 2;
     }
     // A word with a code of its own is no code.
@@ -62,10 +48,9 @@ class WordReader {
     return 2;
   }
 
-  void readCode(const Token& piece) {
-    const Code code = *codeOf(piece.text);
+  void readCode(const ppword::IntegerPrefix& code, const Token& piece) {
     if (!code.isWhole) findings_.warn(LintKey::CodeCut, piece);
-    if (!codes_.insert(code.number).second) findings_.warn(LintKey::DuplicateCode, piece);
+    if (!codes_.insert(code.value).second) findings_.warn(LintKey::DuplicateCode, piece);
   }
 
   LintFindings& findings_;

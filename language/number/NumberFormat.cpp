@@ -203,4 +203,9 @@ bool printNumber(std::string_view format, double value, std::string& text) {
   return (plain && printPlainFixed(*plain, snapped, text)) || printParsed(format, snapped, text);
 }
 
+bool printsNumbers(std::string_view format) {
+  const auto parsed = NumberFormat::parse(format);
+  return parsed && parsed->hasConversion();
+}
+
 }  // namespace ppword

@@ -20,6 +20,7 @@ class NumberFormat {
   /// under every locale.
   void append(double value, std::string& out) const;
 
+  [[nodiscard]] bool hasConversion() const noexcept { return conversion_ != 0; }
   /// True when the format has text beside its conversion.
   [[nodiscard]] bool hasLiteral() const noexcept { return !before_.empty() || !after_.empty(); }
 
@@ -52,5 +53,9 @@ class NumberFormat {
 /// conversion prints as it stands. Sets `text`; false, with `text` untouched, when the format is
 /// not acceptable or the value not finite.
 [[nodiscard]] bool printNumber(std::string_view format, double value, std::string& text);
+
+/// True for a format that prints numbers: an acceptable one with a conversion. One without prints
+/// every number alike.
+[[nodiscard]] bool printsNumbers(std::string_view format);
 
 }  // namespace ppword

@@ -2,8 +2,6 @@
 
 #include <array>
 #include <cstdio>
-#include <optional>
-#include <string_view>
 
 #include "language/table/TableSource.h"
 
@@ -19,23 +17,16 @@ using TextBuffer = std::array<char, kMostCharacters>;
   return byte == ' ' || (byte >= '\t' && byte <= '\r');
 }
 
-/// As TableSource::nextToken; `tooLong` is set by a token that is.
-template <class Bytes>
-[[nodiscard]] std::optional<std::string_view> readToken(Bytes bytes, TextBuffer& buffer,
-                                                        bool& tooLong) {
+/// Calls `keep` with each byte of the next token, until it returns false. The position is then
+/// directly after the last of these bytes.
+template <class Bytes, class Keep>
+void readToken(Bytes bytes, Keep keep) {
   int byte = bytes.next();
   while (isBlank(byte)) byte = bytes.next();
-  std::size_t size = 0;
   for (; byte != EOF && !isBlank(byte); byte = bytes.next()) {
-    if (size == buffer.size()) {
-      tooLong = true;
-      return std::nullopt;
-    }
-    buffer[size++] = static_cast<char>(byte);
+    if (!keep(static_cast<char>(byte))) return;
   }
   if (byte != EOF) bytes.putBack(byte);
-  if (size == 0) return std::nullopt;
-  return std::string_view(buffer.data(), size);
 }
 
 /// The next byte, with a carriage return and a line feed read as the line feed.
@@ -49,18 +40,16 @@ template <class Bytes>
   return byte;
 }
 
-/// As TableSource::nextLine.
-template <class Bytes>
-[[nodiscard]] std::optional<std::string_view> readLine(Bytes bytes, TextBuffer& buffer) {
-  std::size_t size = 0;
-  while (size < buffer.size()) {
+/// Calls `keep` with each character of the rest of the line, its line feed too, at most
+/// kMostCharacters of them.
+template <class Bytes, class Keep>
+void readLine(Bytes bytes, Keep keep) {
+  for (std::size_t size = 0; size < kMostCharacters; ++size) {
     const int byte = nextOfLine(bytes);
-    if (byte == EOF) break;
-    buffer[size++] = static_cast<char>(byte);
-    if (byte == '\n') break;
+    if (byte == EOF) return;
+    keep(static_cast<char>(byte));
+    if (byte == '\n') return;
   }
-  if (size == 0) return std::nullopt;
-  return std::string_view(buffer.data(), size);
 }
 
 }  // namespace ppword

@@ -55,8 +55,8 @@ bool SequenceWalk::next() {
     if (std::exchange(endPending_, false) && ++ends_ > starts_) return false;
     const auto token = nextPlainToken(source_);
     if (!token) return false;
-    endPending_ = contains(*token, "*END");
-    if (!contains(*token, "*START_SEQUENCE")) continue;
+    endPending_ = contains(*token, kEndKeyword);
+    if (!contains(*token, kSequenceKeyword)) continue;
     ++starts_;
     return true;
   }

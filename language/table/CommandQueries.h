@@ -1,24 +1,21 @@
 #pragma once
 
-#include <array>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 
+#include "language/table/Keywords.h"
 #include "language/table/TableSource.h"
 
 namespace ppword {
 
 // The queries on the commands of a table. Contracts as those of the reader's operations.
 
-inline constexpr std::string_view kCommandPrefix = "NC_";
-
 /// Visits the commands in their order, as walkKeyword does; their names follow the keywords.
 template <class Visit>
 Walk walkCommands(TableSource& source, Visit visit) {
-  constexpr std::array<std::string_view, 2> kKeywords = {"*START_NC_COMMAND",
-                                                         "*START_NC_INSTRUCTION"};
-  for (const std::string_view keyword : kKeywords) {
+  for (const std::string_view keyword : {kCommandKeyword, kInstructionKeyword}) {
     const Walk walk = walkKeyword(source, keyword, visit);
     if (walk != Walk::Whole) return walk;
   }

@@ -1,31 +1,45 @@
 #include "language/table/CommandSyntax.h"
 
-#include <algorithm>
-#include <array>
 #include <set>
 #include <unordered_map>
 #include <utility>
 #include <variant>
 
-#include "language/syntax/Blanks.h"
 #include "language/table/CommandQueries.h"
 #include "language/table/CutSyntaxes.h"
+#include "language/table/Keywords.h"
+#include "language/table/TextWords.h"
 
 namespace ppword {
 namespace {
 
-constexpr std::size_t kMostElements = 100'000;
+// How a body with inserts is read, by an example:
+//
+//   *START_NC_COMMAND NC_A    *START_NC_COMMAND NC_B    *START_NC_COMMAND NC_C
+//   A1                        *INSERT NC_A              *INSERT NC_B
+//   *END                      B1                        *INSERT NC_B
+//                             *END                      *END
+//
+// NC_C is A1, B1, A1, B1. Its body is the first frame of a stack. At its first insert the place
+// after the insert is stored and the body of NC_B is opened in a frame of its own, and in it that
+// of NC_A. The end of a body closes its frame, and reading goes on at the stored place. When the
+// second insert comes, the body of NC_B is whole and is not read again: NC_C gets it as a piece a
+// second time. So the pieces of all bodies are no more than the table has lines, however many
+// elements they describe: n commands that insert the one before twice describe 2^n. The elements of
+// a body are counted when it ends, and too many are refused before they are written out.
+//
+// An insert of a body that is still being read never ends and is refused. An insert that names no
+// command, "*INSERT X", breaks the body that it is in: that body has no elements, and the one
+// around it goes on after the broken insert, in a text that is not its own. Coming to the same
+// broken insert again from there never ends either.
+//
+// At last the pieces are written out, and the elements that were cut are mended, first those of
+// the inner bodies, each as a list of its own.
+
 // Bodies that lack their end overlap, and a short table of them could take any time and memory.
 // Bodies that do not overlap come nowhere near these bounds.
 constexpr std::size_t kMostPieces = 1'000'000;
 constexpr long kMostBytes = 256L * 1024 * 1024;
-
-constexpr std::array<std::string_view, 4> kTextWords = {"PARTNO", "$$", "INSERT", "DNCMSG"};
-
-bool isTextWord(std::string_view token) {
-  return token.starts_with("PPRINT") ||
-         std::find(kTextWords.begin(), kTextWords.end(), token) != kTextWords.end();
-}
 
 struct Body;
 
@@ -43,7 +57,7 @@ struct Body {
   std::vector<std::variant<std::string, Inserted>> pieces;
   std::size_t size = 0;   // elements, those of the inserted bodies included
   bool mayBeCut = false;  // one of these elements is kCutWidth wide
-  long brokenBehind = 0;  // where reading stopped when the body is Broken
+  long brokenAfter = 0;   // where reading stopped when the body is Broken
 };
 
 // Each inserted command is read once, however often it is inserted, so that the time is that of
@@ -60,10 +74,10 @@ class SyntaxReader {
   std::optional<std::vector<std::string>> read();
 
  private:
-  // A body being read, and where the scan goes on behind it.
+  // A body being read, and where the reading goes on after it.
   struct Frame {
     Body* body;
-    long behind;
+    long after;
     std::set<long> brokenInserts;
   };
 
@@ -76,7 +90,7 @@ class SyntaxReader {
   bool open(Body& body, long start);
   bool keepInserted(const Body& body);
   bool breakBody();
-  bool goOnBehind(const Body& broken);
+  bool goOnAfter(const Body& broken);
   bool goTo(long position);
   void add(std::string element);
   Body& current() { return *frames_.back().body; }
@@ -158,44 +172,40 @@ std::optional<std::vector<std::string>> SyntaxReader::read() {
 }
 
 bool SyntaxReader::take(std::string_view token) {
-  if (contains(token, "*START_LIST")) return skipList();
+  const auto keyword = keywordInBody(token);
+  if (!keyword) return takeElement(token);
+  if (*keyword == KeywordKind::List) return skipList();
   // deliberate: the elements of the first sequence are elements of the command
-  if (contains(token, "*START_SEQUENCE")) return true;
-  if (contains(token, "*END")) return endBody();
-  if (contains(token, "*INSERT")) return insert();
-  return takeElement(token);
+  if (*keyword == KeywordKind::Sequence) return true;
+  return *keyword == KeywordKind::End ? endBody() : insert();
 }
 
 bool SyntaxReader::takeElement(std::string_view token) {
-  std::string element(token);
   if (!isTextWord(token)) {
-    add(std::move(element));
+    add(std::string(token));
     return true;
   }
-  const auto rest = source_.nextLine();
-  if (!rest) return true;
-  // deliberate: the last character goes, even when it is no line feed
-  element.append(*rest, 0, rest->size() - 1);
-  add(std::string(withoutBlanks(element)));
+  const std::string word(token);
+  if (const auto rest = source_.nextLine()) add(textElement(word, *rest));
   return true;
 }
 
-bool SyntaxReader::skipList() { return findToken(source_, "*END"); }
+bool SyntaxReader::skipList() { return findToken(source_, kEndKeyword); }
 
 bool SyntaxReader::endBody() {
   Body& body = current();
-  const long behind = frames_.back().behind;
+  const long after = frames_.back().after;
   pieces_ += body.pieces.size();
   if (hasInserts_ && (body.size > kMostElements || pieces_ > kMostPieces)) return false;
   body.state = Body::State::Whole;
   frames_.pop_back();
-  return frames_.empty() || (goTo(behind) && keepInserted(body));
+  return frames_.empty() || (goTo(after) && keepInserted(body));
 }
 
 bool SyntaxReader::insert() {
   const auto token = source_.nextToken();
   if (!token) return false;
-  if (!token->starts_with("NC_")) return breakBody();
+  if (!token->starts_with(kCommandPrefix)) return breakBody();
   const std::string name(*token);
   hasInserts_ = true;
   if (!positions_ && !findCommands()) return false;
@@ -204,7 +214,7 @@ bool SyntaxReader::insert() {
   Body& body = inserted_[name];
   if (body.state == Body::State::Unread) return open(body, start->second);
   if (body.state == Body::State::Whole) return keepInserted(body);
-  return body.state == Body::State::Broken && goOnBehind(body);
+  return body.state == Body::State::Broken && goOnAfter(body);
 }
 
 bool SyntaxReader::findCommands() {
@@ -235,15 +245,14 @@ bool SyntaxReader::breakBody() {
   Body& body = current();
   body.state = Body::State::Broken;
   body.pieces = {};
-  body.brokenBehind = source_.position();
+  body.brokenAfter = source_.position();
   frames_.pop_back();
-  return goOnBehind(body);
+  return goOnAfter(body);
 }
 
 // What is read from there on depends on nothing else: a body that comes there again never ends.
-bool SyntaxReader::goOnBehind(const Body& broken) {
-  return frames_.back().brokenInserts.insert(broken.brokenBehind).second &&
-         goTo(broken.brokenBehind);
+bool SyntaxReader::goOnAfter(const Body& broken) {
+  return frames_.back().brokenInserts.insert(broken.brokenAfter).second && goTo(broken.brokenAfter);
 }
 
 bool SyntaxReader::goTo(long position) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,10 +11,14 @@
 
 namespace ppword {
 
+/// The most elements that a command with inserts may have.
+inline constexpr std::size_t kMostElements = 100'000;
+
 /// The syntax elements of the command body in which `source` stands, those of inserted commands in
 /// their places, mended; the position is then behind the "*END" of the body. `commandName` is the
 /// command that the body belongs to. Nothing at end of file, for an insert that names no command,
-/// for inserts that never end and for those that make more than 100,000 elements.
+/// for inserts that never end and for those that make more than
+/// kMostElements.
 /// `positions` are those of the table's commands; they are found when an insert asks for them
 /// first.
 [[nodiscard]] std::optional<std::vector<std::string>> readSyntax(

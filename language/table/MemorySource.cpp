@@ -5,47 +5,43 @@
 #include "language/table/TableStream.h"
 
 namespace ppword {
-namespace {
-
-struct MemoryBytes {
-  std::string_view bytes;
-  std::size_t& at;
-
-  [[nodiscard]] int next() const {
-    return at < bytes.size() ? static_cast<unsigned char>(bytes[at++]) : EOF;
-  }
-  void putBack(int /*byte*/) const { --at; }
-};
-
-}  // namespace
 
 bool MemorySource::rewind() {
-  at_ = 0;
+  cursor_.seek(0);
   return true;
 }
 
 template <class Read>
-std::optional<std::string_view> MemorySource::counted(Read read) {
-  if (left_ == 0) return std::nullopt;
-  const std::size_t from = at_;
-  const std::optional<std::string_view> text = read(MemoryBytes{bytes_, at_});
-  left_ -= std::min(left_, at_ - from);
+auto MemorySource::counted(Read read) {
+  const std::size_t from = cursor_.offset();
+  const auto text = left_ == 0 ? std::nullopt : read();
+  left_ -= std::min(left_, cursor_.offset() - from);
   return text;
 }
 
 std::optional<std::string_view> MemorySource::nextToken() {
   if (tooLong_) return std::nullopt;
-  return counted([this](MemoryBytes bytes) { return readToken(bytes, buffer_, tooLong_); });
+  const auto token = counted([this] { return cursor_.nextToken(kMostCharacters + 1); });
+  tooLong_ = token && token->text.size() > kMostCharacters;
+  if (!token || tooLong_) return std::nullopt;
+  return token->text;
 }
 
 std::optional<std::string_view> MemorySource::nextLine() {
-  return counted([this](MemoryBytes bytes) { return readLine(bytes, buffer_); });
+  const auto line = counted([this] { return cursor_.nextLine(); });
+  if (!line) return std::nullopt;
+  if (!line->hasEnd) return line->text;
+  const std::size_t size = line->text.size() + 1;
+  if (cursor_.offset() == line->offset + size) return bytes_.substr(line->offset, size);
+  // Without the carriage return.
+  *std::copy(line->text.begin(), line->text.end(), buffer_.begin()) = '\n';
+  return std::string_view(buffer_.data(), size);
 }
 
 bool MemorySource::seek(long position) {
   tooLong_ = false;
   if (position < 0 || static_cast<std::size_t>(position) > bytes_.size()) return false;
-  at_ = static_cast<std::size_t>(position);
+  cursor_.seek(static_cast<std::size_t>(position));
   return true;
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "language/table/ByteReading.h"
+#include "language/table/TableCursor.h"
 #include "language/table/TableSource.h"
 
 namespace ppword {
@@ -18,22 +19,23 @@ class MemorySource final : public TableSource {
   /// After `most` bytes every read meets end of file.
   explicit MemorySource(std::string_view bytes,
                         std::size_t most = std::numeric_limits<std::size_t>::max())
-      : bytes_(bytes), left_(most) {}
+      : bytes_(bytes), cursor_(bytes), left_(most) {}
 
   bool rewind() override;
   std::optional<std::string_view> nextToken() override;
   [[nodiscard]] bool tooLong() const override { return tooLong_; }
   std::optional<std::string_view> nextLine() override;
-  long position() override { return static_cast<long>(at_); }
+  long position() override { return static_cast<long>(cursor_.offset()); }
   bool seek(long position) override;
 
  private:
+  /// What `read` reads, which counts as read.
   template <class Read>
-  std::optional<std::string_view> counted(Read read);
+  auto counted(Read read);
 
   std::string_view bytes_;
+  TableCursor cursor_;
   std::size_t left_;
-  std::size_t at_ = 0;
   bool tooLong_ = false;
   TextBuffer buffer_;
 };

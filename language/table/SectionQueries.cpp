@@ -1,36 +1,14 @@
 #include "language/table/SectionQueries.h"
 
-#include <array>
-
 namespace ppword {
 namespace {
-
-constexpr std::string_view kEnd = "*END";
-
-// The sections of word kinds 1 to 4.
-constexpr std::array<std::string_view, 4> kWordKeywords = {
-    "*START_MAJOR_WORDS_WITHOUT_PARAMETERS", "*START_MAJOR_WORDS_WITH_TEXT",
-    "*START_MAJOR_WORDS_WITH_PARAMETERS", "*START_MINOR_WORDS"};
-
-// Cuts a token at every "," and calls `keep` with each piece that is not empty. Gives the offset
-// at which the last piece, empty or not, begins.
-template <class Keep>
-std::size_t cutAtCommas(std::string_view token, Keep keep) {
-  for (std::size_t start = 0;;) {
-    const std::size_t comma = token.find(',', start);
-    const std::string_view piece = token.substr(start, comma - start);
-    if (!piece.empty()) keep(piece);
-    if (comma == std::string_view::npos) return start;
-    start = comma + 1;
-  }
-}
 
 // Calls `keep` with each token up to one equal to "*END" that does not begin with "/". False at
 // end of file.
 template <class Keep>
 bool readBody(TableSource& source, Keep keep) {
   while (const auto token = nextPlainToken(source)) {
-    if (*token == kEnd) return true;
+    if (*token == kEndKeyword) return true;
     keep(*token);
   }
   return false;
@@ -61,7 +39,7 @@ bool valuesOfMultiList(TableSource& source, int index, std::vector<std::string>&
 bool readValues(TableSource& source, std::vector<std::string>& values) {
   std::size_t cursor = 0;
   while (const auto token = source.nextToken()) {
-    if (*token == kEnd) return true;
+    if (*token == kEndKeyword) return true;
     // deliberate: looked for from where the last piece of the token before began
     if (cursor == 0 && token->starts_with('/')) continue;
     cursor = cutAtCommas(*token, [&](std::string_view piece) { values.emplace_back(piece); });
@@ -81,7 +59,7 @@ bool readFormat(TableSource& source, std::string& value) {
 bool listOfSyntaxes(TableSource& source, std::vector<std::string>& syntaxes) {
   syntaxes.clear();
   if (!source.rewind()) return false;
-  if (!findToken(source, "*START_SYNTAXES")) return !source.tooLong();
+  if (!findToken(source, kSyntaxesKeyword)) return !source.tooLong();
   return readBody(source, [&](std::string_view token) { syntaxes.emplace_back(token); });
 }
 
@@ -89,11 +67,9 @@ bool listOfPPValues(TableSource& source, std::vector<int>& kinds,
                     std::vector<std::string>& pieces) {
   kinds.clear();
   pieces.clear();
-  int kind = 0;
-  for (const std::string_view keyword : kWordKeywords) {
-    ++kind;
+  for (int kind = 1; kind <= kWordKinds; ++kind) {
     if (!source.rewind()) return false;
-    if (!findToken(source, keyword)) continue;
+    if (!findToken(source, kKeywords[static_cast<std::size_t>(kind) - 1].text)) continue;
     const auto keep = [&](std::string_view piece) {
       kinds.push_back(kind);
       pieces.emplace_back(piece);

@@ -4,17 +4,14 @@
 #include <string_view>
 #include <vector>
 
+#include "language/table/Keywords.h"
 #include "language/table/TableSource.h"
 
 namespace ppword {
 
 // The queries on the sections beside the commands. Contracts as those of the reader's operations.
 
-/// A section that gives a parameter its values: its keyword.
-inline constexpr std::string_view kListKeyword = "*START_LIST";
-inline constexpr std::string_view kFormatKeyword = "*START_FORMAT";
-inline constexpr std::string_view kParameterPrefix = "MFG_";
-
+// The sections that give parameters their values: `keyword` is kListKeyword or kFormatKeyword.
 [[nodiscard]] bool numberOfParameters(TableSource& source, std::string_view keyword, int& count);
 [[nodiscard]] bool nameOfParameter(TableSource& source, std::string_view keyword, int index,
                                    std::string& name);
@@ -27,6 +24,19 @@ inline constexpr std::string_view kParameterPrefix = "MFG_";
 [[nodiscard]] bool readFormat(TableSource& source, std::string& value);
 
 [[nodiscard]] bool listOfSyntaxes(TableSource& source, std::vector<std::string>& syntaxes);
+
+/// Cuts a token at every "," and calls `keep` with each piece that is not empty. Returns the offset
+/// at which the last piece, empty or not, begins.
+template <class Keep>
+std::size_t cutAtCommas(std::string_view token, Keep keep) {
+  for (std::size_t start = 0;;) {
+    const std::size_t comma = token.find(',', start);
+    const std::string_view piece = token.substr(start, comma - start);
+    if (!piece.empty()) keep(piece);
+    if (comma == std::string_view::npos) return start;
+    start = comma + 1;
+  }
+}
 
 /// The pieces of the four word sections, words and codes alternating, and the kind of each.
 [[nodiscard]] bool listOfPPValues(TableSource& source, std::vector<int>& kinds,

@@ -16,6 +16,15 @@ struct TableFault {
 /// The first fault of the table, lines counted from 1 as they are read; nothing when it is sound.
 [[nodiscard]] std::optional<TableFault> faultOfTable(TableSource& source);
 
+/// What the check sees in a line that begins with "*".
+struct KeywordLine {
+  enum class Kind { Start, End, Other };
+  Kind kind;
+  /// The key of its fault; nothing when it is sound.
+  std::optional<std::string_view> fault;
+};
+[[nodiscard]] KeywordLine checkKeywordLine(std::string_view line);
+
 /// The key of the fault of a line that begins with "*" and contains "*START"; nothing when it
 /// begins a section.
 [[nodiscard]] std::optional<std::string_view> faultOfStartLine(std::string_view line);

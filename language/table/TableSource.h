@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,7 +8,7 @@
 namespace ppword {
 
 /// The most characters of a token, and of a line as it is read.
-inline constexpr int kMostCharacters = 1023;
+inline constexpr std::size_t kMostCharacters = 1023;
 
 /// Where the text of a table comes from: one position that moves on with every read. Texts are
 /// valid until the next operation.

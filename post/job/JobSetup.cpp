@@ -4,7 +4,7 @@
 
 #include "host/manufacturing/GeneratorData.h"
 #include "host/system/Session.h"
-#include "post/job/FormatProbe.h"
+#include "language/number/NumberFormat.h"
 #include "post/toolpath/InputError.h"
 
 namespace host {
@@ -14,7 +14,7 @@ void requireFormat(const JobHeader& header, std::string_view key, std::string fo
   if (format.empty()) return;
   // As the module takes the format of a generation.
   std::replace(format.begin(), format.end(), ',', '.');
-  if (FormatProbe().showsNumbers(format)) return;
+  if (ppword::printsNumbers(format)) return;
   throw InputError(header.file, header.line, column,
                    std::string("$.").append(key).append(
                        ": no number can be printed with this format; write one conversion of e, f, "

@@ -9,7 +9,7 @@
 #include "KEPMfgPPTableTxt.h"
 #include "System/KEPError.h"
 #include "host/system/MessageCatalogue.h"
-#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"
 #include "tests/support/InputFile.h"
 

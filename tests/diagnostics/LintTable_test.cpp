@@ -111,10 +111,27 @@ TEST(LintTable, NumberInPlaceOfWordIsTold) {
 
 TEST(LintTable, CodeThatDoesNotConvertIsTold) {
   EXPECT_EQ(words("A,X B,2"), "2:3 code-not-number");
-  EXPECT_EQ(words("A,99999999999 B,2"), "2:3 code-not-number");
+  // It is read as 2147483647, and the pairs after it stay in step.
+  EXPECT_EQ(words("A,99999999999 B,2"), "2:3 code-cut");
+  EXPECT_EQ(words("A,99999999999 B,2147483647"), "2:3 code-cut, 2:17 duplicate-code");
   EXPECT_EQ(words("A,10I5"), "2:3 code-cut");
   EXPECT_EQ(words("A,1.5"), "2:3 code-cut");
   EXPECT_EQ(words("A,-7 B,+8"), "");
+}
+
+// What is beyond the 1023 characters of a line is read as elements of its own.
+TEST(LintTable, RestOfALongTextIsALineOfItsOwn) {
+  const std::string text(1100, 'x');
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text + "\n*END\n"), "2:1030 split-line");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text.substr(0, 1021) + "\n*END\n"), "");
+}
+
+// The last character of a text goes, a line feed or not, and a word without a text is no line.
+TEST(LintTable, TextAtTheEndOfTheTableLosesItsLastCharacter) {
+  const std::string command = "*START_NC_COMMAND NC_A\n";
+  EXPECT_EQ(lint(command + "INSERT %MFG_XPOINT"), "1:1 ERR_5003, 2:8 unknown-parameter");
+  EXPECT_EQ(lint(command + "INSERT %MFG_XPOINT\n"), "1:1 ERR_5003");
+  EXPECT_EQ(lint(command + "INSERT"), "1:1 ERR_5003");
 }
 
 TEST(LintTable, WordAndCodeThatStandTwiceAreTold) {

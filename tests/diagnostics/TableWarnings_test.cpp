@@ -10,12 +10,10 @@
 namespace host {
 namespace {
 
-bool isFixedPoint(std::string_view format) { return format == "%11.5f"; }
-
 std::string warnings(std::string_view table) {
   const TableFile file(table);
   std::string text;
-  for (Diagnostic& warning : tableWarnings(std::string(file.path().View()), isFixedPoint)) {
+  for (Diagnostic& warning : tableWarnings(std::string(file.path().View()))) {
     warning.file = "T";
     text += diagnosticText(warning);
   }
@@ -174,7 +172,7 @@ TEST(TableWarnings, BinaryBytesAreRead) {
 TEST(TableWarnings, AbsentFileHasNoSection) {
   const TableFile file("");
   file.remove();
-  EXPECT_EQ(tableWarnings(std::string(file.path().View()), isFixedPoint).size(), 1U);
+  EXPECT_EQ(tableWarnings(std::string(file.path().View())).size(), 1U);
 }
 
 }  // namespace

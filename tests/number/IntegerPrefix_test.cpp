@@ -25,6 +25,16 @@ TEST(IntegerPrefix, TextBehindTheDigitsIsIgnored) {
   EXPECT_EQ(integerPrefix("4 5"), 4);
 }
 
+TEST(IntegerPrefix, OnlyANumberThatFitsAloneIsWhole) {
+  const auto isWhole = [](std::string_view text) { return ppword::readInteger(text)->isWhole; };
+  for (const char* text : {"0", "-7", "+7", " 12", "2147483647", "-2147483648"}) {
+    EXPECT_TRUE(isWhole(text)) << text;
+  }
+  for (const char* text : {"1.5", "12A", "2147483648", "-2147483649", "99999999999999999999"}) {
+    EXPECT_FALSE(isWhole(text)) << text;
+  }
+}
+
 TEST(IntegerPrefix, TextWithoutANumberGivesNothing) {
   for (const char* text : {"", " ", "A1", "-", "+", "+-5", "--5", "- 5", "\u00A05"}) {
     EXPECT_EQ(integerPrefix(text), std::nullopt) << '"' << text << '"';

@@ -87,6 +87,15 @@ TEST(PrintNumber, RefusesWhatIsNoFormatOfOneNumber) {
   }
 }
 
+TEST(PrintNumber, FormatWithAConversionPrintsNumbers) {
+  for (const char* format : {"%f", "X%-11.5lg!", "%%%a"}) {
+    EXPECT_TRUE(ppword::printsNumbers(format)) << format;
+  }
+  for (const char* format : {"", "X", "%%", "%d", "%", "%f%f"}) {
+    EXPECT_FALSE(ppword::printsNumbers(format)) << format;
+  }
+}
+
 TEST(PrintNumber, RefusesWhatIsNotFinite) {
   EXPECT_EQ(print("%f", std::numeric_limits<double>::quiet_NaN()), std::nullopt);
   EXPECT_EQ(print("%f", std::numeric_limits<double>::infinity()), std::nullopt);

@@ -4,7 +4,6 @@
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
-#include "post/job/FormatProbe.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Refusal.h"
@@ -22,10 +21,7 @@ Verdict verdictOf(const std::string& path, bool lint) {
   // A file that cannot be read has no place to look at.
   if (lint && !(refusal && refusal->line == 0)) return {!refusal, host::lintTable(path)};
   if (refusal) return {false, {std::move(*refusal)}};
-  const host::FormatProbe probe;
-  return {true, host::tableWarnings(path, [&probe](std::string_view format) {
-            return probe.showsNumbers(format);
-          })};
+  return {true, host::tableWarnings(path)};
 }
 
 std::string countText(const Verdict& verdict, host::Severity severity, std::string_view noun) {

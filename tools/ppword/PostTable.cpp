@@ -12,7 +12,7 @@
 #include "host/system/ResourceFolders.h"
 #include "inspect/diagnostics/DiagnosticText.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
-#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"
 #include "post/job/JobProgram.h"
 

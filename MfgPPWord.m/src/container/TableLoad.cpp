@@ -217,10 +217,10 @@ class TableLoad {
 
 HRESULT loadTable(const KEPIContainer_var& container, const KEPUnicodeString& path) {
   const auto table = tableBytes(path.ConvertToChar());
-  if (!table) return raiseTableError({"ERR_5009", {}});
+  if (!table) return recordTableError({"ERR_5009", {}});
   TableLoad load(container, *table);
   MemorySource source(*table);
-  if (const auto fault = faultOfTable(source)) return raiseTableError(*fault);
+  if (const auto fault = faultOfTable(source)) return recordTableError(*fault);
   load.loadCommands();
   load.loadMultiLists();
   load.loadFormats();

@@ -26,13 +26,26 @@ bool FileSource::rewind() {
 std::optional<std::string_view> FileSource::nextToken() {
   std::FILE* const stream = file();
   if (stream == nullptr || tooLong_) return std::nullopt;
-  return readToken(FileBytes{stream}, buffer_, tooLong_);
+  std::size_t size = 0;
+  readToken(FileBytes{stream}, [&](char byte) {
+    tooLong_ = size == buffer_.size();
+    if (!tooLong_) buffer_[size++] = byte;
+    return !tooLong_;
+  });
+  return tooLong_ ? std::nullopt : buffered(size);
 }
 
 std::optional<std::string_view> FileSource::nextLine() {
   std::FILE* const stream = file();
   if (stream == nullptr) return std::nullopt;
-  return readLine(FileBytes{stream}, buffer_);
+  std::size_t size = 0;
+  readLine(FileBytes{stream}, [&](char byte) { buffer_[size++] = byte; });
+  return buffered(size);
+}
+
+std::optional<std::string_view> FileSource::buffered(std::size_t size) const {
+  if (size == 0) return std::nullopt;
+  return std::string_view(buffer_.data(), size);
 }
 
 long FileSource::position() { return file() == nullptr ? -1 : std::ftell(file()); }

@@ -26,6 +26,9 @@ class FileSource final : public TableSource {
  private:
   [[nodiscard]] std::FILE* file() const { return stream_ ? stream_->file() : nullptr; }
 
+  /// The text that was read; nothing when there was none.
+  [[nodiscard]] std::optional<std::string_view> buffered(std::size_t size) const;
+
   std::shared_ptr<TableStream>& stream_;
   const KEPString& path_;
   bool& isOpen_;

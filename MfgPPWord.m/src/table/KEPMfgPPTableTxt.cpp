@@ -38,12 +38,12 @@ KEPMfgPPTableTxt::~KEPMfgPPTableTxt() = default;
 HRESULT KEPMfgPPTableTxt::CheckFileSyntax() {
   FileSource source(stream_, path_, isOpen_);
   const auto fault = ppword::faultOfTable(source);
-  return fault ? ppword::raiseTableError(*fault) : S_OK;
+  return fault ? ppword::recordTableError(*fault) : S_OK;
 }
 
 HRESULT KEPMfgPPTableTxt::CheckStartLine(std::string_view line, int lineNumber) {
   const auto key = ppword::faultOfStartLine(line);
-  return key ? ppword::raiseTableError({*key, lineNumber}) : S_OK;
+  return key ? ppword::recordTableError({*key, lineNumber}) : S_OK;
 }
 
 bool KEPMfgPPTableTxt::GetNumberOfCommand(int& count) {

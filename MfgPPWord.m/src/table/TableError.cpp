@@ -8,7 +8,7 @@
 
 namespace ppword {
 
-HRESULT raiseTableError(const TableFault& fault) {
+HRESULT recordTableError(const TableFault& fault) {
   constexpr int kTableFileError = 2;
   auto error = std::make_unique<KEPMfgInternalError>(fault.key, "ManufacturingError");
   if (fault.line) {

@@ -7,6 +7,6 @@ namespace ppword {
 
 /// Makes a fault of a table the last error of the session; the status that the failing operation
 /// returns.
-[[nodiscard]] HRESULT raiseTableError(const TableFault& fault);
+[[nodiscard]] HRESULT recordTableError(const TableFault& fault);
 
 }  // namespace ppword

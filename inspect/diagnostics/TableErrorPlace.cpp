@@ -1,5 +1,6 @@
-#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableErrorPlace.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <optional>
@@ -7,40 +8,26 @@
 #include <utility>
 
 #include "host/system/MessageCatalogue.h"
-#include "inspect/diagnostics/TableText.h"
+#include "language/table/Keywords.h"
+#include "language/table/TableCheck.h"
 #include "post/text/SpellingSuggestion.h"
 
 namespace host {
 namespace {
 
+using ppword::CountedLine;
+using ppword::KeywordLine;
+using ppword::TableCursor;
+
 constexpr std::string_view kErrors = "ManufacturingError";
 constexpr std::string_view kBlanks = " \t\v\f\r";
 
-constexpr std::array<std::string_view, 12> kKeywords = {"*START_MAJOR_WORDS_WITHOUT_PARAMETERS",
-                                                        "*START_MAJOR_WORDS_WITH_TEXT",
-                                                        "*START_MAJOR_WORDS_WITH_PARAMETERS",
-                                                        "*START_MINOR_WORDS",
-                                                        "*START_SYNTAXES",
-                                                        "*START_NC_COMMAND",
-                                                        "*START_NC_INSTRUCTION",
-                                                        "*START_LIST",
-                                                        "*START_FORMAT",
-                                                        "*START_SEQUENCE",
-                                                        "*INSERT",
-                                                        "*END"};
-
-bool contains(std::string_view text, std::string_view part) {
-  return text.find(part) != std::string_view::npos;
-}
-
-// The keyword after which an error misses a name; empty for the other errors.
+// The keyword after which an error misses a name, as a line holds it; empty for the other errors.
 std::string_view keywordWithoutName(std::string_view key) {
-  if (key == "ERR_5000") return "*INSERT";
-  if (key == "ERR_5004") return "START_NC_COMMAND";
-  if (key == "ERR_5005") return "START_NC_INSTRUCTION";
-  if (key == "ERR_5006") return "START_LIST";
-  if (key == "ERR_5007") return "START_FORMAT";
-  return {};
+  const auto keyword =
+      std::find_if(ppword::kKeywords.begin(), ppword::kKeywords.end(),
+                   [key](const ppword::Keyword& each) { return each.missingName == key; });
+  return keyword == ppword::kKeywords.end() ? std::string_view() : keyword->inLine();
 }
 
 long countedLineOf(const KEPError& error) {
@@ -51,53 +38,60 @@ long countedLineOf(const KEPError& error) {
   return line;
 }
 
-std::optional<CountedLine> lineAt(const std::string& path, long counted) {
-  TableText text(path);
+std::optional<CountedLine> lineAt(std::string_view table, long counted) {
+  TableCursor cursor(table);
   std::optional<CountedLine> line;
   for (long number = 0; number < counted; ++number) {
-    auto next = nextCountedLine(text);
+    const auto next = cursor.nextLine();
     if (!next) break;
-    line = std::move(next);
+    line = next;
   }
   return line;
 }
 
-// The first *END that closes no block.
-std::optional<CountedLine> surplusEnd(const std::string& path) {
-  TableText text(path);
-  long open = 0;
-  while (auto line = nextCountedLine(text)) {
+// The next line that begins or ends a block.
+std::optional<CountedLine> nextBlockLine(TableCursor& cursor, KeywordLine::Kind& kind) {
+  while (const auto line = cursor.nextLine()) {
     if (!line->text.starts_with('*')) continue;
-    if (contains(line->text, "*START")) {
-      ++open;
-    } else if (contains(line->text, "*END") && --open < 0) {
-      return line;
-    }
+    kind = ppword::checkKeywordLine(line->text).kind;
+    if (kind != KeywordLine::Kind::Other) return line;
+  }
+  return std::nullopt;
+}
+
+// The first *END that closes no block.
+std::optional<CountedLine> surplusEnd(std::string_view table) {
+  TableCursor cursor(table);
+  long open = 0;
+  KeywordLine::Kind kind{};
+  while (const auto line = nextBlockLine(cursor, kind)) {
+    open += kind == KeywordLine::Kind::Start ? 1 : -1;
+    if (open < 0) return line;
   }
   return std::nullopt;
 }
 
 // The first *START that no *END closes: the outermost block that is open at the end.
-std::optional<CountedLine> unclosedStart(const std::string& path) {
-  TableText text(path);
+std::optional<CountedLine> unclosedStart(std::string_view table) {
+  TableCursor cursor(table);
   long open = 0;
   std::optional<CountedLine> outermost;
-  while (auto line = nextCountedLine(text)) {
-    if (!line->text.starts_with('*')) continue;
-    if (contains(line->text, "*START")) {
-      if (open++ == 0) outermost = std::move(line);
-    } else if (contains(line->text, "*END") && open > 0) {
-      --open;
+  KeywordLine::Kind kind{};
+  while (const auto line = nextBlockLine(cursor, kind)) {
+    if (kind == KeywordLine::Kind::End) {
+      open = std::max(0L, open - 1);
+    } else if (open++ == 0) {
+      outermost = line;
     }
   }
   return outermost;
 }
 
-std::optional<CountedLine> lineOf(const std::string& path, const KEPError& error) {
+std::optional<CountedLine> lineOf(std::string_view table, const KEPError& error) {
   const std::string_view key = error.GetMessageKey().View();
-  if (key == "ERR_5002") return surplusEnd(path);
-  if (key == "ERR_5003") return unclosedStart(path);
-  return lineAt(path, countedLineOf(error));
+  if (key == "ERR_5002") return surplusEnd(table);
+  if (key == "ERR_5003") return unclosedStart(table);
+  return lineAt(table, countedLineOf(error));
 }
 
 struct Mark {
@@ -124,10 +118,17 @@ std::string hintText(std::string_view key, const std::vector<KEPUnicodeString>& 
   return std::string(messageText("System", key, parameters).View());
 }
 
+std::array<std::string_view, ppword::kKeywords.size()> keywordTexts() {
+  std::array<std::string_view, ppword::kKeywords.size()> texts;
+  std::transform(ppword::kKeywords.begin(), ppword::kKeywords.end(), texts.begin(),
+                 [](const ppword::Keyword& keyword) { return keyword.text; });
+  return texts;
+}
+
 // What the line was most likely meant to be.
 std::string hint(std::string_view line, std::string_view keyword, const Mark& mark) {
   if (keyword.empty()) {
-    const std::string_view meant = nearest(line.substr(mark.offset, mark.width), kKeywords);
+    const std::string_view meant = nearest(line.substr(mark.offset, mark.width), keywordTexts());
     return meant.empty() ? "" : hintText("HINT_MEANT", {KEPUnicodeString(meant)});
   }
   const bool afterTab = mark.offset < line.size() && line[mark.offset - 1] == '\t';
@@ -136,24 +137,27 @@ std::string hint(std::string_view line, std::string_view keyword, const Mark& ma
 
 }  // namespace
 
-Diagnostic tableErrorAt(const std::string& path, std::string_view key, const CountedLine& line) {
+Diagnostic tableErrorAt(const std::string& path, std::string_view key, const TableBytes& table,
+                        const ppword::CountedLine& line) {
   Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};
   diagnostic.message = messageText(kErrors, key, {}).View();
   const std::string_view keyword = keywordWithoutName(key);
   const Mark mark = markOf(line.text, keyword);
   const bool unbalanced = key == "ERR_5002" || key == "ERR_5003";
   if (!unbalanced) diagnostic.message += hint(line.text, keyword, mark);
-  diagnostic.line = line.line;
-  diagnostic.column = line.column + static_cast<long>(mark.offset);
+  const auto [number, column] = table.placeOf(line.offset);
+  diagnostic.line = number;
+  diagnostic.column = column + static_cast<long>(mark.offset);
   diagnostic.width = static_cast<long>(mark.width);
   return diagnostic;
 }
 
 Diagnostic tableError(const std::string& path, const KEPError& error) {
   const std::string_view key = error.GetMessageKey().View();
-  if (const auto line = lineOf(path, error)) {
-    Diagnostic diagnostic = tableErrorAt(path, key, *line);
-    diagnostic.source = excerptAt(path, diagnostic.line, diagnostic.column);
+  const TableBytes table = TableBytes::read(path);
+  if (const auto line = lineOf(table.text(), error)) {
+    Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
+    diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
     return diagnostic;
   }
   Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};

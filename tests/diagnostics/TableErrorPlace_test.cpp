@@ -1,4 +1,4 @@
-#include "inspect/diagnostics/TableError.h"
+#include "inspect/diagnostics/TableErrorPlace.h"
 
 #include <gtest/gtest.h>
 

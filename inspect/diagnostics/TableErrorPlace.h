@@ -5,7 +5,8 @@
 
 #include "System/KEPError.h"
 #include "inspect/diagnostics/Diagnostic.h"
-#include "inspect/diagnostics/TableText.h"
+#include "inspect/diagnostics/TableBytes.h"
+#include "language/table/TableCursor.h"
 
 namespace host {
 
@@ -15,8 +16,8 @@ namespace host {
 /// first block that has no end, or the first end that closes nothing.
 [[nodiscard]] Diagnostic tableError(const std::string& path, const KEPError& error);
 
-/// The error of that key about a line of the table at `path`, without its source line.
+/// The error of that key about a line of `table`, which is at `path`, without its source line.
 [[nodiscard]] Diagnostic tableErrorAt(const std::string& path, std::string_view key,
-                                      const CountedLine& line);
+                                      const TableBytes& table, const ppword::CountedLine& line);
 
 }  // namespace host
