@@ -9,7 +9,6 @@
 
 #include "Manufacturing/KEPMfgParameterValue.h"
 #include "Mathematics/KEPMathVector.h"
-#include "host/knowledge/KnowledgeParameter.h"
 
 namespace host {
 
@@ -18,6 +17,12 @@ namespace host {
 
 /// Typed values by name.
 using NamedValues = std::vector<std::pair<std::string, KEPMfgParameterValue>>;
+
+/// A feed rate or a spindle speed: value text and type name (such as "LINEARFEEDRATE").
+struct TypedValue {
+  std::string text;
+  std::string type;
+};
 
 /// The feed rate and the spindle speed of an operation or of a sequential motion.
 struct FeedrateValues {

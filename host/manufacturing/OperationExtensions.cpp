@@ -1,6 +1,7 @@
 #include "host/manufacturing/OperationExtensions.h"
 
 #include "Manufacturing/KEPMfgNames.h"
+#include "host/knowledge/KnowledgeParameter.h"
 
 namespace host {
 namespace {

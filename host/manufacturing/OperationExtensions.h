@@ -3,6 +3,7 @@
 #include <optional>
 #include <vector>
 
+#include "Knowledge/KEPICkeParm.h"
 #include "Manufacturing/KEPIMfgLatheOperation.h"
 #include "Manufacturing/KEPIMfgSequentialMotions.h"
 #include "Manufacturing/KEPIMfgToolPath.h"

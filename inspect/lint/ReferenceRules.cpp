@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "post/output/AptColumns.h"
+#include "post/output/LineSink.h"
 #include "post/text/Utf8.h"
 
 namespace host {

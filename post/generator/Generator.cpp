@@ -11,9 +11,9 @@
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
-#include "post/output/AptColumns.h"
+#include "post/output/LineSink.h"
 #include "post/text/SpellingSuggestion.h"
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 
 namespace host {
 namespace {

@@ -1,12 +1,10 @@
-#include "post/job/JobActivity.h"
+#include "post/job/JobLines.h"
 
 #include <algorithm>
 #include <array>
 
 #include "post/job/JobObject.h"
-#include "post/job/JobOperation.h"
-#include "post/job/JobParameters.h"
-#include "post/job/JobTool.h"
+
 
 namespace host::job {
 namespace {
@@ -122,15 +120,12 @@ constexpr auto kActivityKeys = joined(std::array<Key<ActivityStart>, 4>{{
 
 }  // namespace
 
-void readActivity(simdjson::ondemand::object object, const char* at, const Place& place,
-                  ActivityStart& activity) {
-  readFields<ActivityStart>(object, at, place, kActivityKeys, activity);
-  requireKinds(activity, at, place);
-}
-
-KeyNames activityKeyNames() {
-  return {{"activity", namesOf<ActivityStart>(kActivityKeys)},
-          {"operation", namesOf<ActivityValues>(kOperationKeys)}};
+void readActivity(Line& line, ActivityStart& activity) {
+  const Place root(line);
+  const char* const at = beginOf(line);
+  readFields<ActivityStart>(objectOf(line, root), at, root, kActivityKeys, activity);
+  requireKinds(activity, at, root);
+  requireEnd(line, root);
 }
 
 }  // namespace host::job

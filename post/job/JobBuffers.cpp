@@ -1,4 +1,4 @@
-#include "post/job/JobBuffers.h"
+#include "post/job/JobValue.h"
 
 #include <array>
 
@@ -116,15 +116,6 @@ void read(Value value, const Place& place, SpindleChange& change) {
 
 void read(Value value, const Place& place, RotateChange& change) {
   readFields<RotateChange>(value, place, kRotateKeys, change);
-}
-
-KeyNames bufferKeyNames() {
-  return {{"circle", namesOf<CircleChange>(kCircleKeys)},
-          {"helix", namesOf<HelixChange>(kHelixKeys)},
-          {"feedrate", namesOf<FeedrateChange>(kFeedrateKeys)},
-          {"spindle", namesOf<SpindleChange>(kSpindleKeys)},
-          {"rotate", namesOf<RotateChange>(kRotateKeys)},
-          {"axisSystem", namesOf<KEPMathAxis>(kAxisSystemKeys)}};
 }
 
 }  // namespace host::job

@@ -2,11 +2,8 @@
 
 #include <array>
 
-#include "post/job/JobActivity.h"
 #include "post/job/JobObject.h"
-#include "post/job/JobOperation.h"
-#include "post/job/JobParameters.h"
-#include "post/job/JobTool.h"
+
 
 namespace host::job {
 namespace {
@@ -113,29 +110,6 @@ constexpr std::array<std::pair<std::string_view, LineKind>, 5> kKindKeys{{
     {"end", LineKind::End},
 }};
 
-const char* beginOf(const Line& line) {
-  return line.text.data() + line.text.find_first_not_of(" \t\r");
-}
-
-simdjson::ondemand::object objectOf(Line& line, const Place& place) {
-  auto result = line.document.get_object();
-  if (result.error() != simdjson::INCORRECT_TYPE) return unwrap(std::move(result), place);
-  place.refuse(beginOf(line), "a line is an object: {...}");
-}
-
-/// Nothing may stand behind the line's object.
-void requireEnd(Line& line, const Place& root) {
-  const char* behind = nullptr;
-  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
-}
-
-template <class Target>
-void readLine(Line& line, Keys<Target> keys, Target& target) {
-  const Place root(line);
-  readFields<Target>(objectOf(line, root), beginOf(line), root, keys, target);
-  requireEnd(line, root);
-}
-
 }  // namespace
 
 LineKind kindOf(Line& line) {
@@ -155,12 +129,6 @@ LineKind kindOf(Line& line) {
 
 void readHeader(Line& line, JobHeader& header) { readLine<JobHeader>(line, kHeaderKeys, header); }
 
-void readActivity(Line& line, ActivityStart& activity) {
-  const Place root(line);
-  readActivity(objectOf(line, root), beginOf(line), root, activity);
-  requireEnd(line, root);
-}
-
 void readElement(Line& line, Element& element) {
   constexpr int kNotGiven = 0;
   element.sequence = kNotGiven;
@@ -179,19 +147,6 @@ void readElement(Line& line, Element& element) {
 void readEnd(Line& line) {
   EndMark end;
   readLine<EndMark>(line, kEndKeys, end);
-}
-
-KeyNames keyNames() {
-  KeyNames names{{"header", namesOf<JobHeader>(kHeaderKeys)},
-                 {"resource", namesOf<JobHeader>(kResourceKeys)},
-                 {"parameter", numberKeyNames()},
-                 {"element", namesOf<Element>(kElementKeys)},
-                 {"end", namesOf<EndMark>(kEndKeys)}};
-  names.merge(bufferKeyNames());
-  names.merge(activityKeyNames());
-  names.merge(operationKeyNames());
-  names.merge(toolKeyNames());
-  return names;
 }
 
 }  // namespace host::job

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "post/job/JobBuffers.h"
 #include "post/job/JobHeader.h"
+#include "post/job/JobPlace.h"
+#include "post/toolpath/ToolPath.h"
 
 namespace host::job {
 
@@ -17,9 +18,5 @@ void readHeader(Line& line, JobHeader& header);
 void readActivity(Line& line, ActivityStart& activity);
 void readElement(Line& line, Element& element);
 void readEnd(Line& line);
-
-/// The keys of every object of a job, those of the four kinds of line under "header", "activity",
-/// "element" and "end".
-[[nodiscard]] KeyNames keyNames();
 
 }  // namespace host::job

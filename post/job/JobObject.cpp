@@ -28,4 +28,19 @@ void refuseUnknown(const FieldName& name, const Place& place,
   place.refuse(name.at, why);
 }
 
+const char* beginOf(const Line& line) {
+  return line.text.data() + line.text.find_first_not_of(" \t\r");
+}
+
+simdjson::ondemand::object objectOf(Line& line, const Place& root) {
+  auto result = line.document.get_object();
+  if (result.error() != simdjson::INCORRECT_TYPE) return take(std::move(result), root);
+  root.refuse(beginOf(line), "a line is an object: {...}");
+}
+
+void requireEnd(Line& line, const Place& root) {
+  const char* behind = nullptr;
+  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
+}
+
 }  // namespace host::job

@@ -76,6 +76,21 @@ void readFields(Value value, const Place& place, Keys<Target> keys, Target& targ
   readFields(readObject(value, place), at, place, keys, target);
 }
 
+/// Where the text of a line begins.
+[[nodiscard]] const char* beginOf(const Line& line);
+/// The object of a line.
+[[nodiscard]] simdjson::ondemand::object objectOf(Line& line, const Place& root);
+/// Refuses a line that goes on after its object, which was read.
+void requireEnd(Line& line, const Place& root);
+
+/// Fills `target` from a whole line.
+template <class Target>
+void readLine(Line& line, Keys<Target> keys, Target& target) {
+  const Place root(line);
+  readFields<Target>(objectOf(line, root), beginOf(line), root, keys, target);
+  requireEnd(line, root);
+}
+
 /// The keys of two objects as those of one.
 template <class Target, std::size_t kFirst, std::size_t kSecond>
 [[nodiscard]] constexpr std::array<Key<Target>, kFirst + kSecond> joined(

@@ -1,10 +1,9 @@
-#include "post/job/JobOperation.h"
+#include "post/job/JobValue.h"
 
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
 #include "host/manufacturing/Activity.h"
-#include "post/job/JobTool.h"
 #include "post/job/JobTypedValue.h"
 
 namespace host::job {
@@ -130,17 +129,6 @@ void read(Value value, const Place& place, std::vector<SequentialMotionValues>& 
     readFields<SequentialMotionValues>(unwrap(std::move(item), here), here, kMotionKeys,
                                        motions.emplace_back());
   }
-}
-
-KeyNames operationKeyNames() {
-  return {{"feedsAndSpeeds", namesOf<FeedrateValues>(kFeedrateKeys)},
-          {"motionFeedsAndSpeeds", namesOf<FeedrateValues>(kMotionFeedrateKeys)},
-          {"feedrateValue", namesOf<TypedValue>(kTypedValueKeys<kFeedrateTypes>)},
-          {"strategy", namesOf<StrategyValues>(kStrategyKeys)},
-          {"motion", namesOf<SequentialMotionValues>(kMotionKeys)},
-          {"toolPath", namesOf<ToolPathValues>(kToolPathKeys)},
-          {"turning", namesOf<TurningValues>(kTurningKeys)},
-          {"lathe", namesOf<LatheValues>(kLatheKeys)}};
 }
 
 }  // namespace host::job

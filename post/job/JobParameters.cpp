@@ -1,4 +1,4 @@
-#include "post/job/JobParameters.h"
+#include "post/job/JobValue.h"
 
 #include <algorithm>
 #include <array>
@@ -90,10 +90,6 @@ void readByNumber(Value value, const Place& place, const NumberedReader& read) {
   readNamed(value, place, [&](const FieldName& name, Value numbered, const Place& here) {
     read(numberOf(name, here), numbered, here);
   });
-}
-
-std::vector<std::string_view> numberKeyNames() {
-  return namesOf<KEPMfgParameterValue>(kNumberKeys);
 }
 
 }  // namespace host::job

@@ -4,7 +4,7 @@
 
 #include "System/KEPUnicodeString.h"
 #include "post/text/Utf8.h"
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 
 namespace host::job {
 namespace {

@@ -1,11 +1,15 @@
 #include "post/job/JobSetup.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "Manufacturing/KEPMfgNames.h"
 #include "host/manufacturing/GeneratorData.h"
+#include "host/manufacturing/Program.h"
+#include "host/manufacturing/Resource.h"
 #include "host/system/Session.h"
 #include "language/number/NumberFormat.h"
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 
 namespace host {
 namespace {
@@ -19,6 +23,13 @@ void requireFormat(const JobHeader& header, std::string_view key, std::string fo
                    std::string("$.").append(key).append(
                        ": no number can be printed with this format; write one conversion of e, f, "
                        "g or a, such as %.3f"));
+}
+
+KEPIMfgResource_var machineOf(const JobHeader& header) {
+  if (header.resource.empty()) return nullptr;
+  const auto machine = Resource::create(header.resource);
+  if (!header.table.empty()) machine->setValue(MfgPPWordTable, KEPUnicodeString(header.table));
+  return machine;
 }
 
 }  // namespace
@@ -36,5 +47,9 @@ JobSetup::JobSetup(const JobHeader& header, Document& document)
 }
 
 JobSetup::~JobSetup() { setCurrentGeneratorData(previous_); }
+
+KEPIMfgProgram_var programOf(const JobHeader& header, KEPVar<Document> document) {
+  return Program::create(header.program, std::move(document), Setup::create(machineOf(header)));
+}
 
 }  // namespace host

@@ -1,11 +1,10 @@
-#include "post/job/JobTool.h"
+#include "post/job/JobValue.h"
 
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
 #include "host/manufacturing/Activity.h"
 #include "post/job/JobObject.h"
-#include "post/job/JobParameters.h"
 
 namespace host::job {
 namespace {
@@ -111,12 +110,6 @@ void read(Value value, const Place& place, KEPMathVector& vector) {
   Triple triple;
   read(value, place, triple);
   vector = {triple[0], triple[1], triple[2]};
-}
-
-KeyNames toolKeyNames() {
-  return {{"tool", namesOf<ToolValues>(kToolKeys)},
-          {"assembly", namesOf<ToolAssemblyValues>(kAssemblyKeys)},
-          {"insert", namesOf<InsertValues>(kInsertKeys)}};
 }
 
 }  // namespace host::job

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 
 namespace host {
 namespace {

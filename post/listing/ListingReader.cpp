@@ -6,7 +6,6 @@
 
 #include "post/listing/CallTable.h"
 #include "post/listing/CanonicalCall.h"
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 
 namespace host {

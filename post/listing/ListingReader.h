@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -107,5 +108,10 @@ class ListingReader final : public ToolPathSource {
   std::size_t given_ = 0;
   ModalCalls modalCalls_;
 };
+
+/// What a listing gave, for people, one line each without its end: the moves and their unit, what
+/// was taken for granted about rotary axes, calls that wait for lines of their own, calls without a
+/// line, and last what the text lacks.
+[[nodiscard]] std::vector<std::string> summaryLines(const ListingReader& listing);
 
 }  // namespace host

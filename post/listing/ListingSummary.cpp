@@ -1,9 +1,7 @@
-#include "post/listing/ListingSummary.h"
+#include "post/listing/ListingReader.h"
 
 #include <algorithm>
 #include <string_view>
-
-#include "post/listing/ListingReader.h"
 
 namespace host {
 namespace {

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "Manufacturing/KEPMfgNames.h"
+#include "System/KEPUnicodeString.h"
 #include "host/manufacturing/Activity.h"
-#include "post/listing/CommentPieces.h"
 
 namespace host {
 namespace {
@@ -34,6 +34,40 @@ ActivityStart listedActivity(bool variesToolAxis) {
   activity.strategy = {{std::string(MfgDwellMode), textValue(MfgDwellTime)}};
   activity.toolPath.emplace().type = variesToolAxis ? 2 : 1;
   return activity;
+}
+
+/// How many bytes of a text stand in one line: with a word of seven columns before them they end
+/// before column 72.
+constexpr std::size_t kLongestPiece = 64;
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+/// Where a text that is too long for one piece is cut.
+std::size_t cutOf(std::string_view text) {
+  const std::size_t blank = text.rfind(' ', kLongestPiece);
+  if (blank != std::string_view::npos && text.find_first_not_of(' ') < blank) return blank;
+  std::size_t cut = kLongestPiece;
+  while (cut > 0 && !KEPUnicodeString::StartsCharacter(text[cut])) --cut;
+  return cut > 0 ? cut : kLongestPiece;
+}
+
+/// A text in pieces of at most 64 bytes: cut at blanks, which are dropped there, or between
+/// characters where a word is longer. Blanks at the end of the text are dropped. An empty text has
+/// no piece. The pieces lie in the text.
+std::vector<std::string_view> commentPieces(std::string_view text) {
+  std::vector<std::string_view> pieces;
+  std::string_view rest = withoutTrailingBlanks(text);
+  while (rest.size() > kLongestPiece) {
+    const std::size_t cut = cutOf(rest);
+    const std::string_view piece = withoutTrailingBlanks(rest.substr(0, cut));
+    if (!piece.empty()) pieces.push_back(piece);
+    rest.remove_prefix(cut);
+    rest.remove_prefix(rest.find_first_not_of(' '));
+  }
+  if (!rest.empty()) pieces.push_back(rest);
+  return pieces;
 }
 
 }  // namespace

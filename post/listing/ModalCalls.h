@@ -7,10 +7,8 @@
 #include "post/listing/CallCounts.h"
 #include "post/listing/CallTable.h"
 #include "post/listing/CanonicalCall.h"
-#include "post/listing/Coolant.h"
-#include "post/listing/FeedState.h"
 #include "post/listing/ListingWords.h"
-#include "post/listing/SpindleState.h"
+#include "post/listing/MachineState.h"
 #include "post/toolpath/ToolPath.h"
 
 namespace host {

@@ -4,6 +4,10 @@
 
 namespace host {
 
+/// The columns of a line that hold its statement in a standard APT source. Some readers cut what
+/// stands behind them, in the middle of a number too, and tell nobody.
+inline constexpr int kStatementColumns = 72;
+
 /// Takes the lines of a text, in order.
 class LineSink {
  public:

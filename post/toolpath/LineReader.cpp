@@ -8,10 +8,16 @@
 #include <cstring>
 
 #include "host/system/FilePlace.h"
-#include "post/toolpath/InputError.h"
 
 namespace host {
 namespace {
+
+std::string placed(std::string_view file, long line, long column, std::string_view message) {
+  std::string text(file);
+  if (line > 0) text += ':' + std::to_string(line);
+  if (column > 0) text += ':' + std::to_string(column);
+  return text.append(": error: ").append(message);
+}
 
 constexpr std::size_t kReadAhead = std::size_t{1} << 16U;
 // One byte more than the longest line tells that a line is too long.
@@ -26,6 +32,15 @@ int openFile(const std::string& path) {
 }
 
 }  // namespace
+
+InputError::InputError(std::string_view file, long line, long column, std::string_view message)
+    : std::runtime_error(placed(file, line, column, message)),
+      file_(file),
+      line_(line),
+      column_(column),
+      message_(message) {}
+
+InputError::~InputError() = default;
 
 LineReader::LineReader(const std::string& path)
     : name_(path == "-" ? "standard input" : path),

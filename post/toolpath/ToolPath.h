@@ -7,10 +7,11 @@
 #include <vector>
 
 #include "Mathematics/KEPMathAxis.h"
-#include "host/knowledge/KnowledgeParameter.h"
 #include "host/manufacturing/ActivityValues.h"
 
 namespace host {
+
+class LineReader;
 
 using Triple = std::array<double, 3>;
 
@@ -78,6 +79,13 @@ struct ActivityStart : ActivityValues {
 };
 
 using ToolPathEvent = std::variant<Element, ActivityStart>;
+
+/// What a file of tool paths can be.
+enum class ToolPathKind { Job, Listing };
+
+/// Recognises by its first bytes whether an input is a job (JSON Lines) or a canonical listing, and
+/// leaves all of it unread. Raises an InputError for an input that is neither.
+[[nodiscard]] ToolPathKind recogniseToolPath(LineReader& lines);
 
 /// A tool path, read piece by piece.
 class ToolPathSource {

@@ -8,7 +8,7 @@
 
 #include "post/generator/Generator.h"
 #include "post/job/JobSetup.h"
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/generator/Jobs.h"
 
 namespace host::test {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "post/job/JobReader.h"
-#include "post/toolpath/InputError.h"
+#include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
 
 namespace host::test {

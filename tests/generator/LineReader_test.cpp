@@ -8,7 +8,6 @@
 #include <thread>
 #include <vector>
 
-#include "post/toolpath/InputError.h"
 #include "tests/generator/Scratch.h"
 
 namespace host::test {

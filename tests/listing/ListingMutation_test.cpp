@@ -8,7 +8,6 @@
 #include <string_view>
 #include <variant>
 
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 #include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"

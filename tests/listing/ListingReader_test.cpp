@@ -6,8 +6,6 @@
 #include <string>
 #include <variant>
 
-#include "post/listing/ListingSummary.h"
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 #include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"

@@ -6,7 +6,6 @@
 #include <sstream>
 #include <variant>
 
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
 

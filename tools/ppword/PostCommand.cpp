@@ -12,9 +12,8 @@
 #include "post/generator/Generator.h"
 #include "post/job/JobReader.h"
 #include "post/job/JobSetup.h"
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
-#include "post/toolpath/SourceKind.h"
+#include "post/toolpath/ToolPath.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/LoadReport.h"
@@ -38,7 +37,7 @@ class ToolPathInput {
  public:
   explicit ToolPathInput(const PostOptions& options)
       : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
-    if (host::recogniseSource(*lines_) == host::SourceKind::Listing) return;
+    if (host::recogniseToolPath(*lines_) == host::ToolPathKind::Listing) return;
     if (options.units || options.rotary) {
       throw UsageError{"--units and --rotary are for listings; a job states its own"};
     }

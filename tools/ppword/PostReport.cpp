@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "inspect/diagnostics/DiagnosticText.h"
-#include "post/listing/ListingSummary.h"
+#include "post/listing/ListingReader.h"
 
 namespace {
 

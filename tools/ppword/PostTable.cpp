@@ -14,7 +14,7 @@
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"
-#include "post/job/JobProgram.h"
+#include "post/job/JobSetup.h"
 
 namespace {
 

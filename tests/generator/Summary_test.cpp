@@ -1,4 +1,4 @@
-#include "post/generator/Tally.h"
+#include "post/generator/Summary.h"
 
 #include <gtest/gtest.h>
 

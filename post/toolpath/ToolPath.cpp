@@ -1,10 +1,9 @@
-#include "post/toolpath/SourceKind.h"
+#include "post/toolpath/ToolPath.h"
 
 #include <algorithm>
 #include <string_view>
 
 #include "post/text/Utf8.h"
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 
 namespace host {
@@ -34,10 +33,10 @@ bool beginsListing(std::string_view text) {
 
 }  // namespace
 
-SourceKind recogniseSource(LineReader& lines) {
+ToolPathKind recogniseToolPath(LineReader& lines) {
   const std::string_view first = withoutLeading(lines.peek(), kBlanks);
-  if (beginsJob(first)) return SourceKind::Job;
-  if (beginsListing(first)) return SourceKind::Listing;
+  if (beginsJob(first)) return ToolPathKind::Job;
+  if (beginsListing(first)) return ToolPathKind::Listing;
   if (first.empty()) {
     throw InputError(lines.name(), 0, 0,
                      "holds nothing; a job (JSON Lines) or a canonical listing is expected");

@@ -1,11 +1,10 @@
-#include "post/toolpath/SourceKind.h"
+#include "post/toolpath/ToolPath.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
-#include "post/toolpath/InputError.h"
 #include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
 
@@ -18,33 +17,33 @@ std::string kindOf(std::string_view text) {
   const InputFile file(text);
   host::LineReader lines(file.path());
   try {
-    return host::recogniseSource(lines) == host::SourceKind::Job ? "job" : "listing";
+    return host::recogniseToolPath(lines) == host::ToolPathKind::Job ? "job" : "listing";
   } catch (const host::InputError& error) {
     return std::to_string(error.line()) + ':' + std::to_string(error.column()) + ": " +
            error.message();
   }
 }
 
-TEST(SourceKind, JobBeginsWithABrace) {
+TEST(ToolPathKind, JobBeginsWithABrace) {
   EXPECT_EQ(kindOf("{"), "job");
   EXPECT_EQ(kindOf("{\"job\":1}\n"), "job");
   EXPECT_EQ(kindOf("\r\n  \t{\"job\":1}\n"), "job");
   EXPECT_EQ(kindOf("\xEF\xBB\xBF{\"job\":1}\n"), "job");
 }
 
-TEST(SourceKind, ListingBeginsWithTwoNumbers) {
+TEST(ToolPathKind, ListingBeginsWithTwoNumbers) {
   EXPECT_EQ(kindOf("    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\n"), "listing");
   EXPECT_EQ(kindOf("1 N10 COMMENT(\"{\")"), "listing");
 }
 
-TEST(SourceKind, EmptyInputIsNeither) {
+TEST(ToolPathKind, EmptyInputIsNeither) {
   constexpr std::string_view kMessage =
       "0:0: holds nothing; a job (JSON Lines) or a canonical listing is expected";
   EXPECT_EQ(kindOf(""), kMessage);
   EXPECT_EQ(kindOf(" \n\n"), kMessage);
 }
 
-TEST(SourceKind, OtherInputIsNeither) {
+TEST(ToolPathKind, OtherInputIsNeither) {
   constexpr std::string_view kMessage =
       "1:1: neither a job (JSON Lines, begins with '{') nor a canonical listing (begins with "
       "'    1 N.....'); from an NC program, make its listing with: rs274 -g PROGRAM LISTING";
@@ -55,10 +54,10 @@ TEST(SourceKind, OtherInputIsNeither) {
   }
 }
 
-TEST(SourceKind, NothingIsTaken) {
+TEST(ToolPathKind, NothingIsTaken) {
   const InputFile file("{\"job\":1}\n");
   host::LineReader lines(file.path());
-  EXPECT_EQ(host::recogniseSource(lines), host::SourceKind::Job);
+  EXPECT_EQ(host::recogniseToolPath(lines), host::ToolPathKind::Job);
   std::string_view line;
   ASSERT_TRUE(lines.next(line));
   EXPECT_EQ(line, "{\"job\":1}");
