@@ -24,8 +24,7 @@ std::string titleOf(const Element& element) {
                                : element.instruction;
 }
 
-/// What to add to a message about an NC instruction that a document does not have: the one that was
-/// perhaps meant.
+/// What to add to a message about an unknown NC instruction: the one that was perhaps meant.
 std::string suggestionFor(std::string_view instruction, const KEPIContainer& features) {
   const std::string_view name = instruction.substr(0, instruction.find('#'));
   std::vector<std::string_view> known;
@@ -38,8 +37,8 @@ std::string suggestionFor(std::string_view instruction, const KEPIContainer& fea
   return meant.empty() ? "" : "; did you mean \"" + std::string(meant) + "\"?";
 }
 
-/// True when an element names its instruction alone, or with a motion's number and nothing else
-/// behind the marker: the container takes any text there for no motion.
+/// True if an element names its instruction alone, or with a motion's number and nothing else after
+/// the marker: the container takes any other text there as no motion.
 bool isExact(const Element& element, std::string_view name, int motion) {
   const std::string& asked = element.instruction;
   return asked == name ||
@@ -48,7 +47,7 @@ bool isExact(const Element& element, std::string_view name, int motion) {
 
 }  // namespace
 
-/// Counts what the module tells of the element that is being put out.
+/// Counts what the module reports of the element that is being written.
 class Generator::Listener final : public KEPMfgPPWordListener {
  public:
   explicit Listener(Summary& summary) : summary_(summary) {}
@@ -108,7 +107,7 @@ Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink&
 
 Generator::~Generator() { words_->SetObjects({}); }
 
-void Generator::run(ToolPathSource& toolPath) {
+void Generator::run(ToolPathReader& toolPath) {
   ToolPathEvent event;
   while (toolPath.next(event)) {
     std::visit([this](const auto& piece) { put(piece); }, event);
@@ -124,32 +123,32 @@ void Generator::put(const ActivityStart& start) {
 void Generator::put(const Element& element) {
   listener_->listenFor(element);
   buffers_.apply(element.changes);
-  const Source source = sourceOf(element);
+  const Instruction instruction = instructionOf(element);
   for (const Position& position : element.positions) {
     buffers_.apply(position);
-    instantiate(source, element);
+    instantiate(instruction, element);
   }
-  if (element.positions.empty()) instantiate(source, element);
+  if (element.positions.empty()) instantiate(instruction, element);
   const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
   summary_.elements += count;
-  summary_.instructions.add(source.name, element.line, titleOf(element), count);
+  summary_.instructions.add(instruction.name, element.line, titleOf(element), count);
 }
 
-Generator::Source Generator::sourceOf(const Element& element) {
-  Source source;
+Generator::Instruction Generator::instructionOf(const Element& element) {
+  Instruction instruction;
   if (element.ppCommand > 0) {
-    source.command = commandOf(element);
+    instruction.command = commandOf(element);
     KEPUnicodeString name;
-    static_cast<void>(source.command->GetCommandName(name));
-    source.name = name.View();
+    static_cast<void>(instruction.command->GetCommandName(name));
+    instruction.name = name.View();
   } else {
-    source.evaluation = evaluationOf(element);
-    source.name = KEPISpecObject_var(source.evaluation)->GetName();
-    if (!isExact(element, source.name, source.evaluation->GetSeqMotionNumber())) {
-      refuse(element, "names no sequential motion: behind #SEQMOTION# a number from 1 is expected");
+    instruction.evaluation = evaluationOf(element);
+    instruction.name = KEPISpecObject_var(instruction.evaluation)->GetName();
+    if (!isExact(element, instruction.name, instruction.evaluation->GetSeqMotionNumber())) {
+      refuse(element, "names no sequential motion: a number from 1 is expected after #SEQMOTION#");
     }
   }
-  return source;
+  return instruction;
 }
 
 KEPIMfgPPCommand_var Generator::commandOf(const Element& element) {
@@ -166,31 +165,32 @@ KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
   try {
     words_->GetSyntaxEvaluation(evaluation, KEPUnicodeString(element.instruction));
   } catch (const KEPErrorNullHandle&) {
-    // How the container answers for a sequential motion of an instruction that it does not have.
+    // The container raises this for a sequential motion of an instruction that it does not have.
   }
   if (!evaluation) {
-    refuse(element, "is no NC instruction of this document" +
-                        suggestionFor(element.instruction, *document_->features()));
+    throw InputError(summary_.file, element.line, 0,
+                     "this document has no NC instruction " + element.instruction +
+                         suggestionFor(element.instruction, *document_->features()));
   }
   return evaluation;
 }
 
-void Generator::instantiate(const Source& source, const Element& element) {
+void Generator::instantiate(const Instruction& instruction, const Element& element) {
   lines_.RemoveAll();
-  if (source.command) {
-    if (!source.command->Evaluate(lines_)) {
+  if (instruction.command) {
+    if (!instruction.command->Evaluate(lines_)) {
       refuse(element,
-             "cannot be put out: it names no NC instruction of this document or no sequence of it, "
-             "or a line of it cannot be computed");
+             "cannot be written: it names no NC instruction of this document or no sequence of it, "
+             "or one of its lines cannot be computed");
     }
-  } else if (!source.evaluation->InstantiateSyntax(lines_, element.sequence)) {
-    refuse(element, "cannot be put out: it has no sequence " + std::to_string(element.sequence) +
-                        ", or a line of it cannot be computed");
+  } else if (!instruction.evaluation->InstantiateSyntax(lines_, element.sequence)) {
+    refuse(element, "cannot be written: it has no sequence " + std::to_string(element.sequence) +
+                        ", or one of its lines cannot be computed");
   }
   for (const KEPUnicodeString& line : lines_) {
     sink_.write(line);
     if (line.GetLengthInChar() <= kStatementColumns) continue;
-    summary_.wide.add(source.name, element.line, titleOf(element));
+    summary_.wide.add(instruction.name, element.line, titleOf(element));
   }
   summary_.lines += lines_.Size();
 }

@@ -16,9 +16,9 @@
 
 namespace host {
 
-/// Drives a tool path through the PP words of a document: fills the motion buffers, asks for the
-/// syntax evaluation of each element's NC instruction and hands its lines to a sink. While it lives
-/// it listens to the module. The document has no current activity when it begins and when it ends.
+/// Writes a tool path with the PP words of a document: fills the motion buffers, gets the syntax
+/// evaluation of each element's NC instruction and passes its lines to a sink. While it exists it
+/// listens to the module. The document has no current activity when it begins and when it ends.
 class Generator {
  public:
   /// `file` names the tool path in errors. The module must be loaded; otherwise the null-handle
@@ -28,32 +28,32 @@ class Generator {
   Generator& operator=(const Generator&) = delete;
   ~Generator();
 
-  /// Puts out the whole tool path.
-  void run(ToolPathSource& toolPath);
+  /// Writes the whole tool path.
+  void run(ToolPathReader& toolPath);
 
-  // One piece of a tool path. An InputError for an NC instruction or a PP command that the document
-  // does not have and for one that cannot be instantiated. PP commands are counted once, when the
-  // first is put out.
+  // Write one piece of a tool path. They raise an InputError for an NC instruction or a PP command
+  // that the document does not have or that cannot be instantiated. The document's PP commands are
+  // listed once, when the first is written.
   void put(const Element& element);
   void put(const ActivityStart& start);
 
-  /// What was done until now.
+  /// What was done so far.
   [[nodiscard]] const Summary& summary() const noexcept { return summary_; }
 
  private:
   class Listener;
 
-  /// What puts out an element, one of the two, and the name that it is counted under.
-  struct Source {
+  /// What writes an element, an evaluation or a command, and the name under which it is counted.
+  struct Instruction {
     KEPIMfgSyntaxEvaluation_var evaluation;
     KEPIMfgPPCommand_var command;
     std::string name;
   };
 
-  [[nodiscard]] Source sourceOf(const Element& element);
+  [[nodiscard]] Instruction instructionOf(const Element& element);
   [[nodiscard]] KEPIMfgSyntaxEvaluation_var evaluationOf(const Element& element);
   [[nodiscard]] KEPIMfgPPCommand_var commandOf(const Element& element);
-  void instantiate(const Source& source, const Element& element);
+  void instantiate(const Instruction& instruction, const Element& element);
   [[noreturn]] void refuse(const Element& element, std::string_view why) const;
 
   KEPVar<Document> document_;

@@ -15,10 +15,10 @@
 
 namespace host {
 
-/// The motion buffers of a PP word container. What a change leaves out keeps its value.
+/// The motion buffers of a PP word container. A value that a change leaves out stays.
 class MotionBuffers {
  public:
-  /// Asks the container for its buffers and holds them.
+  /// Gets the buffers from the container and holds them.
   explicit MotionBuffers(const KEPIMfgPPWordContainer_var& words);
 
   void apply(const BufferChanges& changes);

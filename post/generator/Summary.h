@@ -12,7 +12,7 @@ namespace host {
 /// Counts by name, in the order in which the names appear first.
 class Tally {
  public:
-  /// How many names are told apart; what has further names is counted as others.
+  /// How many names are counted each; further names are counted together as others.
   static constexpr std::size_t kMostNames = 1000;
 
   struct Entry {
@@ -55,21 +55,21 @@ inline void Tally::add(std::string_view name, long line, std::string_view instru
 struct Summary {
   /// Name of the tool path; the lines of the tallies are lines of it.
   std::string file;
-  /// Tool-path elements put out: one for each position of an element that has positions.
+  /// Tool-path elements written: one for each position of an element that has positions.
   long elements = 0;
-  /// Lines of text put out.
+  /// Lines of text written.
   long lines = 0;
-  /// NC instructions used, once for each element put out.
+  /// NC instructions used, once for each element written.
   Tally instructions;
   /// References that could not be evaluated, by the parameter's name.
   Tally unevaluated;
-  /// References to a number whose format printed no digit of it, by the parameter's name.
+  /// References to a number whose format printed no digit, by the parameter's name.
   Tally withoutNumber;
   /// Lines wider than the columns of a statement, by the NC instruction.
   Tally wide;
   /// Ends of parameter names that were cut off, by the name with its end.
   Tally dropped;
-  /// Operations that were deleted for want of an operand, and signs whose place was gone.
+  /// Operations deleted because an operand was missing, and signs whose place was gone.
   Tally deleted;
 };
 

@@ -1,10 +1,8 @@
-#include "post/job/JobLines.h"
-
 #include <algorithm>
 #include <array>
 
+#include "post/job/JobLines.h"
 #include "post/job/JobObject.h"
-
 
 namespace host::job {
 namespace {

@@ -1,9 +1,8 @@
-#include "post/job/JobValue.h"
-
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
 #include "post/job/JobTypedValue.h"
+#include "post/job/JobValue.h"
 
 namespace host::job {
 namespace {

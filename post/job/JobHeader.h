@@ -17,16 +17,16 @@ struct JobHeader {
   /// The machine, and the PP word table that it names; empty where the header names none.
   std::string resource;
   std::string table;
-  /// The document file whose PP words hold, seen from the job's folder; empty where none is named.
+  /// The document file whose PP words apply, seen from the job's folder; empty where none is named.
   std::string document;
-  /// Formats of points and tool axes; empty where the parameters' own formats hold.
+  /// Formats of points and tool axes; empty where the parameters' own formats apply.
   std::string pointFormat;
   std::string axisFormat;
-  /// What angles in radians are multiplied by before they are printed.
+  /// Angles in radians are multiplied by this before they are printed.
   std::optional<double> angleFactor;
   std::vector<std::pair<std::string, double>> designParameters;
 
-  /// Where the header stands, and in it the table's name and the formats (0 without one).
+  /// Where the header is, and in it the table's name and the formats (0 without one).
   std::string file;
   long line = 0;
   long tableColumn = 0;

@@ -4,7 +4,6 @@
 
 #include "post/job/JobObject.h"
 
-
 namespace host::job {
 namespace {
 
@@ -130,18 +129,18 @@ LineKind kindOf(Line& line) {
 void readHeader(Line& line, JobHeader& header) { readLine<JobHeader>(line, kHeaderKeys, header); }
 
 void readElement(Line& line, Element& element) {
-  constexpr int kNotGiven = 0;
-  element.sequence = kNotGiven;
+  constexpr int kNotStated = 0;
+  element.sequence = kNotStated;
   readLine<Element>(line, kElementKeys, element);
   const Place root(line);
   const bool isCommand = element.ppCommand > 0;
   if (isCommand && !element.instruction.empty()) {
     root.refuse(beginOf(line), R"(an element has "nc" or "ppCommand", not both)");
   }
-  if (isCommand && element.sequence != kNotGiven) {
+  if (isCommand && element.sequence != kNotStated) {
     root.refuse(beginOf(line), R"(a PP command has a sequence of its own; leave out "sequence")");
   }
-  if (element.sequence == kNotGiven) element.sequence = 1;
+  if (element.sequence == kNotStated) element.sequence = 1;
 }
 
 void readEnd(Line& line) {

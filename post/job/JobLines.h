@@ -9,11 +9,11 @@ namespace host::job {
 /// The kinds of line of a job.
 enum class LineKind { Header, Activity, Element, End };
 
-/// Tells the kind of the line in `line` by its key "job", "activity", "nc", "ppCommand" or "end",
-/// wherever that stands, and leaves the line unread.
+/// The kind of a line, by its key "job", "activity", "nc", "ppCommand" or "end" at any position in
+/// it. The line stays unread.
 [[nodiscard]] LineKind kindOf(Line& line);
 
-// Each fills its target from the line; nothing may stand behind the line's object.
+// Each fills its target from the line, and refuses text after the line's object.
 void readHeader(Line& line, JobHeader& header);
 void readActivity(Line& line, ActivityStart& activity);
 void readElement(Line& line, Element& element);

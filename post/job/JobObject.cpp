@@ -10,9 +10,9 @@ FieldName nameOf(simdjson::ondemand::field& field, const Place& place) {
   const char* const at = field.key().raw() - 1;
   std::string_view text;
   if (field.unescaped_key().get(text) != simdjson::SUCCESS) {
-    place.refuse(at, "the key holds an invalid escape");
+    place.refuse(at, "the key contains an invalid escape");
   }
-  if (holdsControlCharacter(text)) place.refuse(at, "a key must not hold a control character");
+  if (holdsControlCharacter(text)) place.refuse(at, "a key must not contain a control character");
   return {text, at};
 }
 
@@ -34,13 +34,13 @@ const char* beginOf(const Line& line) {
 
 simdjson::ondemand::object objectOf(Line& line, const Place& root) {
   auto result = line.document.get_object();
-  if (result.error() != simdjson::INCORRECT_TYPE) return take(std::move(result), root);
-  root.refuse(beginOf(line), "a line is an object: {...}");
+  if (result.error() != simdjson::INCORRECT_TYPE) return unwrap(std::move(result), root);
+  root.refuse(beginOf(line), "a line must be an object: {...}");
 }
 
 void requireEnd(Line& line, const Place& root) {
-  const char* behind = nullptr;
-  if (line.document.current_location().get(behind) == simdjson::SUCCESS) root.refuseStructure();
+  const char* after = nullptr;
+  if (line.document.current_location().get(after) == simdjson::SUCCESS) root.refuseStructure();
 }
 
 }  // namespace host::job

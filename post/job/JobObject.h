@@ -13,7 +13,7 @@
 
 namespace host::job {
 
-/// A key of an object and what reads its value.
+/// A key of an object and the function that reads its value.
 template <class Target>
 struct Key {
   std::string_view name;
@@ -23,7 +23,7 @@ struct Key {
 template <class Target>
 using Keys = std::span<const Key<Target>>;
 
-/// The key of a field as text, unescaped, and where it stands.
+/// The key of a field as text, unescaped, and where it is.
 struct FieldName {
   std::string_view text;
   const char* at;
@@ -48,8 +48,8 @@ template <class Target>
   refuseUnknown(name, place, namesOf(keys));
 }
 
-/// Fills `target` from an object that holds the given keys, each at most once, the mandatory ones
-/// certainly, and no other. `at` is where the object stands in its line.
+/// Fills `target` from an object that has the given keys, each at most once; mandatory keys must be
+/// present; no others are allowed. `at` is where the object begins in its line.
 template <class Target>
 void readFields(simdjson::ondemand::object object, const char* at, const Place& place,
                 Keys<Target> keys, Target& target) {
@@ -60,7 +60,7 @@ void readFields(simdjson::ondemand::object object, const char* at, const Place& 
     const std::size_t index = indexOf(keys, name, place);
     const Place here(place, name.text);
     const std::uint32_t bit = std::uint32_t{1} << index;
-    if ((seen & bit) != 0) here.refuse(name.at, "the key stands here twice");
+    if ((seen & bit) != 0) here.refuse(name.at, "duplicate key");
     seen |= bit;
     keys[index].read(field.value(), here, target);
   }
@@ -80,7 +80,7 @@ void readFields(Value value, const Place& place, Keys<Target> keys, Target& targ
 [[nodiscard]] const char* beginOf(const Line& line);
 /// The object of a line.
 [[nodiscard]] simdjson::ondemand::object objectOf(Line& line, const Place& root);
-/// Refuses a line that goes on after its object, which was read.
+/// Refuses text after the object, which was read.
 void requireEnd(Line& line, const Place& root);
 
 /// Fills `target` from a whole line.
@@ -101,8 +101,8 @@ template <class Target, std::size_t kFirst, std::size_t kSecond>
   return keys;
 }
 
-/// Hands every field of an object whose keys are names of the writer's choice, each at most once,
-/// to `put`: the name, the value and its place.
+/// Passes every field of an object to `put`: the name, the value and its place. The keys are names
+/// of the writer's choice, each at most once.
 template <class Put>
 void readNamed(Value value, const Place& place, Put put) {
   std::unordered_set<std::string_view> seen;
@@ -110,24 +110,24 @@ void readNamed(Value value, const Place& place, Put put) {
     auto field = unwrap(std::move(item), place);
     const FieldName name = nameOf(field, place);
     const Place here(place, name.text);
-    if (!seen.insert(name.text).second) here.refuse(name.at, "the key stands here twice");
+    if (!seen.insert(name.text).second) here.refuse(name.at, "duplicate key");
     put(name, field.value(), here);
   }
 }
 
 template <class T>
-T& filled(T& value) {
+T& emplaced(T& value) {
   return value;
 }
 template <class T>
-T& filled(std::optional<T>& value) {
+T& emplaced(std::optional<T>& value) {
   return value.emplace();
 }
 
 /// Reads a value into a member, an optional one included.
 template <auto Member, class Target>
 void into(Value value, const Place& place, Target& target) {
-  read(value, place, filled(target.*Member));
+  read(value, place, emplaced(target.*Member));
 }
 
 }  // namespace host::job

@@ -1,17 +1,16 @@
-#include "post/job/JobValue.h"
-
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
 #include "host/manufacturing/Activity.h"
 #include "post/job/JobTypedValue.h"
+#include "post/job/JobValue.h"
 
 namespace host::job {
 namespace {
 
 using Words = std::array<std::string_view, 2>;
 
-/// Reads a word, and keeps the text of the same place as an attribute.
+/// Reads a word, and stores the text with the same index as an attribute.
 template <std::size_t kCount>
 void readAttribute(Value value, const Place& place,
                    const std::array<std::string_view, kCount>& words,

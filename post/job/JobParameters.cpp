@@ -1,11 +1,10 @@
-#include "post/job/JobValue.h"
-
 #include <algorithm>
 #include <array>
 #include <limits>
 
 #include "host/manufacturing/Activity.h"
 #include "post/job/JobObject.h"
+#include "post/job/JobValue.h"
 
 namespace host::job {
 namespace {

@@ -19,7 +19,7 @@ bool isName(std::string_view key) {
   return !key.empty() && key.size() <= kLongestShown && std::all_of(key.begin(), key.end(), inName);
 }
 
-/// Why a line is no JSON object, and where that shows.
+/// Why a line is not a JSON object, and where that shows.
 struct Flaw {
   const char* at;
   std::string_view why;
@@ -46,11 +46,11 @@ class Outline {
 
   [[nodiscard]] Flaw flaw() const {
     const char* const end = text_.data() + text_.size();
-    if (control_ != nullptr) return {control_, "a text must not hold a control character"};
-    if (stray_ != nullptr) return {stray_, "a \"\\\" stands outside of a text"};
+    if (control_ != nullptr) return {control_, "a text must not contain a control character"};
+    if (stray_ != nullptr) return {stray_, "unexpected \"\\\" outside of a text"};
     if (quote_ != nullptr) return {quote_, "the text is not closed; is the line cut short?"};
     if (depth_ > 0) return {end, "a bracket is not closed; is the line cut short?"};
-    if (behind_ != nullptr) return {behind_, "nothing may stand behind the line's object"};
+    if (after_ != nullptr) return {after_, "unexpected text after the object"};
     return {nullptr, {}};
   }
 
@@ -68,7 +68,7 @@ class Outline {
 
   void outside(const char& c) {
     if (kWhiteSpace.find(c) != std::string_view::npos) return;
-    if (closed_ && behind_ == nullptr) behind_ = &c;
+    if (closed_ && after_ == nullptr) after_ = &c;
     if (c == '\\' && stray_ == nullptr) stray_ = &c;
     if (c == '"') quote_ = &c;
     if (c == '{' || c == '[') ++depth_;
@@ -78,14 +78,14 @@ class Outline {
   std::string_view text_;
   const char* control_ = nullptr;
   const char* quote_ = nullptr;
-  const char* behind_ = nullptr;
+  const char* after_ = nullptr;
   const char* stray_ = nullptr;
   long depth_ = 0;
   bool escaped_ = false;
   bool closed_ = false;
 };
 
-/// Where the parser stopped; the begin of the line when it does not know.
+/// Where the parser stopped; the begin of the line if that is unknown.
 const char* stopped(Line& line) {
   const char* at = nullptr;
   if (!line.parsed) return line.text.data();
@@ -95,10 +95,10 @@ const char* stopped(Line& line) {
 }
 
 Flaw flawOf(Line& line) {
-  if (const char* bad = firstBadByte(line.text)) return {bad, "this byte is no UTF-8"};
+  if (const char* bad = firstBadByte(line.text)) return {bad, "this byte is not valid UTF-8"};
   if (const Flaw flaw = Outline(line.text).flaw(); flaw.at != nullptr) return flaw;
   return {stopped(line),
-          "no JSON here: a comma, a colon, a quote or a bracket is missing or too many"};
+          "invalid JSON: a comma, a colon, a quote or a bracket is missing or unexpected"};
 }
 
 }  // namespace

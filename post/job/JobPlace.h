@@ -18,8 +18,8 @@ struct Line {
   bool parsed = false;
 };
 
-/// Where a value stands in its line: a chain of keys and indexes up to the line's object "$". It
-/// refers to its parent and its key, which must outlive it.
+/// Where a value is in its line: a chain of keys and indexes up to the line's object "$". It refers
+/// to its parent and its key, which must outlive it.
 class Place {
  public:
   explicit Place(Line& line) noexcept : line_(&line) {}
@@ -34,9 +34,9 @@ class Place {
   /// Column of a position in the line's text, in bytes from 1.
   [[nodiscard]] long column(const char* at) const noexcept { return at - line_->text.data() + 1; }
 
-  /// Raises the InputError of this place for what stands at `at`, a position in the line's text.
+  /// Raises the InputError of this place for the text at `at`, a position in the line.
   [[noreturn]] void refuse(const char* at, std::string_view why) const;
-  /// The same for a line whose structure is not that of JSON; finds the position itself.
+  /// The same for a line that is not valid JSON; finds the position itself.
   [[noreturn]] void refuseStructure() const;
 
  private:
@@ -46,7 +46,7 @@ class Place {
   std::size_t index_ = 0;
 };
 
-/// The result's value; a failure is one of the line's structure.
+/// The result's value; refuses the line's structure if there is none.
 template <class T>
 [[nodiscard]] T unwrap(simdjson::simdjson_result<T> result, const Place& place) {
   T value;

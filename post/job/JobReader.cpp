@@ -11,13 +11,13 @@ namespace {
 
 static_assert(LineReader::kPadding >= simdjson::SIMDJSON_PADDING);
 
-/// An empty element in `event`; keeps the room that its positions had.
+/// An empty element in `event`; it reuses the memory of the positions before.
 Element& emptyElement(ToolPathEvent& event) {
   Element* const old = std::get_if<Element>(&event);
-  std::vector<Position> room;
-  if (old != nullptr) room.swap(old->positions);
+  std::vector<Position> memory;
+  if (old != nullptr) memory.swap(old->positions);
   Element& element = event.emplace<Element>();
-  element.positions.swap(room);
+  element.positions.swap(memory);
   element.positions.clear();
   return element;
 }
@@ -37,7 +37,7 @@ class JobReader::Lines {
     line_.file = reader_->name();
     line_.number = reader_->lineNumber();
     if (line_.number == 1 && line_.text.starts_with(kByteOrderMark)) {
-      refuse("$: a byte-order mark stands here; write the job as UTF-8 without one");
+      refuse("$: the job begins with a byte-order mark; write it as UTF-8 without one");
     }
     const auto error =
         parser_.iterate(line_.text, line_.text.size() + LineReader::kPadding).get(line_.document);
@@ -60,9 +60,9 @@ class JobReader::Lines {
 JobReader::JobReader(std::unique_ptr<LineReader> lines)
     : lines_(std::make_unique<Lines>(std::move(lines))) {
   job::Line* const line = lines_->next();
-  if (line == nullptr) lines_->refuse("the job is empty; its first line is the header");
+  if (line == nullptr) lines_->refuse("the job is empty; its first line must be the header");
   if (kindOf(*line) != job::LineKind::Header) {
-    lines_->refuse("the first line of a job is its header, with the key \"job\"");
+    lines_->refuse("the first line of a job must be its header, with the key \"job\"");
   }
   readHeader(*line, header_);
   header_.file = line->file;
@@ -75,10 +75,11 @@ const JobHeader& JobReader::header() const noexcept { return header_; }
 
 bool JobReader::next(ToolPathEvent& event) {
   job::Line* const line = lines_->next();
-  if (line == nullptr) lines_->refuse("the job is cut short; its last line is {\"end\": true}");
+  if (line == nullptr)
+    lines_->refuse("the job is cut short; its last line must be {\"end\": true}");
   switch (kindOf(*line)) {
     case job::LineKind::Header:
-      lines_->refuse("a job has one header only, its first line");
+      lines_->refuse("a job has only one header, its first line");
     case job::LineKind::Activity: {
       auto& activity = event.emplace<ActivityStart>();
       activity.line = line->number;

@@ -9,11 +9,11 @@
 namespace host {
 
 /// Reads a job: JSON Lines with a header first, then activities and tool-path elements in order,
-/// and a line that ends it. Memory use does not depend on the length of the job. Whatever the
+/// and a line that ends it. Memory use does not depend on the length of the job. Anything that the
 /// format does not allow raises an InputError with file, line, column and the path of the value.
-class JobReader final : public ToolPathSource {
+class JobReader final : public ToolPathReader {
  public:
-  /// Takes over the lines of a job and reads its header.
+  /// Takes the lines of a job and reads its header.
   explicit JobReader(std::unique_ptr<LineReader> lines);
   ~JobReader() override;
 

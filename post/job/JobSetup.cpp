@@ -16,7 +16,7 @@ namespace {
 
 void requireFormat(const JobHeader& header, std::string_view key, std::string format, long column) {
   if (format.empty()) return;
-  // As the module takes the format of a generation.
+  // The module reads the format of a generation so.
   std::replace(format.begin(), format.end(), ',', '.');
   if (ppword::printsNumbers(format)) return;
   throw InputError(header.file, header.line, column,

@@ -7,11 +7,11 @@
 
 namespace host {
 
-/// What the header of a job sets up: the data of the running generation while the setup lives, and
-/// the design parameters of the document, which stay.
+/// What the header of a job sets up: the data of the running generation while this object exists,
+/// and the design parameters of the document, which stay.
 class JobSetup {
  public:
-  /// Raises the InputError of a format that shows no number. The module must be loaded.
+  /// Raises an InputError for a format that prints no number. The module must be loaded.
   JobSetup(const JobHeader& header, Document& document);
   JobSetup(const JobSetup&) = delete;
   JobSetup& operator=(const JobSetup&) = delete;
@@ -22,7 +22,7 @@ class JobSetup {
 };
 
 /// The program of a job in its document: on a setup whose resource is the machine that the header
-/// names, with the table that it names. A header without a machine gives a setup without resource.
+/// names, with the table that it names. Without a machine in the header the setup has no resource.
 [[nodiscard]] KEPIMfgProgram_var programOf(const JobHeader& header, KEPVar<Document> document);
 
 }  // namespace host

@@ -1,10 +1,9 @@
-#include "post/job/JobValue.h"
-
 #include <array>
 
 #include "Manufacturing/KEPMfgNames.h"
 #include "host/manufacturing/Activity.h"
 #include "post/job/JobObject.h"
+#include "post/job/JobValue.h"
 
 namespace host::job {
 namespace {

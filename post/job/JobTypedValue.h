@@ -24,7 +24,7 @@ void readValueType(Value value, const Place& place, TypedValue& typed) {
   typed.type = kNames[readWord(value, place, kValueTypes)];
 }
 
-/// The keys of a feed rate or a spindle speed that stands alone.
+/// The keys of a feed rate or a spindle speed of an operation or a motion.
 template <const TypeNames& kNames>
 inline constexpr std::array<Key<TypedValue>, 2> kTypedValueKeys{{
     {"value", readValueText, true},

@@ -24,7 +24,7 @@ bool isOutOfRange(std::string_view token) {
 
 bool isControl(char c) { return static_cast<unsigned char>(c) < kLeastPrinting || c == kDelete; }
 
-/// Fills `numbers` from an array; the count of its items, or one more than there is room for.
+/// Fills `numbers` from an array. Returns the count of its items; for too many, one more than fit.
 std::size_t readNumbers(Value value, const Place& place, std::span<double> numbers) {
   std::size_t count = 0;
   for (auto item : readArray(value, place)) {
@@ -69,9 +69,9 @@ std::string readText(Value value, const Place& place) {
   const char* const at = tokenOf(value).data();
   std::string_view text;
   const auto error = value.get_string().get(text);
-  if (error == simdjson::STRING_ERROR) place.refuse(at, "the text holds an invalid escape");
+  if (error == simdjson::STRING_ERROR) place.refuse(at, "the text contains an invalid escape");
   if (error != simdjson::SUCCESS) refuseValue(value, place, "a text");
-  if (holdsControlCharacter(text)) place.refuse(at, "a text must not hold a control character");
+  if (holdsControlCharacter(text)) place.refuse(at, "a text must not contain a control character");
   return std::string(text);
 }
 

@@ -30,13 +30,13 @@ using Value = simdjson::ondemand::value;
 [[nodiscard]] bool readTruth(Value value, const Place& place);
 [[nodiscard]] simdjson::ondemand::array readArray(Value value, const Place& place);
 [[nodiscard]] simdjson::ondemand::object readObject(Value value, const Place& place);
-/// A number as it is written.
+/// The text of a number, unchanged.
 [[nodiscard]] std::string readNumberText(Value value, const Place& place);
-/// The place of a text among `words`.
+/// The index of a text in `words`.
 [[nodiscard]] std::size_t readWord(Value value, const Place& place,
                                    std::span<const std::string_view> words);
 
-// The readers that the key tables name, by the type that they fill.
+// The readers that the tables of keys name, by the type that they fill.
 void read(Value value, const Place& place, double& number);
 void read(Value value, const Place& place, int& number);
 void read(Value value, const Place& place, std::string& text);

@@ -27,7 +27,7 @@ class Sweep {
   [[nodiscard]] double turns() const { return angle_ / kTurn; }
   [[nodiscard]] double rise() const { return arc_.end[normal()] - arc_.start[normal()]; }
 
-  /// Whether start and end lie on one circle, as far as rounded numbers tell.
+  /// Whether start and end lie on one circle, within the precision of rounded numbers.
   [[nodiscard]] bool isArc() const {
     const bool turns = arc_.turns != 0 && arc_.turns >= -kMostTurns && arc_.turns <= kMostTurns;
     return turns && radius() > arc_.tolerance &&

@@ -16,7 +16,7 @@ struct ArcPlane {
   std::size_t normal = 2;
 };
 
-/// The plane that SELECT_PLANE names; nothing for one of the axes U, V, W and for another name.
+/// The plane that SELECT_PLANE names; nothing for a plane of the axes U, V, W and for another name.
 [[nodiscard]] std::optional<ArcPlane> arcPlane(std::string_view name);
 
 /// An arc about an axis that is parallel to an axis of the part.
@@ -26,7 +26,7 @@ struct ArcMove {
   Triple end{};
   /// The point of the axis at the height of the start.
   Triple center{};
-  /// How often the arc is about to close: 1 for up to a whole turn counterclockwise, seen from the
+  /// How many turns the arc has, rounded up: 1 for up to one turn counterclockwise, seen from the
   /// plus end of the axis, 2 for up to two turns; negative for clockwise.
   int turns = 1;
   /// How far start and end can differ in their distance from the centre.
@@ -35,8 +35,8 @@ struct ArcMove {
 
 /// The elements of an arc: NC_CIRCLE1 in the XY plane, NC_CYLNDR1 in another one, in pieces of less
 /// than half a turn, so that the end of each is the first point where its circle meets the line
-/// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. None where it is no arc
-/// about its centre.
+/// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. None if start and end do
+/// not lie on an arc about the centre.
 [[nodiscard]] std::vector<Element> arcElements(const ArcMove& arc);
 
 }  // namespace host

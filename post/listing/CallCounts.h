@@ -7,14 +7,14 @@
 
 namespace host {
 
-/// What became of a call of a listing.
+/// How a call of a listing was written.
 enum class CallFate {
-  Move,      ///< A move that stands in the text.
-  Line,      ///< What it says stands in the text: in a line of its own or in one after it.
-  Other,     ///< Has no line in the text and moves nothing.
-  Lost,      ///< Says more than the text does; the tool moves as the text says.
-  LostMove,  ///< Moves the tool; the text lacks the move.
-  Unknown    ///< Of unknown meaning.
+  Move,             ///< A move, written to the output.
+  Written,          ///< Written to the output, in its own line or a later one.
+  Other,            ///< Needs no line in the output; no motion.
+  Dropped,          ///< Only partly written; the tool moves as the output says.
+  UnsupportedMove,  ///< A move that is missing from the output.
+  Unknown           ///< Of unknown meaning.
 };
 
 struct CallCount {
@@ -32,9 +32,9 @@ class CallCounts {
   void add(std::string_view name, CallFate fate, long line);
 
   [[nodiscard]] const std::vector<CallCount>& all() const noexcept { return counts_; }
-  /// How many calls met this fate.
+  /// How many calls have this fate.
   [[nodiscard]] long total(CallFate fate) const;
-  /// How many different calls met this fate.
+  /// How many different calls have this fate.
   [[nodiscard]] std::size_t names(CallFate fate) const;
   /// "ARC_FEED 12 (first in line 30), RIGID_TAP 1 (first in line 99)"; empty for none.
   [[nodiscard]] std::string describe(CallFate fate) const;

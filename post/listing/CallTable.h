@@ -9,18 +9,18 @@ enum class CallEffect {
   Traverse,         ///< A straight move at traverse rate.
   Feed,             ///< A straight move at feed rate.
   Arc,              ///< A move along an arc, or a helix, at feed rate.
-  Plane,            ///< The plane of the arcs after it.
-  Units,            ///< Names the unit of the lengths after it.
-  FixtureOffset,    ///< Moves or turns the system that positions are given in.
+  Plane,            ///< The plane of later arcs.
+  Units,            ///< The unit of later lengths.
+  FixtureOffset,    ///< Moves or turns the coordinate system of positions.
   ProgramOffset,    ///< As above.
   PlaneRotation,    ///< As above.
   ToolOffset,       ///< Which point of the tool the positions are of.
   FeedRate,         ///< Sets the feed rate.
   FeedMode,         ///< Whether feed rates are per minute or per revolution.
-  SynchronisedOn,   ///< Moves after it follow the turning of the spindle.
-  SynchronisedOff,  ///< They no longer do.
+  SynchronisedOn,   ///< Later moves follow the turning of the spindle.
+  SynchronisedOff,  ///< Ends that.
   SpindleSpeed,     ///< Sets the speed of the spindle.
-  SpindleMode,      ///< Whether speeds are of the spindle or of the surface, and the limit then.
+  SpindleMode,      ///< Spindle or surface speeds, and their limit.
   Clockwise,        ///< Starts the spindle.
   Counterclockwise,
   SpindleOff,
@@ -36,22 +36,22 @@ enum class CallEffect {
   OptionalStop,
   ProgramEnd,       ///< The program ends.
   End,              ///< The program was read to its end.
-  NoMove,           ///< Moves nothing and changes no position.
-  Lost,             ///< Moves nothing, and the text lacks what it says.
-  LostMove,         ///< Moves the tool in a way that the text has no line for.
-  Compensation,     ///< Positions after it are no longer those of the tool.
-  InterpreterError  ///< The interpreter gave up.
+  NoMove,           ///< No motion, and no effect on positions.
+  Dropped,          ///< No motion; its information is dropped.
+  UnsupportedMove,  ///< A move for which the output has no statement.
+  Compensation,     ///< Later positions are not those of the tool.
+  InterpreterError  ///< The interpreter stopped at an error.
 };
 
 /// A call that listings can hold.
 struct CallRule {
   std::string_view name;
   CallEffect effect;
-  /// The arguments that it takes, as for readArguments; "*" where they are not looked at.
+  /// The arguments that it takes, as for readArguments; "*" if they are ignored.
   std::string_view shape;
 };
 
-/// The rule of a call; null for a call that the table does not have.
+/// The rule of a call; null for a call that is not in the table.
 [[nodiscard]] const CallRule* findCallRule(std::string_view name);
 
 }  // namespace host

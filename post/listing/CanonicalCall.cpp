@@ -40,7 +40,7 @@ class Cursor {
   [[nodiscard]] std::size_t at() const { return at_; }
   [[nodiscard]] bool atEnd() const { return at_ == line_.size(); }
   [[nodiscard]] std::string_view rest() const { return line_.substr(at_); }
-  /// Takes all letters of a set that stand next.
+  /// Takes the next letters that are in a set.
   std::string_view take(std::string_view set) {
     const std::size_t end = std::min(line_.find_first_not_of(set, at_), line_.size());
     const std::string_view taken = line_.substr(at_, end - at_);
@@ -62,9 +62,9 @@ class Cursor {
 void refuseBinary(std::string_view line, const LinePlace& place) {
   const auto control = std::find_if(line.begin(), line.end(), isControl);
   if (control == line.end()) return;
-  place.refuse(
-      static_cast<std::size_t>(control - line.begin()),
-      "the byte " + hexadecimal(*control) + " is no text; this is not a listing, or it is damaged");
+  place.refuse(static_cast<std::size_t>(control - line.begin()),
+               "the byte " + hexadecimal(*control) +
+                   " is not text; this is not a listing, or it is damaged");
 }
 
 long takeRunningNumber(Cursor& cursor, const LinePlace& place) {
@@ -75,10 +75,10 @@ long takeRunningNumber(Cursor& cursor, const LinePlace& place) {
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
   const bool numbered = !digits.empty() && error == std::errc() && !cursor.take(" ").empty();
   if (numbered && cursor.takeOne('N')) return number;
-  place.refuse(at,
-               "not a call of a canonical listing (running number, block number, call); what the "
-               "program prints with (print,...) stays out of the listing with: rs274 -g PROGRAM "
-               "LISTING");
+  place.refuse(
+      at,
+      "not a call of a canonical listing (running number, block number, call); to keep the "
+      "output of (print,...) out of the listing, use: rs274 -g PROGRAM LISTING");
 }
 
 std::string_view takeName(Cursor& cursor, const LinePlace& place) {
@@ -100,11 +100,11 @@ class ArgumentReader {
   CanonicalArguments read() {
     cursor_.take(" ");
     for (std::size_t index = 0; index < shape_.size(); ++index) {
-      if (cursor_.atEnd()) refuseCount(std::to_string(index) + " stand here");
+      if (cursor_.atEnd()) refuseCount(std::to_string(index));
       readOne(index);
       takeSeparator();
     }
-    if (!cursor_.atEnd()) refuseCount("more stand here");
+    if (!cursor_.atEnd()) refuseCount("more");
     return values_;
   }
 
@@ -161,7 +161,7 @@ class ArgumentReader {
     return text.substr(1, text.size() - 2);
   }
 
-  /// What stands up to the next separator.
+  /// The text up to the next separator.
   [[nodiscard]] std::string_view piece() const {
     const std::string_view rest = cursor_.rest();
     return rest.substr(0, std::min(rest.find_first_of(", "), rest.size()));
@@ -172,7 +172,7 @@ class ArgumentReader {
     cursor_.take(" ");
     if (!cursor_.takeOne(',')) return;
     cursor_.take(" ");
-    if (cursor_.atEnd()) refuse("an argument is missing behind the last comma");
+    if (cursor_.atEnd()) refuse("argument missing after the last comma");
   }
 
   [[noreturn]] void refuse(const std::string& message) const {
@@ -180,8 +180,9 @@ class ArgumentReader {
   }
 
   [[noreturn]] void refuseCount(const std::string& found) const {
-    const std::size_t due = shape_.size();
-    refuse("it takes " + std::to_string(due) + (due == 1 ? " argument, " : " arguments, ") + found);
+    const std::size_t expected = shape_.size();
+    refuse("expected " + std::to_string(expected) +
+           (expected == 1 ? " argument, found " : " arguments, found ") + found);
   }
 
   const CanonicalCall& call_;
@@ -203,15 +204,14 @@ CanonicalCall parseCall(std::string_view line, const LinePlace& place) {
   CanonicalCall call;
   call.runningNumber = takeRunningNumber(cursor, place);
   if (cursor.take(kBlockLetters).empty()) {
-    place.refuse(cursor.at(), "'.....' or a block number is expected behind 'N'");
+    place.refuse(cursor.at(), "'.....' or a block number is expected after 'N'");
   }
   cursor.take(" ");
   call.nameAt = cursor.at();
   call.name = takeName(cursor, place);
-  if (!cursor.takeOne('('))
-    place.refuse(cursor.at(), "'(' is expected behind the name of the call");
+  if (!cursor.takeOne('(')) place.refuse(cursor.at(), "'(' is expected after the name of the call");
   if (cursor.atEnd() || line.back() != ')') {
-    place.refuse(line.size(), "the line does not end in ')'; it is cut or damaged");
+    place.refuse(line.size(), "the line does not end with ')'; it is cut short or damaged");
   }
   call.argumentsAt = cursor.at();
   call.arguments = line.substr(call.argumentsAt, line.size() - 1 - call.argumentsAt);

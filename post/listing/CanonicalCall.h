@@ -16,18 +16,19 @@ struct LinePlace {
   [[noreturn]] void refuse(std::size_t offset, std::string_view message) const;
 };
 
-/// One line of a canonical listing, taken apart; every view lies in the line.
+/// The parts of one line of a canonical listing; every view refers to the line.
 struct CanonicalCall {
   long runningNumber = 0;
   std::string_view name;
   /// Byte of the line where the name begins, from 0.
   std::size_t nameAt = 0;
-  /// What stands between the outer parentheses.
+  /// The text between the outer parentheses.
   std::string_view arguments;
   std::size_t argumentsAt = 0;
 };
 
-/// Takes a line apart. An InputError for a line that is no call, and for bytes that are no text.
+/// Splits a line into its parts. Raises an InputError for a line that is not a call, and for bytes
+/// that are not text.
 [[nodiscard]] CanonicalCall parseCall(std::string_view line, const LinePlace& place);
 
 inline constexpr std::size_t kMostArguments = 9;
@@ -41,8 +42,8 @@ struct CanonicalArguments {
 };
 
 /// Reads the arguments of a call, one for each letter of `shape`: 'n' a finite number, 'i' a whole
-/// number, 'w' a word, 's' a text in quotes, which must be the only argument. An InputError for
-/// arguments of another number or kind.
+/// number, 'w' a word, 's' a text in quotes, which must be the only argument. Raises an
+/// InputError for arguments of another number or kind.
 [[nodiscard]] CanonicalArguments readArguments(const CanonicalCall& call, std::string_view shape,
                                                const LinePlace& place);
 

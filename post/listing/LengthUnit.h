@@ -14,7 +14,7 @@ enum class LengthUnit { Millimetre, Centimetre, Inch };
   return unit == LengthUnit::Centimetre ? 100.0 : 10.0;
 }
 
-/// A length in another unit; in its own it stays as it is, to the last bit.
+/// A length in another unit; in the same unit it is unchanged, to the last bit.
 [[nodiscard]] constexpr double converted(double length, LengthUnit from, LengthUnit to) {
   return from == to ? length : length * tenthsOf(from) / tenthsOf(to);
 }

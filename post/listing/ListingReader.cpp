@@ -16,7 +16,7 @@ constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
 /// Where the rotary words of an arc begin.
 constexpr std::size_t kArcRotaryWords = 6;
-/// In millimetres: what rounding in a program of thousandths makes of a radius.
+/// In millimetres: how much rounding to thousandths can change a radius.
 constexpr double kArcTolerance = 0.003;
 
 /// The x y z a b c among the arguments of a call.
@@ -29,16 +29,18 @@ void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& argume
                      const LinePlace& place) {
   for (std::size_t axis = kLengths; axis < kLengths + kRotaryWords; ++axis) {
     if (arguments.numbers[axis] == 0.0) continue;
-    place.refuse(call.nameAt,
-                 "this tool offset turns rotary axes, so that the words of the moves no longer "
-                 "tell the tool axis; make the listing without rotary offsets in the tool table");
+    place.refuse(
+        call.nameAt,
+        "this tool offset turns rotary axes, so the tool axis no longer follows from the words of "
+        "the moves; create the listing without rotary offsets in the tool table");
   }
 }
 
 [[noreturn]] void refuseCompensation(const CanonicalCall& call, const LinePlace& place) {
-  place.refuse(call.nameAt,
-               "cutter compensation is left to the machine, so that the positions behind are not "
-               "those of the tool; make the listing with compensated positions");
+  place.refuse(
+      call.nameAt,
+      "cutter compensation is left to the machine, so the positions after this are not those "
+      "of the tool; create the listing with compensated positions");
 }
 
 }  // namespace
@@ -47,17 +49,17 @@ ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions o
     : lines_(std::move(lines)),
       options_(std::move(options)),
       multaxDue_(options_.rotary),
-      modalCalls_(options_.words, options_.rotary.has_value(), events_) {}
+      modalCalls_(options_.vocabulary, options_.rotary.has_value(), events_) {}
 
 ListingReader::~ListingReader() = default;
 
 bool ListingReader::next(ToolPathEvent& event) {
-  while (given_ == events_.size()) {
+  while (delivered_ == events_.size()) {
     events_.clear();
-    given_ = 0;
+    delivered_ = 0;
     if (!readCall()) return false;
   }
-  event = std::move(events_[given_++]);
+  event = std::move(events_[delivered_++]);
   return true;
 }
 
@@ -66,8 +68,8 @@ bool ListingReader::readCall() {
   if (!lines_->next(line)) {
     if (ended_) return false;
     throw InputError(lines_->name(), lines_->lineNumber(), 0,
-                     "the listing ends without PROGRAM_END or FINISH; it is cut, or rs274 stopped "
-                     "at an error of the program");
+                     "the listing ends without PROGRAM_END or FINISH; it is cut short, or rs274 "
+                     "stopped at an error in the program");
   }
   if (line.ends_with('\r')) line.remove_suffix(1);
   const LinePlace place{lines_->name(), lines_->lineNumber()};
@@ -77,17 +79,17 @@ bool ListingReader::readCall() {
   const CanonicalCall call = parseCall(line, place);
   checkRunningNumber(call, place);
   const CallRule* const rule = findCallRule(call.name);
-  count(call, rule != nullptr ? obey(*rule, call, place) : CallFate::Unknown, place);
+  count(call, rule != nullptr ? dispatch(*rule, call, place) : CallFate::Unknown, place);
   return true;
 }
 
 void ListingReader::checkRunningNumber(const CanonicalCall& call, const LinePlace& place) {
-  const long due = lastRunningNumber_ + 1;
-  if (call.runningNumber != due) {
-    place.refuse(0, "the running number is " + std::to_string(call.runningNumber) + " where " +
-                        std::to_string(due) + " is due; calls are missing or out of order");
+  const long expected = lastRunningNumber_ + 1;
+  if (call.runningNumber != expected) {
+    place.refuse(0, "expected running number " + std::to_string(expected) + ", found " +
+                        std::to_string(call.runningNumber) + "; calls are missing or out of order");
   }
-  lastRunningNumber_ = due;
+  lastRunningNumber_ = expected;
 }
 
 void ListingReader::count(const CanonicalCall& call, CallFate fate, const LinePlace& place) {
@@ -97,19 +99,19 @@ void ListingReader::count(const CanonicalCall& call, CallFate fate, const LinePl
                                 " different calls are unknown; this is not a listing of rs274");
 }
 
-CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
-                             const LinePlace& place) {
+CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call,
+                                 const LinePlace& place) {
   if (rule.effect == CallEffect::Compensation) refuseCompensation(call, place);
   if (rule.effect == CallEffect::InterpreterError) {
-    place.refuse(call.nameAt, "the interpreter reports an error of the program here");
+    place.refuse(call.nameAt, "the interpreter reported an error in the program here");
   }
   const bool isRead = rule.shape != "*";
-  return obey(rule, call, isRead ? readArguments(call, rule.shape, place) : CanonicalArguments(),
-              place);
+  return dispatch(rule, call,
+                  isRead ? readArguments(call, rule.shape, place) : CanonicalArguments(), place);
 }
 
-CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
-                             const CanonicalArguments& arguments, const LinePlace& place) {
+CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call,
+                                 const CanonicalArguments& arguments, const LinePlace& place) {
   switch (rule.effect) {
     case CallEffect::Traverse:
     case CallEffect::Feed:
@@ -120,9 +122,9 @@ CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
     case CallEffect::Plane:
       plane_ = arcPlane(arguments.text);
       return CallFate::Other;
-    case CallEffect::LostMove:
+    case CallEffect::UnsupportedMove:
       lastPoint_.reset();
-      return CallFate::LostMove;
+      return CallFate::UnsupportedMove;
     case CallEffect::Units:
       useUnits(arguments, place);
       return CallFate::Other;
@@ -137,12 +139,12 @@ CallFate ListingReader::obey(const CallRule& rule, const CanonicalCall& call,
       checkToolOffset(call, arguments, place);
       return CallFate::Other;
     default:
-      return obeyModal(rule, call, arguments, place);
+      return dispatchModal(rule, call, arguments, place);
   }
 }
 
-CallFate ListingReader::obeyModal(const CallRule& rule, const CanonicalCall& call,
-                                  const CanonicalArguments& arguments, const LinePlace& place) {
+CallFate ListingReader::dispatchModal(const CallRule& rule, const CanonicalCall& call,
+                                      const CanonicalArguments& arguments, const LinePlace& place) {
   if (ended_) return CallFate::Other;
   ended_ = rule.effect == CallEffect::End || rule.effect == CallEffect::ProgramEnd;
   const bool isFeed =
@@ -150,14 +152,15 @@ CallFate ListingReader::obeyModal(const CallRule& rule, const CanonicalCall& cal
   if (isFeed && arguments.numbers[0] != 0.0) requireUnit(call, "a feed rate", place);
   const LengthUnit here = inputUnit_.value_or(options_.unit.value_or(LengthUnit::Millimetre));
   const LengthUnit text = outputUnit_.value_or(options_.unit.value_or(here));
-  return modalCalls_.obey({rule, call, arguments, place, here, text});
+  return modalCalls_.dispatch({rule, call, arguments, place, here, text});
 }
 
 void ListingReader::useUnits(const CanonicalArguments& arguments, const LinePlace& place) {
   inputUnit_ = canonicalUnit(arguments.text);
   if (inputUnit_) return;
-  place.refuse(arguments.at[0],
-               "the length unit is none of CANON_UNITS_MM, CANON_UNITS_INCHES, CANON_UNITS_CM");
+  place.refuse(
+      arguments.at[0],
+      "unknown length unit; CANON_UNITS_MM, CANON_UNITS_INCHES or CANON_UNITS_CM is expected");
 }
 
 void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
@@ -187,10 +190,10 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
   if (rule.effect == CallEffect::Traverse) {
     put("NC_RAPID", place.line);
   } else if (onlyTurns(position, words)) {
-    // Its feed rate is in degrees, which no word of the text says.
-    calls_.add(call.name, CallFate::Lost, place.line);
+    // Its feed rate is in degrees, which no word of the output can state.
+    calls_.add(call.name, CallFate::Dropped, place.line);
   } else {
-    modalCalls_.tellFeedRate(*outputUnit_, place.line);
+    modalCalls_.writeFeedRate(*outputUnit_, place.line);
   }
   put(options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO", place.line, position);
   lastPoint_ = position.point;
@@ -201,12 +204,12 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
                                      const LinePlace& place) {
   prepareMove(call, arguments, kArcRotaryWords, place);
   const auto start = std::exchange(lastPoint_, std::nullopt);
-  // Instructions of arcs tell no tool axis, and begin where the text stands.
-  if (!start || !plane_ || options_.rotary) return CallFate::LostMove;
+  // Instructions of arcs state no tool axis, and begin at the last position of the output.
+  if (!start || !plane_ || options_.rotary) return CallFate::UnsupportedMove;
   const ArcMove arc = arcOf(arguments, *start);
   std::vector<Element> elements = arcElements(arc);
-  if (elements.empty()) return CallFate::LostMove;
-  modalCalls_.tellFeedRate(*outputUnit_, place.line);
+  if (elements.empty()) return CallFate::UnsupportedMove;
+  modalCalls_.writeFeedRate(*outputUnit_, place.line);
   for (Element& element : elements) {
     element.line = place.line;
     events_.emplace_back(std::move(element));
@@ -234,7 +237,7 @@ ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& 
 
 void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
                                 std::size_t firstRotaryWord, const LinePlace& place) {
-  if (ended_) place.refuse(call.nameAt, "a move stands behind the end of the program");
+  if (ended_) place.refuse(call.nameAt, "a move follows the end of the program");
   requireUnit(call, "a move", place);
   if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
   checkFrame(call, place);
@@ -258,7 +261,7 @@ void ListingReader::requireUnit(const CanonicalCall& call, std::string_view what
   if (!inputUnit_) inputUnit_ = options_.unit;
   if (inputUnit_) return;
   place.refuse(call.nameAt, std::string(what) +
-                                " stands before any length unit is named; name it with --units mm "
+                                " comes before any length unit; name the unit with --units mm "
                                 "or --units inch");
 }
 
@@ -267,15 +270,14 @@ void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place
   if (!frameOfMoves_) frameOfMoves_ = frame_;
   if (options_.rotary && frame_.isTurned()) {
     place.refuse(call.nameAt,
-                 "positions are given in a system with rotary offsets or a rotated XY plane (" +
+                 "the coordinate system has rotary offsets or a rotated XY plane (" +
                      std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
-                     "), in which the tool axis cannot be told; make the listing without them");
+                     "), so the tool axis is unknown; create the listing without them");
   }
   if (frame_.isSameAs(*frameOfMoves_)) return;
-  place.refuse(call.nameAt,
-               "this move is given in another coordinate system than the moves before it (" +
-                   std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
-                   "); make a listing of its own for each coordinate system");
+  place.refuse(call.nameAt, "this move uses another coordinate system than the moves before it (" +
+                                std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
+                                "); create a separate listing for each coordinate system");
 }
 
 void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,

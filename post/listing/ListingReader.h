@@ -10,9 +10,9 @@
 #include "post/listing/ArcMove.h"
 #include "post/listing/CallCounts.h"
 #include "post/listing/LengthUnit.h"
-#include "post/listing/ListingWords.h"
 #include "post/listing/ModalCalls.h"
 #include "post/listing/RotaryChain.h"
+#include "post/listing/Vocabulary.h"
 #include "post/listing/WorkFrame.h"
 #include "post/toolpath/ToolPath.h"
 
@@ -21,26 +21,25 @@ namespace host {
 class LineReader;
 
 struct ListingOptions {
-  /// Unit of the positions that come out; also that of positions before any unit is named. Without
-  /// it positions come out in the unit of the first move.
+  /// Unit of the positions in the output; also that of positions before any unit is named. Without
+  /// it the output has the unit of the first move.
   std::optional<LengthUnit> unit;
-  /// What the rotary words turn. With it every move carries its tool axis, and the points are taken
-  /// as those of the tool's tip in the part's frame; without it a rotary word other than 0 is
-  /// refused.
+  /// What the rotary words turn. With it every move has its tool axis, and the points are taken as
+  /// those of the tool's tip in the part's frame; without it a rotary word other than 0 is refused.
   std::optional<RotaryChain> rotary;
-  /// What the document that the listing is put out with can say.
-  ListingWords words{};
+  /// What the document of the output can express.
+  Vocabulary vocabulary{};
 };
 
 /// Reads a canonical listing, one call a line, in constant memory: moves, feed rates, the
 /// spindle, tool changes, dwells, texts and what else the document has words for become elements;
-/// every call is counted. Whatever would leave a position in doubt raises an InputError with file,
-/// line and column.
-class ListingReader final : public ToolPathSource {
+/// every call is counted. Anything that would leave a position in doubt raises an InputError with
+/// file, line and column.
+class ListingReader final : public ToolPathReader {
  public:
   /// The longest line, without its end.
   static constexpr std::size_t kLongestLine = 65536;
-  /// How many different calls of unknown meaning are counted before a listing is refused.
+  /// How many different unknown calls are counted before a listing is refused.
   static constexpr std::size_t kMostUnknownNames = 100;
 
   ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options);
@@ -48,23 +47,23 @@ class ListingReader final : public ToolPathSource {
 
   [[nodiscard]] bool next(ToolPathEvent& event) override;
 
-  /// The calls read until now.
+  /// The calls read so far.
   [[nodiscard]] const CallCounts& calls() const noexcept { return calls_; }
-  /// Whether moves carry tool axes.
-  [[nodiscard]] bool givesToolAxes() const noexcept { return options_.rotary.has_value(); }
-  /// The unit of the positions that come out; nothing before the first move.
+  /// Whether moves have tool axes.
+  [[nodiscard]] bool hasToolAxes() const noexcept { return options_.rotary.has_value(); }
+  /// The unit of the positions in the output; nothing before the first move.
   [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
-  [[nodiscard]] const ListingWords& words() const noexcept { return options_.words; }
+  [[nodiscard]] const Vocabulary& vocabulary() const noexcept { return options_.vocabulary; }
 
  private:
   bool readCall();
   void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
   void count(const CanonicalCall& call, CallFate fate, const LinePlace& place);
-  CallFate obey(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
-  CallFate obey(const CallRule& rule, const CanonicalCall& call,
-                const CanonicalArguments& arguments, const LinePlace& place);
-  CallFate obeyModal(const CallRule& rule, const CanonicalCall& call,
-                     const CanonicalArguments& arguments, const LinePlace& place);
+  CallFate dispatch(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
+  CallFate dispatch(const CallRule& rule, const CanonicalCall& call,
+                    const CanonicalArguments& arguments, const LinePlace& place);
+  CallFate dispatchModal(const CallRule& rule, const CanonicalCall& call,
+                         const CanonicalArguments& arguments, const LinePlace& place);
   void useUnits(const CanonicalArguments& arguments, const LinePlace& place);
   void changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
                    const LinePlace& place);
@@ -103,15 +102,15 @@ class ListingReader final : public ToolPathSource {
   bool multaxDue_ = false;
   std::optional<ArcPlane> plane_ = ArcPlane{};
 
-  /// What the last call gave, and how much of it is given out.
+  /// The events of the last call, and how many of them were delivered.
   std::vector<ToolPathEvent> events_;
-  std::size_t given_ = 0;
+  std::size_t delivered_ = 0;
   ModalCalls modalCalls_;
 };
 
-/// What a listing gave, for people, one line each without its end: the moves and their unit, what
-/// was taken for granted about rotary axes, calls that wait for lines of their own, calls without a
-/// line, and last what the text lacks.
+/// A summary of a listing for people, in lines without line feeds: the unit of positions, what is
+/// assumed about rotary axes, the calls by fate, and warnings about what is missing from the
+/// output.
 [[nodiscard]] std::vector<std::string> summaryLines(const ListingReader& listing);
 
 }  // namespace host

@@ -8,8 +8,8 @@
 namespace host {
 namespace {
 
-/// A feed rate or a spindle speed as the motion buffers take it, with the shortest text that gives
-/// the number back.
+/// A feed rate or a spindle speed as the motion buffers take it, with the shortest text that
+/// reads as the same number.
 TypedValue typedNumber(double value, std::string_view type) {
   char text[64];
   const auto [end, error] = std::to_chars(text, text + sizeof text, value);
@@ -36,14 +36,15 @@ void FeedState::setRate(double rate, LengthUnit unit) {
   isSet_ = true;
 }
 
-std::optional<FeedrateChange> FeedState::due(const ListingWords& words, LengthUnit text) {
+std::optional<FeedrateChange> FeedState::pendingChange(const Vocabulary& vocabulary,
+                                                       LengthUnit text) {
   if (!isSet_ && !synchronised_) return std::nullopt;
   const Rate& rate = synchronised_ ? *synchronised_ : rate_;
-  const auto& named = rate.perRevolution ? words.feedPerRevolution : words.feedPerMinute;
+  const auto& named = rate.perRevolution ? vocabulary.feedPerRevolution : vocabulary.feedPerMinute;
   const LengthUnit unit = named.value_or(text);
   const Rate wanted{converted(rate.value, rate.unit, unit), unit, rate.perRevolution};
-  if (told_ == wanted) return std::nullopt;
-  told_ = wanted;
+  if (lastWritten_ == wanted) return std::nullopt;
+  lastWritten_ = wanted;
   FeedrateChange change;
   change.value =
       typedNumber(wanted.value, wanted.perRevolution ? "ANGULARFEEDRATE" : "LINEARFEEDRATE");
@@ -64,10 +65,10 @@ std::optional<Element> SpindleState::setSpeed(double value, LengthUnit unit, Len
 std::optional<Element> SpindleState::start(Way way, LengthUnit surface) {
   const bool goesOn = turning_ == Turning::Yes && way == way_;
   const Speed speed = wanted(surface);
-  if (goesOn && speed == told_) return std::nullopt;
+  if (goesOn && speed == lastWritten_) return std::nullopt;
   turning_ = Turning::Yes;
   way_ = way;
-  told_ = speed;
+  lastWritten_ = speed;
   Element element;
   element.instruction = goesOn ? "NC_SPINDLE" : "NC_SPINDLE_START";
   SpindleChange& change = element.changes.spindle.emplace();

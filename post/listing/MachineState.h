@@ -6,12 +6,12 @@
 #include <vector>
 
 #include "post/listing/LengthUnit.h"
-#include "post/listing/ListingWords.h"
+#include "post/listing/Vocabulary.h"
 #include "post/toolpath/ToolPath.h"
 
 namespace host {
 
-/// The feed rate that the calls of a listing set, and the one that the text has told.
+/// The feed rate set by the listing, and the one last written.
 class FeedState {
  public:
   /// Whether rates are per revolution; they are per minute at first.
@@ -22,9 +22,11 @@ class FeedState {
   void startSynchronised(double feed, LengthUnit unit) { synchronised_ = Rate{feed, unit, true}; }
   void stopSynchronised() { synchronised_.reset(); }
 
-  /// What the feed rate buffer needs before a move at feed rate; nothing where the text has told
-  /// that rate last, and where none is set. `text` is the unit of the text's positions.
-  [[nodiscard]] std::optional<FeedrateChange> due(const ListingWords& words, LengthUnit text);
+  /// What the feed rate buffer needs before a move at feed rate; nothing if that rate was written
+  /// last, or if none is set. The rate then counts as written. `text` is the unit of the output's
+  /// positions.
+  [[nodiscard]] std::optional<FeedrateChange> pendingChange(const Vocabulary& vocabulary,
+                                                            LengthUnit text);
 
  private:
   struct Rate {
@@ -37,12 +39,12 @@ class FeedState {
   Rate rate_;
   bool isSet_ = false;
   std::optional<Rate> synchronised_;
-  std::optional<Rate> told_;
+  std::optional<Rate> lastWritten_;
 };
 
-/// The spindle as the calls of a listing drive it. Each operation gives the element that the text
-/// needs, without its line; nothing where the call changes nothing. `surface` is the unit of
-/// surface speeds in the text: metres for a metric one, feet for inches.
+/// The spindle as set by the listing. Each function returns the element that the output needs,
+/// without its line; nothing if the call changes nothing. `surface` is the unit of surface speeds
+/// in the output: metres for a metric one, feet for inches.
 class SpindleState {
  public:
   /// The codes of the spindle buffer's way.
@@ -67,15 +69,15 @@ class SpindleState {
 
   Turning turning_ = Turning::Unknown;
   Way way_ = Way::Clockwise;
-  /// As the calls give it: a surface speed in the unit of its place.
+  /// As set by the listing: a surface speed in the unit of its place.
   Speed speed_;
   LengthUnit unit_ = LengthUnit::Millimetre;
-  /// As the text has it.
-  Speed told_;
+  /// As last written.
+  Speed lastWritten_;
 };
 
-/// The coolant as the calls of a listing switch it. Each operation gives the sequences of the
-/// coolant command that the text needs, in order; none where the call changes nothing.
+/// The coolant as set by the listing. Each function returns the sequences of the coolant command
+/// that the output needs, in order; none if the call changes nothing.
 class Coolant {
  public:
   enum class Kind { Flood, Mist };
@@ -93,7 +95,7 @@ class Coolant {
   [[nodiscard]] bool& runs(Kind kind) { return runs_[static_cast<std::size_t>(kind)]; }
 
   std::array<bool, 2> runs_{};
-  /// False until the first call: nobody tells what runs before it.
+  /// False until the first coolant call; the state before it is unknown.
   bool isKnown_ = false;
 };
 

@@ -36,8 +36,8 @@ ActivityStart listedActivity(bool variesToolAxis) {
   return activity;
 }
 
-/// How many bytes of a text stand in one line: with a word of seven columns before them they end
-/// before column 72.
+/// How many bytes of a text are in one line: after a word of seven columns they end before
+/// column 72.
 constexpr std::size_t kLongestPiece = 64;
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
@@ -72,33 +72,33 @@ std::vector<std::string_view> commentPieces(std::string_view text) {
 
 }  // namespace
 
-ModalCalls::ModalCalls(const ListingWords& words, bool variesToolAxis,
+ModalCalls::ModalCalls(const Vocabulary& vocabulary, bool variesToolAxis,
                        std::vector<ToolPathEvent>& events)
-    : words_(words), events_(events), activity_(listedActivity(variesToolAxis)) {
+    : vocabulary_(vocabulary), events_(events), activity_(listedActivity(variesToolAxis)) {
   events_.emplace_back(activity_);
 }
 
-CallFate ModalCalls::obey(const ListedCall& call) {
+CallFate ModalCalls::dispatch(const ListedCall& call) {
   switch (call.rule.effect) {
     case CallEffect::FeedRate:
       feed_.setRate(call.arguments.numbers[0], call.unit);
-      return CallFate::Line;
+      return CallFate::Written;
     case CallEffect::FeedMode:
       return setFeedMode(call);
     case CallEffect::SynchronisedOn:
       return startSynchronised(call);
     case CallEffect::SynchronisedOff:
       feed_.stopSynchronised();
-      return CallFate::Line;
+      return CallFate::Written;
     case CallEffect::SpindleSpeed:
     case CallEffect::SpindleMode:
     case CallEffect::Clockwise:
     case CallEffect::Counterclockwise:
     case CallEffect::SpindleOff:
-      return obeySpindle(call);
+      return switchSpindle(call);
     case CallEffect::SelectTool:
       selectedTool_ = wholeArgument(call, 0);
-      return CallFate::Line;
+      return CallFate::Written;
     case CallEffect::ChangeTool:
       return changeTool(call);
     case CallEffect::Dwell:
@@ -109,22 +109,22 @@ CallFate ModalCalls::obey(const ListedCall& call) {
     case CallEffect::FloodOff:
     case CallEffect::MistOn:
     case CallEffect::MistOff:
-      return obeyCoolant(call);
+      return switchCoolant(call);
     case CallEffect::ProgramStop:
-      return stopProgram(call, words_.programStop, "NC_PROGRAM_STOP");
+      return stopProgram(call, vocabulary_.programStop, "NC_PROGRAM_STOP");
     case CallEffect::OptionalStop:
-      return stopProgram(call, words_.optionalStop, "NC_OPTIONAL_STOP");
+      return stopProgram(call, vocabulary_.optionalStop, "NC_OPTIONAL_STOP");
     case CallEffect::ProgramEnd:
       return putInstruction(call, "NC_END_MACRO");
-    case CallEffect::Lost:
-      return CallFate::Lost;
+    case CallEffect::Dropped:
+      return CallFate::Dropped;
     default:
       return CallFate::Other;
   }
 }
 
-void ModalCalls::tellFeedRate(LengthUnit textUnit, long line) {
-  auto change = feed_.due(words_, textUnit);
+void ModalCalls::writeFeedRate(LengthUnit textUnit, long line) {
+  auto change = feed_.pendingChange(vocabulary_, textUnit);
   if (!change) return;
   Element element = elementOf("NC_FEEDRATE");
   element.changes.feedrate = std::move(change);
@@ -139,48 +139,48 @@ CallFate ModalCalls::setFeedMode(const ListedCall& call) {
   }
   feed_.setPerRevolution(mode == 1);
   const bool otherSpindle = mode == 1 && wholeArgument(call, 0) != 0;
-  return otherSpindle ? CallFate::Lost : CallFate::Line;
+  return otherSpindle ? CallFate::Dropped : CallFate::Written;
 }
 
 CallFate ModalCalls::startSynchronised(const ListedCall& call) {
   feed_.startSynchronised(call.arguments.numbers[0], call.unit);
-  // The text tells the feed, but not that the move waits for the spindle's index.
-  return CallFate::Lost;
+  // The output states the feed, but not that the move waits for the spindle's index.
+  return CallFate::Dropped;
 }
 
-CallFate ModalCalls::obeySpindle(const ListedCall& call) {
-  if (wholeArgument(call, 0) != 0) return CallFate::Lost;
-  const LengthUnit surface = words_.surfaceSpeed.value_or(call.textUnit);
+CallFate ModalCalls::switchSpindle(const ListedCall& call) {
+  if (wholeArgument(call, 0) != 0) return CallFate::Dropped;
+  const LengthUnit surface = vocabulary_.surfaceSpeed.value_or(call.textUnit);
   const double value = call.arguments.numbers[1];
   switch (call.rule.effect) {
     case CallEffect::SpindleMode:
       return setSpindleMode(value);
     case CallEffect::SpindleSpeed:
       put(spindle_.setSpeed(value, call.unit, surface), call.place.line);
-      return CallFate::Line;
+      return CallFate::Written;
     case CallEffect::Clockwise:
       put(spindle_.start(SpindleState::Way::Clockwise, surface), call.place.line);
-      return CallFate::Line;
+      return CallFate::Written;
     case CallEffect::Counterclockwise:
       put(spindle_.start(SpindleState::Way::Counterclockwise, surface), call.place.line);
-      return CallFate::Line;
+      return CallFate::Written;
     default:
       put(spindle_.stop(), call.place.line);
-      return CallFate::Line;
+      return CallFate::Written;
   }
 }
 
 CallFate ModalCalls::setSpindleMode(double limit) {
   spindle_.setSurfaceSpeeds(limit != 0.0);
   const bool isLimited = limit != 0.0 && limit < kNoLimit;
-  return isLimited ? CallFate::Lost : CallFate::Line;
+  return isLimited ? CallFate::Dropped : CallFate::Written;
 }
 
 CallFate ModalCalls::changeTool(const ListedCall& call) {
   if (!selectedTool_ || *selectedTool_ < 0) {
     call.place.refuse(call.call.nameAt,
-                      "no SELECT_TOOL before this tells which tool is meant: CHANGE_TOOL names the "
-                      "place of the tool, not its number");
+                      "no SELECT_TOOL before this selects a tool: CHANGE_TOOL names the pocket of "
+                      "the tool, not its number");
   }
   setParameter("MFG_TOOL_NUMBER", integerValue(*selectedTool_), call.place.line);
   return putInstruction(call, "NC_TOOL_CHANGE");
@@ -198,11 +198,11 @@ CallFate ModalCalls::writeText(const ListedCall& call) {
     element.changes.comment = piece;
     put(std::move(element), call.place.line);
   }
-  return pieces.empty() ? CallFate::Other : CallFate::Line;
+  return pieces.empty() ? CallFate::Other : CallFate::Written;
 }
 
-CallFate ModalCalls::obeyCoolant(const ListedCall& call) {
-  if (!words_.coolant) return CallFate::Other;
+CallFate ModalCalls::switchCoolant(const ListedCall& call) {
+  if (!vocabulary_.coolant) return CallFate::Other;
   const CallEffect effect = call.rule.effect;
   const bool isFlood = effect == CallEffect::FloodOn || effect == CallEffect::FloodOff;
   const Coolant::Kind kind = isFlood ? Coolant::Kind::Flood : Coolant::Kind::Mist;
@@ -210,17 +210,17 @@ CallFate ModalCalls::obeyCoolant(const ListedCall& call) {
   for (const int sequence : isOn ? coolant_.on(kind) : coolant_.off(kind)) {
     put(elementOf("NC_COOLANT", sequence), call.place.line);
   }
-  return CallFate::Line;
+  return CallFate::Written;
 }
 
 CallFate ModalCalls::stopProgram(const ListedCall& call, bool hasInstruction,
                                  std::string_view instruction) {
-  return hasInstruction ? putInstruction(call, instruction) : CallFate::Lost;
+  return hasInstruction ? putInstruction(call, instruction) : CallFate::Dropped;
 }
 
 CallFate ModalCalls::putInstruction(const ListedCall& call, std::string_view instruction) {
   put(elementOf(instruction), call.place.line);
-  return CallFate::Line;
+  return CallFate::Written;
 }
 
 void ModalCalls::setParameter(std::string_view name, KEPMfgParameterValue value, long line) {

@@ -18,7 +18,7 @@ std::optional<std::size_t> placeIn(std::string_view letters, std::string_view le
   return place == std::string_view::npos ? std::nullopt : std::optional(place);
 }
 
-/// The text up to a colon; what stands behind it stays in `rest`.
+/// The text up to a colon; the text after it stays in `rest`.
 std::string_view cut(std::string_view& rest) {
   const std::size_t end = std::min(rest.find(':'), rest.size());
   const std::string_view piece = rest.substr(0, end);
@@ -72,7 +72,7 @@ std::string RotaryChain::add(std::string_view entry) {
   if (names(axis->word)) return std::string("the word ") + kWords[axis->word] + " is named twice";
   if (axis->table && !axes_.empty() && !axes_.back().table) {
     return std::string("'").append(entry) +
-           "' stands behind a head; the order is from the part to the tool, tables first";
+           "' comes after a head; the order is from the part to the tool, tables first";
   }
   axes_.push_back(*axis);
   return {};

@@ -22,8 +22,8 @@ struct RotaryAxis {
   bool reversed;
 };
 
-/// The rotary axes of a machine in the order in which they stand from the part to the tool. The
-/// tool lies along Z, pointing from its tip to its holder, when every rotary word is 0.
+/// The rotary axes of a machine in order from the part to the tool. When every rotary word is 0,
+/// the tool lies along Z, pointing from its tip to its holder.
 class RotaryChain {
  public:
   /// Reads "C:table:Z,A:table:X": word, what it turns ("table" or "head"), about which axis (with
@@ -31,7 +31,7 @@ class RotaryChain {
   [[nodiscard]] static std::optional<RotaryChain> parse(std::string_view text, std::string& reason);
 
   /// Unit vector of the tool axis, from the tip to the holder, in the part's frame for the words
-  /// A, B, C in degrees; words that no axis of the chain has are not looked at.
+  /// A, B, C in degrees; words without an axis in the chain are ignored.
   [[nodiscard]] Triple toolAxis(const Triple& words) const;
   /// Whether an axis of the chain is driven by this word (0, 1, 2 for A, B, C).
   [[nodiscard]] bool names(std::size_t word) const;

@@ -7,19 +7,19 @@
 
 namespace host {
 
-/// The coordinate system that the positions of a listing are given in: the fixture and program
-/// offsets and the rotation of the XY plane, as the listing names them.
+/// The coordinate system of the positions of a listing: the fixture and program offsets and the
+/// rotation of the XY plane, as the listing states them.
 class WorkFrame {
  public:
   static constexpr std::size_t kAxes = 6;
 
-  /// Take over the x y z a b c of an offset; lengths are in units of `millimetres`.
+  /// Store the x y z a b c of an offset; lengths are in units of `millimetres`.
   void setFixtureOffset(std::span<const double, kAxes> offset, double millimetres);
   void setProgramOffset(std::span<const double, kAxes> offset, double millimetres);
-  /// Takes over the rotation of the XY plane in degrees.
+  /// Stores the rotation of the XY plane in degrees.
   void setRotation(double degrees);
 
-  /// Whether both are one system, as far as printed numbers tell.
+  /// Whether both are the same system, within the precision of printed numbers.
   [[nodiscard]] bool isSameAs(const WorkFrame& other) const;
   /// Whether rotary words are offset or the XY plane is rotated.
   [[nodiscard]] bool isTurned() const;

@@ -4,11 +4,11 @@
 
 namespace host {
 
-/// The columns of a line that hold its statement in a standard APT source. Some readers cut what
-/// stands behind them, in the middle of a number too, and tell nobody.
+/// The columns of a line that hold its statement in a standard APT source. Some readers cut off the
+/// text after them without a message, even in the middle of a number.
 inline constexpr int kStatementColumns = 72;
 
-/// Takes the lines of a text, in order.
+/// Receives the lines of a text, in order.
 class LineSink {
  public:
   LineSink() = default;
@@ -16,7 +16,7 @@ class LineSink {
   LineSink& operator=(const LineSink&) = delete;
   virtual ~LineSink() = default;
 
-  /// Takes one line, given without its end.
+  /// Receives one line, without its line feed.
   virtual void write(std::string_view line) = 0;
 };
 

@@ -20,7 +20,7 @@ constexpr mode_t kPermissions = 0777;
 
 constexpr int kMostLinks = 40;
 
-/// The place that a path leads to through symbolic links, whether a file stands there or not. A
+/// The path that a path leads to through symbolic links, whether a file exists there or not. A
 /// ring of links leads to a link.
 std::filesystem::path resolved(std::filesystem::path path) {
   std::error_code error;

@@ -22,27 +22,27 @@ class OutputError : public std::runtime_error {
   std::string reason_;
 };
 
-/// A text file that appears whole or not at all: it is written beside its place and put there when
-/// it is finished; until then, and after a failure, what stands there stays as it was. A file that
-/// is replaced passes its permissions on. A place that holds no regular file (a device, a pipe) and
-/// the standard output are written directly. Every failure raises an OutputError. The process must
-/// ignore SIGPIPE and SIGXFSZ, which would end it before the error is seen.
+/// A text file that appears whole or not at all: it is written to a temporary file in the same
+/// folder and renamed when it is finished. Until then, and after a failure, an older file is
+/// unchanged. The permissions of a file that is replaced are kept. Devices, pipes and the standard
+/// output are written directly. Every failure raises an OutputError. The process must ignore
+/// SIGPIPE and SIGXFSZ, which would end it before the error is seen.
 class OutputFile final : public LineSink {
  public:
-  /// Opens the output; "-" is the standard output, which nothing else may write to meanwhile.
+  /// Opens the output; "-" is the standard output, to which nothing else may write meanwhile.
   explicit OutputFile(const std::string& path);
-  /// Removes what was written unless it was finished.
+  /// Removes what was written if it is not finished.
   ~OutputFile() override;
 
-  /// Writes the line unchanged and a line feed behind it.
+  /// Writes the line unchanged, and a line feed after it.
   void write(std::string_view line) override;
 
-  /// Makes sure that everything is stored, and puts the file in its place. Nothing can be written
+  /// Makes sure that everything is on the disk, and renames the file. Nothing can be written
   /// afterwards.
   void finish();
 
  private:
-  /// Gives up and raises the OutputError of the last system call unless it succeeded.
+  /// Closes and raises the OutputError of the last system call unless it succeeded.
   void require(bool success);
   void close() noexcept;
   void openBeside();
@@ -51,7 +51,7 @@ class OutputFile final : public LineSink {
 
   std::string name_;
   std::string target_;
-  /// Where the file is written until it is finished; empty for output that is written directly.
+  /// The temporary file; empty for output that is written directly.
   std::string temporary_;
   int descriptor_ = -1;
   std::string buffer_;

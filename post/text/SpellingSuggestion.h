@@ -6,8 +6,7 @@
 namespace host {
 
 /// The candidate that a misspelt word most likely means: the one with the fewest letters to insert,
-/// delete, replace or swap, capitals counting as small, the first of equals. Empty when none is
-/// near.
+/// delete, replace or swap, ignoring case, the first of equals. Empty if none is near.
 [[nodiscard]] std::string_view nearest(std::string_view word,
                                        std::span<const std::string_view> candidates);
 

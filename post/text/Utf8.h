@@ -5,11 +5,11 @@
 
 namespace host {
 
-/// What some editors write in front of a text in UTF-8.
+/// What some editors write before a text in UTF-8.
 inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Number of bytes of the character that begins at `at`, 1 to 4; 0 when the bytes there are no
-/// character of UTF-8 (overlong forms and surrogates are none).
+/// Number of bytes of the character that begins at `at`, 1 to 4; 0 if the bytes there are not a
+/// character of UTF-8 (overlong forms and surrogates are not).
 [[nodiscard]] std::size_t utf8Length(std::string_view text, std::size_t at);
 
 /// The code point of a character that utf8Length found.

@@ -20,7 +20,7 @@ std::string placed(std::string_view file, long line, long column, std::string_vi
 }
 
 constexpr std::size_t kReadAhead = std::size_t{1} << 16U;
-// One byte more than the longest line tells that a line is too long.
+// One byte more than the longest line shows that a line is too long.
 constexpr std::size_t kCapacity = LineReader::kLongestLine + 1 + kReadAhead;
 constexpr std::size_t kLeastPeek = 64;
 

@@ -8,8 +8,8 @@
 
 namespace host {
 
-/// Input that is refused: where it stands and why. Line and column count from 1; 0 where the error
-/// has no such place.
+/// Input that is refused: where and why. Line and column count from 1; 0 where the error has no
+/// such place.
 class InputError : public std::runtime_error {
  public:
   InputError(std::string_view file, long line, long column, std::string_view message);
@@ -33,10 +33,10 @@ class LineReader {
  public:
   /// The longest line, without its line feed.
   static constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
-  /// Bytes behind a line that may be read, though they mean nothing.
+  /// Bytes after a line that may be read; their values mean nothing.
   static constexpr std::size_t kPadding = 64;
 
-  /// Opens the file, "-" for the standard input. Raises an InputError when it cannot be opened.
+  /// Opens the file, "-" for the standard input. Raises an InputError if it cannot be opened.
   explicit LineReader(const std::string& path);
   LineReader(const LineReader&) = delete;
   LineReader& operator=(const LineReader&) = delete;
@@ -47,7 +47,7 @@ class LineReader {
   /// cannot be read and for a line that is too long.
   [[nodiscard]] bool next(std::string_view& line);
 
-  /// The first bytes of what is unread, 64 at least unless the file ends sooner; nothing is taken.
+  /// The first unread bytes, at least 64 unless the file ends sooner. They stay unread.
   [[nodiscard]] std::string_view peek();
 
   /// Number of the line that was read last, from 1; 0 before the first.
@@ -56,7 +56,7 @@ class LineReader {
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
 
  private:
-  /// Reads on behind the unread bytes; false when the file has no more.
+  /// Reads more bytes after the unread ones; false at the end of the file.
   bool fill();
   [[nodiscard]] std::string_view unread() const noexcept {
     return {buffer_.get() + begin_, end_ - begin_};

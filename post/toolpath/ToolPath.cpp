@@ -17,7 +17,7 @@ std::string_view withoutLeading(std::string_view text, std::string_view set) {
   return text;
 }
 
-/// A job behind a byte-order mark is one too: its reader says what is wrong with it.
+/// A job after a byte-order mark is a job too: its reader reports the mark.
 bool beginsJob(std::string_view text) {
   if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
   return text.starts_with('{');
@@ -25,10 +25,10 @@ bool beginsJob(std::string_view text) {
 
 /// A running number, blanks and the letter of the block number.
 bool beginsListing(std::string_view text) {
-  const std::string_view behindNumber = withoutLeading(text, kDigits);
-  if (behindNumber.size() == text.size()) return false;
-  const std::string_view block = withoutLeading(behindNumber, " ");
-  return block.size() < behindNumber.size() && block.starts_with('N');
+  const std::string_view afterNumber = withoutLeading(text, kDigits);
+  if (afterNumber.size() == text.size()) return false;
+  const std::string_view block = withoutLeading(afterNumber, " ");
+  return block.size() < afterNumber.size() && block.starts_with('N');
 }
 
 }  // namespace
@@ -39,11 +39,11 @@ ToolPathKind recogniseToolPath(LineReader& lines) {
   if (beginsListing(first)) return ToolPathKind::Listing;
   if (first.empty()) {
     throw InputError(lines.name(), 0, 0,
-                     "holds nothing; a job (JSON Lines) or a canonical listing is expected");
+                     "the input is empty; a job (JSON Lines) or a canonical listing is expected");
   }
   throw InputError(lines.name(), 1, 1,
                    "neither a job (JSON Lines, begins with '{') nor a canonical listing (begins "
-                   "with '    1 N.....'); from an NC program, make its listing with: rs274 -g "
+                   "with '    1 N.....'); to create the listing of an NC program, use: rs274 -g "
                    "PROGRAM LISTING");
 }
 

@@ -21,7 +21,7 @@ struct Position {
   std::optional<Triple> toolAxis{};
 };
 
-/// Values to write into the motion buffers; what is absent keeps the value that the buffer holds.
+/// Values to write into the motion buffers; a buffer keeps its value where none is stated.
 struct CircleChange {
   std::optional<Triple> tangent, center, normal, point;
   std::optional<double> radius;
@@ -57,17 +57,17 @@ struct BufferChanges {
 };
 
 /// One tool-path element: an NC instruction, or a PP command of the document, and the buffer values
-/// that change for it. With positions it is put out once for each of them, without any once.
+/// that change for it. It is written once for each of its positions, and once if it has none.
 struct Element {
   std::string instruction;
-  /// The position, from 1, of the PP command that stands in place of the instruction and its
-  /// sequence; 0 for none.
+  /// The position, from 1, of the PP command that replaces the instruction and its sequence; 0 for
+  /// none.
   int ppCommand = 0;
   /// Which syntax attribute of the instruction is meant, from 1.
   int sequence = 1;
   BufferChanges changes;
   std::vector<Position> positions;
-  /// Line of the source that the element stands in, from 1.
+  /// Line of the input that holds the element, from 1.
   long line = 0;
 };
 
@@ -83,17 +83,17 @@ using ToolPathEvent = std::variant<Element, ActivityStart>;
 /// What a file of tool paths can be.
 enum class ToolPathKind { Job, Listing };
 
-/// Recognises by its first bytes whether an input is a job (JSON Lines) or a canonical listing, and
-/// leaves all of it unread. Raises an InputError for an input that is neither.
+/// Recognises by its first bytes whether an input is a job (JSON Lines) or a canonical listing;
+/// they stay unread. Raises an InputError for an input that is neither.
 [[nodiscard]] ToolPathKind recogniseToolPath(LineReader& lines);
 
 /// A tool path, read piece by piece.
-class ToolPathSource {
+class ToolPathReader {
  public:
-  ToolPathSource() = default;
-  ToolPathSource(const ToolPathSource&) = delete;
-  ToolPathSource& operator=(const ToolPathSource&) = delete;
-  virtual ~ToolPathSource() = default;
+  ToolPathReader() = default;
+  ToolPathReader(const ToolPathReader&) = delete;
+  ToolPathReader& operator=(const ToolPathReader&) = delete;
+  virtual ~ToolPathReader() = default;
 
   /// Fills in the next event; false at the end. Raises an InputError for input that is refused.
   [[nodiscard]] virtual bool next(ToolPathEvent& event) = 0;

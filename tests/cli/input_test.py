@@ -136,7 +136,7 @@ class Jobs(program.ProgramTest):
         self.write("job", "\ufeff" + JOB)
         self.check_refused(
             "job",
-            "job:1: error: $: a byte-order mark stands here; write the job as UTF-8 without one\n",
+            "job:1: error: $: the job begins with a byte-order mark; write it as UTF-8 without one\n",
         )
 
     def test_format_that_shows_no_number_is_refused(self):
@@ -171,14 +171,14 @@ class Jobs(program.ProgramTest):
         self.check_refused(
             "/dev/zero",
             "/dev/zero:1:1: error: neither a job (JSON Lines, begins with '{') nor a canonical "
-            "listing (begins with '    1 N.....'); from an NC program, make its listing with: "
+            "listing (begins with '    1 N.....'); to create the listing of an NC program, use: "
             "rs274 -g PROGRAM LISTING\n",
         )
 
     def test_empty_device_is_refused(self):
         self.check_refused(
             "/dev/null",
-            "/dev/null: error: holds nothing; a job (JSON Lines) or a canonical listing is "
+            "/dev/null: error: the input is empty; a job (JSON Lines) or a canonical listing is "
             "expected\n",
         )
 
@@ -205,7 +205,7 @@ class Jobs(program.ProgramTest):
     def test_job_without_its_end_is_refused(self):
         self.write("job", JOB.replace('{"end":true}\n', ""))
         self.check_refused(
-            "job", 'job:2: error: the job is cut short; its last line is {"end": true}\n'
+            "job", 'job:2: error: the job is cut short; its last line must be {"end": true}\n'
         )
 
     def test_number_that_no_double_holds_is_refused(self):
@@ -235,13 +235,13 @@ class Jobs(program.ProgramTest):
     def test_unknown_instruction_is_refused(self):
         self.check_refused_line(
             '{"nc":"NC_NOWHERE"}',
-            "job:2: error: NC_NOWHERE is no NC instruction of this document\n",
+            "job:2: error: this document has no NC instruction NC_NOWHERE\n",
         )
 
     def test_sequential_motion_of_an_unknown_instruction_is_refused(self):
         self.check_refused_line(
             '{"nc":"NC_NOWHERE#SEQMOTION#3"}',
-            "job:2: error: NC_NOWHERE#SEQMOTION#3 is no NC instruction of this document\n",
+            "job:2: error: this document has no NC instruction NC_NOWHERE#SEQMOTION#3\n",
         )
 
     def test_line_longer_than_a_mebibyte_is_refused(self):

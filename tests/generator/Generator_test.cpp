@@ -230,24 +230,24 @@ struct Refusal {
   std::string_view error;
 };
 
-TEST(Generator, ElementThatCannotBePutOutEndsTheJob) {
+TEST(Generator, ElementThatCannotBeWrittenEndsTheJob) {
   constexpr Refusal kRefusals[] = {
       {R"({"nc":"NC_GOTOO"})",
-       R"(job:3: error: NC_GOTOO is no NC instruction of this document; did you mean "NC_GOTO"?)"},
+       R"(job:3: error: this document has no NC instruction NC_GOTOO; did you mean "NC_GOTO"?)"},
       {R"({"nc":"NC_RAPDI#SEQMOTION#3"})",
-       "job:3: error: NC_RAPDI#SEQMOTION#3 is no NC instruction of this document; did you mean "
+       "job:3: error: this document has no NC instruction NC_RAPDI#SEQMOTION#3; did you mean "
        "\"NC_RAPID\"?"},
       {R"({"nc":"NC_MILL_AND_TURN_AT_ONCE"})",
-       "job:3: error: NC_MILL_AND_TURN_AT_ONCE is no NC instruction of this document"},
+       "job:3: error: this document has no NC instruction NC_MILL_AND_TURN_AT_ONCE"},
       {R"({"nc":"nc_goto"})",
-       R"(job:3: error: nc_goto is no NC instruction of this document; did you mean "NC_GOTO"?)"},
-      {R"({"nc":"MFG_XPOINT"})", "job:3: error: MFG_XPOINT is no NC instruction of this document"},
+       R"(job:3: error: this document has no NC instruction nc_goto; did you mean "NC_GOTO"?)"},
+      {R"({"nc":"MFG_XPOINT"})", "job:3: error: this document has no NC instruction MFG_XPOINT"},
       {R"({"nc":"NC_GOTO","sequence":2})",
-       "job:3: error: NC_GOTO cannot be put out: it has no sequence 2, or a line of it cannot be "
-       "computed"},
+       "job:3: error: NC_GOTO cannot be written: it has no sequence 2, or one of its lines cannot "
+       "be computed"},
       {R"({"nc":"NC_GOTO","sequence":2,"points":[[1,2,3]]})",
-       "job:3: error: NC_GOTO cannot be put out: it has no sequence 2, or a line of it cannot be "
-       "computed"},
+       "job:3: error: NC_GOTO cannot be written: it has no sequence 2, or one of its lines cannot "
+       "be computed"},
   };
   for (const auto& [line, error] : kRefusals) {
     const Posting posting =
@@ -258,10 +258,10 @@ TEST(Generator, ElementThatCannotBePutOutEndsTheJob) {
 }
 
 TEST(Generator, MarkerWithoutTheNumberOfAMotionIsRefused) {
-  for (const std::string behind : {"", "0", "-5", "x", "2x", " 2", "02", "99999999999"}) {
-    EXPECT_EQ(post("{\"nc\":\"NC_GOTO#SEQMOTION#" + behind + "\"}").error,
-              "job:2: error: NC_GOTO#SEQMOTION#" + behind +
-                  " names no sequential motion: behind #SEQMOTION# a number from 1 is expected");
+  for (const std::string number : {"", "0", "-5", "x", "2x", " 2", "02", "99999999999"}) {
+    EXPECT_EQ(post("{\"nc\":\"NC_GOTO#SEQMOTION#" + number + "\"}").error,
+              "job:2: error: NC_GOTO#SEQMOTION#" + number +
+                  " names no sequential motion: a number from 1 is expected after #SEQMOTION#");
   }
 }
 

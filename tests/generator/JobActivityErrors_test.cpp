@@ -212,11 +212,11 @@ TEST(JobActivityErrors, KeyThatIsNoNumberIsRefused) {
        R"(:2:55: error: $.lathe.correctors.1000000000: a number from 1 to 999999999 is expected as )"
        "the key"},
       {R"({"activity":"A","tool":{"compensation":{"1":"P9","1":"P3"}}})",
-       ":2:50: error: $.tool.compensation.1: the key stands here twice"},
+       ":2:50: error: $.tool.compensation.1: duplicate key"},
       {R"({"activity":"A","assembly":{"kind":"lathe","radii":{"":1}}})",
        R"(:2:53: error: $.assembly.radii[""]: a tool point needs a name)"},
       {R"({"activity":"A","assembly":{"kind":"lathe","radii":{"P9":1,"P9":2}}})",
-       ":2:60: error: $.assembly.radii.P9: the key stands here twice"},
+       ":2:60: error: $.assembly.radii.P9: duplicate key"},
   };
   expectRefused(kRefusals);
 }

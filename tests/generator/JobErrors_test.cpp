@@ -28,21 +28,21 @@ constexpr Refusal kKeys[] = {
     {R"({"nc":"NC_GOTO","program":"P"})",
      R"(:2:17: error: $: unknown key "program"; the keys here are nc, ppCommand, sequence, points, )"
      R"(axis, circle, helix, feedrate, spindle, comment, corrector, hole, rotate)"},
-    {R"({"nc":"A","nc":"B"})", ":2:11: error: $.nc: the key stands here twice"},
-    {R"({"nc":"A","n\u0063":"B"})", ":2:11: error: $.nc: the key stands here twice"},
-    {R"({"nc":"A","hole":1,"hole":1})", ":2:20: error: $.hole: the key stands here twice"},
+    {R"({"nc":"A","nc":"B"})", ":2:11: error: $.nc: duplicate key"},
+    {R"({"nc":"A","n\u0063":"B"})", ":2:11: error: $.nc: duplicate key"},
+    {R"({"nc":"A","hole":1,"hole":1})", ":2:20: error: $.hole: duplicate key"},
     {R"({"nc":"A","circle":{"radius":1,"radius":2}})",
-     ":2:32: error: $.circle.radius: the key stands here twice"},
+     ":2:32: error: $.circle.radius: duplicate key"},
     {R"({"activity":"A","parameters":{"P":"x","P":"y"}})",
-     ":2:39: error: $.parameters.P: the key stands here twice"},
+     ":2:39: error: $.parameters.P: duplicate key"},
     {R"({"nc":"A","circle":{"centre":[0,0,0]}})",
      R"(:2:21: error: $.circle: unknown key "centre"; did you mean "center"?)"},
-    {R"({"nc":"A","\ud800":1})", ":2:11: error: $: the key holds an invalid escape"},
-    {R"({"nc":"A","\u001b[31m":1})", ":2:11: error: $: a key must not hold a control character"},
+    {R"({"nc":"A","\ud800":1})", ":2:11: error: $: the key contains an invalid escape"},
+    {R"({"nc":"A","\u001b[31m":1})", ":2:11: error: $: a key must not contain a control character"},
     {R"({"activity":"A","parameters":{"DEPTH\n":"x"}})",
-     ":2:31: error: $.parameters: a key must not hold a control character"},
+     ":2:31: error: $.parameters: a key must not contain a control character"},
     {R"({"activity":"A","customParameters":{"\u007f":"x"}})",
-     ":2:37: error: $.customParameters: a key must not hold a control character"},
+     ":2:37: error: $.customParameters: a key must not contain a control character"},
     {R"({"points":[[1,2,3]]})",
      R"(:2:1: error: $: one of the keys "job", "activity", "nc", "ppCommand" and "end" is expected)"},
     {"  {}",
@@ -73,7 +73,7 @@ constexpr Refusal kCommands[] = {
     {R"({"ppCommand":"NC_GOTO"})",
      ":2:14: error: $.ppCommand: a whole number from 1 to 2147483647 is expected, "
      "found \"NC_GOTO\""},
-    {R"({"ppCommand":1,"ppCommand":1})", ":2:16: error: $.ppCommand: the key stands here twice"},
+    {R"({"ppCommand":1,"ppCommand":1})", ":2:16: error: $.ppCommand: duplicate key"},
 };
 INSTANTIATE_TEST_SUITE_P(Commands, RefusedLine, testing::ValuesIn(kCommands));
 
@@ -188,44 +188,46 @@ constexpr Refusal kNumbers[] = {
 INSTANTIATE_TEST_SUITE_P(Numbers, RefusedLine, testing::ValuesIn(kNumbers));
 
 constexpr std::string_view kNoJson =
-    "no JSON here: a comma, a colon, a quote or a bracket is missing or too many";
+    "invalid JSON: a comma, a colon, a quote or a bracket is missing or unexpected";
 
 constexpr Refusal kTexts[] = {
     {"{\"nc\":\"A\",\"comment\":\"a\tb\"}",
-     ":2:23: error: $: a text must not hold a control character"},
+     ":2:23: error: $: a text must not contain a control character"},
     {R"({"nc":"A","comment":"a\tb"})",
-     ":2:21: error: $.comment: a text must not hold a control character"},
+     ":2:21: error: $.comment: a text must not contain a control character"},
     {R"({"nc":"A","comment":"two\nlines"})",
-     ":2:21: error: $.comment: a text must not hold a control character"},
+     ":2:21: error: $.comment: a text must not contain a control character"},
     {R"({"nc":"A","comment":"\u0000"})",
-     ":2:21: error: $.comment: a text must not hold a control character"},
+     ":2:21: error: $.comment: a text must not contain a control character"},
     {R"({"nc":"A","comment":"\u007f"})",
-     ":2:21: error: $.comment: a text must not hold a control character"},
+     ":2:21: error: $.comment: a text must not contain a control character"},
     {R"({"nc":"A","comment":"\ud800"})",
-     ":2:21: error: $.comment: the text holds an invalid escape"},
-    {R"({"nc":"A","comment":"\x41"})", ":2:21: error: $.comment: the text holds an invalid escape"},
-    {"{\"nc\":\"A\",\"comment\":\"\xC3\xA9\xFF\"}", ":2:24: error: $: this byte is no UTF-8"},
-    {"{\"nc\":\"A\",\"comment\":\"\xC3\"}", ":2:22: error: $: this byte is no UTF-8"},
+     ":2:21: error: $.comment: the text contains an invalid escape"},
+    {R"({"nc":"A","comment":"\x41"})",
+     ":2:21: error: $.comment: the text contains an invalid escape"},
+    {"{\"nc\":\"A\",\"comment\":\"\xC3\xA9\xFF\"}",
+     ":2:24: error: $: this byte is not valid UTF-8"},
+    {"{\"nc\":\"A\",\"comment\":\"\xC3\"}", ":2:22: error: $: this byte is not valid UTF-8"},
 };
 INSTANTIATE_TEST_SUITE_P(Texts, RefusedLine, testing::ValuesIn(kTexts));
 
 constexpr Refusal kStructure[] = {
-    {"[1,2,3]", ":2:1: error: $: a line is an object: {...}"},
-    {" 12", ":2:2: error: $: a line is an object: {...}"},
-    {"null", ":2:1: error: $: a line is an object: {...}"},
-    {"\"nc\"", ":2:1: error: $: a line is an object: {...}"},
-    {"GOTO/1,2,3", ":2:1: error: $: a line is an object: {...}"},
-    {R"({"nc":"A"} {"nc":"B"})", ":2:12: error: $: nothing may stand behind the line's object"},
-    {R"({"nc":"A"}x)", ":2:11: error: $: nothing may stand behind the line's object"},
-    {R"({"nc":"A"}})", ":2:11: error: $: nothing may stand behind the line's object"},
+    {"[1,2,3]", ":2:1: error: $: a line must be an object: {...}"},
+    {" 12", ":2:2: error: $: a line must be an object: {...}"},
+    {"null", ":2:1: error: $: a line must be an object: {...}"},
+    {"\"nc\"", ":2:1: error: $: a line must be an object: {...}"},
+    {"GOTO/1,2,3", ":2:1: error: $: a line must be an object: {...}"},
+    {R"({"nc":"A"} {"nc":"B"})", ":2:12: error: $: unexpected text after the object"},
+    {R"({"nc":"A"}x)", ":2:11: error: $: unexpected text after the object"},
+    {R"({"nc":"A"}})", ":2:11: error: $: unexpected text after the object"},
     {R"({"nc":"A","comment":"ab)",
      ":2:21: error: $: the text is not closed; is the line cut short?"},
     {R"({"nc":"A","points":[[1,2,3)",
      ":2:27: error: $: a bracket is not closed; is the line cut short?"},
     {R"({"nc":"A","circle":{"radius":1})",
      ":2:32: error: $: a bracket is not closed; is the line cut short?"},
-    {R"({"nc"\"A"})", R"(:2:6: error: $: a "\" stands outside of a text)"},
-    {R"({\"nc\":"A"})", R"(:2:2: error: $: a "\" stands outside of a text)"},
+    {R"({"nc"\"A"})", R"(:2:6: error: $: unexpected "\" outside of a text)"},
+    {R"({\"nc\":"A"})", R"(:2:2: error: $: unexpected "\" outside of a text)"},
     {"{", ":2:2: error: $: a bracket is not closed; is the line cut short?"},
 };
 INSTANTIATE_TEST_SUITE_P(Structure, RefusedLine, testing::ValuesIn(kStructure));
@@ -256,20 +258,20 @@ struct Job {
 TEST(Job, OfAnotherShapeIsRefused) {
   const std::string header = std::string(kHeader) + '\n';
   const Job jobs[] = {
-      {"", ": error: the job is empty; its first line is the header"},
-      {"\n \n", ":2: error: the job is empty; its first line is the header"},
+      {"", ": error: the job is empty; its first line must be the header"},
+      {"\n \n", ":2: error: the job is empty; its first line must be the header"},
       {"{\"end\":true}\n",
-       ":1: error: the first line of a job is its header, with the key \"job\""},
+       ":1: error: the first line of a job must be its header, with the key \"job\""},
       {"{\"nc\":\"A\"}\n",
-       ":1: error: the first line of a job is its header, with the key \"job\""},
-      {header, ":1: error: the job is cut short; its last line is {\"end\": true}"},
+       ":1: error: the first line of a job must be its header, with the key \"job\""},
+      {header, ":1: error: the job is cut short; its last line must be {\"end\": true}"},
       {header + "{\"nc\":\"A\"}",
-       ":2: error: the job is cut short; its last line is {\"end\": true}"},
-      {header + header, ":2: error: a job has one header only, its first line"},
+       ":2: error: the job is cut short; its last line must be {\"end\": true}"},
+      {header + header, ":2: error: a job has only one header, its first line"},
       {jobOf("") + "{\"nc\":\"A\"}\n", ":4: error: nothing may follow the end of the job"},
       {jobOf("") + "x", ":4: error: nothing may follow the end of the job"},
       {"\xEF\xBB\xBF" + jobOf(""),
-       ":1: error: $: a byte-order mark stands here; write the job as UTF-8 without one"},
+       ":1: error: $: the job begins with a byte-order mark; write it as UTF-8 without one"},
   };
   for (const auto& [text, error] : jobs) EXPECT_EQ(readJob(text).error, error) << text;
 }
@@ -301,7 +303,7 @@ TEST(JobHeader, OfAnotherShapeIsRefused) {
        R"(:1:57: error: $.designParameters[""]: a name of letters, digits and "_" is expected, )"
        "no digit first"},
       {R"({"job":1,"program":"P","units":"mm","designParameters":{"d":1,"d":1}})",
-       ":1:63: error: $.designParameters.d: the key stands here twice"},
+       ":1:63: error: $.designParameters.d: duplicate key"},
       {R"({"job":1,"program":"P","units":"mm","designParameters":{"d":"1"}})",
        ":1:61: error: $.designParameters.d: a number is expected, found \"1\""},
       {R"({"job":1,"program":"P","units":"mm","Units":"mm"})",

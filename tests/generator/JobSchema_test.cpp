@@ -42,8 +42,7 @@ constexpr SchemaObject kObjects[] = {
     {"turning", R"({"activity":"A","turning":{"0000000000":0}})"},
     {"lathe", R"({"activity":"A","lathe":{"0000000000":0}})"},
     {"motion", R"({"activity":"A","motions":[{"0000000000":0}]})"},
-    {"motionFeedsAndSpeeds",
-     R"({"activity":"A","motions":[{"feedsAndSpeeds":{"0000000000":0}}]})"},
+    {"motionFeedsAndSpeeds", R"({"activity":"A","motions":[{"feedsAndSpeeds":{"0000000000":0}}]})"},
     {"strategy", R"({"activity":"A","motions":[{"strategy":{"0000000000":0}}]})"},
     {"end", R"({"end":true,"0000000000":0})"},
 };

@@ -65,14 +65,14 @@ TEST_F(PostedCommands, PositionThatIsNotThereIsRefused) {
             "job:2: error: PP command 4 is not in this document, which has 3");
 }
 
-TEST_F(PostedCommands, CommandThatCannotBePutOutIsRefused) {
+TEST_F(PostedCommands, CommandThatCannotBeWrittenIsRefused) {
   addCommand(*document, "NC_NONE", 1);
   for (const int position : {3, 4}) {
     const std::string command = std::to_string(position);
     EXPECT_EQ(post(document, jobOf("{\"ppCommand\":" + command + "}")).error,
               "job:2: error: PP command " + command +
-                  " cannot be put out: it names no NC instruction of this document or no sequence "
-                  "of it, or a line of it cannot be computed");
+                  " cannot be written: it names no NC instruction of this document or no sequence "
+                  "of it, or one of its lines cannot be computed");
   }
 }
 

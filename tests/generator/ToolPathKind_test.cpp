@@ -1,11 +1,10 @@
-#include "post/toolpath/ToolPath.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 #include <string_view>
 
 #include "post/toolpath/LineReader.h"
+#include "post/toolpath/ToolPath.h"
 #include "tests/support/InputFile.h"
 
 namespace {
@@ -38,7 +37,7 @@ TEST(ToolPathKind, ListingBeginsWithTwoNumbers) {
 
 TEST(ToolPathKind, EmptyInputIsNeither) {
   constexpr std::string_view kMessage =
-      "0:0: holds nothing; a job (JSON Lines) or a canonical listing is expected";
+      "0:0: the input is empty; a job (JSON Lines) or a canonical listing is expected";
   EXPECT_EQ(kindOf(""), kMessage);
   EXPECT_EQ(kindOf(" \n\n"), kMessage);
 }
@@ -46,7 +45,7 @@ TEST(ToolPathKind, EmptyInputIsNeither) {
 TEST(ToolPathKind, OtherInputIsNeither) {
   constexpr std::string_view kMessage =
       "1:1: neither a job (JSON Lines, begins with '{') nor a canonical listing (begins with "
-      "'    1 N.....'); from an NC program, make its listing with: rs274 -g PROGRAM LISTING";
+      "'    1 N.....'); to create the listing of an NC program, use: rs274 -g PROGRAM LISTING";
   for (const std::string_view text :
        {"G21 G90\n"sv, "%\n"sv, "N10 G0 X1\n"sv, "10 G0\n"sv, "1N..... ON_RESET()\n"sv, "12"sv,
         "[1]\n"sv, "\xEF\xBB\xBFG0\n"sv, "\0\0\0\0"sv, "PK\x03\x04"sv}) {

@@ -11,9 +11,9 @@ namespace {
 /// What a listing gives with a document that has words for coolant and stops.
 std::string readWithWords(std::string_view calls) {
   host::ListingOptions options;
-  options.words.coolant = true;
-  options.words.programStop = true;
-  options.words.optionalStop = true;
+  options.vocabulary.coolant = true;
+  options.vocabulary.programStop = true;
+  options.vocabulary.optionalStop = true;
   return readListing(program(calls), options);
 }
 

@@ -117,8 +117,8 @@ TEST(ListingFeed, WordsOfTheDocumentNameTheUnit) {
   for (const auto& [subject, perMinute, perRevolution, minuteWord, revolutionWord] : cases) {
     host::ListingOptions options;
     options.unit = LengthUnit::Inch;
-    options.words.feedPerMinute = minuteWord;
-    options.words.feedPerRevolution = revolutionWord;
+    options.vocabulary.feedPerMinute = minuteWord;
+    options.vocabulary.feedPerRevolution = revolutionWord;
     EXPECT_EQ(readListing(program(kRates), options),
               "NC_FEEDRATE " + std::string(perMinute) + " LINEARFEEDRATE\nNC_GOTO 1 0 0\n" +
                   "NC_FEEDRATE " + std::string(perRevolution) + " ANGULARFEEDRATE\nNC_GOTO 1 0 0\n")

@@ -14,9 +14,9 @@ std::string twoMovesWith(std::string_view before, std::string_view between) {
 }
 
 std::string changed(std::string_view by) {
-  return "NC_GOTO 1 2 3\n4:14: this move is given in another coordinate system than the moves "
+  return "NC_GOTO 1 2 3\n4:14: this move uses another coordinate system than the moves "
          "before it (" +
-         std::string(by) + " in line 3); make a listing of its own for each coordinate system\n";
+         std::string(by) + " in line 3); create a separate listing for each coordinate system\n";
 }
 
 TEST(ListingFrames, OffsetsBeforeTheFirstMoveAreThePartsOwn) {
@@ -48,8 +48,8 @@ TEST(ListingFrames, CallThatChangedTheSystemIsNamed) {
                                      "SET_G5X_OFFSET(2, 10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
                                      "SET_G92_OFFSET(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
                                      "SET_XY_ROTATION(0.0)\n")),
-            "NC_GOTO 1 2 3\n6:14: this move is given in another coordinate system than the moves "
-            "before it (SET_G5X_OFFSET in line 3); make a listing of its own for each coordinate "
+            "NC_GOTO 1 2 3\n6:14: this move uses another coordinate system than the moves "
+            "before it (SET_G5X_OFFSET in line 3); create a separate listing for each coordinate "
             "system\n");
 }
 
@@ -58,8 +58,8 @@ TEST(ListingFrames, SystemThatCreepsAwayIsRefused) {
                                      "SET_G5X_OFFSET(1, 0.0001, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
                                      "SET_G5X_OFFSET(1, 0.0002, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
                                      "SET_G5X_OFFSET(1, 0.0003, 0.0, 0.0, 0.0, 0.0, 0.0)\n")),
-            "NC_GOTO 1 2 3\n6:14: this move is given in another coordinate system than the moves "
-            "before it (SET_G5X_OFFSET in line 3); make a listing of its own for each coordinate "
+            "NC_GOTO 1 2 3\n6:14: this move uses another coordinate system than the moves "
+            "before it (SET_G5X_OFFSET in line 3); create a separate listing for each coordinate "
             "system\n");
 }
 
@@ -97,8 +97,8 @@ TEST(ListingFrames, SameNumberInAnotherUnitIsAChange) {
       readListing(twoMovesWith("SET_G5X_OFFSET(1, 10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n",
                                "USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n"
                                "SET_G5X_OFFSET(1, 10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n")),
-      "NC_GOTO 1 2 3\n6:14: this move is given in another coordinate system than the moves before "
-      "it (SET_G5X_OFFSET in line 5); make a listing of its own for each coordinate system\n");
+      "NC_GOTO 1 2 3\n6:14: this move uses another coordinate system than the moves before "
+      "it (SET_G5X_OFFSET in line 5); create a separate listing for each coordinate system\n");
 }
 
 TEST(ListingFrames, LengthOffsetOfTheToolLeavesPositionsThoseOfItsTip) {
@@ -109,9 +109,9 @@ TEST(ListingFrames, LengthOffsetOfTheToolLeavesPositionsThoseOfItsTip) {
 
 TEST(ListingFrames, TurnedSystemIsRefusedWithToolAxes) {
   constexpr std::string_view kMessage =
-      "3:14: positions are given in a system with rotary offsets or a rotated XY plane ";
+      "3:14: the coordinate system has rotary offsets or a rotated XY plane ";
   constexpr std::string_view kAdvice =
-      " in line 2), in which the tool axis cannot be told; make the listing without them\n";
+      " in line 2), so the tool axis is unknown; create the listing without them\n";
   struct Case {
     std::string_view call;
     std::string_view name;

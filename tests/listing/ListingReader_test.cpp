@@ -216,7 +216,7 @@ TEST(ListingSummary, TellsMovesUnitAndWhatTheTextLacks) {
 positions taken as those of the tool's tip in the part's frame
 moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
 written as lines: SET_FEED_RATE 2 (first in line 4)
-without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
+no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
 WARNING: calls only partly written: PROGRAM_STOP 1 (first in line 6)
 WARNING: unknown calls, missing from the output: WOBBLE 1 (first in line 9)
 WARNING: moves missing from the output: ARC_FEED 1 (first in line 7), NURBS_FEED 1 (first in line 8)
@@ -227,17 +227,17 @@ TEST(ListingSummary, TellsTheUnitOfFeedRatesWhereItIsAnother) {
   const std::string listing = program("STRAIGHT_TRAVERSE(0.0, 0.0, 9.0, 0.0, 0.0, 0.0)\n");
   host::ListingOptions options;
   options.unit = host::LengthUnit::Inch;
-  options.words.feedPerMinute = host::LengthUnit::Millimetre;
+  options.vocabulary.feedPerMinute = host::LengthUnit::Millimetre;
   EXPECT_EQ(summaryOf(listing, options), R"(positions in inches
 feed rates in millimetres, as their words say
 moves: STRAIGHT_TRAVERSE 1 (first in line 2)
-without a line: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)
+no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)
 )");
 }
 
 TEST(ListingSummary, WarnsOfBareTexts) {
   host::ListingOptions options;
-  options.words.bareTexts = true;
+  options.vocabulary.bareTexts = true;
   EXPECT_EQ(summaryOf(program("COMMENT(\"\")\n"), options),
             "no output needed: USE_LENGTH_UNITS 1 (first in line 1), COMMENT 1 (first in line 2), "
             "FINISH 1 (first in line 3)\n");

@@ -65,7 +65,7 @@ TEST(ListingSpindle, TurningSpindleIsToldWhatChanges) {
 /// The calls of a surface speed of 200 with this unit of the document's word.
 std::string surface(std::string_view unit, std::optional<LengthUnit> word) {
   host::ListingOptions options;
-  options.words.surfaceSpeed = word;
+  options.vocabulary.surfaceSpeed = word;
   return readListing(program("USE_LENGTH_UNITS(" + std::string(unit) +
                              ")\n"
                              "SET_SPINDLE_MODE(0 1000000000000000019884624838656.0000)\n"

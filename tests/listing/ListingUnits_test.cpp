@@ -44,7 +44,7 @@ TEST(ListingUnits, RotaryWordsAreNoLengths) {
 TEST(ListingUnits, MoveBeforeAnyUnitIsRefusedUnlessTheUnitIsChosen) {
   const std::string listing = numbered("STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\nFINISH()\n");
   EXPECT_EQ(readListing(listing),
-            "1:14: a move stands before any length unit is named; name it with --units mm or "
+            "1:14: a move comes before any length unit; name the unit with --units mm or "
             "--units inch\n");
   EXPECT_EQ(readListing(listing, {LengthUnit::Inch, {}}), "NC_GOTO 1 2 3\n");
 }
@@ -56,7 +56,7 @@ TEST(ListingUnits, FeedRateBeforeAnyUnitIsRefusedUnlessItIsZeroOrTheUnitIsChosen
       "STRAIGHT_FEED(1.0, 2.0, 3.0, 0.0, 0.0, 0.0)\n"
       "FINISH()\n");
   EXPECT_EQ(readListing(listing),
-            "2:14: a feed rate stands before any length unit is named; name it with --units mm or "
+            "2:14: a feed rate comes before any length unit; name the unit with --units mm or "
             "--units inch\n");
   EXPECT_EQ(readListing(listing, {LengthUnit::Inch, {}}),
             "NC_FEEDRATE 2 LINEARFEEDRATE\nNC_GOTO 1 2 3\n");

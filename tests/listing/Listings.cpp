@@ -94,13 +94,13 @@ std::string_view nameOf(host::CallFate fate) {
   switch (fate) {
     case host::CallFate::Move:
       return "move";
-    case host::CallFate::Line:
+    case host::CallFate::Written:
       return "line";
     case host::CallFate::Other:
       return "other";
-    case host::CallFate::Lost:
+    case host::CallFate::Dropped:
       return "says more";
-    case host::CallFate::LostMove:
+    case host::CallFate::UnsupportedMove:
       return "lost";
     case host::CallFate::Unknown:
       return "unknown";

@@ -122,7 +122,7 @@ TEST(RotaryChain, WrongTextGivesItsReason) {
       {"C:table:Z, A:table:X", unnamed(" A:table:X")},
       {"A:table:X,A:head:Y", "the word A is named twice"},
       {"A:head:X,C:table:Z",
-       "'C:table:Z' stands behind a head; the order is from the part to the tool, tables first"},
+       "'C:table:Z' comes after a head; the order is from the part to the tool, tables first"},
   };
   for (const Case& test : cases) {
     std::string reason;

@@ -50,11 +50,11 @@ class ToolPathInput {
       setup_.emplace(job_->header(), document);
     } else {
       listing_.emplace(std::move(lines_), host::ListingOptions{options_.units, options_.rotary,
-                                                               host::listingWords(document)});
+                                                               host::vocabularyOf(document)});
     }
   }
 
-  [[nodiscard]] host::ToolPathSource& events() {
+  [[nodiscard]] host::ToolPathReader& events() {
     if (listing_) return *listing_;
     return *job_;
   }

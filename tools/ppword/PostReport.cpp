@@ -77,7 +77,7 @@ long missingPieces(const PostReport& report) {
   long count = summary.unevaluated.total() + summary.withoutNumber.total() +
                summary.dropped.total() + summary.deleted.total();
   if (report.listing != nullptr) {
-    for (const CallFate fate : {CallFate::Lost, CallFate::LostMove, CallFate::Unknown}) {
+    for (const CallFate fate : {CallFate::Dropped, CallFate::UnsupportedMove, CallFate::Unknown}) {
       count += report.listing->calls().total(fate);
     }
   }
@@ -127,7 +127,7 @@ Json reportJson(const PostReport& report, bool written) {
   if (report.listing == nullptr) return json;
   if (const auto unit = report.listing->unit()) {
     json["unit"] = host::pluralOf(*unit);
-    json["feedUnit"] = host::pluralOf(report.listing->words().feedPerMinute.value_or(*unit));
+    json["feedUnit"] = host::pluralOf(report.listing->vocabulary().feedPerMinute.value_or(*unit));
   }
   json["calls"] = callsJson(report.listing->calls());
   return json;

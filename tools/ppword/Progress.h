@@ -5,10 +5,10 @@
 #include "post/toolpath/ToolPath.h"
 
 /// Passes on the elements of a tool path; in a long run it counts them on the standard error.
-class Progress final : public host::ToolPathSource {
+class Progress final : public host::ToolPathReader {
  public:
   /// Nothing is shown unless `shown`.
-  Progress(host::ToolPathSource& source, bool shown) : source_(source), shown_(shown) {}
+  Progress(host::ToolPathReader& source, bool shown) : source_(source), shown_(shown) {}
   ~Progress() override;
 
   [[nodiscard]] bool next(host::ToolPathEvent& event) override;
@@ -18,7 +18,7 @@ class Progress final : public host::ToolPathSource {
 
   void show();
 
-  host::ToolPathSource& source_;
+  host::ToolPathReader& source_;
   bool shown_;
   long count_ = 0;
   long nextLook_ = 0;

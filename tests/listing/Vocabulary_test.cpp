@@ -1,4 +1,4 @@
-#include "post/listing/ListingWords.h"
+#include "post/listing/Vocabulary.h"
 
 #include <gtest/gtest.h>
 
@@ -13,15 +13,15 @@ namespace {
 
 using host::LengthUnit;
 
-host::ListingWords wordsWith(std::string_view table) {
+host::Vocabulary wordsWith(std::string_view table) {
   const KEPVar<host::Document> document = host::newDocument();
   const InputFile file(table);
   EXPECT_EQ(document->ppWordContainer()->LoadPPWordTable(KEPUnicodeString(file.path())), S_OK);
-  return host::listingWords(*document);
+  return host::vocabularyOf(*document);
 }
 
-TEST(ListingWords, DefaultCatalogueNamesMillimetresAndPutsTextsBare) {
-  const host::ListingWords words = host::listingWords(*host::newDocument());
+TEST(Vocabulary, DefaultCatalogueNamesMillimetresAndPutsTextsBare) {
+  const host::Vocabulary words = host::vocabularyOf(*host::newDocument());
   EXPECT_EQ(words.feedPerMinute, LengthUnit::Millimetre);
   EXPECT_EQ(words.feedPerRevolution, LengthUnit::Millimetre);
   EXPECT_EQ(words.surfaceSpeed, LengthUnit::Millimetre);
@@ -31,21 +31,21 @@ TEST(ListingWords, DefaultCatalogueNamesMillimetresAndPutsTextsBare) {
   EXPECT_TRUE(words.bareTexts);
 }
 
-TEST(ListingWords, ListsNameTheUnits) {
-  const host::ListingWords inches = wordsWith(
+TEST(Vocabulary, ListsNameTheUnits) {
+  const host::Vocabulary inches = wordsWith(
       "*START_LIST MFG_FEED_UNIT\nIPM,IPR\n*END\n*START_LIST MFG_SPNDL_UNIT\nRPM,SFM\n*END\n");
   EXPECT_EQ(inches.feedPerMinute, LengthUnit::Inch);
   EXPECT_EQ(inches.feedPerRevolution, LengthUnit::Inch);
   EXPECT_EQ(inches.surfaceSpeed, LengthUnit::Inch);
-  const host::ListingWords others =
+  const host::Vocabulary others =
       wordsWith("*START_LIST MFG_FEED_UNIT\nPERMIN\n*END\n*START_LIST MFG_SPNDL_UNIT\nRPM\n*END\n");
   EXPECT_EQ(others.feedPerMinute, std::nullopt);
   EXPECT_EQ(others.feedPerRevolution, std::nullopt);
   EXPECT_EQ(others.surfaceSpeed, std::nullopt);
 }
 
-TEST(ListingWords, WordThatNoInstructionPrintsNamesNoUnit) {
-  const host::ListingWords words = wordsWith(
+TEST(Vocabulary, WordThatNoInstructionPrintsNamesNoUnit) {
+  const host::Vocabulary words = wordsWith(
       "*START_NC_INSTRUCTION NC_FEEDRATE\nFEDRAT/%MFG_FEED_VALUE,IPM\n*END\n"
       "*START_NC_INSTRUCTION NC_SPINDLE_START\nSPINDL/%MFG_SPNDL_SPEED\n*END\n");
   EXPECT_EQ(words.feedPerMinute, std::nullopt);
@@ -53,15 +53,15 @@ TEST(ListingWords, WordThatNoInstructionPrintsNamesNoUnit) {
   EXPECT_EQ(words.surfaceSpeed, std::nullopt);
 }
 
-TEST(ListingWords, CoolantNeedsItsThreeSequences) {
+TEST(Vocabulary, CoolantNeedsItsThreeSequences) {
   const std::string two =
       "*START_NC_COMMAND NC_COOLANT\n*START_SEQUENCE\nA\n*END\n*START_SEQUENCE\nB\n*END\n";
   EXPECT_FALSE(wordsWith(two + "*END\n").coolant);
   EXPECT_TRUE(wordsWith(two + "*START_SEQUENCE\nC\n*END\n*END\n").coolant);
 }
 
-TEST(ListingWords, InstructionsOfATableAreFound) {
-  const host::ListingWords words = wordsWith(
+TEST(Vocabulary, InstructionsOfATableAreFound) {
+  const host::Vocabulary words = wordsWith(
       "*START_NC_INSTRUCTION NC_PROGRAM_STOP\nSTOP\n*END\n"
       "*START_NC_INSTRUCTION NC_OPTIONAL_STOP\nOPSTOP\n*END\n"
       "*START_NC_INSTRUCTION NC_OUTPUT_COMMENT\nPPRINT %MFG_OUTPUT_COMMENT\n*END\n");

@@ -8,8 +8,8 @@ namespace host {
 
 class Document;
 
-/// What the NC instructions of a document can say of a listing, beside what every document can.
-struct ListingWords {
+/// What the NC instructions of a document can express of a listing, besides what every one can.
+struct Vocabulary {
   /// The unit that the words of feed rates name (MMPM, IPM, MMPR, IPR), and those of surface speeds
   /// (SMM: metres, SFM: feet); nothing where NC_FEEDRATE or NC_SPINDLE_START takes no such word
   /// from MFG_FEED_UNIT or MFG_SPNDL_UNIT.
@@ -20,11 +20,11 @@ struct ListingWords {
   bool coolant = false;
   bool programStop = false;
   bool optionalStop = false;
-  /// Whether NC_OUTPUT_COMMENT gives texts without a word before them.
+  /// Whether NC_OUTPUT_COMMENT writes texts without a word before them.
   bool bareTexts = false;
 };
 
-/// The words of a document as it stands.
-[[nodiscard]] ListingWords listingWords(const Document& document);
+/// The vocabulary of a document in its current state.
+[[nodiscard]] Vocabulary vocabularyOf(const Document& document);
 
 }  // namespace host

@@ -1,4 +1,4 @@
-#include "post/listing/ListingWords.h"
+#include "post/listing/Vocabulary.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -58,19 +58,19 @@ bool isBare(const KEPUnicodeString& line) {
 
 }  // namespace
 
-ListingWords listingWords(const Document& document) {
-  ListingWords words;
-  words.feedPerMinute = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 1);
-  words.feedPerRevolution = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 2);
-  words.surfaceSpeed = printedUnit(document, "NC_SPINDLE_START", "MFG_SPNDL_UNIT", 2);
-  words.coolant = hasLines(document, "NC_COOLANT") &&
-                  hasLines(document, "NC_COOLANT", "Syntaxe2") &&
-                  hasLines(document, "NC_COOLANT", "Syntaxe3");
-  words.programStop = hasLines(document, "NC_PROGRAM_STOP");
-  words.optionalStop = hasLines(document, "NC_OPTIONAL_STOP");
+Vocabulary vocabularyOf(const Document& document) {
+  Vocabulary vocabulary;
+  vocabulary.feedPerMinute = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 1);
+  vocabulary.feedPerRevolution = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 2);
+  vocabulary.surfaceSpeed = printedUnit(document, "NC_SPINDLE_START", "MFG_SPNDL_UNIT", 2);
+  vocabulary.coolant = hasLines(document, "NC_COOLANT") &&
+                       hasLines(document, "NC_COOLANT", "Syntaxe2") &&
+                       hasLines(document, "NC_COOLANT", "Syntaxe3");
+  vocabulary.programStop = hasLines(document, "NC_PROGRAM_STOP");
+  vocabulary.optionalStop = hasLines(document, "NC_OPTIONAL_STOP");
   const Texts lines = textsOf(document, "NC_OUTPUT_COMMENT", "Syntaxe");
-  words.bareTexts = std::any_of(lines.begin(), lines.end(), isBare);
-  return words;
+  vocabulary.bareTexts = std::any_of(lines.begin(), lines.end(), isBare);
+  return vocabulary;
 }
 
 }  // namespace host
