@@ -1,8 +1,37 @@
+// Where a sign of a syntax goes when the values of a line hold commas, or names swallow them.
+//
+// While references are replaced every sign is a comma, and it comes back in place of the comma that
+// has its number by then. Whoever wonders why a "+" is at another place needs to know which comma
+// was which. So a trail gives each comma of the line an origin: its number when the signs were
+// masked, or 0 for a comma that came with a value. For example, with W = "ON,OFF",
+//
+//   X/&W+1,2      is masked as   X/&W,1,2        the commas have the origins    1 2
+//                                                and the sign "+" has number    1
+//   &W is replaced:              X/ON,OFF,1,2    the commas have the origins  0 1 2
+//
+// The "+" goes back to comma 1, whose origin is 0 now: it moved, from after &W to after ON.
+//
+// A pass is followed by what it replaced. Each replacement, a reference or a computed group, is
+// looked for in the line before the pass, from left to right. The commas in front of it keep their
+// origins, those inside it are dropped, and those of the text that takes its place get the origin
+// 0:
+//
+//   X/%(A+B),2    is masked as   X/%(A,B),2      origins  1 2
+//   %(A,B) gives 9:              X/9,2           origins  2
+//
+// The "+" has number 1, and comma 1 has the origin 2: it moved to another comma. A sign whose
+// number is above the number of commas is lost.
+//
+// The same table answers what is after a name: the "," there may be a sign in truth, which is
+// looked up by its origin.
+
 #include "inspect/explain/CommaTrail.h"
 
 #include <algorithm>
 #include <numeric>
 #include <utility>
+
+#include "language/syntax/EscapedPercent.h"
 
 namespace host {
 namespace {
@@ -18,17 +47,9 @@ std::string argumentBefore(std::string_view line, std::size_t end) {
   return std::string(separator == kNone ? text : text.substr(separator + 1));
 }
 
-/// A name as it stands in the line while it is processed.
-std::string masked(std::string name) {
-  for (std::size_t at = name.find("\\%"); at != kNone; at = name.find("\\%", at)) {
-    name.replace(at, 2, "@#@#@#@#");
-  }
-  return name;
-}
-
 /// A reference as it stands in the line while it is processed, its end left out.
 std::string opened(const ExplainedReference& reference) {
-  return reference.prefix.substr(0, 1) + masked(reference.name);
+  return reference.prefix.substr(0, 1) + ppword::withMaskedPercents(reference.name);
 }
 
 /// What a pass replaced, from left to right, and by what.
@@ -39,7 +60,7 @@ std::vector<std::pair<std::string, std::string>> replacementsOf(const ExplainedP
   }
   for (const ExplainedOperation& operation : pass.operations) {
     if (operation.outcome == KEPMfgPPWordListener::Operation::Computed) {
-      all.emplace_back(masked(operation.operation), operation.result);
+      all.emplace_back(ppword::withMaskedPercents(operation.operation), operation.result);
     }
   }
   return all;

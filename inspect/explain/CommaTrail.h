@@ -17,7 +17,7 @@ class CommaTrail {
     char sign;
     /// Of the comma in its place, from 1.
     int ordinal;
-    /// What stood in front of it.
+    /// What was in front of it.
     std::string before;
   };
 
@@ -27,13 +27,13 @@ class CommaTrail {
   /// Follows the line through a pass that replaced references and groups.
   void follow(const ExplainedPass& pass);
 
-  /// The character directly behind the next reference of the pass to be followed next, a masked
+  /// The character directly after the next reference of the pass to be followed next, a masked
   /// sign as such; nothing at the end of the line. To be asked for all of them, from left to right.
   [[nodiscard]] std::optional<char> characterBehind(const ExplainedReference& reference);
 
   /// The signs in the order of the line.
   [[nodiscard]] const std::vector<Sign>& signs() const noexcept { return signs_; }
-  /// What stands now in front of the comma with a sign's number; nothing when it does not exist.
+  /// What is now in front of the comma with a sign's number; nothing when it does not exist.
   [[nodiscard]] std::optional<std::string> placeOf(const Sign& sign) const;
   /// True when the comma with the sign's number is no longer the one that took the sign's place.
   [[nodiscard]] bool isMoved(const Sign& sign) const;

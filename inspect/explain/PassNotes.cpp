@@ -4,6 +4,8 @@
 #include <string_view>
 
 #include "inspect/explain/CommaTrail.h"
+#include "language/syntax/OperationCursor.h"
+#include "language/syntax/Signs.h"
 
 namespace host {
 namespace {
@@ -13,16 +15,11 @@ using Pass = KEPMfgPPWordListener::Pass;
 using Source = KEPMfgPPWordListener::Source;
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kSigns = "+-*";
 
 std::string quoted(std::string_view text) { return "«" + std::string(text) + "»"; }
 
 std::string quotedOrNothing(std::string_view text) {
   return text.empty() ? "nothing" : quoted(text);
-}
-
-bool isComment(std::string_view line) {
-  return line.find("$$") != kNone || line.find("PPRINT") != kNone || line.find("*VORTA") != kNone;
 }
 
 /// What is odd about an expression.
@@ -75,7 +72,7 @@ void addAnswerNotes(const ExplainedReference& reference, std::optional<char> beh
   }
   if (reference.source != Source::Nobody) return;
   const std::string name = quoted(reference.name);
-  if (behind && kSigns.find(*behind) != kNone) {
+  if (behind && ppword::kSigns.find(*behind) != kNone) {
     notes.push_back("the name " + name + " is cut by the \"" + *behind +
                     "\" behind it: a name holds no sign");
   }
@@ -117,8 +114,8 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass p
                                    : "a side has no number, or the divisor is 0");
   }
   if (ended.outcome == Operation::Computed) return std::nullopt;
-  const bool lacksLeft = kSigns.find(ended.operation.front()) != kNone;
-  const bool lacksRight = kSigns.find(ended.operation.back()) != kNone;
+  const bool lacksLeft = ppword::kSigns.find(ended.operation.front()) != kNone;
+  const bool lacksRight = ppword::kSigns.find(ended.operation.back()) != kNone;
   if (lacksLeft && lacksRight) return operation + " is deleted: it has no operand";
   if (lacksRight) {
     return operation + " is deleted: nothing stands behind the sign; parentheses are no operands";
@@ -157,7 +154,7 @@ void addSignNotes(const CommaTrail& trail, ExplainedPass& restored) {
 
 /// What is odd about a line that was written with signs, behind its evaluation.
 void addEvaluationNotes(ExplainedPass& evaluated) {
-  if (isComment(evaluated.line)) {
+  if (ppword::isComment(evaluated.line)) {
     evaluated.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
   } else if (evaluated.line.find("--") != kNone) {
     evaluated.notes.emplace_back(

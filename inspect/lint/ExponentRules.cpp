@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "inspect/lint/LineRules.h"
+#include "language/syntax/Signs.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
 constexpr std::string_view kSegmentEnds = ",=";
-constexpr std::string_view kSigns = "+-*";
 
 bool isDigit(char byte) { return std::isdigit(static_cast<unsigned char>(byte)) != 0; }
 
@@ -31,16 +31,22 @@ using Numbers = std::set<std::pair<std::size_t, std::size_t>>;
 /// True for an operator between two operands; a "/" behind a word divides nothing.
 bool joins(std::string_view flat, std::size_t at) {
   const char before = at > 0 ? flat[at - 1] : ',';
-  if (flat[at] == '/') return isDigit(before) || std::string_view(".)\x01").find(before) != kNone;
-  return kSigns.find(flat[at]) != kNone && std::string_view(",=/(").find(before) == kNone;
+  if (flat[at] == '/') return isDigit(before) || std::string_view(".)").find(before) != kNone;
+  return ppword::kSigns.find(flat[at]) != kNone && std::string_view(",=/(").find(before) == kNone;
+}
+
+/// True when the word or number of the byte before goes on with this one.
+bool goesOn(const LineReading& reading, std::size_t at) {
+  return !reading.isValue(at - 1) && std::isalnum(static_cast<unsigned char>(reading.flat[at - 1]));
 }
 
 /// Adds those that an operator outside of them would compute with.
-void addComputed(std::string_view flat, std::size_t begin, std::size_t end, Numbers& all) {
+void addComputed(const LineReading& reading, std::size_t begin, std::size_t end, Numbers& all) {
+  const std::string_view flat = reading.flat;
   Numbers numbers;
   bool isComputed = false;
   for (std::size_t at = begin; at < end;) {
-    const bool canBegin = at == begin || !std::isalnum(static_cast<unsigned char>(flat[at - 1]));
+    const bool canBegin = !reading.isValue(at) && (at == begin || !goesOn(reading, at));
     const std::size_t width = canBegin ? exponentNumber(flat.substr(at, end - at)) : 0;
     if (width > 0) numbers.emplace(at, width);
     isComputed = isComputed || joins(flat, at);
@@ -51,7 +57,7 @@ void addComputed(std::string_view flat, std::size_t begin, std::size_t end, Numb
 
 /// Adds divisors that end at the sign of their exponent.
 void addDivisors(const LineReading& reading, Numbers& all) {
-  for (const LineDivision& division : reading.divisions) {
+  for (const ppword::Division& division : reading.divisions) {
     const std::size_t at =
         division.at + 1 +
         std::min(division.divisor.find_first_not_of(' '), division.divisor.size());
@@ -68,12 +74,12 @@ void lintExponents(const LineReading& reading, LineReport& report) {
   Numbers numbers;
   for (std::size_t begin = 0; begin < flat.size();) {
     const std::size_t end = std::min(flat.find_first_of(kSegmentEnds, begin), flat.size());
-    addComputed(flat, begin, end, numbers);
+    addComputed(reading, begin, end, numbers);
     begin = end + 1;
   }
   addDivisors(reading, numbers);
   for (const auto& [at, width] : numbers) {
-    report.warn(LintKey::ExponentOperand, at, width, reading.text.substr(at, width));
+    report.warn(LintKey::ExponentOperand, at, width, reading.written(at, width));
   }
 }
 

@@ -1,49 +1,36 @@
 #pragma once
 
-#include <optional>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "language/syntax/DivisionCursor.h"
+#include "language/syntax/EscapedPercent.h"
+#include "language/syntax/OperationCursor.h"
+
 namespace host {
 
-/// Stands in a reading for a byte whose value is not known before the line is put out, or that is
-/// part of a number.
-inline constexpr char kValueByte = '\x01';
-
-/// A reference as the passes of the module take it. Positions are those of the line.
+/// A reference of a line; one of two that a computed group divides has nothing after its name.
 struct LineReference {
   std::size_t start;
-  /// What stands between the prefix and what ends the reference.
+  /// What is between the prefix and what ends the reference.
   std::string_view name;
   /// The name that is looked up.
   std::string_view parameter;
+  /// How many ")" come after its value.
+  std::size_t parentheses = 0;
   /// True for the expression of a "%(".
   bool isExpression = false;
 
   [[nodiscard]] std::size_t end() const { return start + 1 + name.size(); }
 };
 
-/// A "/" behind the first one of a line.
-struct LineDivision {
-  std::size_t at;
-  std::string_view divisor;
-  /// What it is multiplied by; empty for a division that stays.
-  std::string reciprocal;
-};
-
-/// An operator that the evaluation of the line meets, from left to right.
-struct LineOperation {
-  std::size_t at;
-  char sign;
-  bool hasLeft;
-  /// What stands on its left is a number, or may become one; and it is a sum.
-  bool isLeftNumber;
-  bool isBehindSum;
-  std::string_view right;
-  /// Where the computation begins, and where it ends.
-  std::size_t begin;
-  std::size_t end;
+/// An operation, and what becomes of it when all values are numbers.
+struct LineOperation : ppword::Operation {
+  /// True when a sum or difference is part of its left operand.
+  bool isAfterSum;
+  bool isComputed;
 };
 
 /// A part of a line that a computed number takes the place of.
@@ -52,28 +39,50 @@ struct LineResult {
   std::size_t end;
 };
 
-/// A syntax line as the textual passes read it. It lives as long as the line.
+/// So much longer is the mask of an escaped percent.
+inline constexpr std::size_t kMaskGrowth =
+    ppword::kPercentMask.size() - ppword::kEscapedPercent.size();
+
+/// A syntax line as the passes read it. All positions are those of `text`.
 struct LineReading {
+  LineReading() = default;
+  LineReading(const LineReading&) = delete;
+  LineReading& operator=(const LineReading&) = delete;
+
+  /// As it is written.
+  std::string_view line;
+  /// The line with masks in place of escaped percents.
   std::string_view text;
-  /// The line with values in place of references, products in place of divisions; as long as the
-  /// line.
+  /// Where the masks are.
+  std::vector<std::size_t> masks;
+  /// The text before it is computed, as long as `text`: the digits of some number in place of
+  /// references, of computed groups and of reciprocals.
   std::string flat;
+  /// Which bytes of it are such digits.
+  std::vector<bool> values;
   /// Comments and prints are not computed.
   bool isComment = false;
   /// A comment, a print, or another word with text.
   bool isProse = false;
+  /// Each from left to right; results as they come.
   std::vector<LineReference> references;
-  std::vector<LineDivision> divisions;
+  std::vector<ppword::Division> divisions;
   std::vector<LineOperation> operations;
   std::vector<LineResult> results;
+
+  [[nodiscard]] bool isValue(std::size_t position) const {
+    return position < values.size() && values[position];
+  }
+  /// A position of the text as one of the line.
+  [[nodiscard]] std::size_t lineOffset(std::size_t position) const {
+    const auto before = std::lower_bound(masks.begin(), masks.end(), position) - masks.begin();
+    return position - static_cast<std::size_t>(before) * kMaskGrowth;
+  }
+  /// A part of the text as it is written.
+  [[nodiscard]] std::string_view written(std::size_t begin, std::size_t size) const {
+    const std::size_t from = lineOffset(begin);
+    return line.substr(from, lineOffset(begin + size) - from);
+  }
 };
-
-[[nodiscard]] LineReading readLine(std::string_view line);
-
-/// The number that a text begins with, blanks in front left out.
-[[nodiscard]] std::optional<double> leadingNumber(std::string_view text);
-
-/// True for what is a number, or may become one when values are put in.
-[[nodiscard]] bool mayBeNumber(std::string_view operand);
 
 }  // namespace host

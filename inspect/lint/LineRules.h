@@ -9,14 +9,18 @@ namespace host {
 /// Takes the warnings about one line.
 class LineReport {
  public:
-  LineReport(const TableLine& line, LintFindings& findings) : line_(line), findings_(findings) {}
+  LineReport(const TableLine& line, const LineReading& reading, LintFindings& findings)
+      : line_(line), reading_(reading), findings_(findings) {}
 
+  /// `position` and `width`: of the reading's text.
   void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject) {
-    findings_.warn(key, line_.offsetOf(position), width, subject);
+    const std::size_t written = reading_.written(position, width).size();
+    findings_.warn(key, line_.offsetOf(reading_.lineOffset(position)), written, subject);
   }
 
  private:
   const TableLine& line_;
+  const LineReading& reading_;
   LintFindings& findings_;
 };
 

@@ -3,15 +3,16 @@
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/KeywordLines.h"
 #include "inspect/lint/ReferenceRules.h"
+#include "inspect/lint/SyntaxLineReader.h"
 #include "inspect/lint/WordRules.h"
 
 namespace host {
 namespace {
 
-void lintLine(const TableLine& line, const LintParameters& parameters, LintFindings& findings) {
-  const LineReading reading = readLine(line.text);
-  LineReport report(line, findings);
-  if (line.isBehindAnother) report.warn(LintKey::SplitLine, 0, line.text.size(), line.text);
+void lintLine(const TableLine& line, const LineReading& reading, const LintParameters& parameters,
+              LintFindings& findings) {
+  LineReport report(line, reading, findings);
+  if (line.isBehindAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);
   lintArithmetic(reading, report);
   lintExponents(reading, report);
   lintNames(reading, report);
@@ -29,7 +30,10 @@ std::vector<Diagnostic> lintTable(const std::string& path) {
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
-  for (const TableLine& line : blocks.lines) lintLine(line, parameters, findings);
+  SyntaxLineReader reader;
+  for (const TableLine& line : blocks.lines) {
+    lintLine(line, reader.read(line.text), parameters, findings);
+  }
   for (Diagnostic& warning : allTableWarnings(bytes, path)) findings.add(std::move(warning));
   return findings.take();
 }

@@ -6,7 +6,7 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "host/modeler/Document.h"
-#include "inspect/lint/LineReading.h"
+#include "inspect/lint/SyntaxLineReader.h"
 #include "language/number/NumberFormat.h"
 #include "post/text/SpellingSuggestion.h"
 
@@ -55,12 +55,15 @@ LintParameters::LintParameters(const TableBlocks& blocks) {
 }
 
 void LintParameters::readCatalogue() {
+  SyntaxLineReader reader;
   const KEPVar<Document> document = newDocument();
   const auto types = document->features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
   for (const KEPISpecObject_var type : types) {
     const KEPISpecAttrAccess_var attributes = type;
     if (const auto lines = attributes->FindAttribute("Syntaxe"); lines && lines->IsSet()) {
-      for (const KEPUnicodeString& line : lines->GetTexts()) addReferences(line.View());
+      for (const KEPUnicodeString& line : lines->GetTexts()) {
+        addReferences(reader.read(line.View()));
+      }
       continue;
     }
     std::size_t width = 0;
@@ -72,8 +75,7 @@ void LintParameters::readCatalogue() {
   }
 }
 
-void LintParameters::addReferences(std::string_view line) {
-  const LineReading reading = readLine(line);
+void LintParameters::addReferences(const LineReading& reading) {
   for (const LineReference& reference : reading.references) {
     known_.try_emplace(std::string(reference.parameter), 0);
   }

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/system/TextHash.h"
+#include "inspect/lint/LineReading.h"
 #include "inspect/lint/TableBlocks.h"
 
 namespace host {
@@ -26,7 +27,7 @@ class LintParameters {
 
  private:
   void readCatalogue();
-  void addReferences(std::string_view line);
+  void addReferences(const LineReading& reading);
 
   /// The widths of those that have one.
   TextMap<std::size_t> known_;

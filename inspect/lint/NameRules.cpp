@@ -1,30 +1,30 @@
 #include <algorithm>
 
 #include "inspect/lint/LineRules.h"
+#include "language/syntax/Signs.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr std::string_view kSigns = "+-*";
 
-/// The reference as it stands in the line; an expression with the ")" that ends it.
+/// The reference as it is in the line; an expression with the ")" that ends it.
 std::string_view textOf(const LineReading& reading, const LineReference& reference) {
   const bool isClosed =
       reference.isExpression && reading.text.substr(reference.end()).starts_with(')');
-  return reading.text.substr(reference.start, reference.name.size() + (isClosed ? 2 : 1));
+  return reading.written(reference.start, reference.name.size() + (isClosed ? 2 : 1));
 }
 
 bool endsAtSign(const LineReading& reading, const LineReference& reference) {
   return reference.end() < reading.text.size() &&
-         kSigns.find(reading.text[reference.end()]) != kNone;
+         ppword::kSigns.find(reading.text[reference.end()]) != kNone;
 }
 
 /// Position of a division in an expression that becomes a product before the expression is read.
 std::size_t productIn(const LineReading& reading, const LineReference& reference) {
   auto division = std::partition_point(
       reading.divisions.begin(), reading.divisions.end(),
-      [&](const LineDivision& candidate) { return candidate.at < reference.start; });
+      [&](const ppword::Division& candidate) { return candidate.at < reference.start; });
   for (; division != reading.divisions.end() && division->at < reference.end(); ++division) {
     if (!division->reciprocal.empty()) return division->at;
   }
@@ -34,7 +34,7 @@ std::size_t productIn(const LineReading& reading, const LineReference& reference
 void operatorInExpression(const LineReading& reading, const LineReference& reference,
                           LineReport& report) {
   if (!reference.isExpression) return;
-  const std::size_t sign = reference.name.find_first_of(kSigns);
+  const std::size_t sign = reference.name.find_first_of(ppword::kSigns);
   const std::size_t at =
       std::min(sign == kNone ? kNone : reference.start + 1 + sign, productIn(reading, reference));
   if (at == kNone) return;
@@ -51,7 +51,7 @@ void divisionInName(const LineReading& reading, const LineReference& reference,
 void signInComment(const LineReading& reading, const LineReference& reference, LineReport& report) {
   if (!reading.isComment || reference.isExpression || !endsAtSign(reading, reference)) return;
   report.warn(LintKey::SignInComment, reference.end(), 1,
-              reading.text.substr(reference.start, reference.name.size() + 2));
+              reading.written(reference.start, reference.name.size() + 2));
 }
 
 void blankInName(const LineReading& reading, const LineReference& reference, LineReport& report) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "inspect/lint/SyntaxLineReader.h"
 #include "post/output/LineSink.h"
 #include "post/text/Utf8.h"
 
@@ -10,11 +11,6 @@ namespace {
 
 constexpr std::size_t kWidest = kStatementColumns;
 constexpr std::size_t kResultWidth = 12;
-
-/// Names that are no such are told otherwise.
-bool isName(std::string_view name) {
-  return !name.empty() && name.find_first_of("/ %&()") == name.npos;
-}
 
 /// A part of a line that is put out with a width of its own.
 struct Piece {
@@ -49,11 +45,14 @@ struct Width {
   }
 };
 
-void addText(std::string_view line, std::size_t from, std::size_t end, Width& width) {
-  while (from < end) {
-    width.add(from, 1);
-    from += std::max<std::size_t>(utf8Length(line, from), 1);
-  }
+/// A mask is put out as one percent sign.
+std::size_t characterSize(std::string_view text, std::size_t at) {
+  if (text.substr(at).starts_with(ppword::kPercentMask)) return ppword::kPercentMask.size();
+  return std::max<std::size_t>(utf8Length(text, at), 1);
+}
+
+void addText(std::string_view text, std::size_t from, std::size_t end, Width& width) {
+  for (; from < end; from += characterSize(text, from)) width.add(from, 1);
 }
 
 Width widthOf(const LineReading& reading, const LintParameters& parameters) {
@@ -77,9 +76,10 @@ void lintParameters(const LineReading& reading, const LintParameters& parameters
                     LineReport& report) {
   for (const LineReference& reference : reading.references) {
     const std::string_view name = reference.parameter;
-    if (reference.isExpression || !isName(name) || parameters.knows(name)) continue;
+    if (reference.isExpression || !mayBeParameter(name) || parameters.knows(name)) continue;
+    const auto begin = static_cast<std::size_t>(name.data() - reading.text.data());
     std::string subject(reading.text.substr(reference.start, 1));
-    subject += name;
+    subject += reading.written(begin, name.size());
     const std::string_view meant = parameters.nearestTo(name);
     if (!meant.empty()) (subject += ", perhaps ") += meant;
     report.warn(LintKey::UnknownParameter, reference.start, 1 + name.size(), subject);

@@ -9,17 +9,14 @@
 
 #include "language/number/DecimalPrefix.h"
 #include "language/number/NumberFormat.h"
-#include "language/syntax/Characters.h"
+#include "language/syntax/Arithmetic.h"
 #include "language/syntax/EscapedPercent.h"
-#include "language/syntax/Operation.h"
+#include "language/syntax/GroupCursor.h"
 
 namespace ppword {
 namespace {
 
-constexpr std::size_t kNone = std::string_view::npos;
 constexpr CharacterSet kOpening("(");
-constexpr std::string_view kOperators = "+-*/";
-constexpr double kDivisionThreshold = 1.0e-7;
 
 struct Operand {
   enum class Kind { Literal, Integer, Real };
@@ -27,46 +24,15 @@ struct Operand {
   double value;
 };
 
-/// The operators of a line by where they occur last.
-class Operators {
- public:
-  explicit Operators(std::string_view line) {
-    for (std::size_t i = 0; i < kOperators.size(); ++i) last_[i] = line.rfind(kOperators[i]);
+std::optional<Operand> operandOf(const GroupSide& side, ParameterSource& parameters) {
+  using Kind = Operand::Kind;
+  if (!side.isReference) {
+    const auto literal = decimalPrefix(side.text);
+    return literal ? std::optional(Operand{Kind::Literal, *literal}) : std::nullopt;
   }
-  /// The first of the list that occurs anywhere from `start` on; 0 when none does.
-  [[nodiscard]] char firstFrom(std::size_t start) const {
-    for (std::size_t i = 0; i < kOperators.size(); ++i) {
-      // deliberate: an operator behind the group is chosen too.
-      if (last_[i] != kNone && last_[i] > start) return kOperators[i];
-    }
-    return 0;
-  }
-
- private:
-  std::array<std::size_t, kOperators.size()> last_{};
-};
-
-std::optional<Operand> parameterOperand(std::string_view name, ParameterSource& parameters) {
-  const auto number = parameters.number(name);
+  const auto number = parameters.number(side.text);
   if (!number) return std::nullopt;
-  return Operand{number->isInteger ? Operand::Kind::Integer : Operand::Kind::Real, number->value};
-}
-
-/// The text without its first character.
-std::string_view behindFirstCharacter(std::string_view text) {
-  std::size_t size = 1;
-  while (size < text.size() && !startsCharacter(text[size])) ++size;
-  return text.substr(size);
-}
-
-std::optional<Operand> operandOf(std::string_view side, std::string_view prefix,
-                                 ParameterSource& parameters) {
-  if (side.find(prefix) != kNone) {
-    // deliberate: the prefix may stand anywhere, the first character goes whatever it is.
-    return parameterOperand(behindFirstCharacter(side), parameters);
-  }
-  const auto number = decimalPrefix(side);
-  return number ? std::optional(Operand{Operand::Kind::Literal, *number}) : std::nullopt;
+  return Operand{number->isInteger ? Kind::Integer : Kind::Real, number->value};
 }
 
 bool isInteger(const Operand& left, const Operand& right) {
@@ -86,25 +52,19 @@ std::string integerText(double value) {
 }
 
 std::optional<std::string> resultOf(char sign, const Operand& left, const Operand& right) {
-  if (sign == '/' && std::fabs(right.value) <= kDivisionThreshold) return std::nullopt;
-  const double value = computed(sign, left.value, right.value);
-  // deliberate: large negative results are not bounded.
-  if (!std::isfinite(value) || value > kOverflowBound) return std::nullopt;
-  if (isInteger(left, right)) return integerText(value);
+  const auto value = groupValue(sign, left.value, right.value);
+  if (!value) return std::nullopt;
+  if (isInteger(left, right)) return integerText(*value);
   std::string text;
-  return printNumber(kResultFormat, value, text) ? std::optional(std::move(text)) : std::nullopt;
+  return printNumber(kResultFormat, *value, text) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-/// The result of a group, parentheses included, as one operation.
-std::optional<std::string> computedGroup(std::string_view group, char sign, std::string_view prefix,
-                                         ParameterSource& parameters) {
-  const std::string_view inner = group.substr(1, group.size() - 2);
-  const std::size_t place = inner.find(sign);
-  if (place == kNone) return std::nullopt;
-  const auto left = operandOf(inner.substr(0, place), prefix, parameters);
+/// The result of a group, which takes its place.
+std::optional<std::string> computedGroup(const Group& group, ParameterSource& parameters) {
+  const auto left = operandOf(group.left, parameters);
   if (!left) return std::nullopt;
-  const auto right = operandOf(inner.substr(place + 1), prefix, parameters);
-  return right ? resultOf(sign, *left, *right) : std::nullopt;
+  const auto right = operandOf(group.right, parameters);
+  return right ? resultOf(group.sign, *left, *right) : std::nullopt;
 }
 
 void report(LineObserver& observer, std::string_view group,
@@ -119,23 +79,17 @@ void computeGroups(SyntaxLine& line, std::string_view prefix, ParameterSource& p
                    LineObserver* observer) {
   if (!line.holdsAny(kOpening)) return;
   const std::string_view text = line.text();
-  std::size_t open = text.find('(');
-  if (open == kNone) return;
-  const Operators operators(text);
+  GroupCursor groups(text, prefix);
   std::string& out = line.draft();
   std::size_t from = 0;
-  while (open != kNone) {
-    const std::size_t close = text.find(')', open);
-    const char sign = operators.firstFrom(open);
-    if (close == kNone || sign == 0) break;
-    const std::string_view group = text.substr(open, close - open + 1);
-    const auto result = computedGroup(group, sign, prefix, parameters);
-    if (observer != nullptr && group.find(sign) != kNone) report(*observer, group, result);
-    if (result) {
-      out.append(text, from, open - from).append(*result);
-      from = close + 1;
+  while (const auto group = groups.next()) {
+    const auto result = computedGroup(*group, parameters);
+    if (observer != nullptr) {
+      report(*observer, text.substr(group->open, group->close - group->open + 1), result);
     }
-    open = text.find('(', close);
+    if (!result) continue;
+    out.append(text, from, group->open - from).append(*result);
+    from = group->close + 1;
   }
   if (from == 0) return;
   out.append(text, from);

@@ -6,10 +6,7 @@
 namespace ppword {
 namespace {
 
-constexpr std::string_view kEscaped = "\\%";
-constexpr std::string_view kMarker = "@#@#@#@#";
-
-/// Appends `text` to `result` with every `what` replaced, the first of which stands at `at`.
+/// Appends `text` to `result` with every `what` replaced, the first of which is at `at`.
 void appendReplaced(std::string_view text, std::size_t at, std::string_view what,
                     std::string_view by, std::string& result) {
   std::size_t from = 0;
@@ -20,7 +17,13 @@ void appendReplaced(std::string_view text, std::size_t at, std::string_view what
   result.append(text, from);
 }
 
-/// `at`: where the first `what` may stand, at the earliest.
+std::string withReplaced(std::string_view text, std::string_view what, std::string_view by) {
+  std::string result;
+  appendReplaced(text, text.find(what), what, by, result);
+  return result;
+}
+
+/// `at`: where the first `what` may be, at the earliest.
 void replaceAll(SyntaxLine& line, std::size_t at, std::string_view what, std::string_view by) {
   const std::string_view text = line.text();
   if (at != std::string_view::npos) at = text.find(what, at);
@@ -33,17 +36,19 @@ void replaceAll(SyntaxLine& line, std::size_t at, std::string_view what, std::st
 
 void maskEscapedPercents(SyntaxLine& line) {
   static constexpr CharacterSet kBackslash("\\");
-  if (line.holdsAny(kBackslash)) replaceAll(line, 0, kEscaped, kMarker);
+  if (line.holdsAny(kBackslash)) replaceAll(line, 0, kEscapedPercent, kPercentMask);
 }
 
 void unmaskEscapedPercents(SyntaxLine& line) {
-  replaceAll(line, line.text().find(kMarker.front()), kMarker, "%");
+  replaceAll(line, line.text().find(kPercentMask.front()), kPercentMask, "%");
 }
 
 std::string withEscapedPercents(std::string_view masked) {
-  std::string text;
-  appendReplaced(masked, masked.find(kMarker), kMarker, kEscaped, text);
-  return text;
+  return withReplaced(masked, kPercentMask, kEscapedPercent);
+}
+
+std::string withMaskedPercents(std::string_view written) {
+  return withReplaced(written, kEscapedPercent, kPercentMask);
 }
 
 }  // namespace ppword

@@ -7,13 +7,22 @@
 
 namespace ppword {
 
-/// Replaces every "\%" by a marker that no pass takes for a reference.
+/// How a percent sign that opens no reference is written.
+inline constexpr std::string_view kEscapedPercent = "\\%";
+
+/// What is in its place while a line is processed: no pass takes it for a reference.
+inline constexpr std::string_view kPercentMask = "@#@#@#@#";
+
+/// Replaces every "\%" by the mask.
 void maskEscapedPercents(SyntaxLine& line);
 
-/// Replaces every marker by "%": «100\%» ends as «100%».
+/// Replaces every mask by "%": «100\%» ends as «100%».
 void unmaskEscapedPercents(SyntaxLine& line);
 
-/// A masked text as it was written, with "\%" for every marker: for whoever is told of it.
+/// A text of a line that is being processed, with "\%" for every mask as it was written.
 [[nodiscard]] std::string withEscapedPercents(std::string_view masked);
+
+/// The reverse: a text as it is while its line is processed.
+[[nodiscard]] std::string withMaskedPercents(std::string_view written);
 
 }  // namespace ppword

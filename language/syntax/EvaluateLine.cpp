@@ -1,91 +1,18 @@
 #include "language/syntax/EvaluateLine.h"
 
-#include <algorithm>
-#include <optional>
 #include <string>
 #include <string_view>
 
-#include "language/number/DecimalPrefix.h"
-#include "language/number/NumberFormat.h"
-#include "language/syntax/CharacterTable.h"
 #include "language/syntax/Characters.h"
 #include "language/syntax/EscapedPercent.h"
-#include "language/syntax/Operation.h"
+#include "language/syntax/LeftOperand.h"
 
 namespace ppword {
 namespace {
 
 constexpr std::size_t kNone = std::string_view::npos;
-constexpr CharacterTable kLeftEnds("/,=()");
-constexpr CharacterTable kRightEnds("/,*+=()-");
-constexpr CharacterTable kOperators("+-*");
-constexpr CharacterTable kNumberCharacters("0123456789., -");
-
 /// At most this much of a kept left operand is reported; it grows with each operation.
 constexpr std::size_t kReportedSize = 200;
-
-bool isText(std::string_view line) {
-  return line.find("$$") != kNone || line.find("PPRINT") != kNone || line.find("*VORTA") != kNone;
-}
-
-std::optional<double> numberOf(std::string_view operand) {
-  if (kNumberCharacters.firstOtherIn(operand) < operand.size()) return std::nullopt;
-  return decimalPrefix(operand);
-}
-
-/// The right operand that `text` begins with: a "-" in front is its sign.
-std::string_view rightOperand(std::string_view text) {
-  const std::size_t first = std::min(text.find_first_not_of(' '), text.size());
-  const bool isSigned = first < text.size() && text[first] == '-';
-  return text.substr(0, kRightEnds.firstIn(text, first + (isSigned ? 1 : 0)));
-}
-
-/// The result of an operation; nothing when it cannot be printed.
-std::optional<std::string> resultOf(double left, char sign, double right) {
-  const double value = computed(sign, left, right);
-  std::string text;
-  // deliberate: a result that is too large becomes 0; large negative ones are not bounded.
-  const bool done = printNumber(kResultFormat, value > kOverflowBound ? 0.0 : value, text);
-  return done ? std::optional(std::move(text)) : std::nullopt;
-}
-
-/// The left operand, which ends a text. It grows while operations on it are kept: what was read of
-/// it is not read again, so that a line costs its length.
-class LeftOperand {
- public:
-  explicit LeftOperand(std::string& text) : text_(text) {}
-
-  [[nodiscard]] std::string_view view() const { return std::string_view(text_).substr(start_); }
-
-  [[nodiscard]] std::optional<double> number() {
-    plainEnd_ = kNumberCharacters.firstOtherIn(text_, plainEnd_);
-    if (plainEnd_ < text_.size()) return std::nullopt;
-    if (!isConverted_) number_ = decimalPrefix(view());
-    // Blanks may become a number by the sign behind them, anything else stays what it is.
-    isConverted_ = isConverted_ || view().find_first_not_of(' ') != kNone;
-    return number_;
-  }
-
-  /// The next operand begins at the end of the text.
-  void begin() {
-    start_ = plainEnd_ = text_.size();
-    isConverted_ = false;
-  }
-
-  void replace(std::string_view by) {
-    text_.resize(start_);
-    begin();
-    text_ += by;
-  }
-
- private:
-  std::string& text_;
-  std::size_t start_ = 0;
-  /// Up to here it holds characters of numbers only.
-  std::size_t plainEnd_ = 0;
-  std::optional<double> number_;
-  bool isConverted_ = false;
-};
 
 /// The end of a left operand, cut between characters.
 std::string endOf(std::string_view operand) {
@@ -97,78 +24,38 @@ std::string endOf(std::string_view operand) {
   return "..." + std::string(operand);
 }
 
-/// Computes a line from left to right: what was worked out stands in `out`, the rest is still text.
-class Evaluator {
- public:
-  Evaluator(std::string& out, LineObserver* observer)
-      : out_(out), left_(out), observer_(observer) {}
+void report(LineObserver* observer, OperationEnd end, std::string_view left,
+            const Operation& operation, std::string_view result = {}) {
+  if (observer == nullptr) return;
+  std::string text = end == OperationEnd::Kept ? endOf(left) : std::string(left);
+  (text += operation.sign) += operation.right;
+  observer->operationEnded(end, withEscapedPercents(text), result);
+}
 
-  void run(std::string_view text) {
-    while (true) {
-      const std::size_t plain = kOperators.firstIn(text);
-      copy(text.substr(0, plain));
-      if (plain == text.size()) return;
-      const char sign = text[plain];
-      text.remove_prefix(plain + 1);
-      const std::string_view right = rightOperand(text);
-      operate(sign, right);
-      text.remove_prefix(right.size());
-    }
+/// Works out an operation with both operands.
+void compute(const Operation& operation, LeftOperand& left, LineObserver* observer) {
+  if (const auto result = left.computedWith(operation)) {
+    report(observer, OperationEnd::Computed, left.view(), operation, *result);
+    left.replace(*result);
+  } else {
+    report(observer, OperationEnd::Kept, left.view(), operation);
+    left.keep(operation);
   }
+}
 
- private:
-  /// Copies text without operators.
-  void copy(std::string_view text) {
-    const std::size_t ended = kLeftEnds.throughLastIn(text);
-    out_ += text.substr(0, ended);
-    if (ended > 0) left_.begin();
-    out_ += text.substr(ended);
+void apply(const Operation& operation, LeftOperand& left, LineObserver* observer) {
+  switch (operation.operands) {
+    case Operands::Both:
+      return compute(operation, left, observer);
+    case Operands::SignOfNumber:
+      return left.keep(operation);
+    case Operands::SignOfText:
+    case Operands::Missing:
+      // deliberate: a sign without an operand, or in front of text, is deleted with what it has.
+      report(observer, OperationEnd::Deleted, left.view(), operation);
+      return left.replace({});
   }
-
-  void operate(char sign, std::string_view right) {
-    // deliberate: no operator ends a left operand, so that results join in without precedence.
-    const std::string_view left = left_.view();
-    if (sign == '-' && left.empty() && !right.empty()) {
-      // deliberate: a "-" in front of what is no number is deleted with it.
-      if (decimalPrefix(right)) return keep(sign, right);
-      report(OperationEnd::Deleted, left, sign, right);
-    } else if (left.empty() || right.empty()) {
-      // deliberate: an operator without one of its operands is deleted with the other.
-      report(OperationEnd::Deleted, left, sign, right);
-      left_.replace({});
-    } else if (const auto result = computedWith(sign, right)) {
-      report(OperationEnd::Computed, left, sign, right, *result);
-      left_.replace(*result);
-    } else {
-      report(OperationEnd::Kept, left, sign, right);
-      keep(sign, right);
-    }
-  }
-
-  /// The result of an operation on the left operand; nothing when an operand is no number.
-  [[nodiscard]] std::optional<std::string> computedWith(char sign, std::string_view right) {
-    const auto rightNumber = numberOf(right);
-    const auto leftNumber = rightNumber ? left_.number() : std::nullopt;
-    return leftNumber ? resultOf(*leftNumber, sign, *rightNumber) : std::nullopt;
-  }
-
-  void keep(char sign, std::string_view right) {
-    out_ += sign;
-    out_ += right;
-  }
-
-  void report(OperationEnd end, std::string_view left, char sign, std::string_view right,
-              std::string_view result = {}) const {
-    if (observer_ == nullptr) return;
-    std::string text = end == OperationEnd::Kept ? endOf(left) : std::string(left);
-    (text += sign) += right;
-    observer_->operationEnded(end, withEscapedPercents(text), result);
-  }
-
-  std::string& out_;
-  LeftOperand left_;
-  LineObserver* observer_;
-};
+}
 
 /// Removes the blanks directly behind every "-".
 void closeUpNegatives(std::string& line) {
@@ -184,9 +71,18 @@ void closeUpNegatives(std::string& line) {
 }  // namespace
 
 void evaluateLine(SyntaxLine& line, const SignRecords& records, LineObserver* observer) {
-  if (records.signs.empty() || isText(line.text())) return;
+  if (records.signs.empty() || isComment(line.text())) return;
+  const std::string_view text = line.text();
   std::string& out = line.draft();
-  Evaluator(out, observer).run(line.text());
+  LeftOperand left(out);
+  OperationCursor operations(text);
+  std::size_t from = 0;
+  while (const auto operation = operations.next()) {
+    left.read(*operation);
+    apply(*operation, left, observer);
+    from = operation->end();
+  }
+  out += text.substr(from);
   closeUpNegatives(out);
   line.accept();
 }

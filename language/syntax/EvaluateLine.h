@@ -10,9 +10,9 @@ namespace ppword {
 /// example
 ///   X/2+3*4  becomes  X/   20.000000
 /// An operation on anything but numbers stays as it is; one that lacks an operand is deleted with
-/// the operand that it has, and so is a "-" in front of what is no number. Blanks behind a "-" go.
-/// A line without records, or with "$$", "PPRINT" or "*VORTA", is left as it is.
-/// `observer` (may be null) receives every operation.
+/// the operand that it has, and so is a "-" in front of what is not a number. Blanks after a "-"
+/// go. A line without records, or with "$$", "PPRINT" or "*VORTA", is left as it is. `observer`
+/// (may be null) receives every operation.
 void evaluateLine(SyntaxLine& line, const SignRecords& records, LineObserver* observer);
 
 }  // namespace ppword

@@ -1,3 +1,34 @@
+// Signs are taken out of a line before its references are read, and put back afterwards.
+//
+// The name of a parameter ends at a comma. So that it ends at a sign too, each "+", "*" and "-"
+// becomes a comma for a while. A record says which comma it was: its ordinal, counted from 1 over
+// all commas of the masked line, those of the syntax included. All "+" are recorded first, then all
+// "*", then all "-", each from left to right. For example
+//
+//   X/%A+1,%B*2-3     is masked as     X/%A,1,%B,2,3     with the records (1 +) (3 *) (4 -)
+//
+// The ordinals are those of the line after the last sign is masked, so the order in which signs are
+// masked changes nothing about them: every sign and every comma is one comma, and a sign's ordinal
+// is the number of signs and commas up to it.
+//
+// Then the references get their values, here A = 7 and B = 2.5, and the signs return, each in place
+// of the comma that has its ordinal now:
+//
+//   X/7,1,2.5,2,3     becomes          X/7+1,2.5*2-3
+//
+// Nothing ties a sign to its own comma but the count. A value that brings a comma moves all signs
+// after it by one: with A = "ON,OFF"
+//
+//   X/ON,OFF,1,2.5,2,3     becomes     X/ON+OFF,1*2.5-2,3
+//
+// A comma that is lost, as the one in the name of the expression %(A+B), moves them the other way,
+// and the last sign may find no comma at all. It is lost then:
+//
+//   X/%(A+B)*2     is masked as        X/%(A,B),2        with the records (1 +) (2 *)
+//   X/9,2          becomes             X/9+2             and the "*" is lost
+//
+// This is how the lines have always come out, and programs rely on it; explain shows the moves.
+
 #include "language/syntax/Signs.h"
 
 #include <algorithm>
@@ -8,8 +39,7 @@
 namespace ppword {
 namespace {
 
-constexpr std::string_view kMaskingOrder = "+*-";
-constexpr CharacterSet kSigns(kMaskingOrder);
+constexpr CharacterSet kAnySign(kSigns);
 /// What is a comma in the masked line.
 constexpr CharacterTable kCommas(",+*-");
 
@@ -37,7 +67,7 @@ class CommaFinder {
     if (ordinal <= found_) *this = CommaFinder(line_);
     for (; found_ < ordinal; ++found_) {
       const std::size_t at = line_.find(',', next_);
-      // Behind the last comma nothing is looked for again.
+      // After the last comma nothing is looked for again.
       next_ = at == std::string_view::npos ? line_.size() : at + 1;
       if (at == std::string_view::npos) return at;
     }
@@ -55,9 +85,9 @@ class CommaFinder {
 void maskSigns(SyntaxLine& line, SignRecords& records) {
   records.ordinals.clear();
   records.signs.clear();
-  if (!line.holdsAny(kSigns)) return;
+  if (!line.holdsAny(kAnySign)) return;
   const std::string_view text = line.text();
-  for (const char sign : kMaskingOrder) {
+  for (const char sign : kSigns) {
     if (line.holdsAny(CharacterSet({&sign, 1}))) record(text, sign, records);
   }
   if (records.signs.empty()) return;

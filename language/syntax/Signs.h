@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "language/syntax/LineObserver.h"
@@ -8,15 +9,18 @@
 
 namespace ppword {
 
-/// The signs that were masked in a line: for each the ordinal, from 1, of the comma that stands in
-/// its place, and the sign. Two parallel lists, in the order in which the signs were masked.
+/// The signs of a line, in the order in which they are masked.
+inline constexpr std::string_view kSigns = "+*-";
+
+/// The signs that were masked in a line: for each the ordinal, from 1, of the comma in its
+/// place, and the sign. Two parallel lists, in the order in which the signs were masked.
 struct SignRecords {
   std::vector<int> ordinals;
   std::string signs;
 };
 
 /// Replaces every "+", then every "*", then every "-" by a comma, at which the name of a parameter
-/// ends, and sets `records` anew. For example
+/// ends, and sets `records`. For example
 ///   GOTO/%A+10,0  becomes  GOTO/%A,10,0  with the record (1, "+")
 void maskSigns(SyntaxLine& line, SignRecords& records);
 

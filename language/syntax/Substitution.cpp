@@ -5,13 +5,16 @@ namespace ppword {
 void substitute(SyntaxLine& line, References& references, ParameterSource& parameters) {
   references.find(line, parameters);
   if (references.found().empty()) return;
+  const std::string_view text = line.text();
   LineWriter& out = line.writer();
+  std::size_t from = 0;
   for (const Reference& reference : references.found()) {
-    out.append(reference.before);
+    out.append(text.substr(from, reference.start - from));
     parameters.appendText(reference.name, out);
     if (reference.parentheses > 0) out.append(reference.parentheses, ')');
+    from = reference.end;
   }
-  out.append(references.rest());
+  out.append(text.substr(from));
   line.acceptWritten();
 }
 

@@ -11,10 +11,10 @@ namespace ppword {
 
 /// A syntax line on its way through the passes. A pass reads `text()`, writes the changed line into
 /// `draft()`, or piece by piece through `writer()`, and accepts it; a pass that changes nothing
-/// costs no copy. The rooms behind it are kept from line to line.
+/// costs no copy. Its buffers are reused for every line.
 class SyntaxLine {
  public:
-  /// Tells the texts of a line apart.
+  /// Distinguishes the texts of a line.
   using Revision = std::uint64_t;
   static constexpr Revision kNoRevision = 0;
 
@@ -34,18 +34,22 @@ class SyntaxLine {
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
 
-  /// As long as it is the same, so is the text and the place where it lies.
+  /// As long as it is the same, so is the text and the place where it is.
   [[nodiscard]] Revision revision() const noexcept { return revision_; }
 
-  /// True when the text holds one of these characters. One scan answers for all passes until
-  /// the text changes: a pass asks here whether it has anything to do.
-  [[nodiscard]] bool holdsAny(CharacterSet characters) noexcept {
+  /// Those characters of the text that mean something. One scan serves all passes until the text
+  /// changes.
+  [[nodiscard]] CharacterSet characters() noexcept {
     if (!isScanned_) characters_ = CharacterSet(text_);
     isScanned_ = true;
-    return characters_.holdsAny(characters);
+    return characters_;
+  }
+  /// True when the text holds one of these characters: a pass asks whether it has anything to do.
+  [[nodiscard]] bool holdsAny(CharacterSet others) noexcept {
+    return characters().holdsAny(others);
   }
 
-  /// Empty room for the changed line; `text()` stays valid while it is written.
+  /// An empty buffer for the changed line; `text()` stays valid while it is written.
   [[nodiscard]] std::string& draft() {
     drafts_[next_].clear();
     return drafts_[next_];
