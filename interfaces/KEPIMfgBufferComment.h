@@ -1,7 +1,7 @@
 #pragma once
 
+#include "System/KEPComponent.h"
 #include "System/KEPString.h"
-#include "System/KEPVar.h"
 
 /// The current comment.
 class KEP_PLATFORM KEPIMfgBufferComment : public KEPBaseUnknown {

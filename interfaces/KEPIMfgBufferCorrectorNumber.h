@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The number of the tool corrector in use, and of the previous one.
 class KEP_PLATFORM KEPIMfgBufferCorrectorNumber : public KEPBaseUnknown {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Knowledge/KEPICkeParm.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPString.h"
 
 /// The current feed rate: a knowledge parameter, a factor for its value and the type of the feed.
 class KEP_PLATFORM KEPIMfgBufferFeedrate : public KEPBaseUnknown {

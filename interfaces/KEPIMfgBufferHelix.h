@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The current helical motion. Coordinates and lengths are in the unit of the output, directions
 /// are stored unchanged; every value is 0 until set. The two functions of the start point come last

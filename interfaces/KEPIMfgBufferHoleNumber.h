@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The number of the hole being machined.
 class KEP_PLATFORM KEPIMfgBufferHoleNumber : public KEPBaseUnknown {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The current point of the tool path.
 class KEP_PLATFORM KEPIMfgBufferPoint : public KEPBaseUnknown {

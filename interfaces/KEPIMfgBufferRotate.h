@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Mathematics/KEPMathAxis.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "Mathematics/KEPMathVector.h"
+#include "System/KEPComponent.h"
+#include "System/KEPString.h"
 
 /// The current rotation of the table or head: an angle, three texts and an axis system, stored
 /// unchanged. Every function returns true.

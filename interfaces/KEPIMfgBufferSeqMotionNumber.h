@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The number of the sequential motion being output.
 class KEP_PLATFORM KEPIMfgBufferSeqMotionNumber : public KEPBaseUnknown {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Knowledge/KEPICkeParm.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The current spindle speed: a knowledge parameter, a factor for its value and the way (direction)
 /// of rotation. The factor cannot be read back, and IsAngular comes before IsLinear in the virtual

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The current tool axis.
 class KEP_PLATFORM KEPIMfgBufferTLAxis : public KEPBaseUnknown {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "System/KEPComponent.h"
 #include "System/KEPList.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPString.h"
 
 /// A feature that refers to an NC instruction of its container, and to one of its sequences.
 class KEP_PLATFORM KEPIMfgPPCommand : public KEPBaseUnknown {

@@ -3,10 +3,9 @@
 #include "KEPIMfgPPCommand.h"
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "System/KEPResult.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 #include "System/KEPString.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
 
 /// The post-processor vocabulary of a document: its NC instructions, parameters and PP commands.
 /// Begin here: the container loads a PP word table, it offers the motion buffers (ask for one by

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "KEPIMfgPPCommand.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPString.h"
 
 /// Creates PP commands in a PP word container.
 class KEP_PLATFORM KEPIMfgPPWordFactory : public KEPBaseUnknown {

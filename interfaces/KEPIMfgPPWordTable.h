@@ -1,8 +1,8 @@
 #pragma once
 
+#include "System/KEPComponent.h"
 #include "System/KEPList.h"
 #include "System/KEPString.h"
-#include "System/KEPVar.h"
 
 /// The NC instructions of a PP word container by index. An index is the position, from 0, among the
 /// members that offer KEPIMfgSyntaxEvaluation. The member at 0 is neither counted nor found by its

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "System/KEPComponent.h"
 #include "System/KEPString.h"
-#include "System/KEPVar.h"
 
 /// Computes the text of one parameter from the current state of the tool path.
 class KEP_PLATFORM KEPIMfgParameterEvaluation : public KEPBaseUnknown {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "System/KEPComponent.h"
 #include "System/KEPList.h"
-#include "System/KEPVar.h"
 
 /// Turns the syntax of an NC instruction into finished APT lines. Get one from a PP word container,
 /// and use it as often as you like: each call looks everything up again. With a container `words`,

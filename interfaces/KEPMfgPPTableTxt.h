@@ -5,7 +5,7 @@
 
 #include "MfgPPWordExport.h"
 #include "System/KEPList.h"
-#include "System/KEPResult.h"
+#include "System/KEPPlatform.h"
 #include "System/KEPString.h"
 
 namespace ppword {

@@ -6,9 +6,8 @@
 #include "Manufacturing/KEPIMfgProgram.h"
 #include "MfgPPWordExport.h"
 #include "System/KEPList.h"
-#include "System/KEPResult.h"
+#include "System/KEPPlatform.h"
 #include "System/KEPString.h"
-#include "System/KEPUnicodeString.h"
 
 /// The PP word environment: finds the PP word table of a manufacturing program, loads it into the
 /// program's document, and stores one list of PP words with their kinds and CL-file codes for the

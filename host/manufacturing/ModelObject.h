@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 #include "host/manufacturing/ModelType.h"
 #include "host/system/Extensions.h"
 

@@ -9,7 +9,7 @@
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 #include "host/modeler/AttributeTable.h"
 #include "host/system/Extensions.h"
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "System/KEPBaseUnknown.h"
+#include "System/KEPComponent.h"
 
 KEPBaseUnknown::~KEPBaseUnknown() = default;
 

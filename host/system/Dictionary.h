@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "System/KEPMetaClass.h"
+#include "System/KEPComponent.h"
 
 namespace host {
 

@@ -2,9 +2,9 @@
 #include <utility>
 
 #include "Manufacturing/KEPMfgInternalError.h"
+#include "System/KEPComponent.h"
 #include "System/KEPError.h"
 #include "System/KEPList.h"
-#include "System/KEPVar.h"
 #include "host/system/MessageCatalogue.h"
 #include "host/system/Session.h"
 

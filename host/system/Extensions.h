@@ -3,7 +3,7 @@
 #include <memory>
 #include <vector>
 
-#include "System/KEPBaseUnknown.h"
+#include "System/KEPComponent.h"
 
 namespace host {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "System/KEPPlatform.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 
 namespace host {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "inspect/diagnostics/Diagnostic.h"
-#include "post/toolpath/SyntaxLineReader.h"
+#include "post/toolpath/LineReader.h"
 
 namespace host {
 

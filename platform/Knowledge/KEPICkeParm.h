@@ -1,7 +1,7 @@
 #pragma once
 
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPString.h"
 
 /// The type of a knowledge parameter.
 class KEP_PLATFORM KEPICkeType : public KEPBaseUnknown {

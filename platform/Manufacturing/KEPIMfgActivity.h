@@ -1,8 +1,8 @@
 #pragma once
 
-#include "System/KEPResult.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
+#include "System/KEPString.h"
 
 /// An activity of a manufacturing program: a machining operation, a tool change, an instruction.
 /// Its kind is known by the names of its late type and of that type's base types.

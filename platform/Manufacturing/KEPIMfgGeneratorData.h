@@ -1,7 +1,7 @@
 #pragma once
 
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPString.h"
 
 /// How the current output prints coordinates.
 class KEP_PLATFORM KEPIMfgOutputSettings : public KEPBaseUnknown {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "System/KEPResult.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
+#include "System/KEPString.h"
 
 /// A turning operation.
 class KEP_PLATFORM KEPIMfgLatheOperation : public KEPBaseUnknown {

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// Typed values by name: what the interfaces below and those of tools have in common. This class is
 /// not an interface itself.

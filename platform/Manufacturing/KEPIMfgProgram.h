@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// A manufacturing program: a list of activities that is itself one (its component offers
 /// KEPIMfgActivity).

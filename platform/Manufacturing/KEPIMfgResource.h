@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "System/KEPResult.h"
-#include "System/KEPUnicodeString.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
+#include "System/KEPString.h"
 
 /// Equipment that a program uses: a machine, a tool, an insert.
 class KEP_PLATFORM KEPIMfgResource : public KEPBaseUnknown {

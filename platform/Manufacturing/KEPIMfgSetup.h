@@ -1,7 +1,7 @@
 #pragma once
 
 #include "Manufacturing/KEPIMfgResource.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// The setup of a part on a machine.
 class KEP_PLATFORM KEPIMfgSetup : public KEPBaseUnknown {

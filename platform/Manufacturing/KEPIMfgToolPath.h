@@ -1,7 +1,7 @@
 #pragma once
 
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 
 /// A computed tool path.
 class KEP_PLATFORM KEPIMfgTraject : public KEPBaseUnknown {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "Mathematics/KEPMathVector.h"
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 
 /// The axis system in which a turning activity is programmed.
 class KEP_PLATFORM KEPIMfgTurningEnvironment : public KEPBaseUnknown {

@@ -6,8 +6,7 @@
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPList.h"
 #include "System/KEPPlatform.h"
-#include "System/KEPResult.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 
 /// Attributes of features by name. A negative status means that the feature does not declare the
 /// attribute, or declares it with another kind; nothing is then changed. A null feature raises the

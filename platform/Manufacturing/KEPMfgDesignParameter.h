@@ -3,9 +3,8 @@
 #include <string_view>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
+#include "System/KEPComponent.h"
 #include "System/KEPPlatform.h"
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
 
 /// Expressions over the design parameters of a document.
 class KEP_PLATFORM KEPMfgDesignParameter {

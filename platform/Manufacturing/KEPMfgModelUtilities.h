@@ -5,9 +5,8 @@
 #include "Manufacturing/KEPIMfgActivity.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
 #include "Manufacturing/KEPIMfgSetup.h"
+#include "System/KEPComponent.h"
 #include "System/KEPPlatform.h"
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
 
 class KEPIMfgPPWordContainer;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 
 /// A typed value: `kind` says which of the other members is valid.
 struct KEPMfgParameterValue {

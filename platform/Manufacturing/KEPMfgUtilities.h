@@ -6,7 +6,6 @@
 #include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "System/KEPList.h"
 #include "System/KEPPlatform.h"
-#include "System/KEPResult.h"
 
 /// General services of the manufacturing framework.
 class KEP_PLATFORM KEPMfgUtilities {

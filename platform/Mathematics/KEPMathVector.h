@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <numbers>
+
 #include "System/KEPPlatform.h"
 
 /// Three components of a point or a direction.
@@ -22,3 +25,18 @@ struct KEPMathVector {
   }
   friend bool operator==(const KEPMathVector&, const KEPMathVector&) = default;
 };
+
+/// An axis system: origin and three directions. Default: the origin and the three unit directions.
+struct KEPMathAxis {
+  std::array<double, 3> origin{0.0, 0.0, 0.0};
+  std::array<double, 3> xDirection{1.0, 0.0, 0.0};
+  std::array<double, 3> yDirection{0.0, 1.0, 0.0};
+  std::array<double, 3> zDirection{0.0, 0.0, 1.0};
+
+  friend bool operator==(const KEPMathAxis&, const KEPMathAxis&) = default;
+};
+
+/// The general tolerance of the application.
+inline constexpr double KEPEpsg = 1e-6;
+/// Degrees times this are radians.
+inline constexpr double KEPDegreeToRadian = std::numbers::pi / 180.0;

@@ -5,7 +5,7 @@
 
 #include "ObjectSpecsModeler/KEPIDocument.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// A container of a document: holds feature types and instances.
 class KEP_PLATFORM KEPIContainer : public KEPBaseUnknown {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 /// A document of the application.
 class KEP_PLATFORM KEPIDocument : public KEPBaseUnknown {

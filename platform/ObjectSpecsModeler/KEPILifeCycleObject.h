@@ -1,7 +1,7 @@
 #pragma once
 
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 
 /// Removal of a feature.
 class KEP_PLATFORM KEPILifeCycleObject : public KEPBaseUnknown {

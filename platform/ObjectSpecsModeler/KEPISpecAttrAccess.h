@@ -4,8 +4,8 @@
 #include <string_view>
 
 #include "ObjectSpecsModeler/KEPISpecAttribute.h"
-#include "System/KEPResult.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
+#include "System/KEPPlatform.h"
 
 /// The attributes of a feature by name. Writing sets the feature's own value, which its instances
 /// and derived types inherit. Every function fails and changes nothing when the name is not

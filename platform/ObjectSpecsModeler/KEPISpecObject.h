@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "ObjectSpecsModeler/KEPISpecAttribute.h"
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 
 class KEPIContainer;
 

@@ -6,9 +6,7 @@
 #include <vector>
 
 #include "System/KEPPlatform.h"
-#include "System/KEPResult.h"
 #include "System/KEPString.h"
-#include "System/KEPUnicodeString.h"
 
 /// An error of the host: a message key of a message catalogue and the parameters of the message.
 /// Errors of this family are the only exceptions that pass between host and modules.

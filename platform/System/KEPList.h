@@ -6,7 +6,6 @@
 
 #include "System/KEPPlatform.h"
 #include "System/KEPString.h"
-#include "System/KEPUnicodeString.h"
 
 /// Raises the host's error for a list position outside the list.
 [[noreturn]] KEP_PLATFORM void KEPRaisePositionOutOfList(int position, int size);

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 #include "post/text/Utf8.h"
 #include "post/toolpath/LineReader.h"
 

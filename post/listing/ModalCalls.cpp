@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "Manufacturing/KEPMfgNames.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 #include "host/manufacturing/Activity.h"
 
 namespace host {

@@ -6,7 +6,7 @@
 #include <variant>
 #include <vector>
 
-#include "Mathematics/KEPMathAxis.h"
+#include "Mathematics/KEPMathVector.h"
 #include "host/manufacturing/ActivityValues.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "System/KEPResult.h"
+#include "System/KEPPlatform.h"
 #include "host/modeler/Container.h"
 #include "host/modeler/Document.h"
 #include "tests/container/Listing.h"

@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "Mathematics/KEPMathConstants.h"
 #include "Mathematics/KEPMathTransformation.h"
+#include "Mathematics/KEPMathVector.h"
 
 namespace {
 

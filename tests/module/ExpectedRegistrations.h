@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "System/KEPMetaClass.h"
+#include "System/KEPComponent.h"
 
 namespace module_test {
 

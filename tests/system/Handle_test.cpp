@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "System/KEPComponent.h"
 #include "System/KEPError.h"
-#include "System/KEPVar.h"
 #include "tests/system/TestComponent.h"
 
 namespace {

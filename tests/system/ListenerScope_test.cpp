@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 #include "host/system/Session.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "System/KEPVar.h"
+#include "System/KEPComponent.h"
 #include "host/system/Dictionary.h"
 #include "host/system/Extensions.h"
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "System/KEPString.h"
-#include "System/KEPUnicodeString.h"
 
 namespace {
 

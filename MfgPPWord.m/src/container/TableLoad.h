@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
-#include "System/KEPResult.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPPlatform.h"
+#include "System/KEPString.h"
 
 namespace ppword {
 

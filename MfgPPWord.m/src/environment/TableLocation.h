@@ -5,7 +5,7 @@
 #include "Manufacturing/KEPIMfgProgram.h"
 #include "Manufacturing/KEPIMfgResource.h"
 #include "System/KEPList.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 
 namespace ppword {
 

@@ -3,7 +3,6 @@
 #include <cmath>
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
-#include "Mathematics/KEPMathConstants.h"
 #include "Mathematics/KEPMathVector.h"
 #include "src/evaluation/ParameterContext.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPBaseUnknown.h"
+#include "System/KEPComponent.h"
 
 namespace ppword {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Manufacturing/KEPMfgParameterValue.h"
-#include "System/KEPUnicodeString.h"
+#include "System/KEPString.h"
 
 namespace ppword {
 

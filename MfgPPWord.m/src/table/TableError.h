@@ -1,6 +1,6 @@
 #pragma once
 
-#include "System/KEPResult.h"
+#include "System/KEPPlatform.h"
 #include "language/table/TableCheck.h"
 
 namespace ppword {
