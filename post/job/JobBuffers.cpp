@@ -60,7 +60,7 @@ constexpr std::array<Key<HelixChange>, 7> kHelixKeys{{
     {"pitch", into<&HelixChange::pitch>},
 }};
 
-constexpr std::array<Key<FeedrateChange>, 4> kFeedrateKeys{{
+constexpr std::array<Key<FeedrateChange>, 4> kFeedrateChangeKeys{{
     {"value", readChangedText<FeedrateChange>},
     {"type", readChangedType<kFeedrateTypes, FeedrateChange>},
     {"factor", into<&FeedrateChange::factor>},
@@ -104,7 +104,7 @@ void read(Value value, const Place& place, HelixChange& change) {
 }
 
 void read(Value value, const Place& place, FeedrateChange& change) {
-  readFields<FeedrateChange>(value, place, kFeedrateKeys, change);
+  readFields<FeedrateChange>(value, place, kFeedrateChangeKeys, change);
   requireValue(value, place, change);
 }
 

@@ -11,7 +11,7 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kLengths = 3;
+constexpr std::size_t kLinearAxes = 3;
 constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
 /// Where the rotary words of an arc begin.
@@ -27,7 +27,7 @@ std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& argumen
 
 void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& arguments,
                      const LinePlace& place) {
-  for (std::size_t axis = kLengths; axis < kLengths + kRotaryWords; ++axis) {
+  for (std::size_t axis = kLinearAxes; axis < kLinearAxes + kRotaryWords; ++axis) {
     if (arguments.numbers[axis] == 0.0) continue;
     place.refuse(
         call.nameAt,
@@ -183,7 +183,7 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
                          const CanonicalArguments& arguments, const LinePlace& place) {
-  prepareMove(call, arguments, kLengths, place);
+  prepareMove(call, arguments, kLinearAxes, place);
   const Position position = positionOf(arguments);
   const Triple words{arguments.numbers[3], arguments.numbers[4], arguments.numbers[5]};
   if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
@@ -296,7 +296,7 @@ void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::s
 Position ListingReader::positionOf(const CanonicalArguments& arguments) const {
   const auto& number = arguments.numbers;
   Position position;
-  for (std::size_t axis = 0; axis < kLengths; ++axis) {
+  for (std::size_t axis = 0; axis < kLinearAxes; ++axis) {
     position.point[axis] = converted(number[axis], *inputUnit_, *outputUnit_);
   }
   if (options_.rotary)

@@ -14,7 +14,7 @@
 namespace ppword::test {
 namespace {
 
-constexpr const char* kUserInstruction = "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX";
+constexpr const char* kUserCommand = "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX";
 
 class Reset : public testing::Test {
  protected:
@@ -62,7 +62,7 @@ TEST_F(Reset, InstructionsOfUsersAndTablesGo) {
   const auto instance =
       KEPISpecObject_var::Adopt(features->CreateInstance(find("NC_GOTO"), "Goto.1"));
   words->ResetToDefault();
-  EXPECT_FALSE(find(kUserInstruction));
+  EXPECT_FALSE(find(kUserCommand));
   EXPECT_FALSE(find("NC_OWN"));
   EXPECT_FALSE(own->GetContainer());
   EXPECT_FALSE(instance->GetContainer());

@@ -18,7 +18,7 @@ constexpr std::string_view kBehind =
     "*START_LIST MFG_W\nRPM,SMMRPM\n*END\n";
 
 /// What is told of a line, "COLUMN KEY" for each finding.
-std::string lint(std::string_view line) {
+std::string lintOfLine(std::string_view line) {
   const TableFile file((std::string(kBefore) += line) += kBehind);
   std::string text;
   for (const Diagnostic& finding : lintTable(std::string(file.path().View()))) {
@@ -34,7 +34,7 @@ struct Case {
 };
 
 void expectAll(const std::vector<Case>& cases) {
-  for (const auto& [line, expected] : cases) EXPECT_EQ(lint(line), expected) << line;
+  for (const auto& [line, expected] : cases) EXPECT_EQ(lintOfLine(line), expected) << line;
 }
 
 TEST(LintLines, ProductBehindSumIsTold) {

@@ -15,13 +15,13 @@
 namespace host::test {
 namespace {
 
-using Kind = DocumentError::Kind;
+using ErrorKind = DocumentError::Kind;
 
 constexpr const char* kChanged =
     "cannot be written: it holds another document, or was changed since this one was opened";
 
 /// How a change of a document fails; "done" when it does not.
-std::string failureOf(const std::function<void()>& work, Kind kind = Kind::NotWritten) {
+std::string failureOf(const std::function<void()>& work, ErrorKind kind = ErrorKind::NotWritten) {
   try {
     work();
   } catch (const DocumentError& error) {
@@ -88,7 +88,7 @@ TEST_F(SavedDocument, IsSavedUnderAnotherNameToo) {
 
 TEST_F(SavedDocument, FileThatIsNoDocumentIsNotReplaced) {
   const std::string text = folder.file("text", "PARTNO");
-  EXPECT_EQ(failureOf([&] { saveDocument(*document, text); }, Kind::Refused),
+  EXPECT_EQ(failureOf([&] { saveDocument(*document, text); }, ErrorKind::Refused),
             "this file is not a document");
   EXPECT_EQ(folder.text("text"), "PARTNO");
 }

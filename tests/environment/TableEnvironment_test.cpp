@@ -11,7 +11,7 @@ namespace {
 
 using Utilities = KEPMfgPPWordUtilities;
 
-constexpr std::string_view kTable = "*START_NC_INSTRUCTION NC_MINE\nMINE/1\n*END\n";
+constexpr std::string_view kOwnTable = "*START_NC_INSTRUCTION NC_MINE\nMINE/1\n*END\n";
 
 class TableEnvironment : public testing::Test {
  protected:
@@ -37,13 +37,13 @@ class TableEnvironment : public testing::Test {
 };
 
 TEST_F(TableEnvironment, TableOfTheProgramIsLoadedIntoItsDocument) {
-  folders.file("a/PPTables/mill", kTable);
+  folders.file("a/PPTables/mill", kOwnTable);
   EXPECT_EQ(initialised(programOn("mill", document.document)), "S_OK 1");
   EXPECT_TRUE(holds("NC_MINE"));
 }
 
 TEST_F(TableEnvironment, EveryCallLoads) {
-  folders.file("a/PPTables/mill", kTable);
+  folders.file("a/PPTables/mill", kOwnTable);
   const auto program = programOn("mill", document.document);
   EXPECT_EQ(initialised(program), "S_OK 1");
   folders.file("a/PPTables/mill", "*START_NC_INSTRUCTION NC_OTHER\nOTHER/1\n*END\n");
@@ -52,7 +52,7 @@ TEST_F(TableEnvironment, EveryCallLoads) {
 }
 
 TEST_F(TableEnvironment, WhatIsMissingIsNoErrorHere) {
-  folders.file("a/PPTables/mill", kTable);
+  folders.file("a/PPTables/mill", kOwnTable);
   EXPECT_EQ(initialised(programWithoutResource()), "S_OK 0");
   EXPECT_EQ(initialised(programOn(std::nullopt, document.document)), "S_OK 0");
   EXPECT_EQ(initialised(programOn("", document.document)), "S_OK 0");
@@ -68,7 +68,7 @@ TEST_F(TableEnvironment, TableThatFailsItsCheckIsFoundAndFails) {
 }
 
 TEST_F(TableEnvironment, SecondFolderServesWhatTheFirstLacks) {
-  folders.file("b/PPTables/mill", kTable);
+  folders.file("b/PPTables/mill", kOwnTable);
   folders.file("a/PPTables/lathe", "*OOPS\n");
   folders.search("a:b");
   EXPECT_EQ(initialised(programOn("mill", document.document)), "S_OK 1");
@@ -78,7 +78,7 @@ TEST_F(TableEnvironment, SecondFolderServesWhatTheFirstLacks) {
 }
 
 TEST_F(TableEnvironment, MissingContainersRaiseTheNullHandleError) {
-  folders.file("a/PPTables/mill", kTable);
+  folders.file("a/PPTables/mill", kOwnTable);
   int found = 7;
   const auto program = programOn("mill");
   EXPECT_EQ(raisedBy([&] { Utilities::InitializePPWordsEnvironment(program, &found); }),

@@ -225,13 +225,13 @@ TEST(Generator, SequentialMotionNumberReachesItsBuffer) {
   EXPECT_EQ(posting.summary.instructions.entries()[0].count, 3);
 }
 
-struct Refusal {
+struct ElementRefusal {
   std::string_view line;
   std::string_view error;
 };
 
 TEST(Generator, ElementThatCannotBeWrittenEndsTheJob) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ElementRefusal kRefusals[] = {
       {R"({"nc":"NC_GOTOO"})",
        R"(job:3: error: this document has no NC instruction NC_GOTOO; did you mean "NC_GOTO"?)"},
       {R"({"nc":"NC_RAPDI#SEQMOTION#3"})",

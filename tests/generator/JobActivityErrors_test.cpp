@@ -7,13 +7,13 @@
 namespace host::test {
 namespace {
 
-struct Refusal {
+struct ActivityRefusal {
   std::string_view line;
   std::string_view error;
 };
 
 /// Each line stands as the second of a job.
-void expectRefused(std::span<const Refusal> refusals) {
+void expectRefused(std::span<const ActivityRefusal> refusals) {
   for (const auto& [line, error] : refusals) {
     const JobReading reading = readJob(jobOf(line));
     EXPECT_EQ(reading.error, error) << line;
@@ -22,7 +22,7 @@ void expectRefused(std::span<const Refusal> refusals) {
 }
 
 TEST(JobActivityErrors, UnknownKeyIsNamed) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","lathes":{}})",
        R"(:2:17: error: $: unknown key "lathes"; did you mean "lathe"?)"},
       {R"({"activity":"A","kind":"toolChange","operation":{"activity":"B"}})",
@@ -58,7 +58,7 @@ TEST(JobActivityErrors, UnknownKeyIsNamed) {
 }
 
 TEST(JobActivityErrors, KeyOfAnotherKindIsRefused) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","operation":{"name":"B","kind":"machining"}})",
        R"(:2:1: error: $: the key "operation" needs the kind "toolChange")"},
       {R"({"activity":"A","kind":"toolChange","feedsAndSpeeds":{}})",
@@ -92,7 +92,7 @@ TEST(JobActivityErrors, KeyOfAnotherKindIsRefused) {
 }
 
 TEST(JobActivityErrors, MissingKeyIsNamed) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","kind":"toolChange","operation":{"kind":"machining"}})",
        R"(:2:49: error: $.operation: the key "name" is missing)"},
       {R"({"activity":"A","kind":"toolChange","operation":{"name":"B"}})",
@@ -108,7 +108,7 @@ TEST(JobActivityErrors, MissingKeyIsNamed) {
 }
 
 TEST(JobActivityErrors, WordThatIsNotKnownIsRefused) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","kind":"milling"})",
        R"(:2:24: error: $.kind: "toolChange" or "machining" or "lathe" or "sequentialAxial" or )"
        R"("sequentialGroove" is expected, found "milling")"},
@@ -139,7 +139,7 @@ TEST(JobActivityErrors, WordThatIsNotKnownIsRefused) {
 }
 
 TEST(JobActivityErrors, ValueOfAnotherTypeIsRefused) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","kind":7})", ":2:24: error: $.kind: a text is expected, found 7"},
       {R"({"activity":"A","kind":"toolChange","operation":[]})",
        ":2:49: error: $.operation: an object is expected, found ["},
@@ -197,7 +197,7 @@ TEST(JobActivityErrors, ValueOfAnotherTypeIsRefused) {
 }
 
 TEST(JobActivityErrors, KeyThatIsNoNumberIsRefused) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","tool":{"compensation":{"0":"P9"}}})",
        R"(:2:41: error: $.tool.compensation.0: a number from 1 to 999999999 is expected as the key)"},
       {R"({"activity":"A","tool":{"compensation":{"01":"P9"}}})",
@@ -222,7 +222,7 @@ TEST(JobActivityErrors, KeyThatIsNoNumberIsRefused) {
 }
 
 TEST(JobActivityErrors, RadiusOfAnotherInsertIsRefused) {
-  constexpr Refusal kRefusals[] = {
+  constexpr ActivityRefusal kRefusals[] = {
       {R"({"activity":"A","assembly":{"insert":{"type":"MfgGrooveInsert","noseRadius":0.8}}})",
        ":2:38: error: $.assembly.insert: a groove insert has \"leftNoseRadius\" and "
        "\"rightNoseRadius\""},

@@ -9,7 +9,7 @@
 namespace host::test {
 namespace {
 
-Lines linesOf(const std::string& text) {
+Lines manualLines(const std::string& text) {
   Lines lines;
   std::istringstream stream(text);
   for (std::string line; std::getline(stream, line);) lines.push_back(line);
@@ -21,7 +21,7 @@ Lines blocksOf(std::string_view mark) {
   Lines lines;
   bool inside = false;
   for (const std::string& line :
-       linesOf(Scratch::textOf(PPWORD_SOURCE_DIR "/docs/job-format.md"))) {
+       manualLines(Scratch::textOf(PPWORD_SOURCE_DIR "/docs/job-format.md"))) {
     if (line.starts_with("```")) {
       inside = line == "```" + std::string(mark);
     } else if (inside) {
@@ -96,7 +96,7 @@ TEST(JobExamples, EachGivesItsText) {
     }
     const Posting posting = post(document, Scratch::textOf(example(job + ".job.jsonl")));
     EXPECT_EQ(posting.error, "") << name;
-    EXPECT_EQ(posting.lines, linesOf(Scratch::textOf(example("expected/" + job + ".apt")))) << name;
+    EXPECT_EQ(posting.lines, manualLines(Scratch::textOf(example("expected/" + job + ".apt")))) << name;
     EXPECT_EQ(posting.summary.elements, elements) << name;
     EXPECT_EQ(posting.summary.unevaluated.total(), 0) << name;
     EXPECT_EQ(posting.summary.dropped.total(), 0) << name;

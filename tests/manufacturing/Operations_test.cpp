@@ -11,7 +11,7 @@
 namespace host::test {
 namespace {
 
-ActivityValues valuesOf(ActivityKind kind) {
+ActivityValues operationValues(ActivityKind kind) {
   ActivityValues values;
   values.name = "Operation.1";
   values.kind = kind;
@@ -24,7 +24,7 @@ std::string textOf(const KEPMfgNamedValues& values, std::string_view name) {
 }
 
 TEST(FeedrateParameters, GiveTheTwoKnowledgeParameters) {
-  ActivityValues values = valuesOf(ActivityKind::Machining);
+  ActivityValues values = operationValues(ActivityKind::Machining);
   values.feedsAndSpeeds = {{{"0.25", "ANGULARFEEDRATE"}}, {{"180", "LINEARSPINDLESPEED"}}, {}};
   const KEPIMfgFeedrateParameters_var parameters = Activity::create(values);
   const KEPICkeParm_var feed = parameters->GetParameter(Mfg_MachiningFeedrateValue);
@@ -37,7 +37,7 @@ TEST(FeedrateParameters, GiveTheTwoKnowledgeParameters) {
 }
 
 TEST(FeedrateParameters, AbsentOnesAreNull) {
-  ActivityValues values = valuesOf(ActivityKind::Machining);
+  ActivityValues values = operationValues(ActivityKind::Machining);
   values.feedsAndSpeeds.emplace();
   const KEPIMfgFeedrateParameters_var parameters = Activity::create(values);
   EXPECT_FALSE(parameters->GetParameter(Mfg_MachiningFeedrateValue));
@@ -48,7 +48,7 @@ TEST(FeedrateParameters, AbsentOnesAreNull) {
 }
 
 TEST(StrategyParameters, GiveTheDwellMode) {
-  ActivityValues values = valuesOf(ActivityKind::Machining);
+  ActivityValues values = operationValues(ActivityKind::Machining);
   values.strategy = {{std::string(MfgDwellMode), textValue(MfgDwellTime)}};
   const KEPIMfgStrategyParameters_var parameters = Activity::create(values);
   EXPECT_EQ(textOf(*parameters, "MfgDwellMode"), "MfgDwellTime");
@@ -56,14 +56,14 @@ TEST(StrategyParameters, GiveTheDwellMode) {
 }
 
 TEST(ToolPath, OperationWithoutOneFails) {
-  const KEPIMfgToolPathManagement_var paths = Activity::create(valuesOf(ActivityKind::Machining));
+  const KEPIMfgToolPathManagement_var paths = Activity::create(operationValues(ActivityKind::Machining));
   KEPIMfgTraject_var path;
   EXPECT_EQ(paths->GetToolPath(path), E_FAIL);
   EXPECT_FALSE(path);
 }
 
 TEST(ToolPath, TellsItsType) {
-  ActivityValues values = valuesOf(ActivityKind::Machining);
+  ActivityValues values = operationValues(ActivityKind::Machining);
   values.toolPath = {2};
   const KEPIMfgToolPathManagement_var paths = Activity::create(values);
   KEPIMfgTraject_var path;
@@ -77,7 +77,7 @@ TEST(ToolPath, TellsItsType) {
 }
 
 TEST(ToolPath, TypeThatIsNotKnownIsLeftAlone) {
-  ActivityValues values = valuesOf(ActivityKind::Machining);
+  ActivityValues values = operationValues(ActivityKind::Machining);
   values.toolPath.emplace();
   const KEPIMfgToolPathManagement_var paths = Activity::create(values);
   KEPIMfgTraject_var path;
@@ -90,7 +90,7 @@ TEST(ToolPath, TypeThatIsNotKnownIsLeftAlone) {
 }
 
 TEST(TurningEnvironment, GivesOriginThirdAndFirstDirection) {
-  ActivityValues values = valuesOf(ActivityKind::Lathe);
+  ActivityValues values = operationValues(ActivityKind::Lathe);
   values.turning = {{1, 2, 3}, {0, 0, 1}, {0, 1, 0}};
   const KEPIMfgTurningEnvironment_var environment = Activity::create(values);
   KEPMathVector origin;
@@ -103,7 +103,7 @@ TEST(TurningEnvironment, GivesOriginThirdAndFirstDirection) {
 }
 
 KEPIMfgLatheOperation_var latheOperation(LatheValues lathe) {
-  ActivityValues values = valuesOf(ActivityKind::Lathe);
+  ActivityValues values = operationValues(ActivityKind::Lathe);
   values.lathe = std::move(lathe);
   return Activity::create(values);
 }
@@ -146,7 +146,7 @@ TEST(LatheOperation, DefaultCorrectorThatIsMissingLeavesBothAlone) {
 }
 
 KEPListVal<KEPBaseUnknown_var> motionsOf(ActivityKind kind) {
-  ActivityValues values = valuesOf(kind);
+  ActivityValues values = operationValues(kind);
   auto& motions = values.motions.emplace(3);
   motions[0].feedsAndSpeeds = {{},
                                {{"1200", "ANGULARSPINDLESPEED"}},
@@ -186,13 +186,13 @@ TEST(SequentialMotions, MotionHasOnlyWhatItWasGiven) {
 }
 
 KEPVar<Activity> toolChangeBefore(ActivityKind operation) {
-  ActivityValues values = valuesOf(ActivityKind::ToolChange);
-  values.operation = std::make_shared<const ActivityValues>(valuesOf(operation));
+  ActivityValues values = operationValues(ActivityKind::ToolChange);
+  values.operation = std::make_shared<const ActivityValues>(operationValues(operation));
   return Activity::create(values);
 }
 
 TEST(ToolChange, WithoutOperationBelongsToNoSequence) {
-  const KEPIMfgToolChange_var toolChange = Activity::create(valuesOf(ActivityKind::ToolChange));
+  const KEPIMfgToolChange_var toolChange = Activity::create(operationValues(ActivityKind::ToolChange));
   EXPECT_FALSE(toolChange->GetSequence());
 }
 

@@ -11,7 +11,7 @@
 namespace ppword {
 namespace {
 
-struct Case {
+struct PassCase {
   const char* line;
   const char* result;
 };
@@ -36,7 +36,7 @@ std::string rewritten(std::string_view text) {
 }
 
 TEST(CleanParentheses, LineGivesResult) {
-  constexpr Case kCases[] = {
+  constexpr PassCase kCases[] = {
       {"X=((A+B)+D)", "X=(A+B+D)"},
       {"X/(A+B)", "X/A+B"},
       {"X/(A)(B)*1", "X/AB*1"},
@@ -67,7 +67,7 @@ TEST(CleanParentheses, LineGivesResult) {
 }
 
 TEST(RewriteDivisions, LineGivesResult) {
-  constexpr Case kCases[] = {
+  constexpr PassCase kCases[] = {
       {"GOTO/%A/4", "GOTO/%A*0.25"},
       {"GOTO/%A/3,%B/8", "GOTO/%A*0.333333,%B*0.125"},
       {"X/%A/1000000", "X/%A*1e-06"},

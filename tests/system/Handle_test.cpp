@@ -25,7 +25,7 @@ class Handle : public testing::Test {
 
 /// The error that an operation raises, as "catalogue key: message".
 template <class Operation>
-std::string raised(Operation operation) {
+std::string handleErrorOf(Operation operation) {
   try {
     operation();
   } catch (const KEPErrorNullHandle& error) {
@@ -39,8 +39,8 @@ std::string raised(Operation operation) {
 TEST_F(Handle, UseOfANullHandleRaisesTheNullHandleError) {
   const KEPVar<Named> handle;
   const std::string expected = "System ERR_NULL_HANDLE: a null handle was used";
-  EXPECT_EQ(raised([&] { static_cast<void>(handle->name()); }), expected);
-  EXPECT_EQ(raised([&] { static_cast<void>((*handle).name()); }), expected);
+  EXPECT_EQ(handleErrorOf([&] { static_cast<void>(handle->name()); }), expected);
+  EXPECT_EQ(handleErrorOf([&] { static_cast<void>((*handle).name()); }), expected);
 }
 
 TEST_F(Handle, NullHandleErrorIsAHostErrorWithoutParameters) {

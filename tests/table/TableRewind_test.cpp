@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::string_view kTable =
+constexpr std::string_view kRewoundTable =
     "*START_NC_COMMAND NC_A\nA1\n*END\n"
     "*START_NC_INSTRUCTION NC_B\nB1\n*END\n"
     "*START_LIST MFG_L\nL1\n*END\n"
@@ -30,7 +30,7 @@ class TableRewind : public testing::Test {
     KEPMfgPPTableTxtTest(reader_).breakClose();
   }
 
-  TableFile file_{kTable};
+  TableFile file_{kRewoundTable};
   KEPMfgPPTableTxt reader_{file_.path()};
 };
 
@@ -168,7 +168,7 @@ class ScriptedSource final : public ppword::TableSource {
 };
 
 TEST(TableRewindOfAPass, FailedReopenLeavesTheCountReachedSoFar) {
-  const TableFile file(kTable);
+  const TableFile file(kRewoundTable);
   ScriptedSource source(file.path(), {Rewind::Opened, Rewind::NotOpened});
   int count = -1;
   EXPECT_FALSE(ppword::numberOfCommands(source, count));
@@ -176,7 +176,7 @@ TEST(TableRewindOfAPass, FailedReopenLeavesTheCountReachedSoFar) {
 }
 
 TEST(TableRewindOfAPass, FailedReopenMakesNameAndRangeFalse) {
-  const TableFile file(kTable);
+  const TableFile file(kRewoundTable);
   ScriptedSource forName(file.path(), {Rewind::Opened, Rewind::NotOpened});
   ScriptedSource forRange(file.path(), {Rewind::Opened, Rewind::NotOpened});
   std::string name = "untouched";
@@ -188,7 +188,7 @@ TEST(TableRewindOfAPass, FailedReopenMakesNameAndRangeFalse) {
 }
 
 TEST(TableRewindOfAPass, FailedReopenMakesTheWordsFalseWithThePiecesFound) {
-  const TableFile file(kTable);
+  const TableFile file(kRewoundTable);
   ScriptedSource source(file.path(), {Rewind::Opened, Rewind::NotOpened});
   std::vector<int> kinds;
   Texts pieces;
@@ -197,7 +197,7 @@ TEST(TableRewindOfAPass, FailedReopenMakesTheWordsFalseWithThePiecesFound) {
 }
 
 TEST(TableRewindOfAPass, FailedCloseLosesOnlyThatPass) {
-  const TableFile file(kTable);
+  const TableFile file(kRewoundTable);
   ScriptedSource source(file.path(), {Rewind::Opened, Rewind::CloseFailed});
   int count = -1;
   EXPECT_TRUE(ppword::numberOfCommands(source, count));

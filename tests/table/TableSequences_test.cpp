@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::string_view kTable =
+constexpr std::string_view kSequenceTable =
     "*START_NC_INSTRUCTION NC_I\nI1\n*START_SEQUENCE\nIS1\n*END\nI2\n"
     "*START_SEQUENCE\nIS2\nPPRINT SECOND ONE\n*END\n*END\n"
     "*START_NC_COMMAND NC_NONE\nN1\n*END\n"
@@ -35,7 +35,7 @@ class TableSequences : public testing::Test {
     return std::nullopt;
   }
 
-  TableFile file_{kTable};
+  TableFile file_{kSequenceTable};
   KEPMfgPPTableTxt reader_{file_.path()};
 };
 

@@ -31,7 +31,7 @@ Numbers codesOf(const std::string& body) {
   return vocabularyOf("*START_MINOR_WORDS\n" + body + "\n*END\n").codes;
 }
 
-constexpr std::string_view kTable =
+constexpr std::string_view kWordTable =
     "*START_MINOR_WORDS\nNOTE,181\n*END\n"
     "*START_MAJOR_WORDS_WITH_PARAMETERS\nTPRINT,1075\nGOTO,2\n*END\n"
     "*START_MAJOR_WORDS_WITH_TEXT\nPARTNO,1045\n*END\n"
@@ -39,7 +39,7 @@ constexpr std::string_view kTable =
     "*START_MINOR_WORDS\nSECOND,9\n*END\n";
 
 TEST(TableWords, KindsComeInOrderWhateverTheOrderOfTheSections) {
-  EXPECT_EQ(vocabularyOf(kTable), (Vocabulary{{"FINI", "PARTNO", "TPRINT", "GOTO", "NOTE"},
+  EXPECT_EQ(vocabularyOf(kWordTable), (Vocabulary{{"FINI", "PARTNO", "TPRINT", "GOTO", "NOTE"},
                                               {1, 2, 3, 3, 4},
                                               {1, 1045, 1075, 2, 181}}));
 }

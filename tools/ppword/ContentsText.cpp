@@ -135,11 +135,11 @@ std::string ppCommandsText(const Contents& contents) {
   return text;
 }
 
-struct Section {
+struct ShownSection {
   std::string_view name;
   std::string (*text)(const Contents&);
 };
-constexpr std::array<Section, 6> kSections = {{{"words", wordsText},
+constexpr std::array<ShownSection, 6> kSections = {{{"words", wordsText},
                                                {"syntaxes", syntaxesText},
                                                {"commands", commandsText},
                                                {"sequences", sequencesText},
@@ -152,7 +152,7 @@ std::string_view kindName(int kind) { return kKinds[static_cast<std::size_t>(kin
 
 std::string contentsText(const Contents& contents, std::string_view section) {
   std::string text;
-  for (const Section& candidate : kSections) {
+  for (const ShownSection& candidate : kSections) {
     if (section.empty() || candidate.name == section) text += candidate.text(contents);
   }
   const bool hasCommands = contents.ppCommands && !contents.ppCommands->empty();

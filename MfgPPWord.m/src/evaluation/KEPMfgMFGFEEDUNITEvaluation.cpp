@@ -7,14 +7,14 @@
 namespace {
 
 // Entries of the list of words; 0 for neither.
-constexpr int kLinear = 1;
-constexpr int kAngular = 2;
+constexpr int kLinearFeed = 1;
+constexpr int kAngularFeed = 2;
 
 int kindOfBuffer(const KEPIMfgBufferFeedrate* feed) {
   if (feed == nullptr || !feed->HasFeedParameter()) return 0;
   bool answer = false;
-  if (feed->IsLinear(answer) && answer) return kLinear;
-  return feed->IsAngular(answer) && answer ? kAngular : 0;
+  if (feed->IsLinear(answer) && answer) return kLinearFeed;
+  return feed->IsAngular(answer) && answer ? kAngularFeed : 0;
 }
 
 }  // namespace

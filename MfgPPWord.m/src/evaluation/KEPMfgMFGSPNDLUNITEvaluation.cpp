@@ -9,8 +9,8 @@ namespace {
 
 // deliberate: angular comes before linear here; in the unit of the feed rate it is the other way
 // round
-constexpr int kAngular = 1;
-constexpr int kLinear = 2;
+constexpr int kAngularSpeed = 1;
+constexpr int kLinearSpeed = 2;
 
 int kindOfParameters(const KEPIMfgFeedrateParameters_var& parameters) {
   return ppword::kindOf(parameters, Mfg_SpindleSpeedValue, "ANGULARSPINDLESPEED",
@@ -20,8 +20,8 @@ int kindOfParameters(const KEPIMfgFeedrateParameters_var& parameters) {
 int kindOfBuffer(const KEPIMfgBufferSpindle* spindle) {
   bool answer = false;
   if (spindle == nullptr) return 0;
-  if (spindle->IsAngular(answer) && answer) return kAngular;
-  return spindle->IsLinear(answer) && answer ? kLinear : 0;
+  if (spindle->IsAngular(answer) && answer) return kAngularSpeed;
+  return spindle->IsLinear(answer) && answer ? kLinearSpeed : 0;
 }
 
 /// The buffer's kind, or the operation's when the buffer gives no answer.
