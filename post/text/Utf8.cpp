@@ -5,7 +5,7 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kLongest = 4;
+constexpr std::size_t kLongestSequence = 4;
 
 // Length that a first byte announces; 0 for a byte that begins no character.
 std::size_t announcedLength(unsigned char first) {
@@ -13,7 +13,7 @@ std::size_t announcedLength(unsigned char first) {
   if (first < 0xC2) return 0;
   if (first < 0xE0) return 2;
   if (first < 0xF0) return 3;
-  return first < 0xF5 ? kLongest : 0;
+  return first < 0xF5 ? kLongestSequence : 0;
 }
 
 bool isAllowed(char32_t point, std::size_t length) {

@@ -96,7 +96,8 @@ TEST(JobExamples, EachGivesItsText) {
     }
     const Posting posting = post(document, Scratch::textOf(example(job + ".job.jsonl")));
     EXPECT_EQ(posting.error, "") << name;
-    EXPECT_EQ(posting.lines, manualLines(Scratch::textOf(example("expected/" + job + ".apt")))) << name;
+    EXPECT_EQ(posting.lines, manualLines(Scratch::textOf(example("expected/" + job + ".apt"))))
+        << name;
     EXPECT_EQ(posting.summary.elements, elements) << name;
     EXPECT_EQ(posting.summary.unevaluated.total(), 0) << name;
     EXPECT_EQ(posting.summary.dropped.total(), 0) << name;

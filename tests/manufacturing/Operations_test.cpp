@@ -56,7 +56,8 @@ TEST(StrategyParameters, GiveTheDwellMode) {
 }
 
 TEST(ToolPath, OperationWithoutOneFails) {
-  const KEPIMfgToolPathManagement_var paths = Activity::create(operationValues(ActivityKind::Machining));
+  const KEPIMfgToolPathManagement_var paths =
+      Activity::create(operationValues(ActivityKind::Machining));
   KEPIMfgTraject_var path;
   EXPECT_EQ(paths->GetToolPath(path), E_FAIL);
   EXPECT_FALSE(path);
@@ -192,7 +193,8 @@ KEPVar<Activity> toolChangeBefore(ActivityKind operation) {
 }
 
 TEST(ToolChange, WithoutOperationBelongsToNoSequence) {
-  const KEPIMfgToolChange_var toolChange = Activity::create(operationValues(ActivityKind::ToolChange));
+  const KEPIMfgToolChange_var toolChange =
+      Activity::create(operationValues(ActivityKind::ToolChange));
   EXPECT_FALSE(toolChange->GetSequence());
 }
 

@@ -40,8 +40,8 @@ constexpr std::string_view kWordTable =
 
 TEST(TableWords, KindsComeInOrderWhateverTheOrderOfTheSections) {
   EXPECT_EQ(vocabularyOf(kWordTable), (Vocabulary{{"FINI", "PARTNO", "TPRINT", "GOTO", "NOTE"},
-                                              {1, 2, 3, 3, 4},
-                                              {1, 1045, 1075, 2, 181}}));
+                                                  {1, 2, 3, 3, 4},
+                                                  {1, 1045, 1075, 2, 181}}));
 }
 
 TEST(TableWords, CommasAndBlanksSeparateAlike) {

@@ -140,11 +140,11 @@ struct ShownSection {
   std::string (*text)(const Contents&);
 };
 constexpr std::array<ShownSection, 6> kSections = {{{"words", wordsText},
-                                               {"syntaxes", syntaxesText},
-                                               {"commands", commandsText},
-                                               {"sequences", sequencesText},
-                                               {"lists", listsText},
-                                               {"formats", formatsText}}};
+                                                    {"syntaxes", syntaxesText},
+                                                    {"commands", commandsText},
+                                                    {"sequences", sequencesText},
+                                                    {"lists", listsText},
+                                                    {"formats", formatsText}}};
 
 }  // namespace
 
