@@ -14,7 +14,7 @@ const host::Program* programOf(const KEPBaseUnknown* object) {
   return object == nullptr ? nullptr : dynamic_cast<const host::Program*>(object->GetImpl());
 }
 
-KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
+KEPIDocument_var owningDocument(const KEPBaseUnknown_var& object) {
   if (const host::Program* const program = programOf(object.Get())) return program->document();
   const KEPIContainer_var container = host::containerOf(object);
   return container ? container->GetDocument() : nullptr;
@@ -36,7 +36,7 @@ HRESULT KEPMfgModelUtilities::GetPPWordContainer(const KEPBaseUnknown_var& objec
 HRESULT KEPMfgModelUtilities::GetRootContainer(const KEPBaseUnknown_var& object,
                                                KEPIMfgRootContainer_var& root) {
   root = nullptr;
-  const KEPIDocument_var document = documentOf(object);
+  const KEPIDocument_var document = owningDocument(object);
   const auto* const own = dynamic_cast<const host::Document*>(document.Get());
   if (own != nullptr) root = own->rootContainer();
   return statusOf(root);

@@ -43,8 +43,8 @@ constexpr std::array<Key<InsertValues>, 5> kInsertKeys{{
 }};
 
 void readAssemblyKind(Value value, const Place& place, ToolAssemblyValues& assembly) {
-  constexpr std::array<std::string_view, 2> kKinds{"mill", "lathe"};
-  assembly.isLathe = readWord(value, place, kKinds) == 1;
+  constexpr std::array<std::string_view, 2> kAssemblyKinds{"mill", "lathe"};
+  assembly.isLathe = readWord(value, place, kAssemblyKinds) == 1;
 }
 
 void readInverted(Value value, const Place& place, ToolAssemblyValues& assembly) {

@@ -38,7 +38,7 @@ ActivityStart listedActivity(bool variesToolAxis) {
 
 /// How many bytes of a text are in one line: after a word of seven columns they end before
 /// column 72.
-constexpr std::size_t kLongestPiece = 64;
+constexpr std::size_t kLongestCommentPiece = 64;
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);
@@ -46,11 +46,11 @@ std::string_view withoutTrailingBlanks(std::string_view text) {
 
 /// Where a text that is too long for one piece is cut.
 std::size_t cutOf(std::string_view text) {
-  const std::size_t blank = text.rfind(' ', kLongestPiece);
+  const std::size_t blank = text.rfind(' ', kLongestCommentPiece);
   if (blank != std::string_view::npos && text.find_first_not_of(' ') < blank) return blank;
-  std::size_t cut = kLongestPiece;
+  std::size_t cut = kLongestCommentPiece;
   while (cut > 0 && !KEPUnicodeString::StartsCharacter(text[cut])) --cut;
-  return cut > 0 ? cut : kLongestPiece;
+  return cut > 0 ? cut : kLongestCommentPiece;
 }
 
 /// A text in pieces of at most 64 bytes: cut at blanks, which are dropped there, or between
@@ -59,7 +59,7 @@ std::size_t cutOf(std::string_view text) {
 std::vector<std::string_view> commentPieces(std::string_view text) {
   std::vector<std::string_view> pieces;
   std::string_view rest = withoutTrailingBlanks(text);
-  while (rest.size() > kLongestPiece) {
+  while (rest.size() > kLongestCommentPiece) {
     const std::size_t cut = cutOf(rest);
     const std::string_view piece = withoutTrailingBlanks(rest.substr(0, cut));
     if (!piece.empty()) pieces.push_back(piece);
