@@ -12,7 +12,7 @@ namespace {
 
 using Kind = KEPISpecAttribute::Kind;
 
-Texts texts(const KEPListValKEPString& list) {
+Texts wordTexts(const KEPListValKEPString& list) {
   Texts result;
   for (const KEPString& text : list) result.emplace_back(text.View());
   return result;
@@ -56,7 +56,7 @@ class PPWordTable : public testing::Test, protected PPWordDocument {
     KEPListValKEPString lines;
     lines.Append("BEFORE");
     const bool done = table->GetSyntaxOfSequenceForNCInstruction(index, sequence, lines);
-    Texts result = texts(lines);
+    Texts result = wordTexts(lines);
     if (!done) result.insert(result.begin(), "!");
     return result;
   }
@@ -223,7 +223,7 @@ TEST(DefaultCatalogueTable, HasEightyInstructionsFromOneOn) {
   EXPECT_EQ(index, 80);
   KEPListValKEPString lines;
   EXPECT_TRUE(table->GetSyntaxOfSequenceForNCInstruction(28, 1, lines));
-  EXPECT_EQ(texts(lines), (Texts{"CUTCOM/SAME, NORMDS", "CUTCOM/NORMDS"}));
+  EXPECT_EQ(wordTexts(lines), (Texts{"CUTCOM/SAME, NORMDS", "CUTCOM/NORMDS"}));
 }
 
 }  // namespace

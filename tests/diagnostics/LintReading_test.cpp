@@ -169,8 +169,11 @@ class Follower {
       end(operation, ended[next++]);
     }
     EXPECT_EQ(next, ended.size());
-    if (reading_.isComment) EXPECT_TRUE(reading_.operations.empty());
-    if (!reading_.isComment) closeUp();
+    if (reading_.isComment) {
+      EXPECT_TRUE(reading_.operations.empty());
+    } else {
+      closeUp();
+    }
     expect(Pass::Evaluate);
   }
 

@@ -154,7 +154,7 @@ TEST_F(RoundTrip, AttributeThatABaseTypeDeclaredLaterIsKeptTwice) {
 
 TEST_F(RoundTrip, BookkeepingAttributesKeepTheirPlaces) {
   const auto attributes = declared("NC_ONE", {"$OSM_Xts", "Syntaxe", "$OSM_LocalXts"});
-  attributes->SetList("Syntaxe", list({"ONE/1"}));
+  attributes->SetList("Syntaxe", ppword::test::list({"ONE/1"}));
   expectTheSame();
 }
 

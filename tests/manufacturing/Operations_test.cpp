@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "Knowledge/KEPICkeParm.h"
 #include "Manufacturing/KEPIMfgLatheOperation.h"
 #include "Manufacturing/KEPIMfgSequentialMotions.h"
 #include "Manufacturing/KEPIMfgToolChange.h"

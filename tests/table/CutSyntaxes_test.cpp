@@ -1,4 +1,4 @@
-#include "src/table/CutSyntaxes.h"
+#include "language/table/CutSyntaxes.h"
 
 #include <gtest/gtest.h>
 
