@@ -41,8 +41,8 @@ inline constexpr const char* kExplain =
     "Show step by step how the lines of an NC instruction arise";
 inline constexpr const char* kExplainFooter =
     R"help(Prints each line of the instruction after every pass. Below a pass are the references that it
-replaced (the parameter type, where the value came from, the value, the format) and what it computed;
-a "!" marks what is lost, cut or moved. Without TABLE the catalogue of a new document is used.
+replaced (the parameter type, who answered, the value, the format) and what it computed; a "!"
+marks what is lost, cut or moved. Without TABLE the catalogue of a new document is used.
 
 A parameter has a value only if --set sets it:
   NAME=5            a real number; MFG_XPOINT, MFG_YPOINT, MFG_ZPOINT, MFG_XAXIS, MFG_YAXIS and
