@@ -56,7 +56,8 @@ struct LineReading {
   /// Where the masks are.
   std::vector<std::size_t> masks;
   /// The text before it is computed, as long as `text`: the digits of some number in place of
-  /// references, of computed groups and of reciprocals.
+  /// references, of reciprocals and of computed groups; a group that is computed without a part of
+  /// its text is as it was.
   std::string flat;
   /// Which bytes of it are such digits.
   std::vector<bool> values;

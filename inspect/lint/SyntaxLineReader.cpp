@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "language/number/DecimalPrefix.h"
+#include "language/number/NumberFormat.h"
 #include "language/syntax/Arithmetic.h"
 #include "language/syntax/Blanks.h"
 #include "language/syntax/LeftOperand.h"
@@ -20,10 +21,20 @@ std::optional<double> numberOf(const ppword::GroupSide& side) {
   return mayBeParameter(ppword::withoutBlanks(side.text)) ? std::optional(1.0) : std::nullopt;
 }
 
-bool isComputed(const ppword::Group& group) {
+std::optional<double> valueOf(const ppword::Group& group) {
   const auto left = numberOf(group.left);
   const auto right = left ? numberOf(group.right) : std::nullopt;
-  return right && ppword::groupValue(group.sign, *left, *right);
+  return right ? ppword::groupValue(group.sign, *left, *right) : std::nullopt;
+}
+
+/// True for a side of which nothing is left out.
+bool isWhole(const ppword::GroupSide& side) {
+  return side.isReference || side.text.find_first_not_of("0123456789. ") == side.text.npos;
+}
+
+bool beginsWithBlank(double result) {
+  std::string text;
+  return ppword::printNumber(ppword::kResultFormat, result, text) && text.starts_with(' ');
 }
 
 /// Takes an operation into its left operand as the passes do; true when it has a result.
@@ -58,6 +69,7 @@ const LineReading& SyntaxLineReader::read(std::string_view line) {
   reading_.isComment = ppword::isComment(flat_);
   reading_.isProse = reading_.isComment || ppword::isTextWord(line.substr(0, line.find(' ')));
   if (!reading_.isComment) readOperations();
+  showOddGroups();
   std::sort(reading_.references.begin(), reading_.references.end(),
             [](const auto& left, const auto& right) { return left.start < right.start; });
   return reading_;
@@ -76,6 +88,8 @@ void SyntaxLineReader::start(std::string_view line) {
   reading_.divisions.clear();
   reading_.operations.clear();
   reading_.results.clear();
+  odd_.clear();
+  oddReferences_.clear();
   for (std::size_t at = line.find(ppword::kEscapedPercent); at != line.npos;
        at = line.find(ppword::kEscapedPercent, at + 1)) {
     reading_.masks.push_back(at + reading_.masks.size() * kMaskGrowth);
@@ -86,17 +100,23 @@ void SyntaxLineReader::readDivisions() {
   ppword::DivisionCursor divisions(reading_.text);
   while (auto division = divisions.next()) {
     if (!division->reciprocal.empty()) {
-      const std::size_t end = division->end();
       flat_[division->at] = '*';
-      putValue(division->at + 1, end);
-      // Its exponent is cut off by its own sign.
-      if (division->reciprocal.find("e-") != std::string::npos) flat_.replace(end - 3, 3, "e-1");
+      putValue(division->at + 1, division->end());
+      if (division->reciprocal.find('e') != std::string::npos) putExponent(*division);
     }
     reading_.divisions.push_back(std::move(*division));
   }
 }
 
+/// The sign of an exponent is masked as any other. The shortest divisor with such a reciprocal,
+/// as 2e4, has no space for the digit before the "e".
+void SyntaxLineReader::putExponent(const ppword::Division& division) {
+  const std::string_view digits = division.divisor.size() > 3 ? "1e-1" : "e-1";
+  flat_.replace(division.at + 1, digits.size(), digits);
+}
+
 void SyntaxLineReader::maskSigns() {
+  divided_ = flat_;
   line_.start(flat_);
   ppword::maskSigns(line_, signs_);
   flat_ = line_.text();
@@ -105,22 +125,33 @@ void SyntaxLineReader::maskSigns() {
 void SyntaxLineReader::readGroups(std::string_view prefix) {
   ppword::GroupCursor groups(flat_, prefix);
   while (const auto group = groups.next()) {
-    if (!isComputed(*group)) continue;
+    const auto value = valueOf(*group);
+    if (!value) continue;
     readOperand(group->left);
     readOperand(group->right);
     reading_.results.push_back({group->open, group->close + 1});
-    // Results are right-aligned.
-    flat_[group->open] = ' ';
-    reading_.values[group->open] = true;
-    putValue(group->open + 1, group->close + 1);
+    if (!isWhole(group->left) || !isWhole(group->right)) {
+      odd_.push_back(reading_.results.back());
+      for (const ppword::GroupSide& side : {group->left, group->right}) {
+        if (side.isReference) oddReferences_.push_back(spanOf(side));
+      }
+    }
+    putValue(group->open, group->close + 1);
+    if (beginsWithBlank(*value)) flat_.replace(group->open, 2, " 1");
   }
 }
 
 void SyntaxLineReader::readOperand(const ppword::GroupSide& side) {
   if (!side.isReference) return;
+  const LineResult span = spanOf(side);
+  const std::string_view name = reading_.text.substr(span.begin + 1, side.text.size());
+  reading_.references.push_back({span.begin, name, ppword::withoutBlanks(name)});
+}
+
+/// Where a reference of a group is, its first character included.
+LineResult SyntaxLineReader::spanOf(const ppword::GroupSide& side) const {
   const auto begin = static_cast<std::size_t>(side.text.data() - flat_.data());
-  const std::string_view name = reading_.text.substr(begin, side.text.size());
-  reading_.references.push_back({begin - 1, name, ppword::withoutBlanks(name)});
+  return {begin - 1, begin + side.text.size()};
 }
 
 void SyntaxLineReader::readReferences(std::string_view prefix) {
@@ -161,6 +192,14 @@ void SyntaxLineReader::readOperations() {
     if (isComputed) reading_.results.push_back({operation->begin, operation->end()});
     isSum = isSum || (operation->operands == ppword::Operands::Both && operation->sign != '*');
   }
+}
+
+void SyntaxLineReader::showOddGroups() {
+  for (const auto [begin, end] : odd_) {
+    flat_.replace(begin, end - begin, divided_, begin, end - begin);
+    for (std::size_t at = begin; at < end; ++at) reading_.values[at] = false;
+  }
+  for (const auto [begin, end] : oddReferences_) putValue(begin, end);
 }
 
 /// Puts a number in place of a part of the line.

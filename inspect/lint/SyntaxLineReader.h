@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "inspect/lint/LineReading.h"
 #include "language/syntax/GroupCursor.h"
@@ -23,17 +24,26 @@ class SyntaxLineReader {
  private:
   void start(std::string_view line);
   void readDivisions();
+  void putExponent(const ppword::Division& division);
   void maskSigns();
   void readGroups(std::string_view prefix);
   void readOperand(const ppword::GroupSide& side);
+  [[nodiscard]] LineResult spanOf(const ppword::GroupSide& side) const;
   void readReferences(std::string_view prefix);
   void restoreSigns();
   void readOperations();
+  void showOddGroups();
   void putValue(std::size_t begin, std::size_t end);
 
   LineReading reading_;
   std::string& flat_ = reading_.flat;
   std::string text_;
+  /// The line with products in place of divisions.
+  std::string divided_;
+  /// Computed groups of which a part is left out, as "/3" of (1/2/3).
+  std::vector<LineResult> odd_;
+  /// The references in them.
+  std::vector<LineResult> oddReferences_;
   ppword::SyntaxLine line_;
   ppword::SignRecords signs_;
 };

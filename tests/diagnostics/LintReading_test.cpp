@@ -5,9 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <iostream>
-#include <map>
 #include <random>
 #include <string>
 #include <string_view>
@@ -25,13 +25,14 @@ namespace {
 constexpr std::size_t kNone = std::string::npos;
 
 constexpr std::string_view kPieces[] = {
-    "GOTO/", "X/", "/",        "/",        "/4",      "/3",      "/20000", ",",          ",",
-    "+",     "-",  "*",        "=",        "(",       "(",       ")",      ")",          " ",
-    "%",     "&",  "%(",       "%A",       "%B",      "%A/2",    "&W",     "&G ",        "%A B",
-    "1",     "2",  ".5",       "0",        "-5",      "12.25",   "1e5",    "1e-5",       "9e30",
-    "MM",    "A",  "B)",       "(%A/2)",   "%(R)",    "(%A/%B)", "(6/&W)", "(8/4)",      "(%A/2",
-    "+ ",    "- ", "$",        "$$",       "\n",      "\"",      "@",      "\\%",        "PPRINT ",
-    "--",    ")$", "\xC3\xA9", "@#@#@#@#", "*VORTA ", "2*3",     "4-1",    "99999999999"};
+    "GOTO/",    "X/",       "/",       "/",         "/4",    "/3",         "/20000", ",",
+    ",",        "+",        "-",       "*",         "=",     "(",          "(",      ")",
+    ")",        " ",        "%",       "&",         "%(",    "%A",         "%B",     "%A/2",
+    "&W",       "&G ",      "%A B",    "1",         "2",     ".5",         "0",      "-5",
+    "12.25",    "1.5e5",    "1e-5",    "(9e30/%A)", "MM",    "A",          "B)",     "(%A/2)",
+    "%(R)",     "(%A/%B)",  "(6/&W)",  "(8/4)",     "(%A/2", "+ ",         "- ",     "$",
+    "$$",       "\n",       "\"",      "@",         "\\%",   "PPRINT ",    "--",     ")$",
+    "\xC3\xA9", "@#@#@#@#", "*VORTA ", "2*3",       "4-1",   "99999999999"};
 
 class RandomLines {
  public:
@@ -50,6 +51,8 @@ class RandomLines {
   std::size_t below(std::size_t limit) { return random_() % limit; }
   std::mt19937 random_;
 };
+
+constexpr std::size_t place(Pass pass) { return static_cast<std::size_t>(pass); }
 
 /// The passes on one line, and what they report. Whatever can be the name of a parameter has a
 /// number, and every reference the same text.
@@ -71,11 +74,10 @@ class Passes final : public ParameterSource, public LineObserver {
   explicit Passes(std::string text) : text_(std::move(text)) {}
 
   void run(std::string_view line) {
-    states_.clear();
     scratch_.line.start(line);
     EXPECT_TRUE(instantiateLine(scratch_, false, *this, this));
   }
-  [[nodiscard]] const State& after(Pass pass) { return states_[pass]; }
+  [[nodiscard]] const State& after(Pass pass) { return states_[place(pass)]; }
   [[nodiscard]] const std::string& text() const { return text_; }
 
   void appendText(std::string_view name, LineWriter& out) override {
@@ -91,7 +93,10 @@ class Passes final : public ParameterSource, public LineObserver {
   void textDropped(std::string_view, std::string_view) override {}
   void lineAfterPass(Pass pass, std::string_view line) override {
     state_.line = line;
-    states_[pass] = std::exchange(state_, {});
+    // The strings and lists of the line before are used again.
+    std::swap(states_[place(pass)], state_);
+    state_.names.clear();
+    state_.ended.clear();
   }
   void operationEnded(OperationEnd end, std::string_view operation,
                       std::string_view result) override {
@@ -102,7 +107,7 @@ class Passes final : public ParameterSource, public LineObserver {
  private:
   LineScratch scratch_;
   std::string text_;
-  std::map<Pass, State> states_;
+  std::array<State, place(Pass::UnmaskEscapes) + 1> states_;
   State state_;
   std::vector<std::string> asked_;
 };
@@ -111,6 +116,7 @@ class Passes final : public ParameterSource, public LineObserver {
 class Cells {
  public:
   explicit Cells(std::string_view text) {
+    cells_.reserve(text.size());
     for (const char byte : text) cells_.emplace_back(1, byte);
   }
 
@@ -118,6 +124,7 @@ class Cells {
   [[nodiscard]] std::size_t size() const { return cells_.size(); }
   [[nodiscard]] std::string text(std::size_t begin, std::size_t end) const {
     std::string text;
+    text.reserve(2 * (end - begin));
     for (std::size_t i = begin; i < end; ++i) text += cells_.at(i);
     return text;
   }
@@ -144,21 +151,19 @@ class Follower {
     std::erase_if(groups_, [&](const auto& each) { return reading.text[each.begin] != '('; });
   }
 
-  /// Until the signs are back; `isPlain`: of lines with groups too.
-  void follow(bool isPlain) {
+  /// Until the signs are back, unless the length of a value decides how the line goes on.
+  void follow() {
     expect(Pass::MaskEscapes);
     divide();
     mask();
-    if (!isPlain && reading_.text.find('(') != kNone) return;
-    computeGroups(Pass::WordGroups);
-    substitute(Pass::Words, "&");
-    computeGroups(Pass::ExpressionGroups);
-    substitute(Pass::Expressions, "%(");
-    computeGroups(Pass::NumberGroups);
-    substitute(Pass::Numbers, "%");
+    replace(Pass::WordGroups, Pass::Words, "&");
+    replace(Pass::ExpressionGroups, Pass::Expressions, "%(");
+    replace(Pass::NumberGroups, Pass::Numbers, "%");
+    if (!isKnown_) return;
     EXPECT_EQ(nextGroup_, groups_.size());
     restore();
   }
+  [[nodiscard]] bool isKnown() const { return isKnown_; }
 
   void evaluate() {
     const auto& ended = passes_.after(Pass::Evaluate).ended;
@@ -169,11 +174,8 @@ class Follower {
       end(operation, ended[next++]);
     }
     EXPECT_EQ(next, ended.size());
-    if (reading_.isComment) {
-      EXPECT_TRUE(reading_.operations.empty());
-    } else {
-      closeUp();
-    }
+    EXPECT_TRUE(!reading_.isComment || reading_.operations.empty());
+    if (!reading_.isComment) closeUp();
     expect(Pass::Evaluate);
   }
 
@@ -189,8 +191,8 @@ class Follower {
       const std::size_t sign = division.reciprocal.find('-');
       cells_.put(division.at + 1, division.end(), division.reciprocal.substr(0, sign));
       if (sign == kNone) continue;
-      cells_.at(division.end() - 2) = "-";
-      cells_.at(division.end() - 1) = division.reciprocal.substr(sign + 1);
+      cells_.at(division.at + 3) = "-";
+      cells_.at(division.at + 4) = division.reciprocal.substr(sign + 1);
     }
     expect(Pass::RewriteDivisions);
   }
@@ -203,13 +205,19 @@ class Follower {
     expect(Pass::MaskSigns);
   }
 
-  void computeGroups(Pass pass) {
+  void replace(Pass groups, Pass references, std::string_view prefix) {
+    if (isKnown_) computeGroups(groups, prefix);
+    if (isKnown_) substitute(references, prefix);
+  }
+
+  void computeGroups(Pass pass, std::string_view prefix) {
+    passGroups_.clear();
     for (const auto& ended : passes_.after(pass).ended) {
       if (ended.end != OperationEnd::Computed) continue;
       ASSERT_LT(nextGroup_, groups_.size());
-      const auto [begin, end] = groups_[nextGroup_++];
+      const auto [begin, end] = passGroups_.emplace_back(groups_[nextGroup_++]);
       EXPECT_EQ(withEscapedPercents(cells_.text(begin, end)), ended.operation);
-      EXPECT_EQ(namesIn(begin, end), trimmed(ended.names));
+      EXPECT_EQ(namesIn(begin, end, prefix), trimmed(ended.names));
       cells_.put(begin, end, ended.result);
     }
     expect(pass);
@@ -220,6 +228,8 @@ class Follower {
     for (const host::LineReference& reference : reading_.references) {
       if (isInGroup(reference) || prefixOf(reference) != prefix) continue;
       names.push_back(nameOf(reference));
+      if (cutsOffValues(reference)) isKnown_ = false;
+      if (!isKnown_) return;
       const std::size_t closed = reference.end() - reference.parentheses;
       const bool hasEnd = reference.isExpression && reference.end() < cells_.size() &&
                           cells_.at(reference.end()) == ")";
@@ -265,10 +275,12 @@ class Follower {
     for (const std::string& name : names) all.emplace_back(withoutBlanks(name));
     return all;
   }
-  [[nodiscard]] std::vector<std::string> namesIn(std::size_t begin, std::size_t end) const {
+  [[nodiscard]] std::vector<std::string> namesIn(std::size_t begin, std::size_t end,
+                                                 std::string_view prefix) const {
     std::vector<std::string> names;
     for (const host::LineReference& reference : reading_.references) {
-      if (reference.start >= begin && reference.start < end) names.push_back(nameOf(reference));
+      const bool isInside = reference.start >= begin && reference.start < end;
+      if (isInside && prefixOf(reference) == prefix) names.push_back(nameOf(reference));
     }
     return names;
   }
@@ -278,8 +290,19 @@ class Follower {
     const std::string name = cells_.text(begin, begin + reference.parameter.size());
     return std::string(withoutBlanks(name));
   }
+  /// True when values follow the ")" of a name, each character of which becomes a ")", or a value
+  /// loses its last character to a line feed.
+  [[nodiscard]] bool cutsOffValues(const host::LineReference& reference) {
+    std::size_t at = reference.start + 1;
+    const std::size_t end = reference.end();
+    if (end < cells_.size() && cells_.at(end) == "\n" && reading_.isValue(end - 1)) return true;
+    if (reference.isExpression) return false;
+    while (at < end && cells_.at(at) != ")") ++at;
+    while (at < end && cells_.at(at).size() == 1) ++at;
+    return at < end;
+  }
   [[nodiscard]] bool isInGroup(const host::LineReference& reference) const {
-    return std::any_of(groups_.begin(), groups_.end(), [&](const auto& group) {
+    return std::any_of(passGroups_.begin(), passGroups_.end(), [&](const auto& group) {
       return reference.start >= group.begin && reference.start < group.end;
     });
   }
@@ -292,11 +315,23 @@ class Follower {
   Cells cells_;
   std::vector<host::LineResult> groups_;
   std::size_t nextGroup_ = 0;
+  /// Those that this prefix has computed.
+  std::vector<host::LineResult> passGroups_;
+  bool isKnown_ = true;
 };
 
 long chosenLines() {
   const char* const lines = std::getenv("PPWORD_TEST_LINES");
   return lines == nullptr ? 100000 : std::atol(lines);
+}
+
+/// True when the line was followed to its end.
+bool follow(const host::LineReading& reading, Passes& passes, bool isEvaluated) {
+  passes.run(reading.line);
+  Follower follower(reading, passes);
+  follower.follow();
+  if (isEvaluated && follower.isKnown()) follower.evaluate();
+  return follower.isKnown();
 }
 
 TEST(LintReading, EqualsWhatThePassesDo) {
@@ -305,21 +340,19 @@ TEST(LintReading, EqualsWhatThePassesDo) {
   RandomLines lines(seed);
   host::SyntaxLineReader reader;
   Passes numbers("7.25");
-  // Signs and text change what is computed, but not where references are.
+  // Signs and text change what is computed. Without groups they do not change where references are.
   Passes others[] = {Passes("-3.5"), Passes("MM")};
-  for (long i = 0, count = chosenLines(); i < count; ++i) {
+  const long count = chosenLines();
+  long known = 0;
+  for (long i = 0; i < count; ++i) {
     const std::string line = lines.next();
     const host::LineReading& reading = reader.read(line);
     EXPECT_EQ(reading.written(0, reading.text.size()), line);
-    numbers.run(line);
-    Follower follower(reading, numbers);
-    follower.follow(true);
-    if (!testing::Test::HasFailure()) follower.evaluate();
-    Passes& other = others[i % 2];
-    other.run(line);
-    Follower(reading, other).follow(false);
+    known += follow(reading, numbers, true) ? 1 : 0;
+    if (i % 8 == 0 && line.find('(') == kNone) (void)follow(reading, others[i % 16 / 8], false);
     ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed << " «" << line << "»";
   }
+  EXPECT_GT(known, count / 10 * 9);
 }
 
 }  // namespace

@@ -122,8 +122,10 @@ TEST(LintTable, CodeThatDoesNotConvertIsTold) {
 // What is beyond the 1023 characters of a line is read as elements of its own.
 TEST(LintTable, RestOfALongTextIsALineOfItsOwn) {
   const std::string text(1100, 'x');
-  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text + "\n*END\n"), "2:1030 split-line");
-  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text.substr(0, 1021) + "\n*END\n"), "");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text + "\n*END\n"),
+            "2:73 wide-line, 2:1030 split-line, 2:1102 wide-line");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text.substr(0, 1021) + "\n*END\n"),
+            "2:73 wide-line");
 }
 
 // The last character of a text goes, a line feed or not, and a word without a text is no line.
