@@ -18,10 +18,12 @@ struct MemoryBytes {
 }  // namespace
 
 std::optional<Token> TableCursor::nextToken(std::size_t most) {
+  std::size_t at = at_;  // a local is faster than the member
   std::size_t size = 0;
-  readToken(MemoryBytes{table_, at_}, [&](char /*byte*/) { return ++size < most; });
+  readToken(MemoryBytes{table_, at}, [&](char /*byte*/) { return ++size < most; });
+  at_ = at;
   if (size == 0) return std::nullopt;
-  const std::size_t offset = at_ - size;
+  const std::size_t offset = at - size;
   return Token{table_.substr(offset, size), offset};
 }
 
@@ -33,12 +35,14 @@ std::optional<Token> TableCursor::nextPlainToken() {
 
 std::optional<CountedLine> TableCursor::nextLine() {
   const std::size_t offset = at_;
+  std::size_t at = at_;
   std::size_t size = 0;
   bool hasEnd = false;
-  readLine(MemoryBytes{table_, at_}, [&](char byte) {
+  readLine(MemoryBytes{table_, at}, [&](char byte) {
     hasEnd = byte == '\n';
     if (!hasEnd) ++size;
   });
+  at_ = at;
   if (size == 0 && !hasEnd) return std::nullopt;
   return CountedLine{table_.substr(offset, size), offset, hasEnd};
 }
