@@ -65,7 +65,7 @@ std::string joined(const std::vector<Cell>& cells, std::size_t first, std::size_
   return text;
 }
 
-// The place of a byte; bytes behind the text have places behind it.
+// The place of a byte; bytes after the text have places after it.
 std::size_t cellOfByte(const std::vector<Cell>& cells, std::size_t size, std::size_t byte) {
   if (byte >= size) return cells.size() + byte - size;
   const auto found = std::partition_point(cells.begin(), cells.end(),

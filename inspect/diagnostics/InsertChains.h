@@ -23,7 +23,7 @@ struct CommandBody {
 struct InsertFault {
   const CommandBody* command;
   const Insert* insert;
-  /// True: the chain of inserts comes back to itself. False: it gives too many lines.
+  /// True: the chain of inserts comes back to itself. False: it has too many lines.
   bool endless;
 };
 

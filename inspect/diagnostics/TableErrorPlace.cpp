@@ -99,7 +99,7 @@ struct Mark {
   std::size_t width = 1;
 };
 
-// The word at or behind an offset; one blank behind the line when there is none.
+// The word at or after an offset; one blank after the line when there is none.
 Mark wordBehind(std::string_view line, std::size_t offset) {
   const std::size_t first = line.find_first_not_of(kBlanks, offset);
   if (first == std::string_view::npos) return {line.size() + (offset == line.size() ? 1 : 0), 1};

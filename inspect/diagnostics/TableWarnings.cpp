@@ -61,7 +61,7 @@ class TableScan {
     if (!token || token->text.size() <= kMostCharacters) return token;
     warn("long-token", *token,
          "a word of " + std::to_string(token->text.size()) + " characters; words of more than " +
-             std::to_string(kMostCharacters) + " cannot be read, nor can what stands behind");
+             std::to_string(kMostCharacters) + " cannot be read, nor can what follows");
     token->text = token->text.substr(0, kMostCharacters + 1);
     return token;
   }

@@ -2,7 +2,7 @@
 //
 // While references are replaced every sign is a comma, and it comes back in place of the comma that
 // has its number by then. Whoever wonders why a "+" is at another place needs to know which comma
-// was which. So a trail gives each comma of the line an origin: its number when the signs were
+// was which. So each comma of the line has an origin in a trail: its number when the signs were
 // masked, or 0 for a comma that came with a value. For example, with W = "ON,OFF",
 //
 //   X/&W+1,2      is masked as   X/&W,1,2        the commas have the origins    1 2
@@ -47,7 +47,7 @@ std::string argumentBefore(std::string_view line, std::size_t end) {
   return std::string(separator == kNone ? text : text.substr(separator + 1));
 }
 
-/// A reference as it stands in the line while it is processed, its end left out.
+/// A reference as it is in the line while it is processed, its end left out.
 std::string opened(const ExplainedReference& reference) {
   return reference.prefix.substr(0, 1) + ppword::withMaskedPercents(reference.name);
 }
@@ -126,7 +126,7 @@ std::optional<char> CommaTrail::characterBehind(const ExplainedReference& refere
   const std::size_t at = line_.find(text, next_);
   if (at == kNone) return std::nullopt;
   const std::size_t end = at + text.size();
-  // What was cut off behind the name may hold what looks like a reference.
+  // What was cut off after the name may hold what looks like a reference.
   next_ = std::min(line_.find(reference.prefix == "%(" ? ')' : ',', end), line_.size());
   if (end == line_.size()) return std::nullopt;
   return line_[end] == ',' ? meantBy(end) : line_[end];

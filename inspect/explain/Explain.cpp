@@ -8,7 +8,7 @@
 namespace host {
 namespace {
 
-/// Tells what became of a line behind its passes.
+/// Says what became of a line after its passes.
 void addOutput(ExplainedLine& line, std::string_view output) {
   line.output = output;
   const std::string& passed = line.passes.back().line;

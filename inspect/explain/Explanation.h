@@ -34,7 +34,7 @@ struct ExplainedOperation {
   std::string result;
 };
 
-/// Characters behind the name of a reference that stand in no output.
+/// Characters after the name of a reference that the output drops.
 struct ExplainedCut {
   std::string name;
   std::string text;

@@ -24,7 +24,7 @@ std::string quotedOrNothing(std::string_view text) {
 
 /// What is odd about an expression.
 void addExpressionNotes(const ExplainedReference& reference, std::vector<std::string>& notes) {
-  // A line feed behind the "(" takes it off the name.
+  // A line feed after the "(" takes it off the name.
   const std::string expression = quoted(reference.name.substr(reference.name.starts_with('(')));
   if (reference.isOpen) {
     notes.push_back("no \")\" ends the expression " + expression +
@@ -86,7 +86,7 @@ void addAnswerNotes(const ExplainedReference& reference, std::optional<char> beh
 
 void addReferenceNotes(ExplainedReference& reference, std::optional<CommaTrail>& trail,
                        std::vector<std::string>& notes) {
-  // An operand between parentheses is told with its operation.
+  // An operand between parentheses is reported with its operation.
   const auto behind =
       trail && reference.text ? trail->characterBehind(reference) : std::optional<char>();
   const bool isExpression = reference.prefix == "%(";
@@ -152,7 +152,7 @@ void addSignNotes(const CommaTrail& trail, ExplainedPass& restored) {
   }
 }
 
-/// What is odd about a line that was written with signs, behind its evaluation.
+/// What is odd about a line that was written with signs, after its evaluation.
 void addEvaluationNotes(ExplainedPass& evaluated) {
   if (ppword::isComment(evaluated.line)) {
     evaluated.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");

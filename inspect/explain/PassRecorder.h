@@ -23,12 +23,12 @@ class PassRecorder final : public KEPMfgPPWordListener {
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view result) override;
 
-  /// The lines that were told of until now.
+  /// The lines that were reported until now.
   [[nodiscard]] std::vector<ExplainedLine> takeLines() { return std::exchange(lines_, {}); }
 
  private:
   std::vector<ExplainedLine> lines_;
-  /// What was told since the pass before.
+  /// What was reported since the pass before.
   ExplainedPass pass_;
   ListenerScope scope_{*this};
 };

@@ -9,7 +9,7 @@
 
 namespace host {
 
-/// A value that a user gives to a name: NAME=number, NAME:int=number, NAME:text=text, or
+/// A value that a user sets for a name: NAME=number, NAME:int=number, NAME:text=text, or
 /// NAME:design=number for a design parameter.
 struct ValueSetting {
   std::string name;

@@ -99,7 +99,7 @@ void shortReciprocal(const LineReading& reading, LineReport& report) {
   }
 }
 
-/// True for what a division leaves behind its "/": a number with its sign, or a "(".
+/// True for what a division leaves after its "/": a number with its sign, or a "(".
 bool isDivisor(std::string_view text) {
   text.remove_prefix(firstOf(text));
   if (text.starts_with('(')) return true;

@@ -28,7 +28,7 @@ std::size_t exponentNumber(std::string_view text) {
 /// The begin and size of numbers with exponents.
 using Numbers = std::set<std::pair<std::size_t, std::size_t>>;
 
-/// True for an operator between two operands; a "/" behind a word divides nothing.
+/// True for an operator between two operands; a "/" after a word divides nothing.
 bool joins(std::string_view flat, std::size_t at) {
   const char before = at > 0 ? flat[at - 1] : ',';
   if (flat[at] == '/') return isDigit(before) || std::string_view(".)").find(before) != kNone;

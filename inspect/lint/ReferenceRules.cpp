@@ -65,7 +65,7 @@ Width widthOf(const LineReading& reading, const LintParameters& parameters) {
     at = piece.end;
   }
   addText(reading.text, at, reading.text.size(), width);
-  // A mark of continuation comes behind a comma.
+  // A mark of continuation comes after a comma.
   if (reading.text.ends_with(',')) width.add(reading.text.size() - 1, 1);
   return width;
 }

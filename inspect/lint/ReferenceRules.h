@@ -5,7 +5,7 @@
 
 namespace host {
 
-/// Warns of references to parameters that nobody knows.
+/// Warns of references to unknown parameters.
 void lintParameters(const LineReading& reading, const LintParameters& parameters,
                     LineReport& report);
 

@@ -130,7 +130,7 @@ class BlockReader {
     return tokens;
   }
 
-  /// What the next read gives; an empty token at the end.
+  /// What the next read returns; an empty token at the end.
   [[nodiscard]] Token peek() const {
     return ppword::TableCursor(cursor_).nextToken().value_or(Token());
   }

@@ -11,7 +11,7 @@ namespace host {
 using ppword::Token;
 
 /// A line of a syntax as the module gets it. One that was cut at column 80 has the bytes that were
-/// moved up to it behind its own.
+/// moved up to it after its own.
 struct TableLine {
   std::string text;
   std::size_t offset = 0;
@@ -34,7 +34,7 @@ struct TableBlocks {
     Token keyword;
     std::vector<Token> pieces;
   };
-  /// A block with a name; the name is empty when the word behind the keyword is none.
+  /// A block with a name; the name is empty when the word after the keyword is not one.
   struct Named {
     Token keyword;
     Token name;

@@ -15,7 +15,7 @@ bool isNumber(const Token& piece) {
   return code && code->isWhole;
 }
 
-/// Pairs the words of a table with their codes; behind a mistake it begins a new pair.
+/// Pairs the words of a table with their codes; after a mistake it begins a new pair.
 class WordReader {
  public:
   explicit WordReader(LintFindings& findings) : findings_(findings) {}

@@ -50,7 +50,7 @@ class NumberFormat {
 
 /// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes
 /// 0, the format applies, and the first "," of the whole text becomes ".". A format without a
-/// conversion prints as it stands. Sets `text`; false, with `text` untouched, when the format is
+/// conversion prints as it is. Sets `text`; false, with `text` untouched, when the format is
 /// not acceptable or the value not finite.
 [[nodiscard]] bool printNumber(std::string_view format, double value, std::string& text);
 

@@ -57,7 +57,7 @@ void apply(const Operation& operation, LeftOperand& left, LineObserver* observer
   }
 }
 
-/// Removes the blanks directly behind every "-".
+/// Removes the blanks directly after every "-".
 void closeUpNegatives(std::string& line) {
   if (line.find("- ") == kNone) return;
   char before = 0;

@@ -15,7 +15,7 @@ constexpr CharacterSet kTrimmed(")$");
 /// What ends a name in a line without the preferred terminator.
 constexpr std::string_view kOtherEnds = " \n\"";
 
-/// Cuts a name at a place, at most its size, and gives what was cut off.
+/// Cuts a name at a place, at most its size, and returns what was cut off.
 std::string_view cutAt(std::string_view& name, std::size_t place) {
   const std::string_view cut = name.substr(place);
   name = name.substr(0, place);

@@ -11,6 +11,8 @@ void rewriteDivisions(SyntaxLine& line) {
   static constexpr CharacterSet kReference("%");
   if (!line.holdsAny(kReference)) return;
   const std::string_view text = line.text();
+  // Most lines have no "/" but that of their major word.
+  if (text.find('/', text.find('/') + 1) == std::string_view::npos) return;
   DivisionCursor divisions(text);
   std::string& out = line.draft();
   std::size_t from = 0;

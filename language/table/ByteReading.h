@@ -7,7 +7,7 @@
 
 namespace ppword {
 
-// How tokens and lines are read from bytes, wherever these come from. `Bytes` gives the next byte
+// How tokens and lines are read from bytes, wherever these come from. `Bytes` returns the next byte
 // with next(), EOF at the end, and takes the last one back with putBack().
 
 using TextBuffer = std::array<char, kMostCharacters>;

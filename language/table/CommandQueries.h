@@ -26,7 +26,7 @@ Walk walkCommands(TableSource& source, Visit visit) {
 [[nodiscard]] bool nameOfCommand(TableSource& source, int index, std::string& name);
 [[nodiscard]] bool rangeOfCommand(TableSource& source, std::string_view name, int& range);
 
-/// Where the body of each command begins: the positions behind the names that rangeOfCommand
+/// Where the body of each command begins: the positions after the names that rangeOfCommand
 /// finds, for all names at once.
 using CommandPositions = std::unordered_map<std::string, long>;
 [[nodiscard]] CommandPositions commandPositions(TableSource& source);
@@ -34,10 +34,10 @@ using CommandPositions = std::unordered_map<std::string, long>;
 /// Reads through the body of a command from one of its sequences to the next.
 class SequenceWalk {
  public:
-  /// The body begins where `source` stands.
+  /// The body begins where `source` is.
   explicit SequenceWalk(TableSource& source) : source_(source) {}
 
-  /// Reads on to directly behind the next "*START_SEQUENCE". False at the "*END" that closes the
+  /// Reads on to directly after the next "*START_SEQUENCE". False at the "*END" that closes the
   /// command and at end of file; the walk is over then.
   bool next();
   /// The number of sequences met.
@@ -55,7 +55,7 @@ class SequenceWalk {
 /// Counts the sequences from the current position to the "*END" that closes the command.
 [[nodiscard]] bool numberOfSequences(TableSource& source, int& count);
 
-/// Reads on to directly behind the "*START_SEQUENCE" of the sequence `index` of the command.
+/// Reads on to directly after the "*START_SEQUENCE" of the sequence `index` of the command.
 [[nodiscard]] bool findSequence(TableSource& source, int index);
 
 }  // namespace ppword

@@ -14,8 +14,8 @@ namespace ppword {
 /// The most elements that a command with inserts may have.
 inline constexpr std::size_t kMostElements = 100'000;
 
-/// The syntax elements of the command body in which `source` stands, those of inserted commands in
-/// their places, mended; the position is then behind the "*END" of the body. `commandName` is the
+/// The syntax elements of the command body in which `source` is, those of inserted commands in
+/// their places, mended; the position is then after the "*END" of the body. `commandName` is the
 /// command that the body belongs to. Nothing at end of file, for an insert that names no command,
 /// for inserts that never end and for those that make more than
 /// kMostElements.

@@ -19,7 +19,7 @@ namespace ppword {
                                      std::vector<std::string>& values);
 [[nodiscard]] bool valueOfFormat(TableSource& source, int index, std::string& value);
 
-// The same for the list or format behind whose name the position is; `values` is not cleared.
+// The same for the list or format after whose name the position is; `values` is not cleared.
 [[nodiscard]] bool readValues(TableSource& source, std::vector<std::string>& values);
 [[nodiscard]] bool readFormat(TableSource& source, std::string& value);
 

@@ -18,7 +18,7 @@ class TableSource {
   /// meets end of file, when what was open could not be closed.
   virtual bool rewind() = 0;
 
-  /// The next token; the position is directly behind it. Nothing at end of file, and nothing from
+  /// The next token; the position is directly after it. Nothing at end of file, and nothing from
   /// the first token of more than kMostCharacters on, which `tooLong` tells until a `seek`.
   virtual std::optional<std::string_view> nextToken() = 0;
   [[nodiscard]] virtual bool tooLong() const = 0;
@@ -48,7 +48,7 @@ bool findToken(TableSource& source, std::string_view text);
 /// How a walk over a table ended.
 enum class Walk { Stopped, Whole, NotOpened };
 
-/// Walks through the table from its beginning and calls `visit` behind each token that does not
+/// Walks through the table from its beginning and calls `visit` after each token that does not
 /// begin with "/" and contains `keyword`, until it gives true. The walk goes on where the visit
 /// left the position.
 template <class Visit>

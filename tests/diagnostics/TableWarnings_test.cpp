@@ -43,7 +43,7 @@ TEST(TableWarnings, WordOf1023CharactersIsShortEnough) {
 TEST(TableWarnings, WordOf1024CharactersIsTooLong) {
   EXPECT_EQ(warnings("*START_SYNTAXES\n " + std::string(1024, 'x') + "\n*END\n"),
             "T:2:2: warning long-token: a word of 1024 characters; words of more than 1023 cannot "
-            "be read, nor can what stands behind\n"
+            "be read, nor can what follows\n"
             "   " +
                 std::string(95, 'x') +
                 "...\n"

@@ -61,14 +61,14 @@ HRESULT initialise(const KEPIContainer_var& container, bool skipAttributeUpgrade
 }
 
 /// The syntax evaluation of an NC instruction, with the number of the sequential motion that a
-/// marker in the name gives (-1 without one).
+/// marker in the name has (-1 without one).
 KEPIMfgSyntaxEvaluation_var findSyntaxEvaluation(const KEPIContainer_var& container,
                                                  std::string_view name) {
   int motion = kNoMotion;
   KEPISpecObject_var type = ppword::findType(container, name);
   if (!type) {
     const std::size_t marker = name.find(kMotionMarker);
-    // deliberate: a marker at the very start is no marker, and hides those behind it
+    // deliberate: a marker at the very start is not a marker, and hides those after it
     if (marker == 0 || marker == std::string_view::npos) return nullptr;
     motion = ppword::integerPrefix(name.substr(marker + kMotionMarker.size())).value_or(kNoMotion);
     type = ppword::findType(container, name.substr(0, marker));

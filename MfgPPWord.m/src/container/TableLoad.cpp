@@ -56,7 +56,7 @@ Outcome outcomeOf(HRESULT status, bool wasThere) {
 }
 
 /// One table on its way into one container. Each part of the table is walked through once; the
-/// walks read what stands behind a keyword and go on behind the keyword itself.
+/// walks read what follows a keyword and go on after the keyword itself.
 class TableLoad {
  public:
   /// Creates the root types that the container lacks.
@@ -114,7 +114,7 @@ class TableLoad {
                      wasThere);
   }
 
-  /// The lines of the command or sequence in which the reading stands.
+  /// The lines of the command or sequence in which the reading is.
   [[nodiscard]] std::optional<std::vector<std::string>> readLines(std::string_view name) {
     if (linesLeft_ == 0) return std::nullopt;
     auto lines = readSyntax(reading_, name, positions_);
@@ -207,7 +207,7 @@ class TableLoad {
   KEPISpecObject_var syntaxRoot_;
   KEPISpecObject_var parameterRoot_;
   std::string_view table_;
-  MemorySource reading_;  // of what stands behind the names; the walks have sources of their own
+  MemorySource reading_;  // reads what follows the names; each walk has its own source
   std::size_t linesLeft_;
   std::optional<CommandPositions> positions_;
   KEPMfgPPWordListener* listener_ = KEPMfgPPWordListener::Current();

@@ -7,7 +7,7 @@ namespace {
 constexpr int kFixedAxis = 1;
 
 /// The entry for the type of an activity's tool path: 1 for a fixed tool axis, 2 for any other
-/// type, 0 when nobody can tell.
+/// type, 0 when it is unknown.
 int entryOf(const KEPIMfgToolPathManagement_var& activity) {
   KEPIMfgTraject_var path;
   if (!activity || KEPFailed(activity->GetToolPath(path)) || !path) return 0;

@@ -84,7 +84,7 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   // Taken out for the call: an evaluation may instantiate this very syntax again.
   auto scratch = scratch_ ? std::move(scratch_) : std::make_unique<LineScratch>();
   for (int i = 1; i <= count; ++i) {
-    // Taken anew behind the first line: an evaluation may have changed the syntax.
+    // Read again after the first line: an evaluation may have changed the syntax.
     const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
     if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
     scratch->line.start(current->GetTexts()[i]);
