@@ -5,7 +5,7 @@
 #include <span>
 #include <string_view>
 
-#include "ObjectSpecsModeler/KEPISpecAttribute.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Feature.h"
 
 /// Every number and name that document files store. docs/document-format.md explains them. Numbers

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "ObjectSpecsModeler/KEPISpecAttribute.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPList.h"
 #include "host/system/TextHash.h"
 

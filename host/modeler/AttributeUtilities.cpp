@@ -1,7 +1,7 @@
 #include <optional>
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include "KEPIMfgPPCommand.h"
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgRootContainer.h"
-#include "ObjectSpecsModeler/KEPIDocument.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/modeler/Container.h"
 #include "host/system/TextHash.h"
 

@@ -7,7 +7,6 @@
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPComponent.h"
 #include "host/modeler/AttributeTable.h"

@@ -3,8 +3,9 @@
 #include <memory>
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
-#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPError.h"
+
+class KEPMfgPPWordListener;
 
 namespace host {
 

@@ -1,10 +1,20 @@
 #pragma once
 
 #include <string>
-
-#include "inspect/diagnostics/Excerpt.h"
+#include <string_view>
 
 namespace host {
+
+/// A part of a source line: what is at `firstColumn` (from 1) and after it.
+struct Excerpt {
+  std::string text;
+  long firstColumn = 1;
+  /// True when the line goes on after the excerpt.
+  bool goesOn = false;
+};
+
+/// How far an excerpt reaches before and after its column.
+inline constexpr long kExcerptReach = 400;
 
 enum class Severity { Error, Warning };
 
@@ -25,5 +35,16 @@ struct Diagnostic {
 
   [[nodiscard]] bool hasSource() const { return line > 0 && column > 0 && !source.text.empty(); }
 };
+
+/// The part of `line` around a column, which may be one after its end.
+[[nodiscard]] Excerpt excerptOf(std::string_view line, long column);
+
+/// A finding for people: `FILE:LINE:COL: error KEY: message`, the source line and a caret line,
+/// each ended by a line feed. The source line is cut to a width that terminals hold.
+[[nodiscard]] std::string diagnosticText(const Diagnostic& diagnostic);
+
+/// `text` with everything that a terminal might obey or hide (control characters, bytes that are
+/// not UTF-8, marks that turn the direction of writing) written as "\xNN".
+[[nodiscard]] std::string terminalSafe(std::string_view text);
 
 }  // namespace host

@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/diagnostics/Excerpt.h"
+#include "inspect/diagnostics/Diagnostic.h"
 
 namespace host {
 

@@ -10,7 +10,6 @@
 #include "language/table/CommandSyntax.h"
 #include "language/table/Keywords.h"
 #include "language/table/TableCursor.h"
-#include "language/table/TextWords.h"
 
 namespace host {
 namespace {
@@ -135,7 +134,7 @@ class TableScan {
     const std::size_t width = ppword::kInsertKeyword.size() + 1 + fault.insert->name.size();
     warn("endless-insert", table_.placeOf(fault.insert->offset), width,
          fault.endless ? "the inserts of " + command + " never end, so its lines cannot be read"
-                       : "the inserts of " + command + " give more than " +
+                       : "the inserts of " + command + " make more than " +
                              std::to_string(ppword::kMostElements) + " lines and cannot be read");
   }
 

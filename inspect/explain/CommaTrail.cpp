@@ -31,7 +31,7 @@
 #include <numeric>
 #include <utility>
 
-#include "language/syntax/EscapedPercent.h"
+#include "language/syntax/Passes.h"
 
 namespace host {
 namespace {
@@ -121,7 +121,7 @@ char CommaTrail::meantBy(std::size_t comma) const {
   return sign != signs_.end() && sign->ordinal == origin ? sign->sign : ',';
 }
 
-std::optional<char> CommaTrail::characterBehind(const ExplainedReference& reference) {
+std::optional<char> CommaTrail::characterAfter(const ExplainedReference& reference) {
   const std::string text = opened(reference);
   const std::size_t at = line_.find(text, next_);
   if (at == kNone) return std::nullopt;

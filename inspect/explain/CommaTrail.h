@@ -29,7 +29,7 @@ class CommaTrail {
 
   /// The character directly after the next reference of the pass to be followed next, a masked
   /// sign as such; nothing at the end of the line. To be asked for all of them, from left to right.
-  [[nodiscard]] std::optional<char> characterBehind(const ExplainedReference& reference);
+  [[nodiscard]] std::optional<char> characterAfter(const ExplainedReference& reference);
 
   /// The signs in the order of the line.
   [[nodiscard]] const std::vector<Sign>& signs() const noexcept { return signs_; }

@@ -1,8 +1,7 @@
-#include "inspect/explain/Explain.h"
-
 #include <string>
 
-#include "inspect/explain/PassNotes.h"
+#include "KEPIMfgSyntaxEvaluation.h"
+#include "inspect/explain/Explanation.h"
 #include "inspect/explain/PassRecorder.h"
 
 namespace host {

@@ -2,9 +2,12 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
+
+class KEPIMfgSyntaxEvaluation;
 
 namespace host {
 
@@ -40,7 +43,7 @@ struct ExplainedCut {
   std::string text;
 };
 
-/// A line after a pass, and what the pass did. Notes tell in words what a reader of the syntax
+/// A line after a pass, and what the pass did. Notes say in words what a reader of the syntax
 /// might not expect.
 struct ExplainedPass {
   KEPMfgPPWordListener::Pass pass = KEPMfgPPWordListener::Pass::Written;
@@ -64,5 +67,29 @@ struct Explanation {
   bool isDone = false;
   std::vector<ExplainedLine> lines;
 };
+
+/// An explanation for people: every syntax line, under it the passes with the line after each, the
+/// references and operations of the pass, and the notes, marked by "!".
+[[nodiscard]] std::string explanationText(const Explanation& explanation);
+
+/// A reference as a syntax writes it.
+[[nodiscard]] std::string referenceText(const ExplainedReference& reference);
+
+/// Who is asked for a reference: "evaluation", "expression" or "parameter".
+[[nodiscard]] std::string_view answerKind(const ExplainedReference& reference);
+
+/// True when the reference has a text, an operand a value.
+[[nodiscard]] bool isEvaluated(const ExplainedReference& reference);
+
+/// A number with as many digits as it needs, a text as it is.
+[[nodiscard]] std::string plainText(const KEPMfgParameterValue& value);
+
+/// Adds to a line's passes, in words, what a reader of the syntax might not expect: what was lost,
+/// a name that is not the one meant, a sign that moved.
+void addNotes(ExplainedLine& line);
+
+/// Instantiates a sequence (from 1) of an NC instruction, as its document is now, and reports what
+/// every pass did with its lines. Listens to the module meanwhile.
+[[nodiscard]] Explanation explain(KEPIMfgSyntaxEvaluation& instruction, int sequence);
 
 }  // namespace host

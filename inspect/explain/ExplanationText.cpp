@@ -1,11 +1,10 @@
-#include "inspect/explain/ExplanationText.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <vector>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/explain/Explanation.h"
 
 namespace host {
 namespace {

@@ -1,9 +1,8 @@
-#include "inspect/explain/PassNotes.h"
-
 #include <optional>
 #include <string_view>
 
 #include "inspect/explain/CommaTrail.h"
+#include "inspect/explain/Explanation.h"
 #include "language/syntax/OperationCursor.h"
 #include "language/syntax/Signs.h"
 
@@ -55,7 +54,7 @@ void addNameNotes(const ExplainedReference& reference, std::vector<std::string>&
     notes.push_back(
         "the name is longer than it looks: it goes on to the next comma, or to the end "
         "of the line, as " +
-        quoted(inner) + "; put a comma right behind the name");
+        quoted(inner) + "; put a comma right after the name");
   }
 }
 
@@ -65,16 +64,16 @@ bool isCutText(const ExplainedReference& reference) {
          reference.value->text.View() != *reference.text;
 }
 
-void addAnswerNotes(const ExplainedReference& reference, std::optional<char> behind,
+void addAnswerNotes(const ExplainedReference& reference, std::optional<char> following,
                     std::vector<std::string>& notes) {
   if (isCutText(reference)) {
     notes.emplace_back("only the first 79 characters of the text are written");
   }
   if (reference.source != Source::Nobody) return;
   const std::string name = quoted(reference.name);
-  if (behind && ppword::kSigns.find(*behind) != kNone) {
-    notes.push_back("the name " + name + " is cut by the \"" + *behind +
-                    "\" behind it: a name holds no sign");
+  if (following && ppword::kSigns.find(*following) != kNone) {
+    notes.push_back("the name " + name + " is cut by the \"" + *following +
+                    "\" after it: a name holds no sign");
   }
   const std::string lost =
       name + (reference.value ? " cannot be printed in its format" : " cannot be evaluated");
@@ -87,16 +86,16 @@ void addAnswerNotes(const ExplainedReference& reference, std::optional<char> beh
 void addReferenceNotes(ExplainedReference& reference, std::optional<CommaTrail>& trail,
                        std::vector<std::string>& notes) {
   // An operand between parentheses is reported with its operation.
-  const auto behind =
-      trail && reference.text ? trail->characterBehind(reference) : std::optional<char>();
+  const auto following =
+      trail && reference.text ? trail->characterAfter(reference) : std::optional<char>();
   const bool isExpression = reference.prefix == "%(";
-  reference.isOpen = isExpression && reference.text && behind != ')';
+  reference.isOpen = isExpression && reference.text && following != ')';
   (isExpression ? addExpressionNotes : addNameNotes)(reference, notes);
-  if (reference.text) addAnswerNotes(reference, behind, notes);
+  if (reference.text) addAnswerNotes(reference, following, notes);
 }
 
 std::string cutNote(const ExplainedCut& cut) {
-  const std::string what = quoted(cut.text) + " behind the name " + quoted(cut.name);
+  const std::string what = quoted(cut.text) + " after the name " + quoted(cut.name);
   return cut.text.starts_with(')')
              ? what + " is cut off: each of its characters comes back as \")\""
              : what + " is cut off and lost";
@@ -107,7 +106,7 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass p
   if (pass == Pass::RestoreSigns) return std::nullopt;
   const std::string operation = quoted(ended.operation);
   if (ended.outcome == Operation::Kept) {
-    // A group is tried with each prefix; the last one tells.
+    // A group is tried with each prefix; the last one reports.
     if (pass == Pass::WordGroups || pass == Pass::ExpressionGroups) return std::nullopt;
     return operation + " is not computed and stays: " +
            (pass == Pass::Evaluate ? "not both operands are plain numbers, such as -1.5"
@@ -118,13 +117,12 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass p
   const bool lacksRight = ppword::kSigns.find(ended.operation.back()) != kNone;
   if (lacksLeft && lacksRight) return operation + " is deleted: it has no operand";
   if (lacksRight) {
-    return operation + " is deleted: nothing stands behind the sign; parentheses are no operands";
+    return operation + " is deleted: nothing follows the sign; parentheses are no operands";
   }
   if (ended.operation.front() == '-') {
-    return operation + " is deleted: what stands behind the sign is no number";
+    return operation + " is deleted: what follows the sign is not a number";
   }
-  return operation +
-         " is deleted: nothing stands in front of the sign; parentheses are no operands";
+  return operation + " is deleted: nothing is before the sign; parentheses are no operands";
 }
 
 void addOwnNotes(std::optional<CommaTrail>& trail, ExplainedPass& pass) {
@@ -142,8 +140,8 @@ void addSignNotes(const CommaTrail& trail, ExplainedPass& restored) {
     if (!trail.isMoved(sign)) continue;
     const auto place = trail.placeOf(sign);
     std::string note =
-        std::string("the \"") + sign.sign + "\" behind " + quotedOrNothing(sign.before);
-    note += place ? " stands behind " + quotedOrNothing(*place) + " now: it goes back to comma " +
+        std::string("the \"") + sign.sign + "\" after " + quotedOrNothing(sign.before);
+    note += place ? " is after " + quotedOrNothing(*place) + " now: it goes back to comma " +
                         std::to_string(sign.ordinal) +
                         ", and the commas in front of it have become more or fewer"
                   : " is lost: it goes back to comma " + std::to_string(sign.ordinal) +
@@ -158,7 +156,7 @@ void addEvaluationNotes(ExplainedPass& evaluated) {
     evaluated.notes.emplace_back("a comment or a print: its signs stay, nothing is computed");
   } else if (evaluated.line.find("--") != kNone) {
     evaluated.notes.emplace_back(
-        "two minus signs stay: what stands behind a sign is negative; write 0-%NAME");
+        "two minus signs stay: what follows a sign is negative; write 0-%NAME");
   }
 }
 

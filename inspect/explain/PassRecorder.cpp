@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 
 namespace host {

@@ -69,17 +69,18 @@ bool readSetting(std::string_view text, ValueSetting& setting, std::string& reas
   const std::string_view kind = colon == kNone ? "" : left.substr(colon + 1);
   const std::string shown(text);
   if (equals == kNone || name.empty()) {
-    reason = "'" + shown + "' is no NAME=VALUE";
+    reason = "'" + shown + "' is not NAME=VALUE";
     return false;
   }
   if (colon != kNone && kind != "text" && kind != "int" && kind != "design") {
-    reason = "'" + std::string(kind) + "' of '" + shown + "' is no kind: text, int or design";
+    reason = "'" + std::string(kind) + "' of '" + shown +
+             "' is not a kind; the kinds are text, int and design";
     return false;
   }
   const std::string_view given = text.substr(equals + 1);
   const auto value = readValue(kind, given);
   if (!value) {
-    reason = "'" + std::string(given) + "' is no " + (kind == "int" ? "integer" : "number") +
+    reason = "'" + std::string(given) + "' is not " + (kind == "int" ? "an integer" : "a number") +
              "; a text is given as " + std::string(name) + ":text=" + std::string(given);
     return false;
   }

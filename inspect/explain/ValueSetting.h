@@ -20,7 +20,7 @@ struct ValueSetting {
 /// Reads a setting. False, with `reason` set, when it is none.
 [[nodiscard]] bool readSetting(std::string_view text, ValueSetting& setting, std::string& reason);
 
-/// Gives the value to the document, as a design parameter, or to the activity. A real value of a
+/// Writes the value into the document, as a design parameter, or to the activity. A real value of a
 /// coordinate of the point or the tool axis, such as MFG_XPOINT, goes to its motion buffer.
 void applySetting(const ValueSetting& setting, Document& document, Activity& activity);
 

@@ -1,6 +1,6 @@
 #include <unordered_set>
 
-#include "inspect/lint/WordRules.h"
+#include "inspect/lint/TableRules.h"
 
 namespace host {
 namespace {

@@ -1,11 +1,10 @@
-#include "inspect/lint/KeywordLines.h"
-
 #include <algorithm>
 #include <iterator>
 #include <string_view>
 #include <vector>
 
 #include "inspect/diagnostics/TableErrorPlace.h"
+#include "inspect/lint/TableRules.h"
 #include "language/table/Keywords.h"
 #include "language/table/TableCheck.h"
 #include "language/table/TableCursor.h"

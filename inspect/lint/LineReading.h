@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "language/syntax/DivisionCursor.h"
-#include "language/syntax/EscapedPercent.h"
 #include "language/syntax/OperationCursor.h"
+#include "language/syntax/Passes.h"
 
 namespace host {
 

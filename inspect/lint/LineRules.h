@@ -2,6 +2,7 @@
 
 #include "inspect/lint/LineReading.h"
 #include "inspect/lint/LintFindings.h"
+#include "inspect/lint/LintParameters.h"
 #include "inspect/lint/TableBlocks.h"
 
 namespace host {
@@ -30,5 +31,12 @@ void lintArithmetic(const LineReading& reading, LineReport& report);
 void lintExponents(const LineReading& reading, LineReport& report);
 /// Warns of references whose names are not what one expects.
 void lintNames(const LineReading& reading, LineReport& report);
+
+/// Warns of references to unknown parameters.
+void lintParameters(const LineReading& reading, const LintParameters& parameters,
+                    LineReport& report);
+
+/// Warns of a line that can be put out wider than 72 columns.
+void lintWidth(const LineReading& reading, const LintParameters& parameters, LineReport& report);
 
 }  // namespace host

@@ -1,10 +1,9 @@
 #include "inspect/lint/Lint.h"
 
 #include "inspect/diagnostics/TableWarnings.h"
-#include "inspect/lint/KeywordLines.h"
-#include "inspect/lint/ReferenceRules.h"
+#include "inspect/lint/LineRules.h"
 #include "inspect/lint/SyntaxLineReader.h"
-#include "inspect/lint/WordRules.h"
+#include "inspect/lint/TableRules.h"
 
 namespace host {
 namespace {
@@ -12,7 +11,7 @@ namespace {
 void lintLine(const TableLine& line, const LineReading& reading, const LintParameters& parameters,
               LintFindings& findings) {
   LineReport report(line, reading, findings);
-  if (line.isBehindAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);
+  if (line.isAfterAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);
   lintArithmetic(reading, report);
   lintExponents(reading, report);
   lintNames(reading, report);

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Document.h"
 #include "inspect/lint/SyntaxLineReader.h"
 #include "language/number/NumberFormat.h"

@@ -1,7 +1,6 @@
-#include "inspect/lint/ReferenceRules.h"
-
 #include <algorithm>
 
+#include "inspect/lint/LineRules.h"
 #include "inspect/lint/SyntaxLineReader.h"
 #include "post/output/LineSink.h"
 #include "post/text/Utf8.h"

@@ -7,10 +7,10 @@
 #include "language/number/DecimalPrefix.h"
 #include "language/number/NumberFormat.h"
 #include "language/syntax/Arithmetic.h"
-#include "language/syntax/Blanks.h"
+#include "language/syntax/Characters.h"
 #include "language/syntax/LeftOperand.h"
 #include "language/syntax/ReferenceCursor.h"
-#include "language/table/TextWords.h"
+#include "language/table/Keywords.h"
 
 namespace host {
 namespace {

@@ -5,10 +5,10 @@
 #include <optional>
 #include <utility>
 
+#include "language/table/CommandSyntax.h"
 #include "language/table/CutSyntaxes.h"
 #include "language/table/Keywords.h"
 #include "language/table/SectionQueries.h"
-#include "language/table/TextWords.h"
 
 namespace host {
 namespace {
@@ -150,7 +150,7 @@ class BlockReader {
 
   void addLine(const Token& token) {
     TableLine line{std::string(token.text), token.offset};
-    line.isBehindAnother = !body_.empty() && isOnLineOf(body_.back(), token);
+    line.isAfterAnother = !body_.empty() && isOnLineOf(body_.back(), token);
     if (ppword::isTextWord(token.text)) {
       const auto rest = cursor_.nextLine();
       if (!rest) return;

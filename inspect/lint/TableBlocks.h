@@ -15,11 +15,11 @@ using ppword::Token;
 struct TableLine {
   std::string text;
   std::size_t offset = 0;
-  /// Where the moved bytes begin in the text, and where they stand in the table.
+  /// Where the moved bytes begin in the text, and where they are in the table.
   std::size_t joinedAt = std::string::npos;
   std::size_t joinedOffset = 0;
   /// True for a line that does not begin on a line of its own.
-  bool isBehindAnother = false;
+  bool isAfterAnother = false;
 
   [[nodiscard]] std::size_t offsetOf(std::size_t position) const {
     return position < joinedAt ? offset + position : joinedOffset + position - joinedAt;

@@ -1,10 +1,9 @@
-#include "inspect/lint/WordRules.h"
-
 #include <algorithm>
 #include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
+#include "inspect/lint/TableRules.h"
 #include "language/number/IntegerPrefix.h"
 
 namespace host {

@@ -13,7 +13,7 @@ namespace ppword {
 /// from.
 class NumberFormat {
  public:
-  /// Nothing when the text is no such format.
+  /// Nothing when the text is not such a format.
   [[nodiscard]] static std::optional<NumberFormat> parse(std::string_view text);
 
   /// Appends `value`, which must be finite, as printf prints it in the C locale, byte for byte,

@@ -1,9 +1,11 @@
-#include "language/syntax/CleanParentheses.h"
-
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "language/syntax/Characters.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

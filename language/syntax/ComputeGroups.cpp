@@ -1,5 +1,3 @@
-#include "language/syntax/ComputeGroups.h"
-
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -10,8 +8,12 @@
 #include "language/number/DecimalPrefix.h"
 #include "language/number/NumberFormat.h"
 #include "language/syntax/Arithmetic.h"
-#include "language/syntax/EscapedPercent.h"
+#include "language/syntax/Characters.h"
 #include "language/syntax/GroupCursor.h"
+#include "language/syntax/LineObserver.h"
+#include "language/syntax/ParameterSource.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

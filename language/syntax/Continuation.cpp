@@ -1,6 +1,6 @@
 #include "language/syntax/Continuation.h"
 
-#include "language/syntax/Blanks.h"
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "language/syntax/CharacterTable.h"
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 

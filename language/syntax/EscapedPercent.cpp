@@ -1,7 +1,8 @@
-#include "language/syntax/EscapedPercent.h"
-
 #include <string>
 #include <string_view>
+
+#include "language/syntax/Passes.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

@@ -1,11 +1,12 @@
-#include "language/syntax/EvaluateLine.h"
-
 #include <string>
 #include <string_view>
 
 #include "language/syntax/Characters.h"
-#include "language/syntax/EscapedPercent.h"
 #include "language/syntax/LeftOperand.h"
+#include "language/syntax/LineObserver.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/Signs.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

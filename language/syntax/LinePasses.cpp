@@ -2,12 +2,7 @@
 
 #include <string_view>
 
-#include "language/syntax/CleanParentheses.h"
-#include "language/syntax/ComputeGroups.h"
-#include "language/syntax/EscapedPercent.h"
-#include "language/syntax/EvaluateLine.h"
-#include "language/syntax/RewriteDivisions.h"
-#include "language/syntax/Substitution.h"
+#include "language/syntax/Passes.h"
 
 namespace ppword {
 namespace {

@@ -8,7 +8,8 @@
 
 namespace ppword {
 
-/// Writes a line of many short pieces into a room of its own, which is kept from line to line.
+/// Writes a line of many short pieces into a buffer of its own, which is kept from line to line. It
+/// exists for speed: pieces are a few characters long, and each is copied in place, without a call.
 class LineWriter {
  public:
   LineWriter() = default;
@@ -16,7 +17,7 @@ class LineWriter {
   LineWriter& operator=(const LineWriter&) = delete;
 
   /// Starts an empty line.
-  void clear() noexcept { at_ = room_.data(); }
+  void clear() noexcept { at_ = buffer_.data(); }
 
   [[gnu::always_inline]] void append(std::string_view piece) {
     if (left() < piece.size()) grow(piece.size());
@@ -28,20 +29,20 @@ class LineWriter {
   }
 
   /// What was written so far; valid until more is.
-  [[nodiscard]] std::string_view text() const noexcept { return {room_.data(), size()}; }
+  [[nodiscard]] std::string_view text() const noexcept { return {buffer_.data(), size()}; }
 
  private:
   static constexpr std::size_t kFirst = 256;
 
   [[nodiscard]] std::size_t size() const noexcept {
-    return static_cast<std::size_t>(at_ - room_.data());
+    return static_cast<std::size_t>(at_ - buffer_.data());
   }
   [[nodiscard]] std::size_t left() const noexcept { return static_cast<std::size_t>(end_ - at_); }
   [[gnu::noinline]] void grow(std::size_t more) {
     const std::size_t written = size();
-    room_.resize(2 * room_.size() + more);
-    at_ = room_.data() + written;
-    end_ = room_.data() + room_.size();
+    buffer_.resize(2 * buffer_.size() + more);
+    at_ = buffer_.data() + written;
+    end_ = buffer_.data() + buffer_.size();
   }
 
   template <class Word>
@@ -67,9 +68,9 @@ class LineWriter {
     return to;
   }
 
-  std::vector<char> room_ = std::vector<char>(kFirst);
-  char* at_ = room_.data();
-  char* end_ = room_.data() + kFirst;
+  std::vector<char> buffer_ = std::vector<char>(kFirst);
+  char* at_ = buffer_.data();
+  char* end_ = buffer_.data() + kFirst;
 };
 
 }  // namespace ppword

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-#include "language/syntax/CharacterTable.h"
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "language/syntax/CharacterSet.h"
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 

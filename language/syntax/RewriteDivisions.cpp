@@ -1,9 +1,10 @@
-#include "language/syntax/RewriteDivisions.h"
-
 #include <string>
 #include <string_view>
 
+#include "language/syntax/Characters.h"
 #include "language/syntax/DivisionCursor.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 

@@ -34,7 +34,9 @@
 #include <algorithm>
 #include <string_view>
 
-#include "language/syntax/CharacterTable.h"
+#include "language/syntax/Characters.h"
+#include "language/syntax/LineObserver.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

@@ -4,10 +4,10 @@
 #include <string_view>
 #include <vector>
 
-#include "language/syntax/LineObserver.h"
-#include "language/syntax/SyntaxLine.h"
-
 namespace ppword {
+
+class LineObserver;
+class SyntaxLine;
 
 /// The signs of a line, in the order in which they are masked.
 inline constexpr std::string_view kSigns = "+*-";

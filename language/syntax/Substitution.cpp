@@ -1,4 +1,7 @@
-#include "language/syntax/Substitution.h"
+#include "language/syntax/ParameterSource.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/References.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "language/syntax/CharacterSet.h"
+#include "language/syntax/Characters.h"
 #include "language/syntax/LineWriter.h"
 
 namespace ppword {

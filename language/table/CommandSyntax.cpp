@@ -5,10 +5,10 @@
 #include <utility>
 #include <variant>
 
+#include "language/syntax/Characters.h"
 #include "language/table/CommandQueries.h"
 #include "language/table/CutSyntaxes.h"
 #include "language/table/Keywords.h"
-#include "language/table/TextWords.h"
 
 namespace ppword {
 namespace {
@@ -268,6 +268,13 @@ void SyntaxReader::add(std::string element) {
 }
 
 }  // namespace
+
+std::string textElement(std::string_view word, std::string_view rest) {
+  std::string element(word);
+  // deliberate: the last character goes, even when it is no line feed
+  element.append(rest, 0, rest.size() - 1);
+  return std::string(withoutBlanks(element));
+}
 
 std::optional<std::vector<std::string>> readSyntax(TableSource& source,
                                                    std::string_view commandName,

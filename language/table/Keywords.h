@@ -81,4 +81,10 @@ inline constexpr int kWordKinds = 4;
   return std::nullopt;
 }
 
+/// True for a token of a command's body that takes the rest of its line as its text.
+[[nodiscard]] constexpr bool isTextWord(std::string_view token) {
+  return token.starts_with("PPRINT") || token == "PARTNO" || token == "$$" || token == "INSERT" ||
+         token == "DNCMSG";
+}
+
 }  // namespace ppword

@@ -11,7 +11,7 @@ namespace ppword {
 
 // The queries on the sections beside the commands. Contracts as those of the reader's operations.
 
-// The sections that give parameters their values: `keyword` is kListKeyword or kFormatKeyword.
+// The sections with the values of parameters: `keyword` is kListKeyword or kFormatKeyword.
 [[nodiscard]] bool numberOfParameters(TableSource& source, std::string_view keyword, int& count);
 [[nodiscard]] bool nameOfParameter(TableSource& source, std::string_view keyword, int index,
                                    std::string& name);

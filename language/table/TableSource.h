@@ -19,7 +19,7 @@ class TableSource {
   virtual bool rewind() = 0;
 
   /// The next token; the position is directly after it. Nothing at end of file, and nothing from
-  /// the first token of more than kMostCharacters on, which `tooLong` tells until a `seek`.
+  /// the first token of more than kMostCharacters on, which `tooLong` reports until a `seek`.
   virtual std::optional<std::string_view> nextToken() = 0;
   [[nodiscard]] virtual bool tooLong() const = 0;
 
@@ -27,7 +27,7 @@ class TableSource {
   /// before the line feed is dropped. Nothing at end of file.
   virtual std::optional<std::string_view> nextLine() = 0;
 
-  /// A position to `seek` later; negative when the source cannot tell.
+  /// A position to `seek` later; negative when the source does not know it.
   virtual long position() = 0;
   virtual bool seek(long position) = 0;
 
@@ -49,7 +49,7 @@ bool findToken(TableSource& source, std::string_view text);
 enum class Walk { Stopped, Whole, NotOpened };
 
 /// Walks through the table from its beginning and calls `visit` after each token that does not
-/// begin with "/" and contains `keyword`, until it gives true. The walk goes on where the visit
+/// begin with "/" and contains `keyword`, until it returns true. The walk goes on where the visit
 /// left the position.
 template <class Visit>
 Walk walkKeyword(TableSource& source, std::string_view keyword, Visit visit) {

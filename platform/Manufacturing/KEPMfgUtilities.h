@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "ObjectSpecsModeler/KEPIDocument.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPList.h"
 #include "System/KEPPlatform.h"
 

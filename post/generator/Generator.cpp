@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPError.h"
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"

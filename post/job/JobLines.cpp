@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "post/job/JobHeader.h"
 #include "post/job/JobObject.h"
 
 namespace host::job {

@@ -1,8 +1,11 @@
 #pragma once
 
-#include "post/job/JobHeader.h"
 #include "post/job/JobPlace.h"
 #include "post/toolpath/ToolPath.h"
+
+namespace host {
+struct JobHeader;
+}  // namespace host
 
 namespace host::job {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Document.h"
 
 namespace host {

@@ -78,7 +78,7 @@ class Arguments(program.ProgramTest):
     def test_setting_that_is_none_is_told(self):
         self.check_mistake(
             ["explain", "NC_GOTO", "--set", "A=1", "--set", "B=RPM"],
-            "--set: 'RPM' is no number; a text is given as B:text=RPM",
+            "--set: 'RPM' is not a number; a text is given as B:text=RPM",
             "ppword explain",
         )
 

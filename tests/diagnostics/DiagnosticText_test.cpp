@@ -1,8 +1,8 @@
-#include "inspect/diagnostics/DiagnosticText.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "inspect/diagnostics/Diagnostic.h"
 
 namespace host {
 namespace {

@@ -15,7 +15,7 @@
 #include <vector>
 
 #include "inspect/lint/SyntaxLineReader.h"
-#include "language/syntax/Blanks.h"
+#include "language/syntax/Characters.h"
 #include "language/syntax/LinePasses.h"
 #include "tests/support/Mutator.h"
 

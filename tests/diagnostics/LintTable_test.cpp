@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/lint/Lint.h"
 #include "tests/table/TableFiles.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "KEPMfgPPTableTxt.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {
@@ -111,7 +111,7 @@ TEST(TableWarnings, DoublingInsertsGiveTooManyLines) {
     table.append(inserted).append(inserted).append("*END\n");
   }
   EXPECT_EQ(warnings(table),
-            "T:69:1: warning endless-insert: the inserts of NC_17 give more than 100000 lines and "
+            "T:69:1: warning endless-insert: the inserts of NC_17 make more than 100000 lines and "
             "cannot be read\n"
             "  *INSERT NC_16\n"
             "  ^~~~~~~~~~~~~\n");

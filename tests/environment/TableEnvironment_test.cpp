@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "tests/environment/Programs.h"
 #include "tests/support/Folders.h"
 #include "tests/support/PPWordDocument.h"

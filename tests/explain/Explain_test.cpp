@@ -1,5 +1,3 @@
-#include "inspect/explain/Explain.h"
-
 #include <gtest/gtest.h>
 
 #include <iostream>
@@ -7,8 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "host/system/Session.h"
-#include "inspect/explain/ExplanationText.h"
+#include "inspect/explain/Explanation.h"
 #include "tests/support/Mutator.h"
 #include "tests/support/PPWordDocument.h"
 #include "tests/syntax/Instantiated.h"
@@ -101,7 +100,7 @@ TEST_F(Explain, ControlCharactersDoNotReachTheTerminal) {
 }
 
 TEST_F(Explain, LineFeedCutsTheCharacterInFrontOfIt) {
-  EXPECT_EQ(notes("%AX\n1").back(), "«X» behind the name «A» is cut off and lost");
+  EXPECT_EQ(notes("%AX\n1").back(), "«X» after the name «A» is cut off and lost");
 }
 
 TEST_F(Explain, LineFeedCutsTheOnlyCharacterOfAnExpression) {
@@ -110,17 +109,17 @@ TEST_F(Explain, LineFeedCutsTheOnlyCharacterOfAnExpression) {
       (Texts{"no \")\" ends the expression «»: it goes on to the next blank, or to the end of "
              "the line; close it",
              "«» cannot be evaluated and is dropped; the separators around it stay",
-             "«(» behind the name «» is cut off and lost"}));
+             "«(» after the name «» is cut off and lost"}));
 }
 
 TEST_F(Explain, ParameterDroppedBesideASignTellsBoth) {
   EXPECT_EQ(notes("X/%I-1"),
-            (Texts{"the name «I» is cut by the \"-\" behind it: a name holds no sign",
+            (Texts{"the name «I» is cut by the \"-\" after it: a name holds no sign",
                    "«I» cannot be evaluated and is dropped; the separators around it stay"}));
 }
 
 TEST_F(Explain, SignIsToldOfTheReferenceInFrontOfIt) {
-  const std::string cut = "the name «I» is cut by the \"-\" behind it: a name holds no sign";
+  const std::string cut = "the name «I» is cut by the \"-\" after it: a name holds no sign";
   const std::string dropped =
       "«I» cannot be evaluated and is dropped; the separators around it stay";
   EXPECT_EQ(notes("X/%I,%I-1"), (Texts{dropped, cut, dropped}));
@@ -130,7 +129,7 @@ TEST_F(Explain, SignIsToldOfTheReferenceInFrontOfIt) {
   EXPECT_EQ(
       notes("X/%B)%I-%I,1"),
       (Texts{"«B» cannot be evaluated and is dropped; the separators around it stay", dropped,
-             "«)%I» behind the name «B» is cut off: each of its characters comes back as \")\"",
+             "«)%I» after the name «B» is cut off: each of its characters comes back as \")\"",
              "«-» is deleted: it has no operand"}));
 }
 
@@ -163,7 +162,7 @@ TEST_F(Explain, ExpressionWithoutEndIsShownWithoutIt) {
 TEST_F(Explain, NegativeValueBehindAMinusIsTold) {
   activity()->parameters().set("A", host::realValue(-2));
   EXPECT_EQ(notes("X/-%A"),
-            Texts{"two minus signs stay: what stands behind a sign is negative; write 0-%NAME"});
+            Texts{"two minus signs stay: what follows a sign is negative; write 0-%NAME"});
   EXPECT_EQ(notes("X/1-%A"), Texts{});
 }
 
@@ -200,7 +199,7 @@ TEST_F(Explain, SignsOfUnchangedCommasAreNotMoved) {
 
 TEST_F(Explain, GroupThatLosesACommaMovesTheSignBehindIt) {
   EXPECT_EQ(notes("X/(1,8/4)+5,6"),
-            Texts{"the \"+\" behind «4)» stands behind «5» now: it goes back to comma 2, and the "
+            Texts{"the \"+\" after «4)» is after «5» now: it goes back to comma 2, and the "
                   "commas in front of it have become more or fewer"});
 }
 

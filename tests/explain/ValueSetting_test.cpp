@@ -35,21 +35,22 @@ TEST(ValueSetting, TextGivesNameKindAndValue) {
 }
 
 TEST(ValueSetting, MistakesAreTold) {
-  EXPECT_EQ(shown("A"), "'A' is no NAME=VALUE");
-  EXPECT_EQ(shown(""), "'' is no NAME=VALUE");
-  EXPECT_EQ(shown("=5"), "'=5' is no NAME=VALUE");
-  EXPECT_EQ(shown(":int=5"), "':int=5' is no NAME=VALUE");
-  EXPECT_EQ(shown("A:real=5"), "'real' of 'A:real=5' is no kind: text, int or design");
-  EXPECT_EQ(shown("A:=5"), "'' of 'A:=5' is no kind: text, int or design");
-  EXPECT_EQ(shown("A=RPM"), "'RPM' is no number; a text is given as A:text=RPM");
-  EXPECT_EQ(shown("A=5mm"), "'5mm' is no number; a text is given as A:text=5mm");
-  EXPECT_EQ(shown("A=inf"), "'inf' is no number; a text is given as A:text=inf");
-  EXPECT_EQ(shown("A=nan"), "'nan' is no number; a text is given as A:text=nan");
-  EXPECT_EQ(shown("A=1e999"), "'1e999' is no number; a text is given as A:text=1e999");
-  EXPECT_EQ(shown("A="), "'' is no number; a text is given as A:text=");
-  EXPECT_EQ(shown("A:int=1.5"), "'1.5' is no integer; a text is given as A:text=1.5");
+  EXPECT_EQ(shown("A"), "'A' is not NAME=VALUE");
+  EXPECT_EQ(shown(""), "'' is not NAME=VALUE");
+  EXPECT_EQ(shown("=5"), "'=5' is not NAME=VALUE");
+  EXPECT_EQ(shown(":int=5"), "':int=5' is not NAME=VALUE");
+  EXPECT_EQ(shown("A:real=5"),
+            "'real' of 'A:real=5' is not a kind; the kinds are text, int and design");
+  EXPECT_EQ(shown("A:=5"), "'' of 'A:=5' is not a kind; the kinds are text, int and design");
+  EXPECT_EQ(shown("A=RPM"), "'RPM' is not a number; a text is given as A:text=RPM");
+  EXPECT_EQ(shown("A=5mm"), "'5mm' is not a number; a text is given as A:text=5mm");
+  EXPECT_EQ(shown("A=inf"), "'inf' is not a number; a text is given as A:text=inf");
+  EXPECT_EQ(shown("A=nan"), "'nan' is not a number; a text is given as A:text=nan");
+  EXPECT_EQ(shown("A=1e999"), "'1e999' is not a number; a text is given as A:text=1e999");
+  EXPECT_EQ(shown("A="), "'' is not a number; a text is given as A:text=");
+  EXPECT_EQ(shown("A:int=1.5"), "'1.5' is not an integer; a text is given as A:text=1.5");
   EXPECT_EQ(shown("A:int=3000000000"),
-            "'3000000000' is no integer; a text is given as A:text=3000000000");
+            "'3000000000' is not an integer; a text is given as A:text=3000000000");
 }
 
 TEST(ValueSetting, CoordinateSetsItsBufferAndNoOther) {

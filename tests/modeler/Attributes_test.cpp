@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "KEPIMfgParameterEvaluation.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "tests/support/PPWordDocument.h"
 
 namespace {

@@ -8,7 +8,7 @@
 
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"
 

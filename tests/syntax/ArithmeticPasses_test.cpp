@@ -3,10 +3,9 @@
 #include <string>
 #include <string_view>
 
-#include "language/syntax/CleanParentheses.h"
-#include "language/syntax/EvaluateLine.h"
-#include "language/syntax/RewriteDivisions.h"
+#include "language/syntax/Passes.h"
 #include "language/syntax/Signs.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

@@ -1,9 +1,8 @@
-#include "language/syntax/CharacterSet.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
 
+#include "language/syntax/Characters.h"
 #include "language/syntax/SyntaxLine.h"
 
 namespace ppword {

@@ -1,8 +1,8 @@
-#include "language/syntax/CharacterTable.h"
-
 #include <gtest/gtest.h>
 
 #include <string>
+
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 namespace {

@@ -11,8 +11,7 @@
 #include <string_view>
 
 #include "Manufacturing/KEPMfgDesignParameter.h"
-#include "language/syntax/CleanParentheses.h"
-#include "language/syntax/RewriteDivisions.h"
+#include "language/syntax/Passes.h"
 #include "tests/support/Mutator.h"
 #include "tests/syntax/Instantiated.h"
 #include "tests/syntax/LiteralPasses.h"

@@ -1,10 +1,13 @@
-#include "language/syntax/Substitution.h"
-
 #include <gtest/gtest.h>
 
 #include <map>
 #include <random>
 #include <string>
+
+#include "language/syntax/ParameterSource.h"
+#include "language/syntax/Passes.h"
+#include "language/syntax/References.h"
+#include "language/syntax/SyntaxLine.h"
 
 namespace ppword {
 namespace {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPString.h"
 #include "host/system/Session.h"
 

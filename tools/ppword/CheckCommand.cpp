@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
 #include "tools/ppword/Commands.h"

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "host/system/Module.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/HelpTexts.h"
 #include "tools/ppword/Refusal.h"

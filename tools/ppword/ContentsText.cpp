@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <array>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Contents.h"
 
 namespace {

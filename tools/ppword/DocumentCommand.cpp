@@ -9,7 +9,7 @@
 #include "host/document/DocumentFile.h"
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Json.h"

@@ -1,5 +1,5 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Document.h"
 #include "tools/ppword/Contents.h"
 

@@ -3,11 +3,10 @@
 #include <string>
 #include <vector>
 
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPError.h"
-#include "inspect/diagnostics/DiagnosticText.h"
-#include "inspect/explain/Explain.h"
-#include "inspect/explain/ExplanationText.h"
+#include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/explain/Explanation.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Json.h"

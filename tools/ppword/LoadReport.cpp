@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Contents.h"
 
 namespace {

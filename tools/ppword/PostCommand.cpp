@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "host/system/ListenerScope.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/generator/Generator.h"
 #include "post/job/JobReader.h"

@@ -7,7 +7,7 @@
 #include "tools/ppword/Json.h"
 #include "tools/ppword/PostTable.h"
 
-/// What a run gave, for its report.
+/// What a run made, for its report.
 struct PostReport {
   const host::Summary& summary;
   /// Null for a job.

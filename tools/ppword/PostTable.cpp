@@ -10,7 +10,7 @@
 #include "System/KEPMakePath.h"
 #include "host/system/MessageCatalogue.h"
 #include "host/system/ResourceFolders.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"

@@ -6,7 +6,7 @@
 
 #include "KEPMfgPPTableTxt.h"
 #include "System/KEPError.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"
 #include "post/text/SpellingSuggestion.h"

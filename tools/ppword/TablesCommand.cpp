@@ -4,7 +4,7 @@
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "System/KEPMakePath.h"
 #include "host/system/ResourceFolders.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"

@@ -1,7 +1,7 @@
 #include <nlohmann/json.hpp>
 
 #include "KEPMfgPPWordUtilities.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Json.h"

@@ -5,7 +5,7 @@
 
 #include "System/KEPError.h"
 #include "host/document/DocumentError.h"
-#include "inspect/diagnostics/DiagnosticText.h"
+#include "inspect/diagnostics/Diagnostic.h"
 #include "post/output/OutputFile.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/StandardStreams.h"

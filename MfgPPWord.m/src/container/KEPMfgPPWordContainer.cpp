@@ -6,7 +6,7 @@
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgUtilities.h"
 #include "ObjectSpecsModeler/KEPILifeCycleObject.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPError.h"
 #include "language/number/IntegerPrefix.h"
 #include "src/container/DefaultCatalogue.h"

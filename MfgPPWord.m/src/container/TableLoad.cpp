@@ -9,7 +9,7 @@
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "language/table/CommandQueries.h"
 #include "language/table/CommandSyntax.h"
 #include "language/table/MemorySource.h"

@@ -1,6 +1,6 @@
 #include "src/container/TypeTree.h"
 
-#include "ObjectSpecsModeler/KEPISpecAttrAccess.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 
 namespace ppword {
 namespace {

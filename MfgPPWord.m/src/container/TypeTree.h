@@ -3,7 +3,6 @@
 #include <string_view>
 
 #include "ObjectSpecsModeler/KEPIContainer.h"
-#include "ObjectSpecsModeler/KEPISpecAttribute.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 
 namespace ppword {

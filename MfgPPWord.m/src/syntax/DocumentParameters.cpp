@@ -6,9 +6,8 @@
 #include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
-#include "language/syntax/EscapedPercent.h"
+#include "language/syntax/Passes.h"
 #include "src/syntax/ParameterValue.h"
-#include "src/syntax/ParameterValueText.h"
 
 namespace ppword {
 namespace {

@@ -1,10 +1,14 @@
 #include "src/syntax/ParameterValue.h"
 
+#include <string_view>
+#include <utility>
+
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPIMfgParameterAccess.h"
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
-#include "language/syntax/Blanks.h"
+#include "language/number/NumberFormat.h"
+#include "language/syntax/Characters.h"
 
 namespace ppword {
 namespace {
@@ -29,6 +33,31 @@ bool answers(const KEPBaseUnknown_var& object, std::string_view name, KEPMfgPara
   return parameters && parameters->GetValue(name, value) == 0;
 }
 
+constexpr std::size_t kLongestText = 79;
+constexpr std::string_view kDefaultFormat = "%12.6f";
+
+/// The first `count` characters of a text.
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  std::size_t seen = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (KEPUnicodeString::StartsCharacter(text[i]) && seen++ == count) return text.substr(0, i);
+  }
+  return text;
+}
+
+/// The longest beginning of at most `count` bytes that ends with a whole character.
+std::string_view wholeCharacters(std::string_view text, std::size_t count) {
+  if (text.size() <= count) return text;
+  std::size_t end = count;
+  while (end > 0 && !KEPUnicodeString::StartsCharacter(text[end])) --end;
+  return text.substr(0, end);
+}
+
+std::optional<std::string> realText(double value, std::string_view format) {
+  std::string text;
+  return printNumber(format, value, text) ? std::optional(std::move(text)) : std::nullopt;
+}
+
 }  // namespace
 
 std::optional<KEPMfgParameterValue> parameterValue(const KEPISpecObject_var& feature,
@@ -47,6 +76,22 @@ std::optional<KEPMfgParameterValue> parameterValue(const KEPISpecObject_var& fea
   const bool found = answers<KEPIMfgCustomParameters>(object, plain, value) ||
                      answers<KEPIMfgV4ToV5Parameters>(object, plain, value);
   return found ? std::optional(value) : std::nullopt;
+}
+
+std::optional<std::string> valueText(const KEPMfgParameterValue& value,
+                                     const std::optional<KEPUnicodeString>& format) {
+  switch (value.kind) {
+    case KEPMfgParameterValue::kInteger:
+      return std::to_string(value.integer);
+    case KEPMfgParameterValue::kReal:
+      return realText(value.real, format ? format->View() : kDefaultFormat);
+    case KEPMfgParameterValue::kText:
+      // deliberate: with a format only the characters are counted, not the bytes.
+      return std::string(format ? firstCharacters(value.text, kLongestText)
+                                : wholeCharacters(value.text, kLongestText));
+    default:
+      return std::nullopt;
+  }
 }
 
 }  // namespace ppword

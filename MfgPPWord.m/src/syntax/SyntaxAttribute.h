@@ -2,7 +2,6 @@
 
 #include <optional>
 
-#include "ObjectSpecsModeler/KEPISpecAttribute.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 
 namespace ppword {
