@@ -56,7 +56,8 @@ class AttributeTable {
   /// Up to here a walk over the names is quicker than a hash.
   static constexpr std::size_t kFewSlots = 4;
 
-  [[nodiscard]] const Slot* findIndexed(std::string_view name) const {
+  /// Apart, so that the walk is small enough to be inlined.
+  [[gnu::noinline]] [[nodiscard]] const Slot* findIndexed(std::string_view name) const {
     const auto place = places_.find(name);
     return place == places_.end() ? nullptr : &slots_[place->second];
   }

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 
 namespace host {
 

@@ -44,8 +44,8 @@ class NumericEvaluation : public Registered<Self> {
  public:
   /// As KEPIMfgParameterEvaluation::Evaluate.
   [[nodiscard]] bool Evaluate(KEPString& value) const {
-    const auto parameter = ParameterContext::of(*this);
-    return parameter.print(KEPInterfaceId<typename Getter::Interface>(), &read, kSource, value);
+    return ParameterContext::printBuffered(*this, KEPInterfaceId<typename Getter::Interface>(),
+                                           &read, kSource, value);
   }
 
  private:

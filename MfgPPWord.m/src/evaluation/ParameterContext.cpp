@@ -65,10 +65,7 @@ bool ParameterContext::readWord(int entry, KEPString& word) const {
   return true;
 }
 
-/// The format that holds for the type's numbers. False, with `format` untouched, when there is
-/// none.
-bool ParameterContext::findFormat(FormatSource source, KEPUnicodeString& format) const {
-  if (source != FormatSource::Type && findGenerationFormat(source, format)) return true;
+[[gnu::always_inline]] inline bool ParameterContext::findFormat(KEPUnicodeString& format) const {
   int found = 0;
   const HRESULT status = KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
       type_, kWholeText, "Format", kNoEntry, found, format);
@@ -77,15 +74,19 @@ bool ParameterContext::findFormat(FormatSource source, KEPUnicodeString& format)
 
 bool ParameterContext::print(double number, KEPString& text) const {
   KEPUnicodeString format;
-  return findFormat(FormatSource::Type, format) && printNumber(format, number, text.Edit());
+  return findFormat(format) && printNumber(format, number, text.Edit());
 }
 
-bool ParameterContext::print(const KEPMetaClass* bufferClass, BufferNumber read,
-                             FormatSource source, KEPString& text) const {
-  const KEPBaseUnknown* const numbers = buffer(bufferClass);
+bool ParameterContext::printBuffered(const KEPBaseUnknown& evaluation,
+                                     const KEPMetaClass* bufferClass, BufferNumber read,
+                                     FormatSource source, KEPString& text) {
+  const ParameterContext parameter = of(evaluation);
+  const KEPBaseUnknown* const numbers = parameter.buffer(bufferClass);
+  if (numbers == nullptr) return false;
   KEPUnicodeString format;
-  return numbers != nullptr && findFormat(source, format) &&
-         printNumber(format, read(*numbers), text.Edit());
+  const bool isSet = (source != FormatSource::Type && findGenerationFormat(source, format)) ||
+                     parameter.findFormat(format);
+  return isSet && printNumber(format, read(*numbers), text.Edit());
 }
 
 }  // namespace ppword

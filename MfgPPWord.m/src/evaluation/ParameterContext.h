@@ -50,16 +50,19 @@ class ParameterContext {
   /// Prints a number with the type's "Format". False, with `text` untouched, when there is none or
   /// it cannot print the number.
   [[nodiscard]] bool print(double number, KEPString& text) const;
-  /// Prints a number of a motion buffer, which `read` reads. False, with `text` untouched, when
-  /// there is no such buffer, no format, or the format cannot print the number.
-  [[nodiscard]] bool print(const KEPMetaClass* bufferClass, BufferNumber read, FormatSource source,
-                           KEPString& text) const;
+  /// Prints a number of a motion buffer, which `read` reads, for the type that `evaluation`
+  /// extends. False, with `text` untouched, when there is no such buffer, no format, or the format
+  /// cannot print the number; an evaluation that extends no feature raises the null-handle error.
+  [[nodiscard]] static bool printBuffered(const KEPBaseUnknown& evaluation,
+                                          const KEPMetaClass* bufferClass, BufferNumber read,
+                                          FormatSource source, KEPString& text);
 
  private:
   explicit ParameterContext(KEPISpecObject* type)
       : type_(type), container_(type != nullptr ? type->GetContainer() : nullptr) {}
 
-  [[nodiscard]] bool findFormat(FormatSource source, KEPUnicodeString& format) const;
+  /// The format of the type. False, with `format` untouched, when there is none.
+  [[nodiscard]] bool findFormat(KEPUnicodeString& format) const;
 
   KEPISpecObject* type_;
   const KEPIContainer* container_;
