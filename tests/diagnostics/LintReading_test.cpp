@@ -164,6 +164,7 @@ class Follower {
     restore();
   }
   [[nodiscard]] bool isKnown() const { return isKnown_; }
+  [[nodiscard]] bool hasGroups() const { return hasGroups_; }
 
   void evaluate() {
     const auto& ended = passes_.after(Pass::Evaluate).ended;
@@ -207,6 +208,7 @@ class Follower {
 
   void replace(Pass groups, Pass references, std::string_view prefix) {
     if (isKnown_) computeGroups(groups, prefix);
+    if (!passGroups_.empty()) hasGroups_ = true;
     if (isKnown_) substitute(references, prefix);
   }
 
@@ -216,11 +218,22 @@ class Follower {
       if (ended.end != OperationEnd::Computed) continue;
       ASSERT_LT(nextGroup_, groups_.size());
       const auto [begin, end] = passGroups_.emplace_back(groups_[nextGroup_++]);
+      if (joinsNumber(begin, end)) isKnown_ = false;
       EXPECT_EQ(withEscapedPercents(cells_.text(begin, end)), ended.operation);
       EXPECT_EQ(namesIn(begin, end, prefix), trimmed(ended.names));
       cells_.put(begin, end, ended.result);
     }
     expect(pass);
+  }
+
+  /// True when the result of a group is beside digits, so that its own ones are part of another
+  /// number.
+  [[nodiscard]] bool joinsNumber(std::size_t begin, std::size_t end) {
+    constexpr std::string_view kOfNumber = "0123456789.eE";
+    std::string before = cells_.text(0, begin);
+    std::string after = cells_.text(end, cells_.size());
+    return (!before.empty() && kOfNumber.find(before.back()) != kNone) ||
+           (!after.empty() && kOfNumber.find(after.front()) != kNone);
   }
 
   void substitute(Pass pass, std::string_view prefix) {
@@ -295,11 +308,17 @@ class Follower {
   [[nodiscard]] bool cutsOffValues(const host::LineReference& reference) {
     std::size_t at = reference.start + 1;
     const std::size_t end = reference.end();
-    if (end < cells_.size() && cells_.at(end) == "\n" && reading_.isValue(end - 1)) return true;
+    if (end < cells_.size() && cells_.at(end) == "\n" && isComputed(end - 1)) return true;
     if (reference.isExpression) return false;
     while (at < end && cells_.at(at) != ")") ++at;
     while (at < end && cells_.at(at).size() == 1) ++at;
     return at < end;
+  }
+  /// True where digits are in place of what is written.
+  [[nodiscard]] bool isComputed(std::size_t at) const {
+    return reading_.isValue(at) ||
+           std::any_of(groups_.begin(), groups_.end(),
+                       [at](const auto& each) { return at >= each.begin && at < each.end; });
   }
   [[nodiscard]] bool isInGroup(const host::LineReference& reference) const {
     return std::any_of(passGroups_.begin(), passGroups_.end(), [&](const auto& group) {
@@ -318,6 +337,7 @@ class Follower {
   /// Those that this prefix has computed.
   std::vector<host::LineResult> passGroups_;
   bool isKnown_ = true;
+  bool hasGroups_ = false;
 };
 
 long chosenLines() {
@@ -330,14 +350,13 @@ bool follow(const host::LineReading& reading, Passes& passes, bool isEvaluated) 
   passes.run(reading.line);
   Follower follower(reading, passes);
   follower.follow();
-  if (isEvaluated && follower.isKnown()) follower.evaluate();
+  // What is computed with the result of a group depends on the sign of the result.
+  if (isEvaluated && follower.isKnown() && !follower.hasGroups()) follower.evaluate();
   return follower.isKnown();
 }
 
 TEST(LintReading, EqualsWhatThePassesDo) {
-  // One seed for every run: with others the digits of a group's result can join those beside it,
-  // which no text of equal length can follow.
-  const unsigned seed = std::getenv("PPWORD_TEST_SEED") == nullptr ? 4281576253U : chosenSeed();
+  const unsigned seed = chosenSeed();
   std::cout << "seed " << seed << " (PPWORD_TEST_SEED repeats it; PPWORD_TEST_LINES: how many)\n";
   RandomLines lines(seed);
   host::SyntaxLineReader reader;
@@ -350,12 +369,11 @@ TEST(LintReading, EqualsWhatThePassesDo) {
     const std::string line = lines.next();
     const host::LineReading& reading = reader.read(line);
     EXPECT_EQ(reading.written(0, reading.text.size()), line);
-    // What is computed with the result of a group depends on the sign of the result.
-    known += follow(reading, numbers, line.find('(') == kNone) ? 1 : 0;
+    known += follow(reading, numbers, true) ? 1 : 0;
     if (i % 8 == 0 && line.find('(') == kNone) (void)follow(reading, others[i % 16 / 8], false);
     ASSERT_FALSE(testing::Test::HasFailure()) << "seed " << seed << " «" << line << "»";
   }
-  EXPECT_GT(known, count / 10 * 9);
+  EXPECT_GT(known, count / 10 * 8);
 }
 
 }  // namespace

@@ -25,6 +25,7 @@ TEST(LineWriter, NothingWrittenGivesAnEmptyLine) {
   writer.append("before");
   writer.clear();
   writer.append("");
+  writer.append({});
   writer.append(0, ')');
   EXPECT_EQ(writer.text(), "");
 }
