@@ -171,6 +171,7 @@ TEST(LintLines, MinusBeforeWordIsTold) {
              {"X/-5", ""},
              {"X/-5MM", ""},
              {"X/-.5", ""},
+             {"X/-.A", "3 minus-before-word"},
              {"X/A-MM", ""},
              {"PPRINT -MM", ""}});
 }
@@ -238,7 +239,9 @@ TEST(LintLines, LineBeyondColumn72IsTold) {
              {text61.substr(2) + "/1+2", ""},
              {text61 + "/%MFG_TOOL_NAME", ""},
              {text61 + "XXXXXXXXXX\xC3\xA4", ""},
-             {text61 + "XXXXXXXXXX\xC3\xA4X", "74 wide-line"}});
+             {text61 + "XXXXXXXXXX\xC3\xA4X", "74 wide-line"},
+             {text61 + "XXXXXXXXXX\\%", ""},
+             {text61 + "XXXXXXXXXX\\%X", "74 wide-line"}});
 }
 
 TEST(LintLines, BlankThatEndsTheLineIsTold) {
