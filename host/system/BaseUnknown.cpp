@@ -12,7 +12,7 @@ void KEPBaseUnknown::Die() const noexcept {
   delete this;
 }
 
-KEPBaseUnknown* KEPBaseUnknown::AnswerAnew(const KEPMetaClass* interfaceClass) {
+KEPBaseUnknown* KEPBaseUnknown::FirstAnswer(const KEPMetaClass* interfaceClass) {
   const unsigned number = interfaceClass->GetNumber();
   if (number == 0) return nullptr;
   const bool isRoot = interfaceClass == KEPInterfaceId<KEPBaseUnknown>();

@@ -26,7 +26,7 @@ struct ExplainedReference {
   std::optional<KEPMfgParameterValue> value;
   /// The format of the type.
   std::optional<std::string> format;
-  KEPMfgPPWordListener::Source source = KEPMfgPPWordListener::Source::Nobody;
+  KEPMfgPPWordListener::Source source = KEPMfgPPWordListener::Source::NotEvaluated;
   /// What took its place; nothing for an operand between parentheses.
   std::optional<std::string> text;
 };

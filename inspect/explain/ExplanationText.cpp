@@ -87,7 +87,7 @@ std::string valueText(const KEPMfgParameterValue& value) {
 /// Who answered, and with what value.
 std::string answerText(const ExplainedReference& reference) {
   const std::string_view kind = answerKind(reference);
-  const bool isEvaluated = reference.value || reference.source != Source::Nobody;
+  const bool isEvaluated = reference.value || reference.source != Source::NotEvaluated;
   if (kind == "evaluation") {
     return "evaluation " + terminalSafe(reference.evaluation) +
            (isEvaluated ? "" : " without a value");
@@ -166,7 +166,7 @@ std::string_view answerKind(const ExplainedReference& reference) {
 }
 
 bool isEvaluated(const ExplainedReference& reference) {
-  return reference.text ? reference.source != Source::Nobody : reference.value.has_value();
+  return reference.text ? reference.source != Source::NotEvaluated : reference.value.has_value();
 }
 
 std::string plainText(const KEPMfgParameterValue& value) {

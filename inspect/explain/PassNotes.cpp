@@ -59,7 +59,7 @@ void addNameNotes(const ExplainedReference& reference, std::vector<std::string>&
 }
 
 bool isCutText(const ExplainedReference& reference) {
-  return reference.source != Source::Nobody && reference.value &&
+  return reference.source != Source::NotEvaluated && reference.value &&
          reference.value->kind == KEPMfgParameterValue::kText &&
          reference.value->text.View() != *reference.text;
 }
@@ -69,7 +69,7 @@ void addAnswerNotes(const ExplainedReference& reference, std::optional<char> fol
   if (isCutText(reference)) {
     notes.emplace_back("only the first 79 characters of the text are written");
   }
-  if (reference.source != Source::Nobody) return;
+  if (reference.source != Source::NotEvaluated) return;
   const std::string name = quoted(reference.name);
   if (following && ppword::kSigns.find(*following) != kNone) {
     notes.push_back("the name " + name + " is cut by the \"" + *following +

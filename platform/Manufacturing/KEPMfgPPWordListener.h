@@ -63,7 +63,7 @@ class KEP_PLATFORM KEPMfgPPWordListener {
 
   /// Where the text of a parameter reference came from. The last value means that the reference
   /// could not be evaluated.
-  enum class Source { Evaluation, FormattedParameter, Parameter, Nobody };
+  enum class Source { Evaluation, FormattedParameter, Parameter, NotEvaluated };
   /// What became of an operation in a syntax line.
   enum class Operation {
     /// Its result took its place.

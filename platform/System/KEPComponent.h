@@ -125,7 +125,7 @@ class KEP_PLATFORM KEPBaseUnknown {
     const Answers& known = impl_->known_;
     const unsigned number = interfaceClass->GetNumber();
     KEPBaseUnknown* const object = number < known.size ? known.objects[number] : nullptr;
-    return object != nullptr ? object : impl_->AnswerAnew(interfaceClass);
+    return object != nullptr ? object : impl_->FirstAnswer(interfaceClass);
   }
 
   /// True when the component's late type, or one of the base types of that, has this name.
@@ -149,7 +149,7 @@ class KEP_PLATFORM KEPBaseUnknown {
   /// null.
   [[nodiscard]] virtual KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass);
   /// As FindInterface, for an interface that was not answered yet; stores the answer.
-  [[nodiscard]] KEPBaseUnknown* AnswerAnew(const KEPMetaClass* interfaceClass);
+  [[nodiscard]] KEPBaseUnknown* FirstAnswer(const KEPMetaClass* interfaceClass);
   void KeepAnswer(unsigned number, KEPBaseUnknown* object);
   [[nodiscard]] virtual bool HasType(std::string_view lateType) const;
   /// Destroys the component: the last reference is released.

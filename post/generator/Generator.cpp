@@ -62,7 +62,7 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
-    if (source == Source::Nobody) {
+    if (source == Source::NotEvaluated) {
       summary_.unevaluated.add(name, element_->line, titleOf(*element_));
     } else if (source == Source::Evaluation && lacksNumber(text)) {
       summary_.withoutNumber.add(name, element_->line, titleOf(*element_));

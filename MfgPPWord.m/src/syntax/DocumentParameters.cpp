@@ -74,7 +74,7 @@ void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
                                           : appendLookedUp(name, feature_, type, listener_, out);
   if (!done) out.append(unevaluatedText());
   if (listener_ == nullptr) return;
-  const Source source = !done                   ? Source::Nobody
+  const Source source = !done                   ? Source::NotEvaluated
                         : evaluation != nullptr ? Source::Evaluation
                         : type                  ? Source::FormattedParameter
                                                 : Source::Parameter;
