@@ -12,6 +12,7 @@
 
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "language/syntax/Passes.h"
+#include "language/syntax/SyntaxLine.h"
 #include "tests/support/Mutator.h"
 #include "tests/syntax/Instantiated.h"
 #include "tests/syntax/LiteralPasses.h"

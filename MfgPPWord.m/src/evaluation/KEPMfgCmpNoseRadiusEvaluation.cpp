@@ -71,7 +71,7 @@ bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
   const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
-  if (activity) ppword::printLength(noseRadius(activity, corrector), value);
+  if (activity) ppword::printSixDecimals(noseRadius(activity, corrector), value);
   // deliberate: a success even when there was nothing to print
   return true;
 }

@@ -5,22 +5,21 @@
 #include "KEPIMfgBufferHelix.h"
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferTLAxis.h"
+#include "src/evaluation/BufferNumberEvaluation.h"
 #include "src/evaluation/HelixEvaluation.h"
-#include "src/evaluation/NumericEvaluation.h"
-#include "src/evaluation/ToolSettingEvaluation.h"
+#include "src/evaluation/ToolCompensationEvaluation.h"
 
 // The classes of the parameter evaluations: one for each of their rows in Registrations.def.
 
 #define PPWORD_CLASS(Way, Interface, Class, Type, LateType)
 #define PPWORD_NUMBER(Class, LateType, Buffer, Getter, Which, Source)                              \
-  class Class final                                                                                \
-      : public ppword::NumericEvaluation<Class, &KEPIMfgBuffer##Buffer::Getter,                    \
-                                         ppword::Component::Which, ppword::FormatSource::Source> { \
-  };
+  class Class final : public ppword::BufferNumberEvaluation<Class, &KEPIMfgBuffer##Buffer::Getter, \
+                                                            ppword::Component::Which,              \
+                                                            ppword::FormatSource::Source> {};
 #define PPWORD_HELIX(Class, LateType, function) \
   class Class final : public ppword::HelixEvaluation<Class, &ppword::function> {};
 #define PPWORD_TOOL_SETTING(Class, LateType, axis) \
-  class Class final : public ppword::ToolSettingEvaluation<Class, ppword::axis> {};
+  class Class final : public ppword::ToolCompensationEvaluation<Class, ppword::axis> {};
 #define PPWORD_OWN(Class, LateType, SecondLateType)      \
   class Class final : public ppword::Registered<Class> { \
    public:                                               \

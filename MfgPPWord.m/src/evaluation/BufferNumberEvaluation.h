@@ -40,7 +40,7 @@ struct BufferGetter<void (Buffer::*)(double&, double&, double&) const> {
 /// A parameter whose value is one number of a motion buffer: what differs is the getter, the
 /// component and the source of the format.
 template <class Self, auto kGet, Component kComponent, FormatSource kSource>
-class NumericEvaluation : public Registered<Self> {
+class BufferNumberEvaluation : public Registered<Self> {
  public:
   /// As KEPIMfgParameterEvaluation::Evaluate.
   [[nodiscard]] bool Evaluate(KEPString& value) const {

@@ -28,11 +28,11 @@ inline constexpr ToolSettingAxis kToolSettingZ{"MFG_TL_SET_Z", &KEPMathVector::z
 
 /// Prints a number of the tool compensation as "%f" does in the C locale: six decimals, nothing
 /// snapped to zero. A number that is not finite leaves `text` untouched.
-void printLength(double number, KEPString& text);
+void printSixDecimals(double number, KEPString& text);
 
 /// A tool setting value along one axis.
 template <class Self, const ToolSettingAxis& kAxis>
-class ToolSettingEvaluation : public Registered<Self> {
+class ToolCompensationEvaluation : public Registered<Self> {
  public:
   /// As KEPIMfgParameterEvaluation::Evaluate.
   [[nodiscard]] bool Evaluate(KEPString& value) const {

@@ -1,4 +1,4 @@
-#include "src/evaluation/ToolSettingEvaluation.h"
+#include "src/evaluation/ToolCompensationEvaluation.h"
 
 #include <cmath>
 #include <optional>
@@ -64,11 +64,11 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   const auto offset = correctorOffset(activity, tooling, corrector);
   // Adding a zero would change a negative zero.
-  printLength(offset ? setting + (*offset).*axis.component : setting, value);
+  printSixDecimals(offset ? setting + (*offset).*axis.component : setting, value);
   return true;
 }
 
-void printLength(double number, KEPString& text) {
+void printSixDecimals(double number, KEPString& text) {
   if (!std::isfinite(number)) return;
   std::string digits;
   NumberFormat::parse("%f")->append(number, digits);
