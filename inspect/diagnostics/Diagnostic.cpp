@@ -121,7 +121,7 @@ std::string terminalSafe(std::string_view text) {
 
 std::string diagnosticText(const Diagnostic& diagnostic) {
   std::string text = place(diagnostic);
-  text += diagnostic.severity == Severity::Error ? ": error" : ": warning";
+  (text += ": ") += severityName(diagnostic.severity);
   if (!diagnostic.key.empty()) text += ' ' + diagnostic.key;
   text += ": " + terminalSafe(diagnostic.message) + '\n';
   if (diagnostic.hasSource()) text += sourceText(diagnostic);

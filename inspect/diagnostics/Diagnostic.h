@@ -16,7 +16,14 @@ struct Excerpt {
 /// How far an excerpt reaches before and after its column.
 inline constexpr long kExcerptReach = 400;
 
-enum class Severity { Error, Warning };
+/// Of a note nothing has to be done.
+enum class Severity { Error, Warning, Note };
+
+/// "error", "warning" or "note".
+[[nodiscard]] constexpr std::string_view severityName(Severity severity) {
+  constexpr std::string_view kNames[] = {"error", "warning", "note"};
+  return kNames[static_cast<std::size_t>(severity)];
+}
 
 /// A finding about an input file. Line and column count from 1, the column in bytes; 0 where the
 /// finding has no such place.

@@ -36,6 +36,10 @@ void lintBlocks(const TableBlocks& blocks, LintFindings& findings) {
   lintInserts(blocks.inserts, lintNamed(blocks.commands, findings), findings);
   lintNamed(blocks.lists, findings);
   lintNamed(blocks.formats, findings);
+  for (const Token& keyword : blocks.mixedSequences) {
+    findings.warn(LintKey::MixedSequence, keyword);
+  }
+  for (const Token& line : blocks.lostLines) findings.warn(LintKey::LostLine, line);
   for (std::size_t i = 1; i < blocks.syntaxSections.size(); ++i) {
     findings.warn(LintKey::UnreadSection, blocks.syntaxSections[i]);
   }

@@ -70,6 +70,15 @@ class Nesting {
   long ends_ = 0;
 };
 
+/// Warns of a keyword with characters around it.
+void lintExactness(const CountedLine& line, LintFindings& findings) {
+  const std::string_view token = line.text.substr(0, line.text.find_first_of(" \t\r\n\v\f"));
+  const ppword::Keyword* const keyword = ppword::keywordIn(token);
+  if (keyword == nullptr || token == keyword->text) return;
+  findings.warn(LintKey::InexactKeyword, line.offset, token.size(),
+                std::string(token) + " is read as " + std::string(keyword->text));
+}
+
 }  // namespace
 
 void lintKeywordLines(const TableBytes& bytes, LintFindings& findings) {
@@ -79,6 +88,7 @@ void lintKeywordLines(const TableBytes& bytes, LintFindings& findings) {
     if (!line->text.starts_with('*')) continue;
     const KeywordLine checked = ppword::checkKeywordLine(line->text);
     if (checked.fault) findings.add(tableErrorAt(findings.file(), *checked.fault, bytes, *line));
+    lintExactness(*line, findings);
     if (checked.kind == KeywordLine::Kind::Start) nesting.start(*line);
     if (checked.kind == KeywordLine::Kind::End) nesting.end(*line);
   }

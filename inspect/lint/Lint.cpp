@@ -1,38 +1,72 @@
 #include "inspect/lint/Lint.h"
 
+#include <algorithm>
+
 #include "inspect/diagnostics/TableWarnings.h"
-#include "inspect/lint/LineRules.h"
+#include "inspect/lint/LineWords.h"
 #include "inspect/lint/SyntaxLineReader.h"
 #include "inspect/lint/TableRules.h"
+#include "inspect/lint/VocabularyRules.h"
 
 namespace host {
 namespace {
 
-void lintLine(const TableLine& line, const LineReading& reading, const LintParameters& parameters,
-              LintFindings& findings) {
-  LineReport report(line, reading, findings);
-  if (line.isAfterAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);
-  lintArithmetic(reading, report);
-  lintExponents(reading, report);
-  lintNames(reading, report);
-  lintParameters(reading, parameters, report);
-  lintWidth(reading, parameters, report);
-}
+/// Lints the lines of a table, and gathers what they use.
+class LineLint {
+ public:
+  LineLint(const TableBlocks& blocks, LintFindings& findings)
+      : parameters_(blocks), vocabulary_(blocks), findings_(findings) {}
+
+  void lint(const TableLine& line) {
+    const LineReading& reading = reader_.read(line.text);
+    LineReport report(line, reading, findings_);
+    if (line.isAfterAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);
+    lintArithmetic(reading, report);
+    lintExponents(reading, report);
+    lintNames(reading, report);
+    lintParameters(reading, parameters_, report);
+    lintWordsOfLine(line, reading, vocabulary_, report, uses_);
+    lintWidth(reading, parameters_, report);
+  }
+
+  /// What needs all lines.
+  void lintUses(const TableBlocks& blocks) {
+    for (const auto& list : blocks.lists) addWords(list.values);
+    lintVocabulary(blocks, vocabulary_, uses_, findings_);
+    lintNamesOfBlocks(blocks, uses_, findings_);
+  }
+
+ private:
+  void addWords(const std::vector<Token>& values) {
+    for (const auto& [text, offset] : values) {
+      const bool isWord = std::all_of(text.begin(), text.end(), isWordCharacter) &&
+                          (text.front() < '0' || text.front() > '9');
+      if (isWord) uses_.words.push_back({text, offset});
+    }
+  }
+
+  SyntaxLineReader reader_;
+  LintParameters parameters_;
+  LintVocabulary vocabulary_;
+  LintFindings& findings_;
+  TableUses uses_;
+};
 
 }  // namespace
 
 std::vector<Diagnostic> lintTable(const std::string& path) {
-  const TableBytes bytes = TableBytes::read(path);
+  return lintTable(TableBytes::read(path), path);
+}
+
+std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path) {
   const TableBlocks blocks = readBlocks(bytes);
-  const LintParameters parameters(blocks);
   LintFindings findings(path, bytes);
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
-  SyntaxLineReader reader;
-  for (const TableLine& line : blocks.lines) {
-    lintLine(line, reader.read(line.text), parameters, findings);
-  }
+  LineLint lines(blocks, findings);
+  for (const TableLine& line : blocks.lines) lines.lint(line);
+  lines.lintUses(blocks);
   for (Diagnostic& warning : allTableWarnings(bytes, path)) findings.add(std::move(warning));
   return findings.take();
 }

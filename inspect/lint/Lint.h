@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableBytes.h"
 
 namespace host {
 
@@ -12,5 +13,7 @@ namespace host {
 /// have the keys of lintRules() and of tableWarnings(). The module must be loaded. The effort grows
 /// with the size of the table.
 [[nodiscard]] std::vector<Diagnostic> lintTable(const std::string& path);
+/// The same of a table in memory, whose findings name `path`.
+[[nodiscard]] std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path);
 
 }  // namespace host

@@ -30,7 +30,7 @@ void LintFindings::warn(LintKey key, std::size_t offset, std::size_t width,
   const auto [line, column] = bytes_.placeOf(offset);
   std::string message = shortened(subject);
   (((message += ": ") += rule.fault) += "; ") += rule.hint;
-  add({Severity::Warning,
+  add({rule.severity,
        file_,
        line,
        column,

@@ -36,6 +36,14 @@ constexpr LintRule kRules[] = {
      "put a comma before the $, or leave it out: continuation marks are set automatically"},
     {"unknown-parameter", "neither the document nor the table knows this parameter",
      "correct the name, unless every job states it for its activities"},
+    {"reference-in-name", "the second % or & is part of the first parameter's name",
+     "put a comma between the two"},
+    {"bare-parameter", "the parameter's name is printed, not its value",
+     "put % or & in front of the name"},
+    {"unknown-word", "neither the table's word sections nor standard APT have this word",
+     "correct the word, or add it to a word section with its code"},
+    {"missing-slash", "the major word has no / after it", "put a / between the word and the rest"},
+    {"empty-argument", "an argument is missing", "write the argument, or leave out the separator"},
     {"wide-line", "the line can pass column 72, where readers of APT cut it",
      "break it after a comma, or use narrower formats"},
     {"split-line", "a blank ends the line: this becomes a line of its own",
@@ -61,9 +69,24 @@ constexpr LintRule kRules[] = {
     {"duplicate-word", "the word is there twice", "remove one"},
     {"duplicate-code", "the code has a word already, which is the one that is found for it",
      "write a different code for each word"},
+    {"inexact-keyword", "the keyword has characters too many and is read as the one inside it",
+     "write the keyword alone"},
+    {"mixed-sequence", "the lines before it and those of this sequence are printed together",
+     "put the lines before it into a sequence of their own"},
+    {"lost-line", "a line after a sequence is never printed",
+     "put it before the first sequence, or into a sequence"},
+    {"misspelt-name", "nothing uses this name", "correct the name"},
+    {"unused-name", "nothing in the table or in the default catalogue uses this name",
+     "leave it if a job asks for it", Severity::Note},
+    {"idle-format",
+     "no number is printed in this format: results and tool settings have six decimals",
+     "remove the format, or the computation in the lines"},
+    {"misspelt-word", "no line and no list uses this word", "correct the word"},
+    {"unused-words", "used by no line and no list", "leave it if another table uses it",
+     Severity::Note},
 };
 
-static_assert(std::size(kRules) == static_cast<std::size_t>(LintKey::DuplicateCode) + 1);
+static_assert(std::size(kRules) == static_cast<std::size_t>(LintKey::UnusedWords) + 1);
 
 }  // namespace
 

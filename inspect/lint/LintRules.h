@@ -3,6 +3,8 @@
 #include <span>
 #include <string_view>
 
+#include "inspect/diagnostics/Diagnostic.h"
+
 namespace host {
 
 /// What the lint of a table warns of, in the order of its table of rules.
@@ -24,6 +26,11 @@ enum class LintKey {
   TextBehindParenthesis,
   DollarBehindName,
   UnknownParameter,
+  ReferenceInName,
+  BareParameter,
+  UnknownWord,
+  MissingSlash,
+  EmptyArgument,
   WideLine,
   SplitLine,
   UnclosedSection,
@@ -37,7 +44,15 @@ enum class LintKey {
   CodeNotNumber,
   CodeCut,
   DuplicateWord,
-  DuplicateCode
+  DuplicateCode,
+  InexactKeyword,
+  MixedSequence,
+  LostLine,
+  MisspeltName,
+  UnusedName,
+  IdleFormat,
+  MisspeltWord,
+  UnusedWords
 };
 
 /// The stable key of a warning, what it says, and what to do about it.
@@ -45,6 +60,7 @@ struct LintRule {
   std::string_view key;
   std::string_view fault;
   std::string_view hint;
+  Severity severity = Severity::Warning;
 };
 
 /// All rules, by their LintKey.

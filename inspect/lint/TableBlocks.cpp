@@ -27,6 +27,7 @@ void cut(const Token& token, std::vector<Token>& pieces) {
 /// The lines of one body as the module reads them: one that was cut takes bytes of the next one.
 std::vector<TableLine> mended(std::vector<TableLine> lines) {
   std::vector<std::string> texts;
+  texts.reserve(lines.size());
   for (const TableLine& line : lines) texts.push_back(line.text);
   ppword::CutSyntaxes cut(texts);
   cut.mend(0, texts.size());
@@ -94,15 +95,26 @@ class BlockReader {
   /// The body of a command with its sequences, up to its own end.
   void readCommand() {
     int depth = 1;
+    bool hasOwnLines = false;
+    bool hasSequences = false;
     while (depth > 0 && !endsUnclosed({ppword::kSequenceKeyword, ppword::kListKeyword})) {
       const auto token = cursor_.nextPlainToken();
       if (!token) break;
       const auto keyword = ppword::keywordInBody(token->text);
+      const bool isLine = !keyword || *keyword == KeywordKind::Insert;
+      if (isLine && depth == 1) {
+        hasOwnLines = true;
+        if (hasSequences) blocks_.lostLines.push_back(*token);
+      }
       if (!keyword) {
         addLine(*token);
       } else if (*keyword == KeywordKind::List) {
         readList(*token);
       } else if (*keyword == KeywordKind::Sequence) {
+        if (hasOwnLines && !std::exchange(hasSequences, true)) {
+          blocks_.mixedSequences.push_back(*token);
+        }
+        hasSequences = true;
         ++depth;
       } else if (*keyword == KeywordKind::End) {
         --depth;
@@ -112,6 +124,11 @@ class BlockReader {
       }
     }
     endLines();
+  }
+
+  /// True for a line after which a statement goes on.
+  [[nodiscard]] static bool goesOn(std::string_view line) {
+    return line.ends_with(',') || line.ends_with('$');
   }
 
   [[nodiscard]] bool isOnLineOf(const TableLine& line, const Token& token) const {
@@ -151,6 +168,7 @@ class BlockReader {
   void addLine(const Token& token) {
     TableLine line{std::string(token.text), token.offset};
     line.isAfterAnother = !body_.empty() && isOnLineOf(body_.back(), token);
+    line.isContinued = !body_.empty() && goesOn(body_.back().text);
     if (ppword::isTextWord(token.text)) {
       const auto rest = cursor_.nextLine();
       if (!rest) return;

@@ -20,6 +20,8 @@ struct TableLine {
   std::size_t joinedOffset = 0;
   /// True for a line that does not begin on a line of its own.
   bool isAfterAnother = false;
+  /// True for a line that goes on with the one before it.
+  bool isContinued = false;
 
   [[nodiscard]] std::size_t offsetOf(std::size_t position) const {
     return position < joinedAt ? offset + position : joinedOffset + position - joinedAt;
@@ -47,6 +49,10 @@ struct TableBlocks {
   std::vector<Named> lists;
   std::vector<Named> formats;
   std::vector<Named> inserts;
+  /// The keywords of first sequences of commands that have lines of their own.
+  std::vector<Token> mixedSequences;
+  /// Lines of commands after a sequence, which no reader finds.
+  std::vector<Token> lostLines;
   /// Of all commands and sequences, and the free syntaxes.
   std::vector<TableLine> lines;
 };

@@ -1,12 +1,17 @@
 #pragma once
 
 #include <optional>
+#include <string_view>
 
 #include "post/listing/LengthUnit.h"
 
 namespace host {
 
 class Document;
+
+/// The NC instructions that only a listing asks for: no row of the default catalogue has them.
+inline constexpr std::string_view kListingInstructions[] = {"NC_COOLANT", "NC_PROGRAM_STOP",
+                                                            "NC_OPTIONAL_STOP"};
 
 /// What the NC instructions of a document can express of a listing, besides what every one can.
 struct Vocabulary {

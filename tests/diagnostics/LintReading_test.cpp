@@ -285,6 +285,7 @@ class Follower {
 
   [[nodiscard]] static std::vector<std::string> trimmed(const std::vector<std::string>& names) {
     std::vector<std::string> all;
+    all.reserve(names.size());
     for (const std::string& name : names) all.emplace_back(withoutBlanks(name));
     return all;
   }

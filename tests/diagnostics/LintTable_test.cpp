@@ -20,10 +20,11 @@ std::vector<Diagnostic> findings(std::string_view table) {
   return all;
 }
 
-/// "LINE:COLUMN KEY" for each finding.
+/// "LINE:COLUMN KEY" for each finding, notes left out.
 std::string lint(std::string_view table) {
   std::string text;
   for (const Diagnostic& finding : findings(table)) {
+    if (finding.severity == Severity::Note) continue;
     text += (text.empty() ? "" : ", ") + std::to_string(finding.line) + ':' +
             std::to_string(finding.column) + ' ' + finding.key;
   }
@@ -156,15 +157,16 @@ TEST(LintTable, AllOfManyMistakesAreTold) {
   for (int i = 0; i < 60; ++i) {
     table += "*START_FORMAT MFG_A" + std::to_string(i) + "\n%d\n*END\n*X\n";
   }
-  EXPECT_EQ(findings(table).size(), 120U);
+  // Each has a note too: nothing uses its name.
+  EXPECT_EQ(findings(table).size(), 180U);
 }
 
 TEST(LintTable, LinesOfEverySequenceAndListAreLookedAt) {
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n"
                  "*START_SEQUENCE\nX/-MM\n*END\n"
-                 "*START_SEQUENCE\nX/-KM\n*END\n"
+                 "*START_SEQUENCE\nX/-QQ\n*END\n"
                  "*END\n"
-                 "*START_SYNTAXES\nX/-CM RAPID\n*END\n"),
+                 "*START_SYNTAXES\nX/-RR RAPID\n*END\n"),
             "3:3 minus-before-word, 6:3 minus-before-word, 10:3 minus-before-word");
 }
 
@@ -176,7 +178,144 @@ TEST(LintTable, PlacesOfMendedLineAreThoseOfTheFile) {
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n" + full + "\nOINT,-5\n*END\n"), "2:73 wide-line");
   // free syntaxes are not mended
   EXPECT_EQ(lint("*START_SYNTAXES\n" + full + "\nOINT,-5\n*END\n"),
-            "2:73 wide-line, 2:74 unknown-parameter");
+            "2:73 wide-line, 2:74 unknown-parameter, 3:1 unknown-word");
+}
+
+/// The messages of all findings with this key, each after its place.
+std::string messages(std::string_view table, std::string_view key) {
+  std::string text;
+  for (const Diagnostic& finding : findings(table)) {
+    if (finding.key != key) continue;
+    text += std::to_string(finding.line) + ':' + std::to_string(finding.column) + ' ' +
+            std::string(severityName(finding.severity)) + ": " + finding.message + '\n';
+  }
+  return text;
+}
+
+constexpr std::string_view kSections =
+    "*START_MAJOR_WORDS_WITH_PARAMETERS\nGOTO,1\nOWNMAJ,2\n*END\n"
+    "*START_MINOR_WORDS\nFASTLY,3\n*END\n";
+
+TEST(LintTable, WordThatTheVocabularyDoesNotHoldIsTold) {
+  const std::string rest = "; correct the word, or add it to a word section with its code\n";
+  const std::string fault =
+      ": neither the table's word sections nor standard APT have this word" + rest;
+  const std::string sections(kSections);
+  const auto unknown = [&](const std::string& body) {
+    return messages(sections + "*START_NC_COMMAND NC_A\n" + body + "*END\n", "unknown-word");
+  };
+  EXPECT_EQ(unknown("OWNMAJ/FASTLY,ON,CLW\nRAPID\n"), "");
+  EXPECT_EQ(unknown("LAODTL/3\n"), "9:1 warning: LAODTL, perhaps LOADTL" + fault);
+  EXPECT_EQ(unknown("SPINDL/OF\n"), "9:8 warning: OF, perhaps OFF" + fault);
+  EXPECT_EQ(unknown("rapid\n"), "9:1 warning: rapid, perhaps RAPID" + fault);
+  EXPECT_EQ(unknown("OWNMAJ/FASTYL\n"), "9:8 warning: FASTYL, perhaps FASTLY" + fault);
+  EXPECT_EQ(unknown("GOTO/ELSEWHERE\n"), "9:6 warning: ELSEWHERE" + fault);
+  EXPECT_EQ(unknown("PPRINT ANY text\n$$ more\nPARTNO X\n"), "");
+  EXPECT_EQ(unknown("PPRINTT ANY\n"), "9:1 warning: PPRINTT, perhaps PPRINT" + fault);
+  // What touches a value is printed in one piece with it.
+  EXPECT_EQ(unknown("GOTO/XQ%MFG_XPOINT\n"), "");
+  // A name that a line defines.
+  EXPECT_EQ(unknown("PNT1=POINT/0,0,0\nGOTO/PNT1\n"), "");
+  EXPECT_EQ(
+      messages(sections + "*START_LIST MFG_FEED_UNIT\nMMPM,MMRP,12,3AXIS\n*END\n", "unknown-word"),
+      "9:6 warning: MMRP, perhaps MMPR" + fault);
+}
+
+TEST(LintTable, WithoutSectionsOnlyWordsNearAKnownOrRepeatedOneAreTold) {
+  const auto unknown = [](const std::string& body) {
+    return lint("*START_NC_COMMAND NC_A\n" + body + "*END\n");
+  };
+  EXPECT_EQ(unknown("MYWORD/ANOTHER\n"), "");
+  EXPECT_EQ(unknown("LAODTL/3\n"), "2:1 unknown-word");
+  EXPECT_EQ(unknown("MYWORD/1\nMYWORD/2\nMYWRD/3\n"), "4:1 unknown-word");
+  EXPECT_EQ(unknown("MYWORD/1\nMYWRD/3\n"), "");
+  EXPECT_EQ(unknown("MYWORD/M8,M\nMYWORD/G1\n"), "");
+}
+
+TEST(LintTable, WordsOfSectionsThatNothingUsesAreTold) {
+  const std::string command = "*START_NC_COMMAND NC_A\nOWNMAJ/FASTLY\nGOTO/1\n*END\n";
+  const std::string sections(kSections);
+  EXPECT_EQ(lint(sections + command), "");
+  EXPECT_EQ(messages("*START_MINOR_WORDS\nLAODTL,4\n*END\n" + sections + command, "misspelt-word"),
+            "2:1 warning: LAODTL, perhaps LOADTL: no line and no list uses this word; correct the "
+            "word\n");
+  EXPECT_EQ(messages("*START_MINOR_WORDS\nFASTYL,4\n*END\n" + command, "misspelt-word"),
+            "2:1 warning: FASTYL, perhaps FASTLY: no line and no list uses this word; correct the "
+            "word\n");
+  // All three are words of the machine.
+  const std::string all =
+      "*START_MAJOR_WORDS_WITHOUT_PARAMETERS\nFASTL1,4 FASTL2,5\n*END\n" + sections + command;
+  EXPECT_EQ(messages(all, "misspelt-word"), "");
+  EXPECT_EQ(messages(all, "unused-words"),
+            "2:1 note: FASTL1 and 1 more: used by no line and no list; leave it if another table "
+            "uses it\n");
+}
+
+TEST(LintTable, NamesThatNothingUsesAreTold) {
+  EXPECT_EQ(messages("*START_FORMAT MFG_XPIONT\n%f\n*END\n", "misspelt-name"),
+            "1:15 warning: MFG_XPIONT, perhaps MFG_XPOINT: nothing uses this name; correct the "
+            "name\n");
+  EXPECT_EQ(messages("*START_LIST MFG_FEED_UNITS\nIPM\n*END\n", "misspelt-name"),
+            "1:13 warning: MFG_FEED_UNITS, perhaps MFG_FEED_UNIT: nothing uses this name; correct "
+            "the name\n");
+  EXPECT_EQ(messages("*START_NC_INSTRUCTION NC_GOTTO\nSTOP\n*END\n", "misspelt-name"),
+            "1:23 warning: NC_GOTTO, perhaps NC_GOTO: nothing uses this name; correct the name\n");
+  // A listing asks for it.
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_PROGRAM_STOP\nSTOP\n*END\n"), "");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_COOLAN\nSTOP\n*END\n"), "1:19 misspelt-name");
+  // The name at which it would be mended has a block.
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_GOTTO\nSTOP\n*END\n"
+                 "*START_NC_COMMAND NC_GOTO\nSTOP\n*END\n"),
+            "");
+  // Numbers tell variants apart.
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_CIRCLE3\nSTOP\n*END\n"), "");
+  EXPECT_EQ(messages("*START_NC_INSTRUCTION NC_MINE\nSTOP\n*END\n", "unused-name"),
+            "1:23 note: NC_MINE: nothing in the table or in the default catalogue uses this name; "
+            "leave it if a job asks for it\n");
+  EXPECT_EQ(messages("*START_NC_COMMAND NC_MINE\nSTOP\n*END\n", "unused-name"), "");
+  EXPECT_EQ(messages("*START_FORMAT MFG_MINE\n%f\n*END\n"
+                     "*START_NC_COMMAND NC_MINE\nSTOP/%MFG_MINE\n*END\n",
+                     "unused-name"),
+            "");
+}
+
+TEST(LintTable, KeywordWithMoreCharactersIsTold) {
+  EXPECT_EQ(messages("*START_NC_COMMAND NC_A\nSTOP\n*ENDD\n", "inexact-keyword"),
+            "3:1 warning: *ENDD is read as *END: the keyword has characters too many and is read "
+            "as the one inside it; write the keyword alone\n");
+  EXPECT_EQ(lint("*START_FORMATT MFG_XPOINT\n%f\n*END\n"), "1:1 inexact-keyword");
+  EXPECT_EQ(lint("*START_FORMAT\tMFG_XPOINT\r\n%f\r\n*END\r\n"), "1:15 ERR_5007");
+}
+
+TEST(LintTable, OwnLinesBesideSequencesAreTold) {
+  const std::string fault =
+      "the lines before it and those of this sequence are printed together; put the lines before "
+      "it into a sequence of their own\n";
+  EXPECT_EQ(messages("*START_NC_COMMAND NC_A\nSTOP\n*START_SEQUENCE\nRAPID\n*END\n*END\n",
+                     "mixed-sequence"),
+            "3:1 warning: *START_SEQUENCE: " + fault);
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_B\nSTOP\n*END\n"
+                 "*START_NC_COMMAND NC_A\n*INSERT NC_B\n"
+                 "*START_SEQUENCE\nRAPID\n*END\n*START_SEQUENCE\nRAPID\n*END\n*END\n"),
+            "6:1 mixed-sequence");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*START_SEQUENCE\nRAPID\n*END\nSTOP\n*END\n"),
+            "5:1 lost-line");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\n*START_SEQUENCE\nRAPID\n*END\n"
+                 "*START_SEQUENCE\nSTOP\n*END\n*END\n"),
+            "");
+}
+
+TEST(LintTable, FormatThatNoNumberIsPrintedInIsTold) {
+  const std::string format = "*START_FORMAT MFG_XPOINT\n%.2f\n*END\n";
+  const auto idle = [&](const std::string& line) {
+    return lint(format + "*START_NC_COMMAND NC_A\n" + line + "\n*END\n");
+  };
+  EXPECT_EQ(idle("GOTO/%MFG_XPOINT+10"), "1:15 idle-format");
+  EXPECT_EQ(idle("GOTO/%MFG_XPOINT+10,%MFG_XPOINT"), "");
+  EXPECT_EQ(idle("GOTO/%MFG_YPOINT"), "");
+  EXPECT_EQ(idle("GOTO/(%MFG_XPOINT/%MFG_YPOINT)"), "1:15 idle-format");
+  EXPECT_EQ(lint("*START_FORMAT MFG_CMP_TL_SET_X\n%.2f\n*END\n"), "1:15 idle-format");
+  EXPECT_EQ(lint("*START_FORMAT MFG_CMP_NOSE_RADIUS\n%.2f\n*END\n"), "1:15 idle-format");
 }
 
 TEST(LintTable, WindowsLineEndsChangeNothing) {

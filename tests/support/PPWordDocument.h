@@ -61,7 +61,7 @@ class PPWordDocument {
   /// bookkeeping attributes begin with "$".
   KEPISpecAttrAccess_var declared(std::string_view name, const Texts& attributes) const {
     using Kind = KEPISpecAttribute::Kind;
-    const KEPISpecAttrAccess_var type = make(name, "MfgPPSyntax");
+    KEPISpecAttrAccess_var type = make(name, "MfgPPSyntax");
     for (const std::string& attribute : attributes) {
       type->AddAttribute(attribute, attribute.starts_with('$') ? Kind::String : Kind::StringList);
     }

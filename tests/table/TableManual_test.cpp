@@ -65,7 +65,12 @@ TEST_F(TableManual, ExampleHasItsCommands) {
   const std::string axis = ",%MFG_XAXIS,%MFG_YAXIS,%MFG_ZAXIS";
   EXPECT_EQ(syntaxOf("NC_SAFE_STOP"), (Texts{"COOLNT/OFF", "STOP"}));
   EXPECT_EQ(syntaxOf("NC_CYCLE_ON"), Texts{"CYCLE/ON"});
-  EXPECT_EQ(syntaxOf("NC_GOTO"), (Texts{"PPRINT MOVE TO POINT", "CYCLE/ON", point, point + axis}));
+  EXPECT_EQ(syntaxOf("NC_END_MACRO"),
+            (Texts{"PPRINT END OF THE PROGRAM", "COOLNT/OFF", "STOP", "FINI"}));
+  EXPECT_EQ(syntaxOf("NC_GOTO"), Texts{point});
+  KEPListValKEPString second;
+  EXPECT_TRUE(reader_.GetSyntaxOfSequenceForCommand("NC_GOTO", 2, second));
+  EXPECT_EQ(texts(second), Texts{point + axis});
   EXPECT_EQ(syntaxOf("NC_DRILLING"),
             (Texts{"CYCLE/DRILL,%MFG_TOTAL_DEPTH,MMPM,%MFG_FEED_MACH,RAPTO,%MFG_CLEAR_TIP,DWELL,"
                    "%MFG_DELAY_VALUE,",

@@ -24,6 +24,12 @@ Verdict verdictOf(const std::string& path, bool lint) {
   return {true, host::tableWarnings(path)};
 }
 
+bool holdsWarning(const Verdict& verdict) {
+  return std::any_of(verdict.findings.begin(), verdict.findings.end(), [](const auto& finding) {
+    return finding.severity == host::Severity::Warning;
+  });
+}
+
 std::string countText(const Verdict& verdict, host::Severity severity, std::string_view noun) {
   const auto count =
       std::count_if(verdict.findings.begin(), verdict.findings.end(),
@@ -35,7 +41,8 @@ std::string countText(const Verdict& verdict, host::Severity severity, std::stri
 std::string verdictText(const std::string& path, const Verdict& verdict) {
   std::string text = host::terminalSafe(path) + (verdict.passes ? ": passes" : ": refused");
   if (verdict.findings.size() > 1) text += countText(verdict, host::Severity::Error, "error");
-  return text + countText(verdict, host::Severity::Warning, "warning") + '\n';
+  text += countText(verdict, host::Severity::Warning, "warning");
+  return text + countText(verdict, host::Severity::Note, "note") + '\n';
 }
 
 Json verdictJson(const std::string& path, const Verdict& verdict) {
@@ -53,7 +60,7 @@ ExitStatus checkTables(const CheckOptions& options) {
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {
     const Verdict verdict = verdictOf(path, options.lint);
-    const bool refused = !verdict.passes || (options.strict && !verdict.findings.empty());
+    const bool refused = !verdict.passes || (options.strict && holdsWarning(verdict));
     if (refused) status = ExitStatus::Refused;
     if (options.format == OutputFormat::ForPrograms) {
       document["tables"].push_back(verdictJson(path, verdict));

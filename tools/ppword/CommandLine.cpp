@@ -196,6 +196,7 @@ std::string commandRequired() {
 
 std::string unknownCommand(const std::string& word) {
   std::vector<std::string_view> names;
+  names.reserve(std::size(kCommands));
   for (const Command& command : kCommands) names.emplace_back(command.name);
   return "there is no command '" + word + "'" + suggestion(word, names);
 }

@@ -29,7 +29,7 @@ Json textJson(std::string_view text) {
 
 Json diagnosticJson(const host::Diagnostic& diagnostic) {
   Json json;
-  json["severity"] = diagnostic.severity == host::Severity::Error ? "error" : "warning";
+  json["severity"] = host::severityName(diagnostic.severity);
   if (!diagnostic.key.empty()) json["key"] = diagnostic.key;
   json["file"] = textJson(diagnostic.file);
   if (diagnostic.line > 0) json["line"] = diagnostic.line;

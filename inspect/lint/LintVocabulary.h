@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "inspect/lint/TableBlocks.h"
+
+namespace host {
+
+/// What a word is for. Major and Modifier begin a statement; a modifier may have a comma and a
+/// major word after it.
+enum class WordKind { Major, Modifier, Text, Minor };
+
+/// The words that a table may use: those of its word sections, those of the default catalogue and
+/// those of standard APT (AptWords.def).
+class LintVocabulary {
+ public:
+  explicit LintVocabulary(const TableBlocks& blocks);
+
+  /// False for a table that does not say which words its machine has.
+  [[nodiscard]] bool hasSections() const noexcept { return hasSections_; }
+  [[nodiscard]] bool knows(std::string_view word) const { return !find(word).empty(); }
+  /// True for a word of standard APT or of the default catalogue.
+  [[nodiscard]] bool isStandard(std::string_view word) const;
+  /// True for a word of the table's sections.
+  [[nodiscard]] bool isOwn(std::string_view word) const;
+  /// What a word is for: what the table says before anything else.
+  [[nodiscard]] std::optional<WordKind> kindOf(std::string_view word) const;
+
+ private:
+  struct Entry {
+    std::string_view word;
+    WordKind kind;
+    bool isOwn;
+  };
+
+  /// Those of a word, its own one first.
+  [[nodiscard]] std::span<const Entry> find(std::string_view word) const;
+
+  /// In order of the words.
+  std::vector<Entry> words_;
+  bool hasSections_;
+};
+
+/// What is one mistake away from `word` and known: a letter left out or put in, replaced, or
+/// swapped with its neighbour; or letters that are not upper case. Empty when there is no such
+/// word. The effort does not depend on how many words are known.
+[[nodiscard]] std::string oneMistakeFrom(std::string_view word,
+                                         const std::function<bool(std::string_view)>& isKnown);
+
+}  // namespace host
