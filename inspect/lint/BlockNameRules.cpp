@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <array>
-#include <functional>
+#include <optional>
+#include <set>
 #include <string>
 
 #include "inspect/lint/LintCatalogue.h"
+#include "inspect/lint/NearWords.h"
 #include "inspect/lint/VocabularyRules.h"
 #include "language/table/Keywords.h"
 
@@ -11,79 +13,86 @@ namespace host {
 namespace {
 
 using Named = TableBlocks::Named;
-using Blocks = std::vector<const Named*>;
 
 /// Names in order, for a search.
 class Names {
  public:
   void add(std::string_view name) { names_.push_back(name); }
-  void sort() { std::sort(names_.begin(), names_.end()); }
+  void sort() {
+    std::sort(names_.begin(), names_.end());
+    names_.erase(std::unique(names_.begin(), names_.end()), names_.end());
+  }
   [[nodiscard]] bool holds(std::string_view name) const {
     return std::binary_search(names_.begin(), names_.end(), name);
   }
+  [[nodiscard]] const std::vector<std::string_view>& all() const noexcept { return names_; }
 
  private:
   std::vector<std::string_view> names_;
 };
 
 // A shorter name is one mistake away from too many others.
-constexpr std::size_t kShortest = ppword::kParameterPrefix.size() + 3;
+constexpr std::size_t kShortest = ppword::kCommandPrefix.size() + 3;
 
 std::string_view withoutDigits(std::string_view name) {
   return name.substr(0, name.find_last_not_of("0123456789") + 1);
 }
 
-/// Warns of blocks with a name that `isUsed` does not hold. A name is taken for another one that is
-/// one mistake away and has no block; names that differ in the number at their end are different
-/// on purpose.
-void lintNames(const Blocks& blocks, const std::function<bool(std::string_view)>& isUsed,
+/// Warns of blocks with a name that is neither used in the table nor known to the catalogue. It is
+/// taken for another one that is one mistake away and has no block; names that differ in the number
+/// at their end are different on purpose.
+void lintNames(const std::vector<const Named*>& blocks, const Names& used,
+               const std::set<std::string, std::less<>>& known, const NearWords& nearKnown,
                LintFindings& findings) {
   Names own;
   for (const Named* const block : blocks) own.add(block->name.text);
   own.sort();
+  std::optional<NearWords> near;
   for (const Named* const block : blocks) {
     const std::string_view name = block->name.text;
-    if (name.empty() || isUsed(name)) continue;
+    if (name.empty() || used.holds(name) || known.contains(name)) continue;
     const auto isMeant = [&](std::string_view other) {
-      return isUsed(other) && !own.holds(other) && withoutDigits(other) != withoutDigits(name);
+      return !own.holds(other) && withoutDigits(other) != withoutDigits(name);
     };
-    const std::string meant = name.size() < kShortest ? "" : oneMistakeFrom(name, isMeant);
+    std::string_view meant;
+    if (name.size() >= kShortest) {
+      meant = nearKnown.near(name, isMeant);
+      if (meant.empty() && !near) near.emplace(used.all());
+      if (meant.empty()) meant = near->near(name, isMeant);
+    }
     if (!meant.empty()) {
       findings.warn(LintKey::MisspeltName, block->name.offset, name.size(),
-                    std::string(name) + ", perhaps " + meant);
+                    (std::string(name) += ", perhaps ") += meant);
     } else if (!block->keyword.contains(ppword::kCommandKeyword)) {
       findings.warn(LintKey::UnusedName, block->name);
     }
   }
 }
 
-void append(const std::vector<Named>& blocks, Blocks& all) {
+void append(const std::vector<Named>& blocks, std::vector<const Named*>& all) {
   all.reserve(all.size() + blocks.size());
   for (const Named& block : blocks) all.push_back(&block);
 }
 
-void lintParameterNames(const TableBlocks& blocks, const Names& referred, LintFindings& findings) {
-  const auto& known = lintCatalogue().parameters;
-  const auto isUsed = [&](std::string_view name) {
-    return known.contains(name) || referred.holds(name);
-  };
-  Blocks all;
+void lintParameterNames(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
+  Names used;
+  for (const TableUses::Parameter& parameter : uses.parameters) used.add(parameter.name);
+  used.sort();
+  std::vector<const Named*> all;
   append(blocks.lists, all);
   append(blocks.formats, all);
-  lintNames(all, isUsed, findings);
+  const LintCatalogue& catalogue = lintCatalogue();
+  lintNames(all, used, catalogue.parameterNames, catalogue.nearParameters, findings);
 }
 
 void lintInstructionNames(const TableBlocks& blocks, LintFindings& findings) {
-  Names inserted;
-  for (const Named& insert : blocks.inserts) inserted.add(insert.name.text);
-  inserted.sort();
-  const auto& known = lintCatalogue().instructions;
-  const auto isUsed = [&](std::string_view name) {
-    return known.contains(name) || inserted.holds(name);
-  };
-  Blocks all;
+  Names used;
+  for (const Named& insert : blocks.inserts) used.add(insert.name.text);
+  used.sort();
+  std::vector<const Named*> all;
   append(blocks.commands, all);
-  lintNames(all, isUsed, findings);
+  const LintCatalogue& catalogue = lintCatalogue();
+  lintNames(all, used, catalogue.instructions, catalogue.nearInstructions, findings);
 }
 
 /// Their values are printed with six decimals, whatever their format.
@@ -91,8 +100,14 @@ constexpr std::array<std::string_view, 4> kWithoutFormat = {
     "MFG_CMP_TL_SET_X", "MFG_CMP_TL_SET_Y", "MFG_CMP_TL_SET_Z", "MFG_CMP_NOSE_RADIUS"};
 
 /// Warns of formats that no number is printed with.
-void lintFormats(const TableBlocks& blocks, const Names& printed, const Names& computed,
-                 LintFindings& findings) {
+void lintFormats(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
+  Names printed;
+  Names computed;
+  for (const auto& [name, isComputed] : uses.parameters) {
+    (isComputed ? computed : printed).add(name);
+  }
+  printed.sort();
+  computed.sort();
   for (const Named& format : blocks.formats) {
     const std::string_view name = format.name.text;
     const bool isFixed =
@@ -106,17 +121,9 @@ void lintFormats(const TableBlocks& blocks, const Names& printed, const Names& c
 }  // namespace
 
 void lintNamesOfBlocks(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
-  Names referred;
-  Names printed;
-  Names computed;
-  for (const auto& [name, isComputed] : uses.parameters) {
-    referred.add(name);
-    (isComputed ? computed : printed).add(name);
-  }
-  for (Names* const names : {&referred, &printed, &computed}) names->sort();
-  lintParameterNames(blocks, referred, findings);
+  lintParameterNames(blocks, uses, findings);
   lintInstructionNames(blocks, findings);
-  lintFormats(blocks, printed, computed, findings);
+  lintFormats(blocks, uses, findings);
 }
 
 }  // namespace host

@@ -35,10 +35,17 @@ class CatalogueReader {
     }
     for (const auto& [name, width] : all_.parameters) all_.parameterNames.insert(name);
     all_.instructions.insert(std::begin(kListingInstructions), std::end(kListingInstructions));
+    all_.nearParameters = nearTo(all_.parameterNames);
+    all_.nearInstructions = nearTo(all_.instructions);
     return std::move(all_);
   }
 
  private:
+  /// The names stay where they are when the catalogue is moved.
+  static NearWords nearTo(const std::set<std::string, std::less<>>& names) {
+    return NearWords({names.begin(), names.end()});
+  }
+
   void readType(const KEPISpecObject_var& type) {
     const KEPISpecAttrAccess_var attributes = type;
     const auto lines = attributes->FindAttribute("Syntaxe");

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/system/TextHash.h"
+#include "inspect/lint/NearWords.h"
 
 namespace host {
 
@@ -19,6 +20,9 @@ struct LintCatalogue {
   std::set<std::string, std::less<>> instructions;
   /// The words of its lines and lists.
   std::set<std::string, std::less<>> words;
+  /// For names that are nearly one of these.
+  NearWords nearParameters;
+  NearWords nearInstructions;
 };
 
 /// The module must be loaded.

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "inspect/lint/NearWords.h"
 #include "inspect/lint/TableBlocks.h"
 
 namespace host {
@@ -28,6 +28,10 @@ class LintVocabulary {
   [[nodiscard]] bool isStandard(std::string_view word) const;
   /// True for a word of the table's sections.
   [[nodiscard]] bool isOwn(std::string_view word) const;
+  /// The words of standard APT and of the default catalogue, for words that are nearly one of them.
+  [[nodiscard]] static const NearWords& nearStandardWords();
+  /// The words of the table's sections, some of them twice.
+  [[nodiscard]] std::vector<std::string_view> ownWords() const;
   /// What a word is for: what the table says before anything else.
   [[nodiscard]] std::optional<WordKind> kindOf(std::string_view word) const;
 
@@ -45,11 +49,5 @@ class LintVocabulary {
   std::vector<Entry> words_;
   bool hasSections_;
 };
-
-/// What is one mistake away from `word` and known: a letter left out or put in, replaced, or
-/// swapped with its neighbour; or letters that are not upper case. Empty when there is no such
-/// word. The effort does not depend on how many words are known.
-[[nodiscard]] std::string oneMistakeFrom(std::string_view word,
-                                         const std::function<bool(std::string_view)>& isKnown);
 
 }  // namespace host

@@ -1,10 +1,12 @@
 #include "inspect/lint/VocabularyRules.h"
 
 #include <algorithm>
+#include <iterator>
+#include <optional>
 #include <string>
-#include <unordered_map>
 
 #include "inspect/lint/LintCatalogue.h"
+#include "inspect/lint/NearWords.h"
 
 namespace host {
 namespace {
@@ -18,94 +20,108 @@ bool isTelling(std::string_view word) {
   return word.size() >= kLong || (word.size() > 1 && word.find_first_of("0123456789") == word.npos);
 }
 
-bool holds(const Words& sorted, std::string_view word) {
-  return std::binary_search(sorted.begin(), sorted.end(), word);
-}
-
 std::string meaning(std::string_view word, std::string_view meant) {
   std::string subject(word);
   if (!meant.empty()) (subject += ", perhaps ") += meant;
   return subject;
 }
 
-/// The words of all lines and lists, in order, each as often as it is there.
-Words usedWords(const TableUses& uses) {
-  Words words;
-  for (const TableUses::Word& use : uses.words) words.push_back(use.text);
-  std::sort(words.begin(), words.end());
-  return words;
-}
-
-class UnknownWords {
+/// Compares the words that a table uses with the vocabulary.
+class WordCheck {
  public:
-  UnknownWords(const LintVocabulary& vocabulary, const Words& used, const TableUses& uses)
-      : vocabulary_(vocabulary), used_(used), symbols_(uses.symbols) {
+  WordCheck(const LintVocabulary& vocabulary, const TableUses& uses, LintFindings& findings)
+      : vocabulary_(vocabulary), symbols_(uses.symbols), findings_(findings) {
+    for (const TableUses::Word& use : uses.words) used_.push_back(use.text);
+    std::sort(used_.begin(), used_.end());
     std::sort(symbols_.begin(), symbols_.end());
   }
 
-  void lint(const TableUses::Word& use, LintFindings& findings) {
-    if (vocabulary_.knows(use.text) || holds(symbols_, use.text)) return;
-    const auto [at, isNew] = meant_.try_emplace(use.text);
-    if (isNew) at->second = meantBy(use.text);
-    const std::string& meant = at->second;
-    if (!vocabulary_.hasSections() && meant.empty()) return;
-    findings.warn(LintKey::UnknownWord, use.offset, use.text.size(), meaning(use.text, meant));
+  void check(const TableUses::Word& use) {
+    const std::string_view word = use.text;
+    if (vocabulary_.knows(word) || holds(symbols_, word)) return;
+    std::string_view meant;
+    if (isTelling(word) || vocabulary_.hasSections()) {
+      const bool isOnce = count(word) == 1;
+      meant = near(word, [&](std::string_view other) {
+        return vocabulary_.knows(other) || (isOnce && count(other) > 1);
+      });
+    }
+    if (meant.empty() && !vocabulary_.hasSections()) return;
+    findings_.warn(LintKey::UnknownWord, use.offset, word.size(), meaning(word, meant));
+  }
+
+  void check(const TableBlocks::WordSection& section) {
+    std::vector<const Token*> unused;
+    for (const Token& piece : section.pieces) {
+      if (!isUnused(piece.text)) continue;
+      const std::string_view meant = meantBy(piece.text);
+      if (meant.empty()) {
+        unused.push_back(&piece);
+      } else {
+        findings_.warn(LintKey::MisspeltWord, piece.offset, piece.text.size(),
+                       meaning(piece.text, meant));
+      }
+    }
+    if (!unused.empty()) note(unused);
   }
 
  private:
-  [[nodiscard]] bool isRepeated(std::string_view word) const {
+  [[nodiscard]] static bool holds(const Words& sorted, std::string_view word) {
+    return std::binary_search(sorted.begin(), sorted.end(), word);
+  }
+  [[nodiscard]] long count(std::string_view word) const {
     const auto [first, last] = std::equal_range(used_.begin(), used_.end(), word);
-    return last - first > 1;
+    return last - first;
   }
 
-  [[nodiscard]] std::string meantBy(std::string_view word) const {
-    if (!isTelling(word) && !vocabulary_.hasSections()) return {};
-    const bool isOnce = !isRepeated(word);
-    return oneMistakeFrom(word, [&](std::string_view other) {
-      return vocabulary_.knows(other) || (isOnce && isRepeated(other));
+  [[nodiscard]] bool isUnused(std::string_view word) const {
+    return vocabulary_.isOwn(word) && !holds(used_, word) && !lintCatalogue().words.contains(word);
+  }
+
+  /// The word that one of a section most likely means: one that is used, or standard, and in no
+  /// section itself.
+  [[nodiscard]] std::string_view meantBy(std::string_view word) {
+    if (vocabulary_.isStandard(word) || word.size() < 2) return {};
+    return near(word, [&](std::string_view other) {
+      return !vocabulary_.isOwn(other) && (vocabulary_.isStandard(other) || holds(used_, other));
     });
   }
 
-  const LintVocabulary& vocabulary_;
-  const Words& used_;
-  Words symbols_;
-  /// What each unknown word so far most likely means.
-  std::unordered_map<std::string_view, std::string> meant_;
-};
-
-/// Warns of the words of a section that nothing uses.
-void lintSection(const TableBlocks::WordSection& section, const LintVocabulary& vocabulary,
-                 const Words& used, LintFindings& findings) {
-  const auto isMeant = [&](std::string_view other) {
-    return !vocabulary.isOwn(other) && (vocabulary.isStandard(other) || holds(used, other));
-  };
-  std::vector<const Token*> unused;
-  for (const Token& piece : section.pieces) {
-    const std::string_view word = piece.text;
-    const bool isUsed = holds(used, word) || lintCatalogue().words.contains(word);
-    if (isUsed || !vocabulary.isOwn(word)) continue;
-    const bool isClear = vocabulary.isStandard(word) || word.size() < 2;
-    const std::string meant = isClear ? "" : oneMistakeFrom(word, isMeant);
-    if (meant.empty()) {
-      unused.push_back(&piece);
-    } else {
-      findings.warn(LintKey::MisspeltWord, piece.offset, word.size(), meaning(word, meant));
-    }
+  void note(const std::vector<const Token*>& unused) {
+    const Token& first = *unused.front();
+    std::string subject(first.text);
+    if (unused.size() > 1) subject += " and " + std::to_string(unused.size() - 1) + " more";
+    findings_.warn(LintKey::UnusedWords, first.offset, first.text.size(), subject);
   }
-  if (unused.empty()) return;
-  std::string subject(unused.front()->text);
-  if (unused.size() > 1) subject += " and " + std::to_string(unused.size() - 1) + " more";
-  findings.warn(LintKey::UnusedWords, unused.front()->offset, unused.front()->text.size(), subject);
-}
+
+  [[nodiscard]] std::string_view near(std::string_view word,
+                                      const std::function<bool(std::string_view)>& isMeant) {
+    const auto standard = LintVocabulary::nearStandardWords().near(word, isMeant);
+    if (!standard.empty()) return standard;
+    if (!near_) {
+      Words all = vocabulary_.ownWords();
+      std::unique_copy(used_.begin(), used_.end(), std::back_inserter(all));
+      near_.emplace(std::move(all));
+    }
+    return near_->near(word, isMeant);
+  }
+
+  const LintVocabulary& vocabulary_;
+  /// In order, each as often as it is there.
+  Words used_;
+  Words symbols_;
+  LintFindings& findings_;
+  /// Of the table, made for the first word that is looked for.
+  std::optional<NearWords> near_;
+};
 
 }  // namespace
 
 void lintVocabulary(const TableBlocks& blocks, const LintVocabulary& vocabulary,
                     const TableUses& uses, LintFindings& findings) {
-  const Words used = usedWords(uses);
-  UnknownWords unknown(vocabulary, used, uses);
-  for (const TableUses::Word& use : uses.words) unknown.lint(use, findings);
-  for (const auto& section : blocks.words) lintSection(section, vocabulary, used, findings);
+  WordCheck check(vocabulary, uses, findings);
+  for (const TableUses::Word& use : uses.words) check.check(use);
+  for (const auto& section : blocks.words) check.check(section);
 }
 
 }  // namespace host
