@@ -5,6 +5,7 @@
 
 #include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/explain/Explanation.h"
+#include "post/text/FoldedLines.h"
 
 namespace host {
 namespace {
@@ -24,44 +25,13 @@ std::string row(std::string_view name, const std::string& text) {
   return line + text + '\n';
 }
 
-/// The words of a text; a quoted piece is one, whatever it holds.
-std::vector<std::string_view> wordsOf(std::string_view text) {
-  constexpr std::string_view kOpen = "«";
-  constexpr std::string_view kClose = "»";
-  std::vector<std::string_view> words;
-  std::size_t start = 0;
-  for (std::size_t at = 0; at < text.size(); ++at) {
-    if (text.substr(at).starts_with(kOpen)) at = std::min(text.find(kClose, at), text.size() - 1);
-    if (text[at] != ' ') continue;
-    words.push_back(text.substr(start, at - start));
-    start = at + 1;
-  }
-  words.push_back(text.substr(start));
-  return words;
-}
-
-std::size_t columnsOf(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::count_if(text.begin(), text.end(), KEPUnicodeString::StartsCharacter));
-}
-
 /// A row under a pass, folded where it does not fit.
 std::string detail(std::string_view text) {
-  std::string rows = kIndent;
-  std::size_t column = kDetail;
-  for (const std::string_view word : wordsOf(text)) {
-    const bool isFirst = rows.size() == kDetail;
-    if (!isFirst && column + 1 + columnsOf(word) > kColumns) {
-      ((rows += '\n') += kIndent) += "  ";
-      column = kDetail + 2;
-    } else if (!isFirst) {
-      rows += ' ';
-      ++column;
-    }
-    rows += word;
-    column += columnsOf(word);
+  std::string rows;
+  for (const std::string& line : foldedLines(text, kColumns - kDetail, kColumns - kDetail - 2)) {
+    ((rows += rows.empty() ? kIndent : kIndent + "  ") += line) += '\n';
   }
-  return rows + '\n';
+  return rows;
 }
 
 std::string notesText(const std::vector<std::string>& notes) {

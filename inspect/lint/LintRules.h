@@ -7,60 +7,26 @@
 
 namespace host {
 
-/// What the lint of a table warns of, in the order of its table of rules.
+/// What the check and the lint of a table report, in the order of their table of rules.
 enum class LintKey {
-  NoPrecedence,
-  OperatorInExpression,
-  ExponentOperand,
-  LargeDivisor,
-  ShortReciprocal,
-  DivisionInName,
-  DivisionKept,
-  ParenthesesKept,
-  EmptyOperand,
-  MinusBeforeWord,
-  MinusBeforeReference,
-  DoubleMinus,
-  SignInComment,
-  BlankInName,
-  TextBehindParenthesis,
-  DollarBehindName,
-  UnknownParameter,
-  ReferenceInName,
-  BareParameter,
-  UnknownWord,
-  MissingSlash,
-  EmptyArgument,
-  WideLine,
-  SplitLine,
-  UnclosedSection,
-  SurplusEnd,
-  UnreadName,
-  UnreadSection,
-  UnknownInsert,
-  DuplicateName,
-  MissingCode,
-  ShiftedPair,
-  CodeNotNumber,
-  CodeCut,
-  DuplicateWord,
-  DuplicateCode,
-  InexactKeyword,
-  MixedSequence,
-  LostLine,
-  MisspeltName,
-  UnusedName,
-  IdleFormat,
-  MisspeltWord,
-  UnusedWords
+#define LINT_RULE(name, severity, key, fault, hint, about, reported, sound) name,
+#include "inspect/lint/LintRules.def"
+#undef LINT_RULE
 };
 
-/// The stable key of a warning, what it says, and what to do about it.
+/// A row of the table of rules.
 struct LintRule {
+  /// It never changes.
   std::string_view key;
+  /// What a message says, and what to do about it.
   std::string_view fault;
   std::string_view hint;
-  Severity severity = Severity::Warning;
+  Severity severity;
+  /// What it means for the text.
+  std::string_view about;
+  /// A line or a table that is reported, and one to write instead.
+  std::string_view reported;
+  std::string_view sound;
 };
 
 /// All rules, by their LintKey.

@@ -30,6 +30,15 @@ class Passes(program.ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return done.stdout
 
+    def test_options_may_precede_the_instruction(self):
+        self.assertEqual(
+            self.run_program("explain", "--set", "MFG_XPOINT=10", "NC_GOTO").stdout,
+            self.run_program("explain", "NC_GOTO", "--set", "MFG_XPOINT=10").stdout,
+        )
+        self.assertEqual(
+            self.run_program("explain", "--set", "MFG_XPOINT=10", "NC_GOTO").returncode, 0
+        )
+
     def test_json_names_every_pass_in_its_order(self):
         passes = json.loads(self.explain("--format", "json"))["lines"][0]["passes"]
         self.assertEqual([each["pass"] for each in passes], PASSES)

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
 #include "inspect/lint/LintRules.h"
 #include "tests/table/TableFiles.h"
@@ -38,9 +39,9 @@ TEST(LintManual, RulesAreThoseOfTheProgram) {
   const auto all = rows();
   ASSERT_EQ(all.size(), lintRules().size());
   for (std::size_t i = 0; i < all.size(); ++i) {
-    const auto& [key, fault, hint, severity] = lintRules()[i];
-    const std::string begin =
-        "| `" + std::string(key) + "` | " + std::string(fault) + " | " + std::string(hint) + " |";
+    const LintRule& rule = lintRules()[i];
+    const std::string begin = "| `" + std::string(rule.key) + "` | " + std::string(rule.fault) +
+                              " | " + std::string(rule.hint) + " |";
     EXPECT_EQ(all[i].substr(0, begin.size()), begin);
   }
 }
@@ -64,26 +65,62 @@ TEST(LintManual, CompleteTableHasNoWarning) {
   }
 }
 
-bool tells(const std::string& line, const std::string& key) {
-  const TableFile file("*START_NC_COMMAND NC_A\n" + line +
-                       "\n*END\n*START_FORMAT MFG_A\n%11.5f\n*END\n"
-                       "*START_FORMAT MFG_B\n%11.5f\n*END\n");
-  const auto all = lintTable(std::string(file.path().View()));
+bool tellsTable(const std::string& table, const std::string& key) {
+  const auto all = lintTable(TableBytes(table), "T");
   return std::any_of(all.begin(), all.end(),
                      [&](const Diagnostic& finding) { return finding.key == key; });
 }
 
-TEST(LintManual, ExamplesOfLinesAreTold) {
+bool tells(const std::string& line, const std::string& key) {
+  return tellsTable("*START_NC_COMMAND NC_A\n" + line +
+                        "\n*END\n*START_FORMAT MFG_A\n%11.5f\n*END\n"
+                        "*START_FORMAT MFG_B\n%11.5f\n*END\n",
+                    key);
+}
+
+TEST(LintManual, ExamplesOfLinesAreThoseOfTheProgram) {
   const std::regex examples("\\| `([a-z-]+)` \\|.*\\| `([^`]+)` \\| `([^`]+)` \\|");
   std::size_t count = 0;
-  for (const std::string& row : rows()) {
+  const auto all = rows();
+  for (std::size_t i = 0; i < all.size(); ++i) {
     std::smatch parts;
-    if (!std::regex_match(row, parts, examples)) continue;
+    if (!std::regex_match(all[i], parts, examples)) continue;
     ++count;
-    EXPECT_TRUE(tells(parts[2], parts[1])) << row;
-    EXPECT_FALSE(tells(parts[3], parts[1])) << row;
+    EXPECT_EQ(parts[2].str(), lintRules()[i].reported);
+    EXPECT_EQ(parts[3].str(), lintRules()[i].sound);
   }
   EXPECT_EQ(count, 24U);
+}
+
+TEST(LintManual, ExamplesOfTheRulesAreToldAndNotTold) {
+  for (const LintRule& rule : lintRules()) {
+    const std::string key(rule.key);
+    // Its example is too long to be shown.
+    if (key == "long-token") continue;
+    const auto tellsExample = [&](std::string_view example) {
+      const bool isLine = !example.starts_with('*') && key != "no-section";
+      return isLine ? tells(std::string(example), key)
+                    : tellsTable(std::string(example) + '\n', key);
+    };
+    EXPECT_TRUE(tellsExample(rule.reported)) << key;
+    EXPECT_FALSE(tellsExample(rule.sound)) << key;
+    EXPECT_TRUE(rule.about.ends_with('.')) << key;
+  }
+}
+
+TEST(LintManual, WarningsOfTheCheckAreRules) {
+  const std::string tables[] = {"", std::string(2000, 'A'),
+                                "*START_NC_COMMAND NC_A\n*INSERT NC_A\n*END\n",
+                                "*START_FORMAT MFG_A\n*END\n"};
+  for (const std::string& table : tables) {
+    const TableFile file(table);
+    const auto all = tableWarnings(std::string(file.path().View()));
+    ASSERT_FALSE(all.empty()) << table;
+    for (const Diagnostic& finding : all) {
+      const auto isOf = [&](const LintRule& rule) { return rule.key == finding.key; };
+      EXPECT_TRUE(std::any_of(lintRules().begin(), lintRules().end(), isOf)) << finding.key;
+    }
+  }
 }
 
 }  // namespace

@@ -4,12 +4,16 @@
 #include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
+#include "post/text/FoldedLines.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 
 namespace {
+
+constexpr std::size_t kKeyColumns = 26;
+constexpr std::size_t kKindColumns = 76;
 
 struct Verdict {
   bool passes = true;
@@ -24,10 +28,11 @@ Verdict verdictOf(const std::string& path, bool lint) {
   return {true, host::tableWarnings(path)};
 }
 
-bool holdsWarning(const Verdict& verdict) {
-  return std::any_of(verdict.findings.begin(), verdict.findings.end(), [](const auto& finding) {
-    return finding.severity == host::Severity::Warning;
-  });
+bool isRefused(const Verdict& verdict, const Strictness& strictness) {
+  const auto refuses = [&](const host::Diagnostic& finding) {
+    return strictness.refuses(finding.key, finding.severity == host::Severity::Note);
+  };
+  return !verdict.passes || std::any_of(verdict.findings.begin(), verdict.findings.end(), refuses);
 }
 
 std::string countText(const Verdict& verdict, host::Severity severity, std::string_view noun) {
@@ -53,15 +58,71 @@ Json verdictJson(const std::string& path, const Verdict& verdict) {
   return json;
 }
 
+std::string indented(std::string_view text) {
+  std::string all = "    ";
+  for (const char c : text) all += c == '\n' ? "\n    " : std::string(1, c);
+  return all + '\n';
+}
+
+std::string kindText(const Kind& kind) {
+  std::string text(kind.key);
+  ((((text += " (") += kind.severity) += " of ppword ") += kind.command) += ")\n";
+  const std::string says = (std::string(kind.fault) += "; ") += kind.hint;
+  for (const std::string_view part : {std::string_view(says), kind.about}) {
+    for (const std::string& line : host::foldedLines(part, kKindColumns, kKindColumns)) {
+      ((text += "  ") += line) += '\n';
+    }
+    text += part == kind.about ? "" : "\n";
+  }
+  if (kind.reported.empty()) return text;
+  text += "\n  Reported:\n" + indented(kind.reported);
+  return text + "  Not reported:\n" + indented(kind.sound);
+}
+
+std::string kindLine(const Kind& kind) {
+  const std::string key(kind.key);
+  return key + std::string(kKeyColumns - key.size(), ' ') + std::string(kind.fault) + '\n';
+}
+
+Json kindJson(const Kind& kind) {
+  Json json{{"key", kind.key},     {"command", kind.command}, {"severity", kind.severity},
+            {"fault", kind.fault}, {"hint", kind.hint},       {"about", kind.about}};
+  if (kind.reported.empty()) return json;
+  json["reported"] = kind.reported;
+  json["notReported"] = kind.sound;
+  return json;
+}
+
+// Each kind that is named at length; without a key a line for each of all.
+ExitStatus explainKinds(const CheckOptions& options) {
+  std::string text;
+  Json document{{"kinds", Json::array()}};
+  for (const std::string& key : options.tables) {
+    const Kind& kind = kindOf(key);
+    document["kinds"].push_back(kindJson(kind));
+    text += (text.empty() ? "" : "\n") + kindText(kind);
+  }
+  if (options.tables.empty()) {
+    for (const Kind& kind : allKinds()) {
+      document["kinds"].push_back(kindJson(kind));
+      text += kindLine(kind);
+    }
+  }
+  writeOutput(options.format == OutputFormat::ForPrograms ? documentText(document) : text);
+  return ExitStatus::Done;
+}
+
 }  // namespace
 
 ExitStatus checkTables(const CheckOptions& options) {
+  if (options.explain) return explainKinds(options);
+  if (options.tables.empty()) throw UsageError{"TABLE is required"};
+  const Strictness strictness(options.strictness);
   ExitStatus status = ExitStatus::Done;
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {
     const Verdict verdict = verdictOf(path, options.lint);
-    const bool refused = !verdict.passes || (options.strict && holdsWarning(verdict));
-    if (refused) status = ExitStatus::Refused;
+    if (isRefused(verdict, strictness)) status = ExitStatus::Refused;
     if (options.format == OutputFormat::ForPrograms) {
       document["tables"].push_back(verdictJson(path, verdict));
       continue;

@@ -55,10 +55,24 @@ CLI::Option* addTable(CLI::App& command, std::string& table) {
   return addFile(command, "TABLE", table, "PP word table", " ");
 }
 
+void addStrictness(CLI::App& command, StrictnessOptions& strictness, const char* help) {
+  // A value of its own argument would be the next TABLE or JOB.
+  command.add_flag("--strict", strictness.refused, help)->option_text("[=KEY,...]");
+  command
+      .add_option_function<std::vector<std::string>>(
+          "--allow", [&strictness](const auto& keys) { strictness.allowed = keys; },
+          "Do not refuse these kinds; repeatable")
+      ->expected(1)
+      ->take_all()
+      ->allow_extra_args(false)
+      ->option_text("KEY,...");
+}
+
 void addCheck(CLI::App& command, CheckOptions& options) {
-  command.add_option("TABLE", options.tables, "PP word tables")->required()->option_text("...");
+  command.add_option("TABLE", options.tables, "PP word tables")->option_text("...");
   command.add_flag("--lint", options.lint, "Check every line and report all mistakes at once");
-  command.add_flag("--strict", options.strict, "Exit with 1 on warnings too");
+  addStrictness(command, options.strictness, "Exit with 1 on warnings too, or on these kinds only");
+  command.add_flag("--explain", options.explain, "Explain kinds of findings: KEY... or all");
 }
 
 void setValues(const std::vector<std::string>& texts, std::vector<host::ValueSetting>& values) {
@@ -78,6 +92,7 @@ void addExplain(CLI::App& command, ExplainOptions& options) {
   command.add_option("--syntax", options.syntax, "A line to explain instead; repeatable")
       ->expected(1)
       ->take_all()
+      ->allow_extra_args(false)
       ->option_text("LINE");
   command
       .add_option_function<std::vector<std::string>>(
@@ -85,6 +100,7 @@ void addExplain(CLI::App& command, ExplainOptions& options) {
           "Set the value of a parameter; repeatable")
       ->expected(1)
       ->take_all()
+      ->allow_extra_args(false)
       ->option_text("NAME=VALUE");
 }
 
@@ -117,8 +133,8 @@ void addPost(CLI::App& command, PostOptions& options) {
           "Write the text to FILE; - for standard output")
       ->check(CLI::Validator(&nameMistake, ""))
       ->option_text("FILE");
-  command.add_flag("--strict", options.strict,
-                   "Write nothing and exit with 1 when anything is missing from the text");
+  addStrictness(command, options.strictness,
+                "Write nothing and exit with 1 when anything, or these, is missing");
   command.add_flag("-v,--verbose", options.verbose, "Report what came from where");
   command
       .add_option_function<std::string>(

@@ -7,6 +7,7 @@
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/RotaryChain.h"
+#include "tools/ppword/Kinds.h"
 
 /// Exit statuses; for several files the highest is returned.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
@@ -23,13 +24,16 @@ struct UsageError {
 [[nodiscard]] ExitStatus runCommandLine(int argc, const char* const* argv);
 
 struct CheckOptions {
+  /// Keys of kinds when they are to be explained.
   std::vector<std::string> tables;
   bool lint = false;
-  bool strict = false;
+  bool explain = false;
+  StrictnessOptions strictness;
   OutputFormat format = OutputFormat::ForPeople;
 };
 
-/// Reports for each table whether it passes, with its errors and warnings.
+/// Reports for each table whether it passes, with its errors and warnings; or explains kinds of
+/// findings, without a key all in a line each.
 [[nodiscard]] ExitStatus checkTables(const CheckOptions& options);
 
 struct ExplainOptions {
@@ -76,7 +80,7 @@ struct PostOptions {
   std::string document;
   /// Empty: the standard output.
   std::string output;
-  bool strict = false;
+  StrictnessOptions strictness;
   bool verbose = false;
   OutputFormat format = OutputFormat::ForPeople;
   /// For listings only.

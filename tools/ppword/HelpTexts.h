@@ -25,17 +25,22 @@ An error refuses a table; a warning names what a load would skip:
   endless-insert   inserts that never end, or produce more than 100000 lines
   unusable-format  a format that prints no number
 
+Each kind of finding has a key; ppword check --explain lists them, ppword check --explain KEY
+explains one with an example. --strict=KEY,... refuses only these, --allow=KEY,... none of these.
+
 With --lint every line is checked and all mistakes are reported in one run, each with its key, its
 place and what to write instead:
-  in the table     lines that are refused; sections without an end; names that are not read, or
-                   are there twice; words and codes that do not match up
+  in the table     lines that are refused; sections without an end; names that are not read, are
+                   there twice or are used by nothing; words and codes that do not match up
   in its lines     arithmetic with an unexpected result (2+3*4 is 20), operands and names that lose
-                   text, unknown parameters, lines that can pass column 72
+                   text, unknown words and parameters, lines that can pass column 72
 
 Examples:
   ppword check mill.pptable
   ppword check --lint mill.pptable mill-turn.pptable
-  ppword check --strict --format json mill.pptable)";
+  ppword check --strict --format json mill.pptable
+  ppword check --lint --strict --allow=wide-line mill.pptable
+  ppword check --explain mixed-sequence)";
 
 inline constexpr const char* kExplain =
     "Show step by step how the lines of an NC instruction arise";

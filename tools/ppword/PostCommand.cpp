@@ -90,16 +90,16 @@ KEPVar<host::Document> documentOf(const PostOptions& options, const host::JobHea
   return document;
 }
 
-void reportRun(const PostOptions& options, const PostReport& report, bool written,
+void reportRun(const PostOptions& options, const PostReport& report, std::string_view refusal,
                const LoadReport& load, const host::Document& document) {
   if (options.format == OutputFormat::ForPrograms) {
-    Json json = reportJson(report, written);
+    Json json = reportJson(report, refusal.empty());
     if (options.verbose) json["load"] = load.json(document);
     writeMessage(documentText(json));
     return;
   }
   if (options.verbose) writeMessage("load report:\n" + load.text(document));
-  writeMessage(reportText(report, written));
+  writeMessage(reportText(report, refusal));
 }
 
 // Loads the table of the run, and sets up its input and document.
@@ -119,7 +119,8 @@ ExitStatus generate(const PostOptions& options) {
   LoadReport load;
   const PostTable table = setUp(options, document, input, load);
   requireOther(options.output, table.path);
-  PostOutput output(options.output, options.strict);
+  const Strictness strictness(options.strictness);
+  PostOutput output(options.output, strictness.isStrict());
   const std::string name = options.job == "-" ? "standard input" : options.job;
   host::Generator generator(document, name, output.lines());
   {
@@ -129,10 +130,10 @@ ExitStatus generate(const PostOptions& options) {
   }
   const PostReport report{generator.summary(), input.listing(), load.missing(), table,
                           options.output};
-  const bool written = !options.strict || missingPieces(report) == 0;
-  if (written) output.finish();
-  reportRun(options, report, written, load, *document);
-  return written ? ExitStatus::Done : ExitStatus::Refused;
+  const std::string refusal = refusalOf(report, strictness);
+  if (refusal.empty()) output.finish();
+  reportRun(options, report, refusal, load, *document);
+  return refusal.empty() ? ExitStatus::Done : ExitStatus::Refused;
 }
 
 ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <nlohmann/json.hpp>
 #include <string_view>
+#include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
 #include "post/listing/ListingReader.h"
@@ -63,28 +64,52 @@ Json callsJson(const host::CallCounts& calls) {
   return array;
 }
 
-std::string outcomeText(const PostReport& report, bool written) {
+// What the text lacks.
+struct Loss {
+  std::string_view key;
+  long count;
+  bool isNote = false;
+};
+
+std::vector<Loss> lossesOf(const PostReport& report) {
+  const host::Summary& summary = report.summary;
+  const auto calls = [&](CallFate fate) {
+    return report.listing == nullptr ? 0 : report.listing->calls().total(fate);
+  };
+  return {
+      {kUnevaluated, summary.unevaluated.total()}, {kWithoutNumber, summary.withoutNumber.total()},
+      {kCutOff, summary.dropped.total()},          {kDeleted, summary.deleted.total()},
+      {kLostCall, calls(CallFate::Dropped)},       {kLostMove, calls(CallFate::UnsupportedMove)},
+      {kUnknownCall, calls(CallFate::Unknown)},    {kTableEntry, report.missingEntries},
+      {kWideLine, summary.wide.total(), true}};
+}
+
+std::string outcomeText(const PostReport& report, std::string_view refusal) {
   const std::string output = report.output.empty() ? "standard output" : report.output;
-  if (written) return host::terminalSafe(output) + ": written\n";
-  return host::terminalSafe(output) + ": not written: " + number(missingPieces(report), "piece") +
-         " of the text would be missing\n";
+  if (refusal.empty()) return host::terminalSafe(output) + ": written\n";
+  return ((host::terminalSafe(output) + ": not written: ") += refusal) += '\n';
 }
 
 }  // namespace
 
 long missingPieces(const PostReport& report) {
-  const host::Summary& summary = report.summary;
-  long count = summary.unevaluated.total() + summary.withoutNumber.total() +
-               summary.dropped.total() + summary.deleted.total();
-  if (report.listing != nullptr) {
-    for (const CallFate fate : {CallFate::Dropped, CallFate::UnsupportedMove, CallFate::Unknown}) {
-      count += report.listing->calls().total(fate);
-    }
-  }
-  return count + report.missingEntries;
+  long count = 0;
+  for (const Loss& loss : lossesOf(report)) count += loss.isNote ? 0 : loss.count;
+  return count;
 }
 
-std::string reportText(const PostReport& report, bool written) {
+std::string refusalOf(const PostReport& report, const Strictness& strictness) {
+  long count = 0;
+  for (const Loss& loss : lossesOf(report)) {
+    if (strictness.refuses(loss.key, loss.isNote)) count += loss.count;
+  }
+  if (count == 0) return {};
+  return count == missingPieces(report)
+             ? number(count, "piece") + " of the text would be missing"
+             : number(count, "finding") + (count == 1 ? " is" : " are") + " refused";
+}
+
+std::string reportText(const PostReport& report, std::string_view refusal) {
   const host::Summary& summary = report.summary;
   std::string text = host::terminalSafe(summary.file) + ": " + number(summary.elements, "element") +
                      ", " + number(summary.lines, "line") + '\n';
@@ -105,7 +130,7 @@ std::string reportText(const PostReport& report, bool written) {
     text += "  WARNING: " + std::to_string(report.missingEntries) +
             " entries of the table were not loaded; -v shows which\n";
   }
-  return text + outcomeText(report, written);
+  return text + outcomeText(report, refusal);
 }
 
 Json reportJson(const PostReport& report, bool written) {

@@ -5,6 +5,7 @@
 #include "post/generator/Summary.h"
 #include "post/listing/ListingReader.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/Kinds.h"
 #include "tools/ppword/PostTable.h"
 
 /// What a run made, for its report.
@@ -24,5 +25,9 @@ struct PostReport {
 /// without a line, and entries of the table.
 [[nodiscard]] long missingPieces(const PostReport& report);
 
-[[nodiscard]] std::string reportText(const PostReport& report, bool written);
+/// What a run does not accept, and so is not written; empty when it is.
+[[nodiscard]] std::string refusalOf(const PostReport& report, const Strictness& strictness);
+
+/// `refusal`: empty for a text that is written.
+[[nodiscard]] std::string reportText(const PostReport& report, std::string_view refusal);
 [[nodiscard]] Json reportJson(const PostReport& report, bool written);

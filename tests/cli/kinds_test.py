@@ -1,0 +1,114 @@
+"""The kinds of findings: what they mean, and which of them a run refuses."""
+
+import json
+
+import program
+
+TABLE = "*START_NC_COMMAND NC_COOLANT\nSTOP\n*START_SEQUENCE\nSTOP,1\n*END\n*END\n"
+JOB = '{"job":1,"program":"P","units":"mm"}\n{"nc":"NC_TOOL_CHANGE"}\n{"end":true}\n'
+
+
+class Kinds(program.ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.write("table", TABLE)
+        self.write("job", JOB)
+
+    def status(self, *arguments):
+        return self.run_program(*arguments).returncode
+
+    def refused(self, mistake, *arguments):
+        name = "ppword " + arguments[0]
+        self.check(
+            self.run_program(*arguments), 2, "", f"{name}: {mistake}\nTry '{name} --help'.\n"
+        )
+
+    def test_kinds_that_a_check_refuses_are_chosen(self):
+        self.assertEqual(self.status("check", "--lint", "table"), 0)
+        for refusing in (
+            ["--strict"],
+            ["--strict=mixed-sequence"],
+            ["--strict=wide-line,missing-slash"],
+            ["--strict=wide-line", "--strict=missing-slash"],
+            ["--strict", "--allow=missing-slash"],
+            ["--strict=mixed-sequence,missing-slash", "--allow", "missing-slash"],
+        ):
+            self.assertEqual(self.status("check", "--lint", *refusing, "table"), 1, refusing)
+        for accepting in (
+            ["--strict=wide-line"],
+            ["--strict", "--allow=missing-slash,mixed-sequence"],
+            ["--strict", "--allow=missing-slash", "--allow=mixed-sequence"],
+            ["--strict=mixed-sequence", "--allow=mixed-sequence"],
+            ["--allow=wide-line"],
+        ):
+            self.assertEqual(self.status("check", "--lint", *accepting, "table"), 0, accepting)
+
+    def test_note_is_refused_only_by_its_key(self):
+        self.write("notes", "*START_MINOR_WORDS\nFLOOD,89\n*END\n")
+        self.assertEqual(self.status("check", "--lint", "--strict", "notes"), 0)
+        self.assertEqual(self.status("check", "--lint", "--strict=unused-words", "notes"), 1)
+
+    def test_kinds_that_post_refuses_are_chosen(self):
+        for refusing in (["--strict"], ["--strict=unevaluated"]):
+            done = self.run_program("post", *refusing, "job", "-o", "apt")
+            self.assertEqual(done.returncode, 1)
+            self.assertIn("apt: not written: 4 pieces of the text would be missing\n", done.stderr)
+            self.assertNotIn("apt", self.files())
+        for accepting in (["--strict=cut-off"], ["--strict", "--allow=unevaluated"]):
+            self.assertEqual(self.status("post", *accepting, "job"), 0, accepting)
+
+    def test_wide_lines_are_refused_by_their_key(self):
+        self.write("wide", JOB.replace("NC_TOOL_CHANGE", "NC_GOTO"))
+        self.write("table", "*START_NC_COMMAND NC_GOTO\n" + 80 * "A" + "\n*END\n")
+        self.assertEqual(self.status("post", "--strict", "wide", "-t", "table"), 0)
+        done = self.run_program("post", "--strict=wide-line", "wide", "-t", "table")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn("not written: 1 finding is refused\n", done.stderr)
+
+    def test_unknown_key_is_a_mistake_with_the_nearest(self):
+        lists = "'ppword check --explain' lists all"
+        nearest = f"there is no kind 'wide-lime'; did you mean 'wide-line'?; {lists}"
+        self.refused(nearest, "check", "--strict=wide-lime", "table")
+        self.refused(nearest, "check", "--allow", "wide-lime", "table")
+        self.refused(nearest, "check", "--explain", "wide-lime")
+        self.refused(nearest, "post", "--strict=wide-line,wide-lime", "job")
+        self.refused(f"there is no kind ''; {lists}", "check", "--strict=wide-line,", "table")
+        self.refused("TABLE is required", "check", "--lint")
+
+    def test_kind_is_explained_with_both_sides(self):
+        self.check(
+            self.run_program("check", "--explain", "missing-slash", "lost-move"),
+            0,
+            "missing-slash (warning of ppword check)\n"
+            "  the major word has no / after it; put a / between the word and the rest\n"
+            "\n"
+            "  The arguments of a major word follow a /. Readers of APT take the line for\n"
+            "  something else.\n"
+            "\n"
+            "  Reported:\n"
+            "    FEDRAT,0.1\n"
+            "  Not reported:\n"
+            "    FEDRAT/0.1\n"
+            "\n"
+            "lost-move (warning of ppword post)\n"
+            "  a move of the listing is not in the text; see docs/listing-format.md for\n"
+            "  what becomes of each call\n"
+            "\n"
+            "  The machine would stay where it is.\n",
+            "",
+        )
+
+    def test_all_kinds_are_listed(self):
+        lines = self.run_program("check", "--explain").stdout.splitlines()
+        kinds = json.loads(self.run_program("check", "--explain", "--format", "json").stdout)["kinds"]
+        self.assertEqual(len(lines), len(kinds))
+        for line, kind in zip(lines, kinds):
+            self.assertEqual(line.split()[0], kind["key"])
+            self.assertTrue(line.endswith(kind["fault"]))
+            self.assertIn(kind["command"], ("check", "post"))
+            self.assertIn(kind["severity"], ("warning", "note"))
+            self.assertEqual("reported" in kind, kind["command"] == "check")
+
+
+if __name__ == "__main__":
+    program.main()

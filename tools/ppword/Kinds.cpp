@@ -1,0 +1,93 @@
+#include "tools/ppword/Kinds.h"
+
+#include <algorithm>
+
+#include "inspect/lint/LintRules.h"
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/Refusal.h"
+
+namespace {
+
+constexpr Kind kPostKinds[] = {
+    {kUnevaluated, "post", "warning", "a parameter cannot be evaluated",
+     "correct its name, or state its value in the job",
+     "Nothing, or the text of MFG_UNEVALUATED_PPPARAMETER, is in its place in the line.", "", ""},
+    {kWithoutNumber, "post", "warning", "a format prints no digit of a number",
+     "write a format such as %10.4f", "The line has an empty argument, or text without the number.",
+     "", ""},
+    {kCutOff, "post", "warning", "the end of a parameter's name is cut off",
+     "put a comma directly after the name",
+     "What is after a ) or $ in a name is dropped, or replaced by ).", "", ""},
+    {kDeleted, "post", "warning", "an operation is deleted", "write both operands",
+     "An operand was missing, or a sign lost its place: a value of the line is not in the text.",
+     "", ""},
+    {kLostCall, "post", "warning", "a call of the listing is only partly in the text",
+     "see docs/listing-format.md for what becomes of each call",
+     "The table has no word for what the call says, coolant for example.", "", ""},
+    {kLostMove, "post", "warning", "a move of the listing is not in the text",
+     "see docs/listing-format.md for what becomes of each call",
+     "The machine would stay where it is.", "", ""},
+    {kUnknownCall, "post", "warning", "a call of the listing is unknown", "correct the listing",
+     "It may be a move.", "", ""},
+    {kTableEntry, "post", "warning", "an entry of the table is not loaded",
+     "ppword check --lint TABLE says why",
+     "The built-in entry of that name, or none, is used in its place.", "", ""},
+};
+
+std::vector<Kind> makeKinds() {
+  std::vector<Kind> kinds;
+  for (const host::LintRule& rule : host::lintRules()) {
+    kinds.push_back({rule.key, "check", host::severityName(rule.severity), rule.fault, rule.hint,
+                     rule.about, rule.reported, rule.sound});
+  }
+  kinds.insert(kinds.end(), std::begin(kPostKinds), std::end(kPostKinds));
+  return kinds;
+}
+
+/// Adds the keys of a list between commas.
+void addKeys(std::string_view text, std::vector<std::string_view>& keys) {
+  for (std::size_t at = 0; at <= text.size();) {
+    const std::size_t end = std::min(text.find(',', at), text.size());
+    keys.push_back(kindOf(text.substr(at, end - at)).key);
+    at = end + 1;
+  }
+}
+
+bool holds(const std::vector<std::string_view>& keys, std::string_view key) {
+  return std::find(keys.begin(), keys.end(), key) != keys.end();
+}
+
+}  // namespace
+
+std::span<const Kind> allKinds() {
+  static const std::vector<Kind> kinds = makeKinds();
+  return kinds;
+}
+
+const Kind& kindOf(std::string_view key) {
+  const auto all = allKinds();
+  const auto found =
+      std::find_if(all.begin(), all.end(), [key](const Kind& kind) { return kind.key == key; });
+  if (found != all.end()) return *found;
+  std::vector<std::string_view> keys;
+  keys.reserve(all.size());
+  for (const Kind& kind : all) keys.push_back(kind.key);
+  throw UsageError{"there is no kind '" + std::string(key) + "'" + suggestion(key, keys) +
+                   "; 'ppword check --explain' lists all"};
+}
+
+Strictness::Strictness(const StrictnessOptions& options) {
+  for (const std::string& keys : options.refused) {
+    if (keys == kAllKinds) {
+      all_ = true;
+    } else {
+      addKeys(keys, refused_);
+    }
+  }
+  for (const std::string& keys : options.allowed) addKeys(keys, allowed_);
+}
+
+bool Strictness::refuses(std::string_view key, bool isNote) const {
+  if (holds(allowed_, key)) return false;
+  return holds(refused_, key) || (all_ && !isNote);
+}

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A kind of finding or loss that a command can refuse.
+struct Kind {
+  std::string_view key;
+  /// "check" or "post": the command that reports it.
+  std::string_view command;
+  /// "warning" or "note".
+  std::string_view severity;
+  std::string_view fault;
+  std::string_view hint;
+  std::string_view about;
+  /// A line or table that is reported, and one to write instead; empty for `post`.
+  std::string_view reported;
+  std::string_view sound;
+};
+
+/// All kinds: those of the check in the order of its rules, then those of `post`.
+[[nodiscard]] std::span<const Kind> allKinds();
+
+/// The kind with a key. A UsageError, which names the nearest key, when there is none.
+[[nodiscard]] const Kind& kindOf(std::string_view key);
+
+// The keys of what can be missing from a text.
+inline constexpr std::string_view kUnevaluated = "unevaluated";
+inline constexpr std::string_view kWithoutNumber = "without-number";
+inline constexpr std::string_view kCutOff = "cut-off";
+inline constexpr std::string_view kDeleted = "deleted";
+inline constexpr std::string_view kLostCall = "lost-call";
+inline constexpr std::string_view kLostMove = "lost-move";
+inline constexpr std::string_view kUnknownCall = "unknown-call";
+inline constexpr std::string_view kTableEntry = "table-entry";
+// The kind of the lint, for lines that are put out.
+inline constexpr std::string_view kWideLine = "wide-line";
+
+/// The values of the options --strict and --allow, one for each time that they are given: keys
+/// between commas, or kAllKinds for --strict alone.
+struct StrictnessOptions {
+  std::vector<std::string> refused;
+  std::vector<std::string> allowed;
+};
+
+// What the option parser makes of an option without a value.
+inline constexpr std::string_view kAllKinds = "true";
+
+/// Which kinds a run refuses: with --strict all but notes, with --strict=KEY,... these, and in both
+/// cases none of --allow=KEY,...
+class Strictness {
+ public:
+  /// A UsageError for an unknown key.
+  explicit Strictness(const StrictnessOptions& options);
+
+  /// True when it refuses anything.
+  [[nodiscard]] bool isStrict() const noexcept { return all_ || !refused_.empty(); }
+  /// `isNote`: for a finding of which nothing has to be done.
+  [[nodiscard]] bool refuses(std::string_view key, bool isNote = false) const;
+
+ private:
+  bool all_ = false;
+  std::vector<std::string_view> refused_;
+  std::vector<std::string_view> allowed_;
+};
