@@ -7,6 +7,7 @@
 #include "post/text/FoldedLines.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/Kinds.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 

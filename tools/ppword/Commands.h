@@ -7,7 +7,6 @@
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/RotaryChain.h"
-#include "tools/ppword/Kinds.h"
 
 /// Exit statuses; for several files the highest is returned.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
@@ -22,6 +21,16 @@ struct UsageError {
 /// Runs the command that the arguments ask for. A help text, the version or a mistake in the
 /// arguments is written here.
 [[nodiscard]] ExitStatus runCommandLine(int argc, const char* const* argv);
+
+/// The values of the options --strict and --allow, one for each time that they are given: keys
+/// between commas, or kAllKinds for --strict alone.
+struct StrictnessOptions {
+  std::vector<std::string> refused;
+  std::vector<std::string> allowed;
+};
+
+// What the option parser makes of an option without a value.
+inline constexpr std::string_view kAllKinds = "true";
 
 struct CheckOptions {
   /// Keys of kinds when they are to be explained.

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "tools/ppword/Commands.h"
+
 /// A kind of finding or loss that a command can refuse.
 struct Kind {
   std::string_view key;
@@ -37,16 +39,6 @@ inline constexpr std::string_view kUnknownCall = "unknown-call";
 inline constexpr std::string_view kTableEntry = "table-entry";
 // The kind of the lint, for lines that are put out.
 inline constexpr std::string_view kWideLine = "wide-line";
-
-/// The values of the options --strict and --allow, one for each time that they are given: keys
-/// between commas, or kAllKinds for --strict alone.
-struct StrictnessOptions {
-  std::vector<std::string> refused;
-  std::vector<std::string> allowed;
-};
-
-// What the option parser makes of an option without a value.
-inline constexpr std::string_view kAllKinds = "true";
 
 /// Which kinds a run refuses: with --strict all but notes, with --strict=KEY,... these, and in both
 /// cases none of --allow=KEY,...

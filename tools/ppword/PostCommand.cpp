@@ -16,6 +16,7 @@
 #include "post/toolpath/ToolPath.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/Kinds.h"
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/PostOutput.h"
 #include "tools/ppword/PostReport.h"
