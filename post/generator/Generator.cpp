@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -50,11 +51,15 @@ bool isExact(const Element& element, std::string_view name, int motion) {
 /// Counts what the module reports of the element that is being written.
 class Generator::Listener final : public KEPMfgPPWordListener {
  public:
-  explicit Listener(Summary& summary) : summary_(summary) {}
+  Listener(Summary& summary, const GivenValues& given) : summary_(summary), given_(given) {}
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
 
   void listenFor(const Element& element) noexcept { element_ = &element; }
+  /// The motions of a sequential activity have speeds of their own.
+  void listenFor(const ActivityStart& activity) noexcept {
+    hasOwnSpeeds_ = activity.motions.has_value();
+  }
 
   void ReferenceLookedUp(std::string_view /*name*/, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* /*evaluation*/) override {
@@ -62,6 +67,9 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
+    if (source == Source::Evaluation && !isGiven(name)) {
+      summary_.neverGiven.add(name, element_->line, titleOf(*element_));
+    }
     if (source == Source::NotEvaluated) {
       summary_.unevaluated.add(name, element_->line, titleOf(*element_));
     } else if (source == Source::Evaluation && lacksNumber(text)) {
@@ -81,6 +89,13 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
  private:
+  [[nodiscard]] bool isGiven(std::string_view parameter) {
+    const auto [known, isNew] = readings_.try_emplace(type_);
+    if (isNew) known->second = valuesReadBy(parameter);
+    if (given_.holdAll(known->second)) return true;
+    return hasOwnSpeeds_ && parameter == "MFG_SPNDL_SPEED";
+  }
+
   /// True for the text of a parameter type that prints numbers when no digit is in it.
   [[nodiscard]] bool lacksNumber(std::string_view text) const {
     if (text.find_first_of("0123456789") != std::string_view::npos) return false;
@@ -89,6 +104,10 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
   Summary& summary_;
+  const GivenValues& given_;
+  /// What the parameters print, by their types.
+  std::unordered_map<const KEPBaseUnknown*, BufferValues> readings_;
+  bool hasOwnSpeeds_ = false;
   const Element* element_ = nullptr;
   /// Of the reference that was looked up last.
   const KEPBaseUnknown* type_ = nullptr;
@@ -100,7 +119,7 @@ Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink&
       words_(document_->ppWordContainer()),
       buffers_(words_),
       sink_(sink),
-      listener_(std::make_unique<Listener>(summary_)) {
+      listener_(std::make_unique<Listener>(summary_, given_)) {
   summary_.file = file;
   words_->SetObjects({});
 }
@@ -115,6 +134,7 @@ void Generator::run(ToolPathReader& toolPath) {
 }
 
 void Generator::put(const ActivityStart& start) {
+  listener_->listenFor(start);
   KEPVar<Activity> activity = Activity::create(static_cast<const ActivityValues&>(start));
   if (start.isVirtual) activity = Activity::createVirtual(start.name, activity);
   words_->SetObjects(activity);
@@ -123,15 +143,18 @@ void Generator::put(const ActivityStart& start) {
 void Generator::put(const Element& element) {
   listener_->listenFor(element);
   buffers_.apply(element.changes);
+  const std::string title = titleOf(element);
+  given_.read(element, title);
   const Instruction instruction = instructionOf(element);
   for (const Position& position : element.positions) {
     buffers_.apply(position);
+    given_.read(position, element, title);
     instantiate(instruction, element);
   }
   if (element.positions.empty()) instantiate(instruction, element);
   const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
   summary_.elements += count;
-  summary_.instructions.add(instruction.name, element.line, titleOf(element), count);
+  summary_.instructions.add(instruction.name, element.line, title, count);
 }
 
 Generator::Instruction Generator::instructionOf(const Element& element) {

@@ -9,6 +9,7 @@
 #include "KEPIMfgPPCommand.h"
 #include "KEPIMfgSyntaxEvaluation.h"
 #include "host/modeler/Document.h"
+#include "post/generator/GivenValues.h"
 #include "post/generator/MotionBuffers.h"
 #include "post/generator/Summary.h"
 #include "post/output/LineSink.h"
@@ -61,6 +62,7 @@ class Generator {
   MotionBuffers buffers_;
   LineSink& sink_;
   Summary summary_;
+  GivenValues given_{summary_.impossible};
   KEPListValKEPUnicodeString lines_;
   std::optional<std::vector<KEPIMfgPPCommand_var>> commands_;
   std::unique_ptr<Listener> listener_;

@@ -65,6 +65,12 @@ struct Summary {
   Tally unevaluated;
   /// References to a number whose format printed no digit, by the parameter's name.
   Tally withoutNumber;
+  /// Parameters that print a value of a motion buffer which the tool path has not stated, by name.
+  Tally neverGiven;
+  /// Stated values that no machine can mean, by the name that a job has for them: a tool axis whose
+  /// length differs from 1 by more than 1e-4, a negative feed rate or speed, a circle or helix of
+  /// radius 0, a number of 1e15 or more.
+  Tally impossible;
   /// Lines wider than the columns of a statement, by the NC instruction.
   Tally wide;
   /// Ends of parameter names that were cut off, by the name with its end.

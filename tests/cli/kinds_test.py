@@ -65,6 +65,29 @@ class Kinds(program.ProgramTest):
         self.assertEqual((done.returncode, done.stdout), (1, ""))
         self.assertIn("not written: 1 finding is refused\n", done.stderr)
 
+    def test_values_that_nothing_stated_or_no_machine_means_are_refused(self):
+        self.write("go", JOB.replace("NC_TOOL_CHANGE", "NC_GOTO"))
+        done = self.run_program("post", "go")
+        self.assertEqual(done.returncode, 0)
+        self.assertIn(
+            "  WARNING: printed, but never stated: MFG_XPOINT 1 (first in line 2, NC_GOTO), "
+            "MFG_YPOINT 1 (first in line 2, NC_GOTO), MFG_ZPOINT 1 (first in line 2, NC_GOTO)\n",
+            done.stderr,
+        )
+        self.assertEqual(self.status("post", "--strict", "go"), 1)
+        self.assertEqual(self.status("post", "--strict=never-given", "go"), 1)
+        self.assertEqual(self.status("post", "--strict", "--allow=never-given", "go"), 0)
+        axis = '"NC_GOTO_VARIABLE_AXIS","axis":[0,0,2],"points":[[1,2,3]]'
+        self.write("tilt", JOB.replace('"NC_TOOL_CHANGE"', axis))
+        done = self.run_program("post", "--strict", "tilt")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn(
+            "  WARNING: values that no machine can mean: axis 1 (first in line 2, "
+            "NC_GOTO_VARIABLE_AXIS)\n",
+            done.stderr,
+        )
+        self.assertEqual(self.status("post", "--strict", "--allow=impossible-value", "tilt"), 0)
+
     def test_unknown_key_is_a_mistake_with_the_nearest(self):
         lists = "'ppword check --explain' lists all"
         nearest = f"there is no kind 'wide-lime'; did you mean 'wide-line'?; {lists}"

@@ -79,6 +79,7 @@ std::vector<Loss> lossesOf(const PostReport& report) {
   return {
       {kUnevaluated, summary.unevaluated.total()}, {kWithoutNumber, summary.withoutNumber.total()},
       {kCutOff, summary.dropped.total()},          {kDeleted, summary.deleted.total()},
+      {kNeverGiven, summary.neverGiven.total()},   {kImpossible, summary.impossible.total()},
       {kLostCall, calls(CallFate::Dropped)},       {kLostMove, calls(CallFate::UnsupportedMove)},
       {kUnknownCall, calls(CallFate::Unknown)},    {kTableEntry, report.missingEntries},
       {kWideLine, summary.wide.total(), true}};
@@ -124,6 +125,8 @@ std::string reportText(const PostReport& report, std::string_view refusal) {
   text += tallyLine("WARNING: printed without a number", summary.withoutNumber, true);
   text += tallyLine("WARNING: names cut off", summary.dropped, true);
   text += tallyLine("WARNING: operations deleted", summary.deleted, true);
+  text += tallyLine("WARNING: printed, but never stated", summary.neverGiven, true);
+  text += tallyLine("WARNING: values that no machine can mean", summary.impossible, true);
   text += tallyLine("NOTE: lines wider than 72 columns, which some APT readers cut", summary.wide,
                     true);
   if (report.missingEntries > 0) {
@@ -147,6 +150,8 @@ Json reportJson(const PostReport& report, bool written) {
             {"withoutNumber", tallyJson(summary.withoutNumber, false)},
             {"cutOff", tallyJson(summary.dropped, false)},
             {"deleted", tallyJson(summary.deleted, false)},
+            {"neverGiven", tallyJson(summary.neverGiven, false)},
+            {"impossible", tallyJson(summary.impossible, false)},
             {"wide", tallyJson(summary.wide, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
   if (report.listing == nullptr) return json;

@@ -1,0 +1,154 @@
+#include "post/generator/GivenValues.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+#include "language/number/DecimalPrefix.h"
+
+namespace host {
+namespace {
+
+constexpr double kLongestUnitVector = 1e-4;
+constexpr double kLargest = 1e15;
+
+struct Reading {
+  /// What the name of a parameter begins with, and what it ends with.
+  std::string_view begin;
+  std::string_view end;
+  BufferValues values;
+};
+
+constexpr BufferValues kHeight =
+    BufferValues(BufferValue::HelixAxis) | BufferValue::HelixStart | BufferValue::HelixEnd;
+constexpr BufferValues kTurns = kHeight | BufferValue::HelixPitch;
+
+// The first that fits counts.
+constexpr Reading kReadings[] = {{"MFG_", "POINT", BufferValue::Point},
+                                 {"MFG_CIRCLE_", "_TGT", BufferValue::CircleTangent},
+                                 {"MFG_CIRCLE_", "_CENTER", BufferValue::CircleCenter},
+                                 {"MFG_CIRCLE_", "RADIUS", BufferValue::CircleRadius},
+                                 {"MFG_CIRCLE_", "_NORMAL", BufferValue::CircleNormal},
+                                 {"MFG_CIRCLE_", "_PT", BufferValue::CirclePoint},
+                                 {"MFG_HELICAL_INDIRV_", "", BufferValue::HelixInDirV},
+                                 {"MFG_HELICAL_", "_CENTER", BufferValue::HelixCenter},
+                                 {"MFG_HELICAL_", "RADIUS", BufferValue::HelixRadius},
+                                 {"MFG_HELICAL_", "_AXIS", BufferValue::HelixAxis},
+                                 {"MFG_HELICAL_", "_END", BufferValue::HelixEnd},
+                                 {"MFG_HELICAL_", "PITCH", BufferValue::HelixPitch},
+                                 {"MFG_HELICAL_", "HEIGHT", kHeight},
+                                 {"MFG_HELICAL_", "ROUND", kTurns},
+                                 {"MFG_HELICAL_", "ANGLE", kTurns},
+                                 {"MFG_", "AXIS", BufferValue::ToolAxis},
+                                 {"MFG_FEED_VALUE", "", BufferValue::Feedrate},
+                                 {"MFG_SPNDL_SPEED", "", BufferValue::SpindleSpeed}};
+
+bool fits(const Reading& row, std::string_view parameter) {
+  // MFG_XPOINT and MFG_XAXIS have one letter between.
+  const bool isShort = row.begin == "MFG_";
+  return parameter.starts_with(row.begin) && parameter.ends_with(row.end) &&
+         (!isShort || parameter.size() == row.begin.size() + 1 + row.end.size());
+}
+
+bool isUnit(const Triple& axis) {
+  const double length = std::hypot(axis[0], axis[1], axis[2]);
+  return std::abs(length - 1.0) <= kLongestUnitVector;
+}
+
+bool isLarge(double value) { return std::abs(value) >= kLargest; }
+bool isLarge(const Triple& triple) {
+  return std::any_of(triple.begin(), triple.end(), [](double each) { return isLarge(each); });
+}
+
+/// False for a feed rate or a speed: negative, or too large.
+bool isPossible(const TypedValue& value) {
+  const auto number = ppword::decimalPrefix(value.text);
+  return !number || (*number >= 0.0 && !isLarge(*number));
+}
+
+/// Reads the values of one element.
+class ElementReader {
+ public:
+  ElementReader(const Element& element, std::string_view title, Tally& impossible,
+                BufferValues& given)
+      : element_(element), title_(title), impossible_(impossible), given_(given) {}
+
+  void read() {
+    const BufferChanges& changes = element_.changes;
+    if (changes.toolAxis) readAxis(*changes.toolAxis);
+    if (changes.circle) read(*changes.circle);
+    if (changes.helix) read(*changes.helix);
+    if (changes.feedrate) readValue(changes.feedrate->value, BufferValue::Feedrate, "feedrate");
+    if (changes.spindle) readValue(changes.spindle->value, BufferValue::SpindleSpeed, "spindle");
+    if (!element_.positions.empty()) given_.add(BufferValue::Point);
+  }
+
+  void readAxis(const Triple& axis) {
+    given_.add(BufferValue::ToolAxis);
+    if (!isUnit(axis)) count("axis");
+  }
+
+  void count(std::string_view what) { impossible_.add(what, element_.line, title_); }
+
+ private:
+  void read(const CircleChange& circle) {
+    using enum BufferValue;
+    read(circle.tangent, CircleTangent, "circle.tangent");
+    read(circle.center, CircleCenter, "circle.center");
+    readRadius(circle.radius, CircleRadius, "circle.radius");
+    read(circle.normal, CircleNormal, "circle.normal");
+    read(circle.point, CirclePoint, "circle.point");
+  }
+  void read(const HelixChange& helix) {
+    using enum BufferValue;
+    read(helix.inDirV, HelixInDirV, "helix.indirv");
+    read(helix.center, HelixCenter, "helix.center");
+    readRadius(helix.radius, HelixRadius, "helix.radius");
+    read(helix.axis, HelixAxis, "helix.axis");
+    read(helix.start, HelixStart, "helix.start");
+    read(helix.end, HelixEnd, "helix.end");
+    read(helix.pitch, HelixPitch, "helix.pitch");
+  }
+  template <class Value>
+  void read(const std::optional<Value>& value, BufferValue which, std::string_view name) {
+    if (!value) return;
+    given_.add(which);
+    if (isLarge(*value)) count(name);
+  }
+  void readRadius(const std::optional<double>& radius, BufferValue which, std::string_view name) {
+    read(radius, which, name);
+    if (radius && *radius == 0.0) count(name);
+  }
+  void readValue(const std::optional<TypedValue>& value, BufferValue which, std::string_view name) {
+    if (!value) return;
+    given_.add(which);
+    if (!isPossible(*value)) count(name);
+  }
+
+  const Element& element_;
+  std::string_view title_;
+  Tally& impossible_;
+  BufferValues& given_;
+};
+
+}  // namespace
+
+BufferValues valuesReadBy(std::string_view parameter) {
+  const auto* const row =
+      std::find_if(std::begin(kReadings), std::end(kReadings),
+                   [parameter](const Reading& each) { return fits(each, parameter); });
+  return row == std::end(kReadings) ? BufferValues() : row->values;
+}
+
+void GivenValues::read(const Element& element, std::string_view title) {
+  ElementReader(element, title, impossible_, given_).read();
+}
+
+void GivenValues::read(const Position& position, const Element& element, std::string_view title) {
+  if (!position.toolAxis && !isLarge(position.point)) return;
+  ElementReader reader(element, title, impossible_, given_);
+  if (isLarge(position.point)) reader.count("points");
+  if (position.toolAxis) reader.readAxis(*position.toolAxis);
+}
+
+}  // namespace host
