@@ -27,15 +27,4 @@ std::size_t CallCounts::names(CallFate fate) const {
   return static_cast<std::size_t>(std::ranges::count(counts_, fate, &CallCount::fate));
 }
 
-std::string CallCounts::describe(CallFate fate) const {
-  std::string text;
-  for (const CallCount& call : counts_) {
-    if (call.fate != fate) continue;
-    if (!text.empty()) text += ", ";
-    text += call.name + ' ' + std::to_string(call.count) + " (first in line " +
-            std::to_string(call.firstLine) + ')';
-  }
-  return text;
-}
-
 }  // namespace host

@@ -36,8 +36,6 @@ class CallCounts {
   [[nodiscard]] long total(CallFate fate) const;
   /// How many different calls have this fate.
   [[nodiscard]] std::size_t names(CallFate fate) const;
-  /// "ARC_FEED 12 (first in line 30), RIGID_TAP 1 (first in line 99)"; empty for none.
-  [[nodiscard]] std::string describe(CallFate fate) const;
 
  private:
   std::vector<CallCount> counts_;

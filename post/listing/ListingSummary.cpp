@@ -6,20 +6,6 @@
 namespace host {
 namespace {
 
-struct Paragraph {
-  CallFate fate;
-  std::string_view opening;
-};
-
-constexpr Paragraph kParagraphs[] = {
-    {CallFate::Move, "moves: "},
-    {CallFate::Written, "written as lines: "},
-    {CallFate::Other, "no output needed: "},
-    {CallFate::Dropped, "WARNING: calls only partly written: "},
-    {CallFate::Unknown, "WARNING: unknown calls, missing from the output: "},
-    {CallFate::UnsupportedMove, "WARNING: moves missing from the output: "},
-};
-
 /// The unit of feed rates if their words name another one than that of the positions.
 std::string feedUnitLine(const ListingReader& listing) {
   const auto& unit = listing.vocabulary().feedPerMinute;
@@ -43,14 +29,9 @@ std::vector<std::string> summaryLines(const ListingReader& listing) {
   if (listing.hasToolAxes()) {
     lines.emplace_back("positions taken as those of the tool's tip in the part's frame");
   }
-  for (const auto& [fate, opening] : kParagraphs) {
-    const std::string calls = listing.calls().describe(fate);
-    if (!calls.empty()) lines.push_back(std::string(opening) + calls);
-  }
   if (listing.vocabulary().bareTexts && hasTexts(listing)) {
     lines.emplace_back(
-        "WARNING: comments and messages are written as they are; the NC_OUTPUT_COMMENT of a "
-        "table can put PPRINT or $$ before them");
+        "WARNING: comments are written bare; begin NC_OUTPUT_COMMENT with PPRINT or $$");
   }
   return lines;
 }

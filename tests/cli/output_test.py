@@ -191,9 +191,7 @@ class OutputFile(program.ProgramTest):
 class Strict(program.ProgramTest):
     LACKING = (
         "job: 3 elements, 3 lines\n"
-        "  instructions: NC_GOTO 2, NC_REAMING 1\n"
-        "  WARNING: not evaluated: MFG_TOTAL_DEPTH 1 (first in line 3, NC_REAMING), "
-        "MFG_CLEAR_TIP 1 (first in line 3, NC_REAMING)\n"
+        "  WARNING: not evaluated: MFG_TOTAL_DEPTH (in line 3, NC_REAMING), and 1 more\n"
     )
 
     def test_lacking_text_is_written_without_strict(self):

@@ -19,7 +19,7 @@ APT = (
     "GOTO/    1.00000,    2.00000,    3.00000\n"
     "GOTO/    4.00000,    5.00000,    6.00000\n"
 )
-REPORT = "job: 2 elements, 2 lines\n  instructions: NC_GOTO 2\n"
+REPORT = "job: 2 elements, 2 lines\n"
 LACKING_JOB = JOB.replace('{"end"', '{"nc":"NC_REAMING"}\n{"end"')
 TABLE = "*START_SYNTAXES\nRAPID\n*END\n"
 

@@ -55,8 +55,9 @@ class LoadReport(program.ProgramTest):
             ", MFG_FEED_TYPE, MFG_FEED_RATIO, MFG_OUTPUT_COMMENT\n"
             "job: 2 elements, 2 lines\n"
             "  table: table, given with -t\n"
-            "  instructions: NC_GOTO 2\n"
             "  WARNING: 4 entries of the table were not loaded; -v shows which\n"
+            "  instructions:\n"
+            "    NC_GOTO  2  first in line 2\n"
             "standard output: written\n"
         )
         report = done.stderr.replace("\n    MFG_FEED_TYPE", " MFG_FEED_TYPE")
@@ -95,6 +96,74 @@ class LoadReport(program.ProgramTest):
     def test_command_that_is_never_loaded_is_not_missing(self):
         self.write("table", "*START_NC_COMMAND NC_SPINDLE_STOP\nX\n*END\n")
         self.assertEqual(self.run_program("post", "--strict", "job", "-t", "table").returncode, 0)
+
+
+JOB_OF_GOTO = (
+    '{"job":1,"program":"P","units":"mm"}\n'
+    '{"nc":"NC_GOTO","points":[[1,2,3],[4,5,6]]}\n{"end":true}\n'
+)
+
+
+class ShortReport(program.ProgramTest):
+    """A run in which everything goes wrong that can."""
+
+    def setUp(self):
+        super().setUp()
+        own = "*START_NC_COMMAND NC_%s\n%s\n*END\n"
+        self.write(
+            "table",
+            own % ("GOTO", "GOTO/%MFG_XPOINT,%MFG_NOWHERE,%MFG_A)XX,1*A,2+")
+            + own % ("RAPID", "R/" + 90 * "9")
+            + "*START_FORMAT MFG_XPOINT\nX\n*END\n",
+        )
+        self.write(
+            "listing",
+            "    1 N..... USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+            "    2 N..... STRAIGHT_TRAVERSE(2000000000000000.0, 0.0, 9.0, 0.0, 0.0, 0.0)\n"
+            "    3 N..... STRAIGHT_FEED(0.0, 0.0, 1.0, 0.0, 0.0, 0.0)\n"
+            "    4 N..... NURBS_FEED(5, ...)\n"
+            "    5 N..... PROGRAM_STOP()\n"
+            "    6 N..... WOBBLE()\n"
+            '    7 N..... COMMENT("bare")\n'
+            "    8 N..... PROGRAM_END()\n",
+        )
+
+    def lines(self, *options):
+        done = self.run_program("post", "listing", "-t", "table", *options)
+        return done.stderr.splitlines()
+
+    def test_report_has_at_most_eight_lines_of_80_columns(self):
+        lines = self.lines()
+        self.assertEqual(len(lines), 8, lines)
+        for line in lines:
+            self.assertLessEqual(len(line), 80, line)
+        self.assertEqual(lines[1], "  table: table, given with -t")
+        for line in lines[2:7]:
+            self.assertTrue(line.startswith("  WARNING: "), line)
+        self.assertRegex(lines[6], r"^  WARNING: \d+ more kinds; -v shows them$")
+        self.assertEqual(lines[7], "standard output: written")
+
+    def test_verbose_report_has_every_kind_and_name(self):
+        text = "\n".join(self.lines("-v"))
+        for piece in (
+            "  WARNING: moves missing from the output:\n    NURBS_FEED  1  first in line 4\n",
+            "  WARNING: calls only partly written:\n    PROGRAM_STOP  1  first in line 5\n",
+            "  WARNING: unknown calls, missing from the output:\n    WOBBLE  1  first in line 6\n",
+            "  WARNING: operations deleted:\n    2+  2  first in line 2, NC_GOTO\n",
+            "  WARNING: values that no machine can mean:\n    points  1  first in line 2, NC_GOTO\n",
+            "  calls that need no output:\n    USE_LENGTH_UNITS  1  first in line 1\n",
+            "  moves:\n    STRAIGHT_TRAVERSE  1  first in line 2\n",
+            "  NOTE: lines wider than 72 columns:\n    NC_RAPID  1  first in line 2\n",
+        ):
+            self.assertIn(piece, text)
+
+    def test_deleted_operation_is_apart_from_its_count(self):
+        self.write("job", JOB_OF_GOTO)
+        self.write("table", "*START_NC_COMMAND NC_GOTO\nX/25.3*\n*END\n")
+        done = self.run_program("post", "job", "-t", "table")
+        self.assertIn(
+            "  WARNING: operations deleted: 25.3* (2 times, first in line 2, NC_GOTO)\n", done.stderr
+        )
 
 
 class BoundedList(program.ProgramTest):

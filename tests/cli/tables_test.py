@@ -25,7 +25,7 @@ def report(table):
     return (
         "job: 2 elements, 2 lines\n"
         + table
-        + "  instructions: NC_GOTO 2\nstandard output: written\n"
+        + "standard output: written\n"
     )
 
 

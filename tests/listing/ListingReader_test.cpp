@@ -199,6 +199,11 @@ std::string summaryOf(std::string_view listing, const host::ListingOptions& opti
   }
   std::string summary;
   for (const std::string& line : host::summaryLines(reader)) summary += line + '\n';
+  constexpr std::string_view kFates[] = {"move", "written", "other", "dropped", "lost", "unknown"};
+  for (const host::CallCount& call : reader.calls().all()) {
+    ((summary += kFates[static_cast<std::size_t>(call.fate)]) += ' ') +=
+        call.name + ' ' + std::to_string(call.count) + '@' + std::to_string(call.firstLine) + '\n';
+  }
   return summary;
 }
 
@@ -214,12 +219,15 @@ TEST(ListingSummary, TellsMovesUnitAndWhatTheTextLacks) {
                       rotary("A:table:X")),
             R"(positions in millimetres
 positions taken as those of the tool's tip in the part's frame
-moves: STRAIGHT_TRAVERSE 1 (first in line 2), STRAIGHT_FEED 1 (first in line 3)
-written as lines: SET_FEED_RATE 2 (first in line 4)
-no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 10)
-WARNING: calls only partly written: PROGRAM_STOP 1 (first in line 6)
-WARNING: unknown calls, missing from the output: WOBBLE 1 (first in line 9)
-WARNING: moves missing from the output: ARC_FEED 1 (first in line 7), NURBS_FEED 1 (first in line 8)
+other USE_LENGTH_UNITS 1@1
+move STRAIGHT_TRAVERSE 1@2
+move STRAIGHT_FEED 1@3
+written SET_FEED_RATE 2@4
+dropped PROGRAM_STOP 1@6
+lost ARC_FEED 1@7
+lost NURBS_FEED 1@8
+unknown WOBBLE 1@9
+other FINISH 1@10
 )");
 }
 
@@ -230,8 +238,9 @@ TEST(ListingSummary, TellsTheUnitOfFeedRatesWhereItIsAnother) {
   options.vocabulary.feedPerMinute = host::LengthUnit::Millimetre;
   EXPECT_EQ(summaryOf(listing, options), R"(positions in inches
 feed rates in millimetres, as their words say
-moves: STRAIGHT_TRAVERSE 1 (first in line 2)
-no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)
+other USE_LENGTH_UNITS 1@1
+move STRAIGHT_TRAVERSE 1@2
+other FINISH 1@3
 )");
 }
 
@@ -239,13 +248,10 @@ TEST(ListingSummary, WarnsOfBareTexts) {
   host::ListingOptions options;
   options.vocabulary.bareTexts = true;
   EXPECT_EQ(summaryOf(program("COMMENT(\"\")\n"), options),
-            "no output needed: USE_LENGTH_UNITS 1 (first in line 1), COMMENT 1 (first in line 2), "
-            "FINISH 1 (first in line 3)\n");
+            "other USE_LENGTH_UNITS 1@1\nother COMMENT 1@2\nother FINISH 1@3\n");
   EXPECT_EQ(summaryOf(program("MESSAGE(\"GOTO/1,2,3\")\n"), options),
-            "written as lines: MESSAGE 1 (first in line 2)\n"
-            "no output needed: USE_LENGTH_UNITS 1 (first in line 1), FINISH 1 (first in line 3)\n"
-            "WARNING: comments and messages are written as they are; the NC_OUTPUT_COMMENT "
-            "of a table can put PPRINT or $$ before them\n");
+            "WARNING: comments are written bare; begin NC_OUTPUT_COMMENT with PPRINT or $$\n"
+            "other USE_LENGTH_UNITS 1@1\nwritten MESSAGE 1@2\nother FINISH 1@3\n");
 }
 
 TEST(ListingSummary, WithoutMovesNamesNoUnit) {

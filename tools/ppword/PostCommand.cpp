@@ -100,7 +100,7 @@ void reportRun(const PostOptions& options, const PostReport& report, std::string
     return;
   }
   if (options.verbose) writeMessage("load report:\n" + load.text(document));
-  writeMessage(reportText(report, refusal));
+  writeMessage(reportText(report, refusal, options.verbose));
 }
 
 // Loads the table of the run, and sets up its input and document.

@@ -1,12 +1,15 @@
 #include "tools/ppword/PostReport.h"
 
+#include <algorithm>
 #include <array>
+#include <iterator>
 #include <nlohmann/json.hpp>
 #include <string_view>
 #include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
 #include "post/listing/ListingReader.h"
+#include "post/text/FoldedLines.h"
 
 namespace {
 
@@ -17,22 +20,149 @@ std::string number(long count, std::string_view singular) {
   return std::to_string(count) + ' ' + std::string(singular) + (count == 1 ? "" : "s");
 }
 
-// "NC_GOTO 12, NC_RAPID 3", each with its first place if asked for.
-std::string tallyText(const Tally& tally, bool places) {
-  std::string text;
+constexpr std::size_t kColumns = 80;
+constexpr std::size_t kMostLines = 8;
+
+// What was counted under one name, and where it was first.
+struct Count {
+  std::string name;
+  long count;
+  std::string place;
+};
+
+// Counts of one kind.
+struct Counts {
+  std::string_view opening;
+  std::vector<Count> all;
+  // Names beyond those that are counted each.
+  long others = 0;
+  // Whether a line of them says where each was first.
+  bool hasPlaces = true;
+};
+
+Counts countsOf(std::string_view opening, const Tally& tally) {
+  Counts counts{opening, {}, tally.others()};
   for (const Tally::Entry& entry : tally.entries()) {
-    text += (text.empty() ? "" : ", ") + entry.name + ' ' + std::to_string(entry.count);
-    if (!places) continue;
-    text +=
-        " (first in line " + std::to_string(entry.firstLine) + ", " + entry.firstInstruction + ')';
+    std::string place = "in line " + std::to_string(entry.firstLine);
+    const bool isNamed = entry.firstInstruction.empty() || entry.firstInstruction == entry.name;
+    if (!isNamed) place += ", " + host::terminalSafe(entry.firstInstruction);
+    counts.all.push_back({host::terminalSafe(entry.name), entry.count, std::move(place)});
   }
-  if (tally.others() > 0) text += ", others " + std::to_string(tally.others());
-  return host::terminalSafe(text);
+  return counts;
 }
 
-std::string tallyLine(std::string_view opening, const Tally& tally, bool places) {
-  if (tally.total() == 0) return "";
-  return "  " + std::string(opening) + ": " + tallyText(tally, places) + '\n';
+Counts countsOf(std::string_view opening, const PostReport& report, CallFate fate) {
+  Counts counts{opening, {}, 0, fate != CallFate::Move};
+  if (report.listing == nullptr) return counts;
+  for (const host::CallCount& call : report.listing->calls().all()) {
+    if (call.fate != fate) continue;
+    counts.all.push_back(
+        {host::terminalSafe(call.name), call.count, "in line " + std::to_string(call.firstLine)});
+  }
+  return counts;
+}
+
+// What a reader has to know.
+std::vector<Counts> findingsOf(const PostReport& report) {
+  const host::Summary& summary = report.summary;
+  return {countsOf("WARNING: moves missing from the output", report, CallFate::UnsupportedMove),
+          countsOf("WARNING: unknown calls, missing from the output", report, CallFate::Unknown),
+          countsOf("WARNING: calls only partly written", report, CallFate::Dropped),
+          countsOf("WARNING: not evaluated", summary.unevaluated),
+          countsOf("WARNING: printed without a number", summary.withoutNumber),
+          countsOf("WARNING: names cut off", summary.dropped),
+          countsOf("WARNING: operations deleted", summary.deleted),
+          countsOf("WARNING: printed, but never stated", summary.neverGiven),
+          countsOf("WARNING: values that no machine can mean", summary.impossible),
+          countsOf("NOTE: lines wider than 72 columns", summary.wide),
+          countsOf("moves", report, CallFate::Move)};
+}
+
+// The rest of what was counted.
+std::vector<Counts> detailsOf(const PostReport& report) {
+  Counts instructions = countsOf("instructions", report.summary.instructions);
+  for (Count& count : instructions.all) {
+    count.place.erase(std::min(count.place.find(','), count.place.size()));
+  }
+  return {std::move(instructions), countsOf("calls written as lines", report, CallFate::Written),
+          countsOf("calls that need no output", report, CallFate::Other)};
+}
+
+// A line of at most kColumns.
+std::string shortened(std::string text) {
+  if (host::columnsOf(text) <= kColumns) return text;
+  while (host::columnsOf(text) > kColumns - 3) text.pop_back();
+  while ((static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
+  return text + "...";
+}
+
+// "STRAIGHT_FEED 418"; with places "MFG_A (in line 7)" or "MFG_A (2 times, first in line 7)".
+std::string countText(const Count& count, bool hasPlace) {
+  if (!hasPlace) return count.name + ' ' + std::to_string(count.count);
+  const std::string times = std::to_string(count.count) + " times, first ";
+  return count.name + " (" + (count.count == 1 ? "" : times) + count.place + ')';
+}
+
+// How many more there are after those shown.
+std::string moreText(std::size_t left) {
+  return left == 0 ? "" : ", and " + std::to_string(left) + " more";
+}
+
+// The first one, as much of it as fits: without its instruction, if need be.
+std::string firstText(const std::string& opening, const Count& first, bool hasPlace,
+                      std::size_t left) {
+  const std::string line = opening + countText(first, hasPlace) + moreText(left);
+  if (host::columnsOf(line) <= kColumns) return opening + countText(first, hasPlace);
+  Count shorter = first;
+  shorter.place.erase(std::min(shorter.place.find(','), shorter.place.size()));
+  return opening + countText(shorter, hasPlace);
+}
+
+// As many as fit.
+std::string countsLine(const Counts& counts) {
+  std::size_t left = counts.all.size() - 1;
+  const std::string opening = (std::string("  ") += counts.opening) + ": ";
+  std::string line = firstText(opening, counts.all.front(), counts.hasPlaces, left);
+  for (; left > 0; --left) {
+    const Count& count = counts.all[counts.all.size() - left];
+    const std::string next = line + ", " + countText(count, counts.hasPlaces);
+    if (host::columnsOf(next + moreText(left - 1)) > kColumns) break;
+    line = next;
+  }
+  const std::string whole = line + moreText(left);
+  return host::columnsOf(whole) <= kColumns ? whole : shortened(line);
+}
+
+// One name a line, in columns.
+std::string countsTable(const Counts& counts) {
+  std::size_t width = 0;
+  std::size_t digits = 0;
+  for (const Count& count : counts.all) {
+    width = std::max(width, host::columnsOf(count.name));
+    digits = std::max(digits, std::to_string(count.count).size());
+  }
+  std::string text = (std::string("  ") += counts.opening) + ":\n";
+  for (const Count& count : counts.all) {
+    const std::string number = std::to_string(count.count);
+    text += "    " + count.name + std::string(width - host::columnsOf(count.name) + 2, ' ') +
+            std::string(digits - number.size(), ' ') + number + "  first " + count.place + '\n';
+  }
+  if (counts.others > 0) text += "    others  " + std::to_string(counts.others) + '\n';
+  return text;
+}
+
+// Leaves lines out that are too many: first those that warn of nothing.
+void limit(std::vector<std::string>& lines, std::size_t most) {
+  const auto warns = [](const std::string& line) { return line.starts_with("  WARNING"); };
+  while (lines.size() > most) {
+    const auto other = std::find_if_not(lines.rbegin(), lines.rend(), warns);
+    if (other == lines.rend()) break;
+    lines.erase(std::next(other).base());
+  }
+  if (lines.size() <= most) return;
+  const std::size_t left = lines.size() - (most - 1);
+  lines.resize(most - 1);
+  lines.push_back("  WARNING: " + std::to_string(left) + " more kinds; -v shows them");
 }
 
 Json tallyJson(const Tally& tally, bool instructions) {
@@ -110,28 +240,31 @@ std::string refusalOf(const PostReport& report, const Strictness& strictness) {
              : number(count, "finding") + (count == 1 ? " is" : " are") + " refused";
 }
 
-std::string reportText(const PostReport& report, std::string_view refusal) {
+std::string reportText(const PostReport& report, std::string_view refusal, bool verbose) {
   const host::Summary& summary = report.summary;
   std::string text = host::terminalSafe(summary.file) + ": " + number(summary.elements, "element") +
                      ", " + number(summary.lines, "line") + '\n';
   text += tableText(report.table);
-  text += tallyLine("instructions", summary.instructions, false);
+  const auto linesSoFar = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+  std::vector<std::string> lines;
+  for (const Counts& counts : findingsOf(report)) {
+    if (!counts.all.empty()) lines.push_back(countsLine(counts));
+  }
+  if (report.missingEntries > 0) {
+    lines.push_back("  WARNING: " + std::to_string(report.missingEntries) +
+                    " entries of the table were not loaded; -v shows which");
+  }
   if (report.listing != nullptr) {
     for (const std::string& line : host::summaryLines(*report.listing)) {
-      text += "  " + host::terminalSafe(line) + '\n';
+      lines.push_back("  " + host::terminalSafe(line));
     }
   }
-  text += tallyLine("WARNING: not evaluated", summary.unevaluated, true);
-  text += tallyLine("WARNING: printed without a number", summary.withoutNumber, true);
-  text += tallyLine("WARNING: names cut off", summary.dropped, true);
-  text += tallyLine("WARNING: operations deleted", summary.deleted, true);
-  text += tallyLine("WARNING: printed, but never stated", summary.neverGiven, true);
-  text += tallyLine("WARNING: values that no machine can mean", summary.impossible, true);
-  text += tallyLine("NOTE: lines wider than 72 columns, which some APT readers cut", summary.wide,
-                    true);
-  if (report.missingEntries > 0) {
-    text += "  WARNING: " + std::to_string(report.missingEntries) +
-            " entries of the table were not loaded; -v shows which\n";
+  if (!verbose) limit(lines, kMostLines - std::min(linesSoFar + 1, kMostLines - 2));
+  for (const std::string& line : lines) text += line + '\n';
+  if (verbose) {
+    for (const auto& all : {detailsOf(report), findingsOf(report)}) {
+      for (const Counts& counts : all) text += counts.all.empty() ? "" : countsTable(counts);
+    }
   }
   return text + outcomeText(report, refusal);
 }
