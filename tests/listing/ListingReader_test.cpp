@@ -256,7 +256,7 @@ TEST(ListingSummary, WarnsOfBareTexts) {
 
 TEST(ListingSummary, WithoutMovesNamesNoUnit) {
   EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}),
-            "no output needed: FINISH 1 (first in line 1)\n");
+            "other FINISH 1@1\n");
 }
 
 }  // namespace
