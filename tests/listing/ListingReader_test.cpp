@@ -255,8 +255,7 @@ TEST(ListingSummary, WarnsOfBareTexts) {
 }
 
 TEST(ListingSummary, WithoutMovesNamesNoUnit) {
-  EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}),
-            "other FINISH 1@1\n");
+  EXPECT_EQ(summaryOf(numbered("FINISH()\n"), {}), "other FINISH 1@1\n");
 }
 
 }  // namespace
