@@ -5,8 +5,14 @@
 #include <cmath>
 #include <optional>
 
+#include "KEPIMfgBufferCircle.h"
+#include "KEPIMfgBufferComment.h"
+#include "KEPIMfgBufferFeedrate.h"
+#include "KEPIMfgBufferHelix.h"
 #include "KEPIMfgBufferPoint.h"
+#include "KEPIMfgBufferSpindle.h"
 #include "KEPIMfgBufferTLAxis.h"
+#include "host/knowledge/KnowledgeParameter.h"
 
 namespace host {
 namespace {
@@ -33,29 +39,88 @@ std::optional<KEPMfgParameterValue> readValue(std::string_view kind, std::string
   return number ? std::optional(realValue(*number)) : std::nullopt;
 }
 
-struct Coordinate {
-  std::string_view name;
-  bool isAxis;
-  std::size_t component;
-};
-constexpr std::array<Coordinate, 6> kCoordinates = {{{"MFG_XPOINT", false, 0},
-                                                     {"MFG_YPOINT", false, 1},
-                                                     {"MFG_ZPOINT", false, 2},
-                                                     {"MFG_XAXIS", true, 0},
-                                                     {"MFG_YAXIS", true, 1},
-                                                     {"MFG_ZAXIS", true, 2}}};
+using Words = KEPIMfgPPWordContainer_var;
 
-void setCoordinate(const Coordinate& coordinate, double value, const KEPIMfgBufferPoint_var& point,
-                   const KEPIMfgBufferTLAxis_var& axis) {
-  std::array<double, 3> triple{};
-  if (coordinate.isAxis) {
-    axis->GetTLAxis(triple[0], triple[1], triple[2]);
-    triple[coordinate.component] = value;
-    axis->SetTLAxis(triple[0], triple[1], triple[2]);
-  } else {
-    point->GetPoint(triple[0], triple[1], triple[2]);
-    triple[coordinate.component] = value;
-    point->SetPoint(triple[0], triple[1], triple[2]);
+/// Changes one component of a triple in a motion buffer.
+template <class Buffer, auto kGet, auto kSet>
+void setComponent(const Words& words, std::size_t component, double value) {
+  const KEPVar<Buffer> buffer = words;
+  double triple[3] = {};
+  (buffer.Get()->*kGet)(triple[0], triple[1], triple[2]);
+  triple[component] = value;
+  (buffer.Get()->*kSet)(triple[0], triple[1], triple[2]);
+}
+
+template <class Buffer, auto kSet>
+void setNumber(const Words& words, std::size_t /*component*/, double value) {
+  const KEPVar<Buffer> buffer = words;
+  (buffer.Get()->*kSet)(value);
+}
+
+/// A feed rate or speed, without a type.
+template <class Buffer, auto kSet>
+void setValue(const Words& words, std::size_t /*component*/, double value) {
+  const KEPVar<Buffer> buffer = words;
+  std::array<char, 32> digits;
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+  (buffer.Get()->*kSet)(createKnowledgeParameter({digits.data(), end}, ""));
+}
+
+using Point = KEPIMfgBufferPoint;
+using Axis = KEPIMfgBufferTLAxis;
+using Circle = KEPIMfgBufferCircle;
+using Helix = KEPIMfgBufferHelix;
+using Feedrate = KEPIMfgBufferFeedrate;
+using Spindle = KEPIMfgBufferSpindle;
+
+/// A parameter that prints a value of a motion buffer. A "?" in the name is the letter of a
+/// component.
+struct BufferRow {
+  std::string_view name;
+  std::string_view letters;
+  void (*set)(const Words& words, std::size_t component, double value);
+};
+
+constexpr BufferRow kRows[] = {
+    {"MFG_?POINT", "XYZ", setComponent<Point, &Point::GetPoint, &Point::SetPoint>},
+    {"MFG_?AXIS", "XYZ", setComponent<Axis, &Axis::GetTLAxis, &Axis::SetTLAxis>},
+    {"MFG_CIRCLE_?_TGT", "XYZ", setComponent<Circle, &Circle::GetTgt, &Circle::SetTgt>},
+    {"MFG_CIRCLE_?_CENTER", "XYZ", setComponent<Circle, &Circle::GetCenter, &Circle::SetCenter>},
+    {"MFG_CIRCLE_?_NORMAL", "XYZ", setComponent<Circle, &Circle::GetNormal, &Circle::SetNormal>},
+    {"MFG_CIRCLE_?_PT", "XYZ", setComponent<Circle, &Circle::GetPt, &Circle::SetPt>},
+    {"MFG_CIRCLE_RADIUS", "", setNumber<Circle, &Circle::SetRadius>},
+    {"MFG_HELICAL_INDIRV_?", "IJK", setComponent<Helix, &Helix::GetInDirV, &Helix::SetInDirV>},
+    {"MFG_HELICAL_?_CENTER", "XYZ", setComponent<Helix, &Helix::GetCenter, &Helix::SetCenter>},
+    {"MFG_HELICAL_?_AXIS", "IJK", setComponent<Helix, &Helix::GetAxis, &Helix::SetAxis>},
+    {"MFG_HELICAL_?_END", "XYZ", setComponent<Helix, &Helix::GetEnd, &Helix::SetEnd>},
+    {"MFG_HELICAL_RADIUS", "", setNumber<Helix, &Helix::SetRadius>},
+    {"MFG_HELICAL_PITCH", "", setNumber<Helix, &Helix::SetPitch>},
+    {"MFG_FEED_VALUE", "", setValue<Feedrate, &Feedrate::SetFeedParameter>},
+    {"MFG_SPNDL_SPEED", "", setValue<Spindle, &Spindle::SetSpindleParameter>},
+};
+
+/// Which component of the row a name is; nothing for a name of another row.
+std::optional<std::size_t> componentOf(const BufferRow& row, std::string_view name) {
+  const std::size_t at = row.name.find('?');
+  if (at == kNone) return name == row.name ? std::optional<std::size_t>(0) : std::nullopt;
+  const bool fits = name.size() == row.name.size() && name.starts_with(row.name.substr(0, at)) &&
+                    name.ends_with(row.name.substr(at + 1));
+  const std::size_t component = fits ? row.letters.find(name[at]) : kNone;
+  return component == kNone ? std::nullopt : std::optional(component);
+}
+
+void setBuffer(const ValueSetting& setting, const Words& words) {
+  const KEPMfgParameterValue& value = setting.value;
+  if (value.kind == KEPMfgParameterValue::kText) {
+    const KEPIMfgBufferComment_var comment = words;
+    if (setting.name == "MFG_OUTPUT_COMMENT") comment->SetComment(KEPString(value.text.View()));
+    return;
+  }
+  const double number = value.kind == KEPMfgParameterValue::kReal ? value.real : value.integer;
+  for (const BufferRow& row : kRows) {
+    if (const auto component = componentOf(row, setting.name)) {
+      row.set(words, *component, number);
+    }
   }
 }
 
@@ -90,13 +155,7 @@ bool readSetting(std::string_view text, ValueSetting& setting, std::string& reas
 
 void applySetting(const ValueSetting& setting, Document& document, Activity& activity) {
   if (setting.isDesign) return document.setDesignParameter(setting.name, setting.value.real);
-  for (const Coordinate& coordinate : kCoordinates) {
-    if (setting.name != coordinate.name || setting.value.kind != KEPMfgParameterValue::kReal) {
-      continue;
-    }
-    const KEPIMfgPPWordContainer_var words = document.ppWordContainer();
-    setCoordinate(coordinate, setting.value.real, words, words);
-  }
+  setBuffer(setting, document.ppWordContainer());
   activity.parameters().set(setting.name, setting.value);
 }
 

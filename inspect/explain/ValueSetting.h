@@ -20,8 +20,9 @@ struct ValueSetting {
 /// Reads a setting. False, with `reason` set, when it is none.
 [[nodiscard]] bool readSetting(std::string_view text, ValueSetting& setting, std::string& reason);
 
-/// Writes the value into the document, as a design parameter, or to the activity. A real value of a
-/// coordinate of the point or the tool axis, such as MFG_XPOINT, goes to its motion buffer.
+/// Writes the value into the document, as a design parameter, or to the activity. A number of a
+/// parameter that prints a value of a motion buffer, such as MFG_XPOINT or MFG_FEED_VALUE, goes to
+/// the buffer too, and so does the text of MFG_OUTPUT_COMMENT.
 void applySetting(const ValueSetting& setting, Document& document, Activity& activity);
 
 }  // namespace host

@@ -30,6 +30,19 @@ class Passes(program.ProgramTest):
         self.assertEqual((done.returncode, done.stderr), (0, ""))
         return done.stdout
 
+    def test_value_for_a_name_that_no_line_has_is_refused_with_the_nearest(self):
+        self.check(
+            self.run_program("explain", "NC_GOTO", "--set", "MFG_XPONT=10"),
+            1,
+            "",
+            "ppword explain: --set: no reference of these lines has the name 'MFG_XPONT'; did you "
+            "mean 'MFG_XPOINT'?\n",
+        )
+
+    def test_feed_rate_sets_the_motion_buffer(self):
+        done = self.run_program("explain", "NC_FEEDRATE", "--set", "MFG_FEED_VALUE=812.5")
+        self.assertIn("«FEDRAT/  812.5000,", done.stdout)
+
     def test_options_may_precede_the_instruction(self):
         self.assertEqual(
             self.run_program("explain", "--set", "MFG_XPOINT=10", "NC_GOTO").stdout,

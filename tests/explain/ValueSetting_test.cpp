@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "KEPIMfgBufferPoint.h"
 #include "KEPIMfgBufferTLAxis.h"
+#include "KEPIMfgParameterEvaluation.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
 
 namespace host {
 namespace {
@@ -70,6 +73,43 @@ TEST(ValueSetting, CoordinateSetsItsBufferAndNoOther) {
   EXPECT_EQ((std::vector<double>{x, y, z}), (std::vector<double>{1, 20, 3}));
   axis->GetTLAxis(x, y, z);
   EXPECT_EQ((std::vector<double>{x, y, z}), (std::vector<double>{4, 5, 60}));
+}
+
+/// What a parameter prints after a value was set for it.
+std::string printed(std::string_view name, const KEPMfgParameterValue& value) {
+  const auto document = newDocument();
+  const auto activity = Activity::create("A");
+  applySetting({std::string(name), value, false}, *document, *activity);
+  const auto type = KEPISpecObject_var::Adopt(document->features()->FindStartUp(name));
+  const KEPIMfgParameterEvaluation_var evaluation = type;
+  KEPString text;
+  EXPECT_TRUE(evaluation->Evaluate(text)) << name;
+  const std::string_view shown = text.View();
+  return std::string(shown.substr(std::min(shown.find_first_not_of(' '), shown.size())));
+}
+
+TEST(ValueSetting, EveryParameterOfABufferIsPrintedAsItIsSet) {
+  for (const char letter : {'X', 'Y', 'Z'}) {
+    const std::string component(1, letter);
+    for (const std::string& name :
+         {"MFG_" + component + "POINT", "MFG_CIRCLE_" + component + "_TGT",
+          "MFG_CIRCLE_" + component + "_CENTER", "MFG_CIRCLE_" + component + "_NORMAL",
+          "MFG_CIRCLE_" + component + "_PT", "MFG_HELICAL_" + component + "_CENTER",
+          "MFG_HELICAL_" + component + "_END"}) {
+      EXPECT_EQ(printed(name, realValue(-12.5)), "-12.50000") << name;
+    }
+  }
+  for (const char letter : {'I', 'J', 'K'}) {
+    const std::string component(1, letter);
+    EXPECT_EQ(printed("MFG_HELICAL_" + component + "_AXIS", realValue(0.5)), "0.50000");
+    EXPECT_EQ(printed("MFG_HELICAL_INDIRV_" + component, realValue(0.5)), "0.50000");
+  }
+  for (const char* const name : {"MFG_CIRCLE_RADIUS", "MFG_HELICAL_RADIUS", "MFG_HELICAL_PITCH"}) {
+    EXPECT_EQ(printed(name, integerValue(7)), "7.00000") << name;
+  }
+  EXPECT_EQ(printed("MFG_FEED_VALUE", realValue(812.5)), "812.5000");
+  EXPECT_EQ(printed("MFG_SPNDL_SPEED", realValue(1e5)), "100000.0000");
+  EXPECT_EQ(printed("MFG_OUTPUT_COMMENT", textValue("A comment")), "A comment");
 }
 
 TEST(ValueSetting, OtherNamesSetParameters) {

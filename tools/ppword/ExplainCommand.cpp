@@ -7,6 +7,7 @@
 #include "System/KEPError.h"
 #include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/explain/Explanation.h"
+#include "language/syntax/Characters.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Json.h"
@@ -123,6 +124,42 @@ ExitStatus refuseUnknown(const std::string& name, const host::Document& document
   return refuse("there is no NC instruction '" + name + "'" + suggestion(name, candidates));
 }
 
+template <class Visit>
+void visitReferences(const host::Explanation& explanation, Visit visit) {
+  for (const host::ExplainedLine& line : explanation.lines) {
+    for (const host::ExplainedPass& pass : line.passes) {
+      for (const host::ExplainedReference& reference : pass.references) visit(reference);
+    }
+  }
+}
+
+std::string_view nameOf(const host::ExplainedReference& reference) {
+  return ppword::withoutBlanks(reference.name);
+}
+
+// The first value whose name is in no reference; null when all are used. A name can be a part of
+// what is looked up: a design parameter of an expression, or the second one of %A/%B.
+const host::ValueSetting* unusedSetting(const std::vector<host::ValueSetting>& values,
+                                        const host::Explanation& explanation) {
+  for (const host::ValueSetting& setting : values) {
+    bool isUsed = false;
+    visitReferences(explanation, [&](const host::ExplainedReference& reference) {
+      isUsed = isUsed || nameOf(reference).find(setting.name) != std::string_view::npos;
+    });
+    if (!isUsed) return &setting;
+  }
+  return nullptr;
+}
+
+ExitStatus refuseUnused(const host::ValueSetting& setting, const host::Explanation& explanation) {
+  std::vector<std::string_view> names;
+  visitReferences(explanation, [&](const host::ExplainedReference& reference) {
+    names.push_back(nameOf(reference));
+  });
+  return refuse("--set: no reference of these lines has the name '" + setting.name + "'" +
+                suggestion(setting.name, names));
+}
+
 // What is to be explained. Of two names the first is the table; a single one is the table only of
 // lines.
 struct Subject {
@@ -154,6 +191,9 @@ ExitStatus run(const ExplainOptions& options) {
   const host::Explanation explanation = host::explain(*evaluation, options.sequence);
   if (!explanation.isDone) {
     return refuse(name + " has no sequence " + std::to_string(options.sequence));
+  }
+  if (const auto* const unused = unusedSetting(options.values, explanation)) {
+    return refuseUnused(*unused, explanation);
   }
   writeOutput(options.format == OutputFormat::ForPrograms
                   ? documentText(explanationJson(name, options.sequence, explanation))
