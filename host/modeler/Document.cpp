@@ -73,4 +73,13 @@ std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document) {
   return commands;
 }
 
+int sequenceCount(const KEPISpecObject_var& instruction) {
+  int count = 0;
+  for (int i = 1; i <= instruction->GetNumberOfAttributes(); ++i) {
+    const std::string_view name = instruction->GetAttribute(i).GetName();
+    if (name != kKEPOsmExtensions && name != kKEPOsmLocalExtensions) ++count;
+  }
+  return count;
+}
+
 }  // namespace host

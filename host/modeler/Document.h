@@ -79,4 +79,7 @@ class KEP_PLATFORM Document final : public ContainerOwner {
 /// creation. They have no name of their own: a command is known by its position here, from 1.
 [[nodiscard]] KEP_PLATFORM std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document);
 
+/// How many sequences an NC instruction has: its attributes without those of the modeler itself.
+[[nodiscard]] KEP_PLATFORM int sequenceCount(const KEPISpecObject_var& instruction);
+
 }  // namespace host

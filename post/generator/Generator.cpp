@@ -207,8 +207,12 @@ void Generator::instantiate(const Instruction& instruction, const Element& eleme
              "or one of its lines cannot be computed");
     }
   } else if (!instruction.evaluation->InstantiateSyntax(lines_, element.sequence)) {
-    refuse(element, "cannot be written: it has no sequence " + std::to_string(element.sequence) +
-                        ", or one of its lines cannot be computed");
+    const int count = sequenceCount(instruction.evaluation);
+    const std::string lacking = "it has no sequence " + std::to_string(element.sequence) +
+                                "; it has " + std::to_string(count);
+    refuse(element,
+           "cannot be written: " +
+               (element.sequence > count ? lacking : "one of its lines cannot be computed"));
   }
   for (const KEPUnicodeString& line : lines_) {
     sink_.write(line);

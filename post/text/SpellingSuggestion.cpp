@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <string>
 #include <vector>
 
 namespace host {
@@ -40,6 +41,14 @@ std::size_t distance(std::string_view from, std::string_view to) {
 std::string_view nearest(std::string_view word, std::span<const std::string_view> candidates) {
   std::string_view best;
   if (word.size() > kLongest) return best;
+  for (const std::string_view prefix : {"NC_", "MFG_"}) {
+    const std::string whole = std::string(prefix).append(word);
+    const auto found = std::find_if(candidates.begin(), candidates.end(), [&](auto candidate) {
+      return std::equal(candidate.begin(), candidate.end(), whole.begin(), whole.end(),
+                        isSameLetter);
+    });
+    if (!word.empty() && found != candidates.end()) return *found;
+  }
   std::size_t least = std::max<std::size_t>(word.size() / 3, 1) + 1;
   for (const std::string_view candidate : candidates) {
     const std::size_t edits = distance(word, candidate);

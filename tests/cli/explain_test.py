@@ -39,6 +39,24 @@ class Passes(program.ProgramTest):
             "mean 'MFG_XPOINT'?\n",
         )
 
+    def test_file_in_place_of_an_instruction_is_a_mistake(self):
+        self.write("vmc3.pptable", "*START_NC_COMMAND NC_A\nSTOP\n*END\n")
+        self.check(
+            self.run_program("explain", "vmc3.pptable"),
+            2,
+            "",
+            "ppword explain: 'vmc3.pptable' is a file; write an NC instruction after it\n"
+            "Try 'ppword explain --help'.\n",
+        )
+
+    def test_instruction_without_its_prefix_is_suggested(self):
+        self.check(
+            self.run_program("explain", "GOTO"),
+            1,
+            "",
+            "ppword explain: there is no NC instruction 'GOTO'; did you mean 'NC_GOTO'?\n",
+        )
+
     def test_feed_rate_sets_the_motion_buffer(self):
         done = self.run_program("explain", "NC_FEEDRATE", "--set", "MFG_FEED_VALUE=812.5")
         self.assertIn("«FEDRAT/  812.5000,", done.stdout)

@@ -108,6 +108,13 @@ class Tables(program.ProgramTest):
             for command in (["check"], ["list"], ["list", "--format", "json"]):
                 self.assertIn(self.run_program(*command, "table").returncode, (0, 1))
 
+    def test_file_without_blocks_is_warned_of_by_every_reader(self):
+        self.write("letter", "Dear customer\n")
+        warning = "letter: warning no-section: the table has no block, so it changes nothing\n"
+        for arguments in (["list", "letter"], ["words", "letter"], ["code", "letter", "GOTO"]):
+            done = self.run_program(*arguments)
+            self.assertTrue((done.stderr or "").startswith(warning), arguments)
+
     def test_strict_check_fails_on_warnings_only(self):
         self.write("empty", "")
         self.write("good", TABLE)

@@ -19,6 +19,15 @@ TEST(Nearest, FirstOfEqualsIsGiven) {
   EXPECT_EQ(nearest("posh", kWords), "pose");
 }
 
+TEST(Nearest, WordWithoutItsPrefixIsFound) {
+  constexpr std::array<std::string_view, 4> kNames = {"FROM", "NC_FROM", "NC_GOTO", "MFG_XPOINT"};
+  EXPECT_EQ(nearest("GOTO", kNames), "NC_GOTO");
+  EXPECT_EQ(nearest("goto", kNames), "NC_GOTO");
+  EXPECT_EQ(nearest("XPOINT", kNames), "MFG_XPOINT");
+  EXPECT_EQ(nearest("POINT", kNames), "");
+  EXPECT_EQ(nearest("", kNames), "");
+}
+
 TEST(Nearest, ExactWordIsItself) { EXPECT_EQ(nearest("list", kCommands), "list"); }
 
 TEST(Nearest, CapitalsCountAsSmall) {

@@ -244,11 +244,9 @@ TEST(Generator, ElementThatCannotBeWrittenEndsTheJob) {
        R"(job:3: error: this document has no NC instruction nc_goto; did you mean "NC_GOTO"?)"},
       {R"({"nc":"MFG_XPOINT"})", "job:3: error: this document has no NC instruction MFG_XPOINT"},
       {R"({"nc":"NC_GOTO","sequence":2})",
-       "job:3: error: NC_GOTO cannot be written: it has no sequence 2, or one of its lines cannot "
-       "be computed"},
+       "job:3: error: NC_GOTO cannot be written: it has no sequence 2; it has 1"},
       {R"({"nc":"NC_GOTO","sequence":2,"points":[[1,2,3]]})",
-       "job:3: error: NC_GOTO cannot be written: it has no sequence 2, or one of its lines cannot "
-       "be computed"},
+       "job:3: error: NC_GOTO cannot be written: it has no sequence 2; it has 1"},
   };
   for (const auto& [line, error] : kRefusals) {
     const Posting posting =

@@ -89,6 +89,10 @@ void addCommand(const DocumentOptions& options) {
     if (!instruction) {
       warn(options.file, "no-instruction",
            "the document has no NC instruction '" + name + "' for this command");
+    } else if (const int count = host::sequenceCount(instruction); sequence > count) {
+      warn(options.file, "no-sequence",
+           "'" + name + "' has no sequence " + std::to_string(sequence) + "; it has " +
+               std::to_string(count));
     }
     KEPIMfgPPCommand_var command;
     KEPIMfgPPWordFactory_var(document.features())

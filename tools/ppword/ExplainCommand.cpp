@@ -1,4 +1,5 @@
 #include <array>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -174,6 +175,9 @@ Subject subjectOf(const ExplainOptions& options) {
   }
   if (!options.instruction.empty()) return {options.table, options.instruction};
   if (options.table.empty()) throw UsageError{"INSTRUCTION is required"};
+  if (std::filesystem::is_regular_file(options.table)) {
+    throw UsageError{"'" + options.table + "' is a file; write an NC instruction after it"};
+  }
   return {"", options.table};
 }
 
@@ -190,7 +194,11 @@ ExitStatus run(const ExplainOptions& options) {
   if (!evaluation) return refuseUnknown(name, *document);
   const host::Explanation explanation = host::explain(*evaluation, options.sequence);
   if (!explanation.isDone) {
-    return refuse(name + " has no sequence " + std::to_string(options.sequence));
+    const int count = host::sequenceCount(evaluation);
+    return refuse(options.sequence > count
+                      ? name + " has no sequence " + std::to_string(options.sequence) +
+                            "; it has " + std::to_string(count)
+                      : "a line of " + name + " cannot be computed");
   }
   if (const auto* const unused = unusedSetting(options.values, explanation)) {
     return refuseUnused(*unused, explanation);

@@ -22,6 +22,7 @@ ExitStatus listTable(const ListOptions& options) {
   if (const auto refusal = tableRefusal(options.table)) {
     return refuseTable(*refusal, options.format);
   }
+  warnOfNoBlock(options.table);
   showContents(tableContents(options.table, section), section, options.format);
   return ExitStatus::Done;
 }

@@ -9,6 +9,7 @@
 #include "inspect/diagnostics/Diagnostic.h"
 #include "inspect/diagnostics/TableErrorPlace.h"
 #include "inspect/diagnostics/TableFile.h"
+#include "inspect/diagnostics/TableWarnings.h"
 #include "post/text/SpellingSuggestion.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/StandardStreams.h"
@@ -16,6 +17,12 @@
 std::string suggestion(std::string_view word, std::span<const std::string_view> candidates) {
   const std::string_view meant = host::nearest(word, candidates);
   return meant.empty() ? "" : "; did you mean '" + std::string(meant) + "'?";
+}
+
+void warnOfNoBlock(const std::string& table) {
+  for (const host::Diagnostic& warning : host::tableWarnings(table)) {
+    if (warning.key == "no-section") reportDiagnostic(warning);
+  }
 }
 
 void requireSection(const std::string& section, std::span<const std::string_view> sections) {

@@ -16,6 +16,9 @@ struct Refusal {
   host::Diagnostic diagnostic;
 };
 
+/// Warns of a table without any block, which is probably another file than the one that was meant.
+void warnOfNoBlock(const std::string& table);
+
 /// What to add to a message about an unknown word: the candidate that was perhaps meant.
 [[nodiscard]] std::string suggestion(std::string_view word,
                                      std::span<const std::string_view> candidates);

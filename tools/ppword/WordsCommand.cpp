@@ -53,6 +53,7 @@ struct Answers {
 
 ExitStatus reportAnswers(const Answers& answers, const std::string& table, std::string_view member,
                          OutputFormat format) {
+  warnOfNoBlock(table);
   warnOfUnpaired(table);
   writeOutput(format == OutputFormat::ForPrograms ? documentText({{member, answers.entries}})
                                                   : answers.text);
@@ -96,6 +97,7 @@ ExitStatus showWords(const WordsOptions& options) {
   }
   Contents contents;
   const WordLists lists = listsOf(options.table);
+  warnOfNoBlock(options.table);
   contents.words = paired(lists.words, lists.kinds, lists.codes);
   showContents(contents, "words", options.format);
   return ExitStatus::Done;
