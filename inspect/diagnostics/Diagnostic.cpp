@@ -73,7 +73,22 @@ std::size_t cellOfByte(const std::vector<Cell>& cells, std::size_t size, std::si
   return static_cast<std::size_t>(found - cells.begin());
 }
 
-std::string sourceText(const Diagnostic& diagnostic) {
+constexpr std::string_view kBold = "1";
+constexpr std::string_view kGreen = "1;32";
+
+/// Bold red, magenta or cyan.
+std::string_view colourOf(Severity severity) {
+  constexpr std::string_view kColours[] = {"1;31", "1;35", "1;36"};
+  return kColours[static_cast<std::size_t>(severity)];
+}
+
+/// A text in a colour of the terminal; as it is without one.
+std::string painted(std::string_view text, std::string_view colour, bool coloured) {
+  if (!coloured) return std::string(text);
+  return std::string("\x1b[").append(colour).append("m").append(text).append("\x1b[m");
+}
+
+std::string sourceText(const Diagnostic& diagnostic, bool coloured) {
   std::string source = diagnostic.source.text;
   std::replace(source.begin(), source.end(), '\t', ' ');
   const std::vector<Cell> cells = cellsOf(source);
@@ -92,8 +107,8 @@ std::string sourceText(const Diagnostic& diagnostic) {
   text.append(joined(cells, first, last)).append(cutAfter ? kCut : "").append("\n");
   text.append(kIndent.size() + (cutBefore ? kCut.size() : 0) + caret - first, ' ');
   const std::size_t tail = std::min(markEnd, last);
-  text.append("^").append(tail > caret + 1 ? tail - caret - 1 : 0, '~').append("\n");
-  return text;
+  const std::string underline = '^' + std::string(tail > caret + 1 ? tail - caret - 1 : 0, '~');
+  return text + painted(underline, kGreen, coloured) + '\n';
 }
 
 std::string place(const Diagnostic& diagnostic) {
@@ -119,12 +134,13 @@ std::string terminalSafe(std::string_view text) {
   return joined(cells, 0, cells.size());
 }
 
-std::string diagnosticText(const Diagnostic& diagnostic) {
-  std::string text = place(diagnostic);
-  (text += ": ") += severityName(diagnostic.severity);
-  if (!diagnostic.key.empty()) text += ' ' + diagnostic.key;
-  text += ": " + terminalSafe(diagnostic.message) + '\n';
-  if (diagnostic.hasSource()) text += sourceText(diagnostic);
+std::string diagnosticText(const Diagnostic& diagnostic, bool coloured) {
+  std::string kind(severityName(diagnostic.severity));
+  if (!diagnostic.key.empty()) kind += ' ' + diagnostic.key;
+  std::string text = painted(place(diagnostic) + ':', kBold, coloured) + ' ';
+  text += painted(kind + ':', colourOf(diagnostic.severity), coloured) + ' ';
+  text += terminalSafe(diagnostic.message) + '\n';
+  if (diagnostic.hasSource()) text += sourceText(diagnostic, coloured);
   return text;
 }
 

@@ -47,8 +47,10 @@ struct Diagnostic {
 [[nodiscard]] Excerpt excerptOf(std::string_view line, long column);
 
 /// A finding for people: `FILE:LINE:COL: error KEY: message`, the source line and a caret line,
-/// each ended by a line feed. The source line is cut to a width that terminals hold.
-[[nodiscard]] std::string diagnosticText(const Diagnostic& diagnostic);
+/// each ended by a line feed. The source line is cut to a width that terminals hold. With
+/// `coloured` the place, the severity and the caret are between the codes of a terminal
+/// (ECMA-48, 8.3.117).
+[[nodiscard]] std::string diagnosticText(const Diagnostic& diagnostic, bool coloured = false);
 
 /// `text` with everything that a terminal might obey or hide (control characters, bytes that are
 /// not UTF-8, marks that turn the direction of writing) written as "\xNN".

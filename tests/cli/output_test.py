@@ -248,6 +248,28 @@ class Strict(program.ProgramTest):
 
 
 class Terminal(program.ProgramTest):
+    def seen_on_terminal(self, **environment):
+        self.write("bad", "*ENDE\n*STAR\n")
+        reader, writer = os.openpty()
+        self.run_program(
+            "check", "bad", stderr=writer, env={**os.environ, "TERM": "xterm", **environment}
+        )
+        os.close(writer)
+        text = os.read(reader, 65536).decode("latin-1").replace("\r\n", "\n")
+        os.close(reader)
+        return text
+
+    def test_findings_are_coloured_on_a_terminal(self):
+        coloured = self.seen_on_terminal(NO_COLOR="")
+        self.assertIn("\x1b[1mbad:2:1:\x1b[m \x1b[1;31merror ERR_5001:\x1b[m ", coloured)
+        self.assertIn("  *STAR\n  \x1b[1;32m^~~~~\x1b[m\n", coloured)
+
+    def test_findings_are_plain_without_colours(self):
+        for environment in ({"NO_COLOR": "1"}, {"NO_COLOR": "", "TERM": "dumb"}):
+            text = self.seen_on_terminal(**environment)
+            self.assertNotIn("\x1b", text)
+            self.assertEqual(text, self.run_program("check", "bad").stderr)
+
     def test_long_work_shows_progress_on_a_terminal_only(self):
         reader, writer = os.openpty()
         command = [program.PPWORD, "post", "-", "-o", "/dev/null"]

@@ -31,7 +31,7 @@ void requireSection(const std::string& section, std::span<const std::string_view
 }
 
 void reportDiagnostic(const host::Diagnostic& diagnostic) {
-  writeMessage(host::diagnosticText(diagnostic));
+  writeMessage(host::diagnosticText(diagnostic, showsColours()));
 }
 
 void warn(const std::string& file, std::string_view key, std::string message) {

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 
 #include "post/output/OutputFile.h"
 #include "tools/ppword/Commands.h"
@@ -24,6 +25,14 @@ void writeOutput(std::string_view text) {
   host::OutputFile output("-");
   if (!text.empty()) output.write(text.substr(0, text.size() - 1));
   output.finish();
+}
+
+bool showsColours() noexcept {
+  const char* const refused = std::getenv("NO_COLOR");
+  if (refused != nullptr && *refused != '\0') return false;
+  const char* const terminal = std::getenv("TERM");
+  const bool isDumb = terminal == nullptr || std::string_view(terminal) == "dumb";
+  return !isDumb && isatty(STDERR_FILENO) == 1;
 }
 
 void writeMessage(std::string_view text) noexcept {

@@ -11,5 +11,9 @@ void prepareStandardStreams();
 /// OutputError when that fails.
 void writeOutput(std::string_view text);
 
+/// True when the standard error is a terminal that shows colours: not with TERM=dumb, nor with a
+/// setting NO_COLOR that is not empty.
+[[nodiscard]] bool showsColours() noexcept;
+
 /// Writes `text` to the standard error; what it does not take is lost.
 void writeMessage(std::string_view text) noexcept;
