@@ -89,12 +89,15 @@ class TableScan {
     if (!name || !name->text.starts_with(ppword::kParameterPrefix)) return;
     std::optional<Token> format;
     auto token = nextPlain();
-    for (; token && token->text != ppword::kEndKeyword; token = nextPlain())
+    int words = 0;
+    for (; token && token->text != ppword::kEndKeyword; token = nextPlain(), ++words) {
       format = std::move(token);
+    }
     constexpr const char* kMend = "; write one conversion of e, f, g or a, such as %11.5f";
     if (format && !ppword::printsNumbers(format->text)) {
       warn("unusable-format", *format,
-           "no number can be printed with the format of " + std::string(name->text) + kMend);
+           "no number can be printed with the format of " + std::string(name->text) +
+               (words > 1 ? "; a format is one word: leave out the blanks" : kMend));
     } else if (!format && token) {
       warn("unusable-format", *name,
            "the section of " + std::string(name->text) +

@@ -85,7 +85,7 @@ class Arguments(program.ProgramTest):
     def test_sequence_that_is_no_number_is_told(self):
         self.check_mistake(
             ["explain", "NC_GOTO", "--sequence", "two"],
-            "Could not convert: --sequence = two",
+            "--sequence: 'two' is not a whole number",
             "ppword explain",
         )
 
@@ -96,12 +96,12 @@ class Arguments(program.ProgramTest):
 
     def test_unknown_format_is_told(self):
         self.check_mistake(
-            ["check", "--format", "xml", "t"], "--format: xml not in {text,json}", "ppword check"
+            ["check", "--format", "xml", "t"], "--format: 'xml' is neither text nor json", "ppword check"
         )
 
     def test_unknown_unit_is_told(self):
         self.check_mistake(
-            ["post", "--units", "cm", "j"], "--units: cm not in {mm,inch}", "ppword post"
+            ["post", "--units", "cm", "j"], "--units: 'cm' is neither mm nor inch", "ppword post"
         )
 
     def test_rotary_axis_that_is_none_is_explained(self):

@@ -20,6 +20,16 @@ std::string warnings(std::string_view table) {
   return text;
 }
 
+TEST(TableWarnings, FormatWithABlankIsToldAsOneWord) {
+  const TableFile file("*START_FORMAT MFG_XPOINT\n% .4f\n*END\n");
+  const auto warnings = tableWarnings(std::string(file.path().View()));
+  ASSERT_EQ(warnings.size(), 1U);
+  EXPECT_EQ(warnings[0].column, 3);
+  EXPECT_EQ(warnings[0].message,
+            "no number can be printed with the format of MFG_XPOINT; a format is one word: leave "
+            "out the blanks");
+}
+
 TEST(TableWarnings, OrdinaryTableGivesNone) {
   EXPECT_EQ(warnings("*START_FORMAT MFG_XPOINT\n%11.5f\n*END\n"
                      "*START_NC_COMMAND NC_A\nA\n*END\n"

@@ -27,6 +27,20 @@ std::string codeMistake(const std::string& text) {
   return "a code is a whole number from -2147483648 to 2147483647, not '" + text + "'";
 }
 
+// Empty for a whole number.
+std::string numberMistake(const std::string& text) {
+  return codeMistake(text).empty() ? "" : "'" + text + "' is not a whole number";
+}
+
+// Accepts one of two words.
+CLI::Validator oneOf(std::array<std::string_view, 2> words) {
+  const auto mistake = [words](const std::string& text) {
+    if (text == words[0] || text == words[1]) return std::string();
+    return "'" + text + "' is neither " + std::string(words[0]) + " nor " + std::string(words[1]);
+  };
+  return {mistake, ""};
+}
+
 // Empty for a text that can name a file. A variable of a script that was never set names none.
 std::string nameMistake(const std::string& text) {
   return text.empty() ? "a file name is expected, not an empty text" : "";
@@ -40,7 +54,7 @@ void addFormat(CLI::App& command, OutputFormat& format) {
             format = value == "json" ? OutputFormat::ForPrograms : OutputFormat::ForPeople;
           },
           "Report for people (text) or programs (json)")
-      ->check(CLI::IsMember({"text", "json"}))
+      ->check(oneOf({"text", "json"}))
       ->option_text("text|json");
 }
 
@@ -88,6 +102,7 @@ void addExplain(CLI::App& command, ExplainOptions& options) {
   addTable(command, options.table);
   command.add_option("INSTRUCTION", options.instruction, "NC instruction")->option_text(" ");
   command.add_option("--sequence", options.sequence, "Which sequence of the instruction, from 1")
+      ->check(CLI::Validator(&numberMistake, ""))
       ->option_text("N");
   command.add_option("--syntax", options.syntax, "A line to explain instead; repeatable")
       ->expected(1)
@@ -140,7 +155,7 @@ void addPost(CLI::App& command, PostOptions& options) {
       .add_option_function<std::string>(
           "--units", [&options](const auto& unit) { options.units = host::outputUnit(unit); },
           "Unit of the text (listings only)")
-      ->check(CLI::IsMember({"mm", "inch"}))
+      ->check(oneOf({"mm", "inch"}))
       ->option_text("mm|inch");
   command
       .add_option_function<std::string>(
