@@ -20,7 +20,7 @@ bool isStatement(const LineReading& reading, const LineWord& word) {
 void missingSlash(const TableLine& line, const LineReading& reading, const LineWord& word,
                   const LintVocabulary& vocabulary, LineReport& report) {
   if (word.at > 0 || line.isContinued || isStatement(reading, word)) return;
-  if (vocabulary.kindOf(word.text) != WordKind::Major) return;
+  if (vocabulary.kindOf(word.text) != WordKind::Major || vocabulary.isModifier(word.text)) return;
   report.warn(LintKey::MissingSlash, word.end(), 1, word.text);
 }
 
@@ -77,6 +77,12 @@ void emptyArgument(const LineReading& reading, LineReport& report) {
   if (text.ends_with('/')) report.warn(LintKey::EmptyArgument, text.size() - 1, 1, reading.line);
 }
 
+/// True for what names a machine or a macro: the first argument of MACHIN and CALL.
+bool isFreeName(const LineReading& reading, const LineWord& word) {
+  const std::string_view before = reading.text.substr(0, word.at);
+  return before == "MACHIN/" || before == "CALL/";
+}
+
 bool isComputed(const LineReading& reading, const LineReference& reference) {
   return std::any_of(reading.results.begin(), reading.results.end(), [&](const LineResult& each) {
     return each.begin <= reference.start && reference.end() <= each.end &&
@@ -102,6 +108,7 @@ void lintWordsOfLine(const TableLine& line, const LineReading& reading,
     missingSlash(line, reading, word, vocabulary, report);
     const bool isDefined = word.end() < reading.text.size() && reading.text[word.end()] == '=';
     if (isDefined) uses.symbols.push_back(word.text);
+    if (isFreeName(reading, word)) continue;
     uses.words.push_back({word.text, line.offsetOf(reading.lineOffset(word.at))});
     if (vocabulary.kindOf(word.text) == WordKind::Text) break;
   }

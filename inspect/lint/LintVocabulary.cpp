@@ -68,9 +68,18 @@ std::optional<WordKind> LintVocabulary::kindOf(std::string_view word) const {
   return all.empty() ? std::nullopt : std::optional(all.front().kind);
 }
 
+bool LintVocabulary::isModifier(std::string_view word) const {
+  const auto all = find(word);
+  return std::any_of(all.begin(), all.end(),
+                     [](const Entry& entry) { return entry.kind == WordKind::Modifier; });
+}
+
 const NearWords& LintVocabulary::nearStandardWords() {
   static const NearWords words([] {
-    std::vector<std::string_view> all(lintCatalogue().words.begin(), lintCatalogue().words.end());
+    std::vector<std::string_view> all;
+    for (const std::string& word : lintCatalogue().words) {
+      if (startsWithLetter(word)) all.push_back(word);
+    }
     for (const AptWord& each : kAptWords) all.push_back(each.word);
     return all;
   }());

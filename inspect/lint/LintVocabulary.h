@@ -32,6 +32,8 @@ class LintVocabulary {
   [[nodiscard]] static const NearWords& nearStandardWords();
   /// The words of the table's sections, some of them twice.
   [[nodiscard]] std::vector<std::string_view> ownWords() const;
+  /// True for a word of standard APT after which a comma and a major word may follow.
+  [[nodiscard]] bool isModifier(std::string_view word) const;
   /// What a word is for: what the table says before anything else.
   [[nodiscard]] std::optional<WordKind> kindOf(std::string_view word) const;
 

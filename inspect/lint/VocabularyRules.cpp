@@ -20,6 +20,10 @@ bool isTelling(std::string_view word) {
   return word.size() >= kLong || (word.size() > 1 && word.find_first_of("0123456789") == word.npos);
 }
 
+std::string_view withoutDigits(std::string_view word) {
+  return word.substr(0, word.find_last_not_of("0123456789") + 1);
+}
+
 std::string meaning(std::string_view word, std::string_view meant) {
   std::string subject(word);
   if (!meant.empty()) (subject += ", perhaps ") += meant;
@@ -43,7 +47,9 @@ class WordCheck {
     if (isTelling(word) || vocabulary_.hasSections()) {
       const bool isOnce = count(word) == 1;
       meant = near(word, [&](std::string_view other) {
-        return vocabulary_.knows(other) || (isOnce && count(other) > 1);
+        // Numbers tell words apart.
+        return withoutDigits(other) != withoutDigits(word) &&
+               (vocabulary_.knows(other) || (isOnce && count(other) > 1));
       });
     }
     if (meant.empty() && !vocabulary_.hasSections()) return;

@@ -121,7 +121,10 @@ class Tables(program.ProgramTest):
         warning = "empty: warning no-section: the table has no block, so it changes nothing\n"
         self.check(self.run_program("check", "empty"), 0, "empty: passes, 1 warning\n", warning)
         self.check(
-            self.run_program("check", "--strict", "empty"), 1, "empty: passes, 1 warning\n", warning
+            self.run_program("check", "--strict", "empty"),
+            1,
+            "empty: passes, 1 warning; refused by --strict\n",
+            warning,
         )
         self.check(self.run_program("check", "--strict", "good"), 0, "good: passes\n")
 

@@ -46,7 +46,9 @@ class Kinds(program.ProgramTest):
     def test_note_is_refused_only_by_its_key(self):
         self.write("notes", "*START_MINOR_WORDS\nFLOOD,89\n*END\n")
         self.assertEqual(self.status("check", "--lint", "--strict", "notes"), 0)
-        self.assertEqual(self.status("check", "--lint", "--strict=unused-words", "notes"), 1)
+        done = self.run_program("check", "--lint", "--strict=unused-words", "notes")
+        self.assertEqual(done.stdout, "notes: passes, 1 note; refused by --strict\n")
+        self.assertEqual(done.returncode, 1)
 
     def test_kinds_that_post_refuses_are_chosen(self):
         for refusing in (["--strict"], ["--strict=unevaluated"]):
@@ -80,6 +82,7 @@ class Kinds(program.ProgramTest):
         self.write("tilt", JOB.replace('"NC_TOOL_CHANGE"', axis))
         done = self.run_program("post", "--strict", "tilt")
         self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn("standard output: not written: 1 finding is refused\n", done.stderr)
         self.assertIn(
             "  WARNING: values that no machine can mean: axis (in line 2)\n",
             done.stderr,
@@ -87,14 +90,16 @@ class Kinds(program.ProgramTest):
         self.assertEqual(self.status("post", "--strict", "--allow=impossible-value", "tilt"), 0)
 
     def test_unknown_key_is_a_mistake_with_the_nearest(self):
-        lists = "'ppword check --explain' lists all"
-        nearest = f"there is no kind 'wide-lime'; did you mean 'wide-line'?; {lists}"
+        lists = "('ppword check --explain' lists all)"
+        nearest = f"there is no kind 'wide-lime' {lists}; did you mean 'wide-line'?"
         self.refused(nearest, "check", "--strict=wide-lime", "table")
         self.refused(nearest, "check", "--allow", "wide-lime", "table")
         self.refused(nearest, "check", "--explain", "wide-lime")
         self.refused(nearest, "post", "--strict=wide-line,wide-lime", "job")
-        self.refused(f"there is no kind ''; {lists}", "check", "--strict=wide-line,", "table")
+        self.refused(f"there is no kind '' {lists}", "check", "--strict=wide-line,", "table")
         self.refused("TABLE is required", "check", "--lint")
+        always = "'ERR_5001' is an error, which is always refused"
+        self.refused(always, "check", "--explain", "ERR_5001")
 
     def test_kind_is_explained_with_both_sides(self):
         self.check(

@@ -221,6 +221,15 @@ TEST(LintTable, WordThatTheVocabularyDoesNotHoldIsTold) {
       "9:6 warning: MMRP, perhaps MMPR" + fault);
 }
 
+TEST(LintTable, NamesAndModifiersAreNotTold) {
+  const std::string sections =
+      "*START_MAJOR_WORDS_WITH_PARAMETERS\nTLON,1\nGOFWD,2\nMACHIN,3\nCALL,4\n*END\n";
+  EXPECT_EQ(lint(sections + "*START_NC_COMMAND NC_A\nTLON,GOFWD/(CIRCLE/0,0,0,5),ON\n*END\n"), "");
+  EXPECT_EQ(lint(sections + "*START_NC_COMMAND NC_A\nMACHIN/MYPOST,1\nCALL/MYSUB\n*END\n"), "");
+  EXPECT_EQ(lint("*START_LIST MFG_FEED_TYPE\nMACHINING,APPROACH,RETRACT\n*END\n"), "");
+  EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nROTATE/AAXIS\nPLN1/PLN2,PLN2\nIF(A)L1\n*END\n"), "");
+}
+
 TEST(LintTable, WithoutSectionsOnlyWordsNearAKnownOrRepeatedOneAreTold) {
   const auto unknown = [](const std::string& body) {
     return lint("*START_NC_COMMAND NC_A\n" + body + "*END\n");

@@ -44,11 +44,12 @@ std::string countText(const Verdict& verdict, host::Severity severity, std::stri
   return ", " + std::to_string(count) + ' ' + std::string(noun) + (count > 1 ? "s" : "");
 }
 
-std::string verdictText(const std::string& path, const Verdict& verdict) {
+std::string verdictText(const std::string& path, const Verdict& verdict, bool refused) {
   std::string text = host::terminalSafe(path) + (verdict.passes ? ": passes" : ": refused");
   if (verdict.findings.size() > 1) text += countText(verdict, host::Severity::Error, "error");
   text += countText(verdict, host::Severity::Warning, "warning");
-  return text + countText(verdict, host::Severity::Note, "note") + '\n';
+  text += countText(verdict, host::Severity::Note, "note");
+  return text + (verdict.passes && refused ? "; refused by --strict\n" : "\n");
 }
 
 Json verdictJson(const std::string& path, const Verdict& verdict) {
@@ -123,13 +124,14 @@ ExitStatus checkTables(const CheckOptions& options) {
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {
     const Verdict verdict = verdictOf(path, options.lint);
-    if (isRefused(verdict, strictness)) status = ExitStatus::Refused;
+    const bool refused = isRefused(verdict, strictness);
+    if (refused) status = ExitStatus::Refused;
     if (options.format == OutputFormat::ForPrograms) {
       document["tables"].push_back(verdictJson(path, verdict));
       continue;
     }
     for (const host::Diagnostic& finding : verdict.findings) reportDiagnostic(finding);
-    writeOutput(verdictText(path, verdict));
+    writeOutput(verdictText(path, verdict, refused));
   }
   if (options.format == OutputFormat::ForPrograms) writeOutput(documentText(document));
   return status;

@@ -80,8 +80,11 @@ const Kind& kindOf(std::string_view key) {
   std::vector<std::string_view> keys;
   keys.reserve(all.size());
   for (const Kind& kind : all) keys.push_back(kind.key);
-  throw UsageError{"there is no kind '" + std::string(key) + "'" + suggestion(key, keys) +
-                   "; 'ppword check --explain' lists all"};
+  if (key.starts_with("ERR_")) {
+    throw UsageError{"'" + std::string(key) + "' is an error, which is always refused"};
+  }
+  throw UsageError{"there is no kind '" + std::string(key) +
+                   "' ('ppword check --explain' lists all)" + suggestion(key, keys)};
 }
 
 Strictness::Strictness(const StrictnessOptions& options) {

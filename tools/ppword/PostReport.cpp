@@ -88,11 +88,11 @@ std::vector<Counts> detailsOf(const PostReport& report) {
           countsOf("calls that need no output", report, CallFate::Other)};
 }
 
-// A line of at most kColumns.
-std::string shortened(std::string text) {
-  if (host::columnsOf(text) <= kColumns) return text;
-  while (host::columnsOf(text) > kColumns - 3) text.pop_back();
+// A line of at most so many columns.
+std::string shortened(std::string text, std::size_t most) {
+  while (host::columnsOf(text) > most - 3) text.pop_back();
   while ((static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
+  if (static_cast<unsigned char>(text.back()) >= 0xC0U) text.pop_back();
   return text + "...";
 }
 
@@ -108,29 +108,31 @@ std::string moreText(std::size_t left) {
   return left == 0 ? "" : ", and " + std::to_string(left) + " more";
 }
 
-// The first one, as much of it as fits: without its instruction, if need be.
+// The first one with how many more there are: as much of it as fits, its place left out first.
 std::string firstText(const std::string& opening, const Count& first, bool hasPlace,
-                      std::size_t left) {
-  const std::string line = opening + countText(first, hasPlace) + moreText(left);
-  if (host::columnsOf(line) <= kColumns) return opening + countText(first, hasPlace);
-  Count shorter = first;
-  shorter.place.erase(std::min(shorter.place.find(','), shorter.place.size()));
-  return opening + countText(shorter, hasPlace);
+                      const std::string& more) {
+  const std::string line = std::string(first.place).substr(0, first.place.find(','));
+  for (const std::string& place : {first.place, line}) {
+    const std::string text = countText({first.name, first.count, place}, hasPlace);
+    if (host::columnsOf(opening + text + more) <= kColumns) return opening + text;
+  }
+  const std::string name = opening + first.name;
+  if (host::columnsOf(name + more) <= kColumns) return name;
+  return shortened(name, kColumns - host::columnsOf(more));
 }
 
 // As many as fit.
 std::string countsLine(const Counts& counts) {
   std::size_t left = counts.all.size() - 1;
   const std::string opening = (std::string("  ") += counts.opening) + ": ";
-  std::string line = firstText(opening, counts.all.front(), counts.hasPlaces, left);
+  std::string line = firstText(opening, counts.all.front(), counts.hasPlaces, moreText(left));
   for (; left > 0; --left) {
     const Count& count = counts.all[counts.all.size() - left];
     const std::string next = line + ", " + countText(count, counts.hasPlaces);
     if (host::columnsOf(next + moreText(left - 1)) > kColumns) break;
     line = next;
   }
-  const std::string whole = line + moreText(left);
-  return host::columnsOf(whole) <= kColumns ? whole : shortened(line);
+  return line + moreText(left);
 }
 
 // One name a line, in columns.
@@ -198,7 +200,10 @@ Json callsJson(const host::CallCounts& calls) {
 struct Loss {
   std::string_view key;
   long count;
+  // Of a note a run refuses nothing unless it is named.
   bool isNote = false;
+  // False for what is in the text, but should not be.
+  bool isMissing = true;
 };
 
 std::vector<Loss> lossesOf(const PostReport& report) {
@@ -206,13 +211,17 @@ std::vector<Loss> lossesOf(const PostReport& report) {
   const auto calls = [&](CallFate fate) {
     return report.listing == nullptr ? 0 : report.listing->calls().total(fate);
   };
-  return {
-      {kUnevaluated, summary.unevaluated.total()}, {kWithoutNumber, summary.withoutNumber.total()},
-      {kCutOff, summary.dropped.total()},          {kDeleted, summary.deleted.total()},
-      {kNeverGiven, summary.neverGiven.total()},   {kImpossible, summary.impossible.total()},
-      {kLostCall, calls(CallFate::Dropped)},       {kLostMove, calls(CallFate::UnsupportedMove)},
-      {kUnknownCall, calls(CallFate::Unknown)},    {kTableEntry, report.missingEntries},
-      {kWideLine, summary.wide.total(), true}};
+  return {{kUnevaluated, summary.unevaluated.total()},
+          {kWithoutNumber, summary.withoutNumber.total()},
+          {kCutOff, summary.dropped.total()},
+          {kDeleted, summary.deleted.total()},
+          {kNeverGiven, summary.neverGiven.total(), false, false},
+          {kImpossible, summary.impossible.total(), false, false},
+          {kLostCall, calls(CallFate::Dropped)},
+          {kLostMove, calls(CallFate::UnsupportedMove)},
+          {kUnknownCall, calls(CallFate::Unknown)},
+          {kTableEntry, report.missingEntries},
+          {kWideLine, summary.wide.total(), true, false}};
 }
 
 std::string outcomeText(const PostReport& report, std::string_view refusal) {
@@ -225,19 +234,21 @@ std::string outcomeText(const PostReport& report, std::string_view refusal) {
 
 long missingPieces(const PostReport& report) {
   long count = 0;
-  for (const Loss& loss : lossesOf(report)) count += loss.isNote ? 0 : loss.count;
+  for (const Loss& loss : lossesOf(report)) count += loss.isMissing ? loss.count : 0;
   return count;
 }
 
 std::string refusalOf(const PostReport& report, const Strictness& strictness) {
   long count = 0;
+  bool isMissing = true;
   for (const Loss& loss : lossesOf(report)) {
-    if (strictness.refuses(loss.key, loss.isNote)) count += loss.count;
+    if (loss.count == 0 || !strictness.refuses(loss.key, loss.isNote)) continue;
+    count += loss.count;
+    isMissing = isMissing && loss.isMissing;
   }
   if (count == 0) return {};
-  return count == missingPieces(report)
-             ? number(count, "piece") + " of the text would be missing"
-             : number(count, "finding") + (count == 1 ? " is" : " are") + " refused";
+  return isMissing ? number(count, "piece") + " of the text would be missing"
+                   : number(count, "finding") + (count == 1 ? " is" : " are") + " refused";
 }
 
 std::string reportText(const PostReport& report, std::string_view refusal, bool verbose) {
