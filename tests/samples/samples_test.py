@@ -193,7 +193,7 @@ class Samples(unittest.TestCase):
         self.check_sample(program, {"GOTO": 483, "DELAY": 4, "FEDRAT": 234})
         run = self.run_in_directory(PPWORD, "post", "part.canon", "-t", TABLE, "-o", "part.apt")
         self.assertIn(
-            "WARNING: calls only partly written: START_SPEED_FEED_SYNC (154 times, ", run.stderr
+            "WARNING: calls only partly written: START_SPEED_FEED_SYNC (154 times)", run.stderr
         )
 
     def test_five_axis_impeller_without_rotary_axes_is_refused(self):

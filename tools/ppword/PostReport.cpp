@@ -99,8 +99,10 @@ std::string shortened(std::string text, std::size_t most) {
 // "STRAIGHT_FEED 418"; with places "MFG_A (in line 7)" or "MFG_A (2 times, first in line 7)".
 std::string countText(const Count& count, bool hasPlace) {
   if (!hasPlace) return count.name + ' ' + std::to_string(count.count);
-  const std::string times = std::to_string(count.count) + " times, first ";
-  return count.name + " (" + (count.count == 1 ? "" : times) + count.place + ')';
+  const std::string times = count.count == 1 ? "" : std::to_string(count.count) + " times";
+  const std::string place = times.empty() ? count.place : ", first " + count.place;
+  const std::string text = times + (count.place.empty() ? "" : place);
+  return count.name + (text.empty() ? "" : " (" + text + ')');
 }
 
 // How many more there are after those shown.
@@ -112,13 +114,11 @@ std::string moreText(std::size_t left) {
 std::string firstText(const std::string& opening, const Count& first, bool hasPlace,
                       const std::string& more) {
   const std::string line = std::string(first.place).substr(0, first.place.find(','));
-  for (const std::string& place : {first.place, line}) {
+  for (const std::string& place : {first.place, line, std::string()}) {
     const std::string text = countText({first.name, first.count, place}, hasPlace);
     if (host::columnsOf(opening + text + more) <= kColumns) return opening + text;
   }
-  const std::string name = opening + first.name;
-  if (host::columnsOf(name + more) <= kColumns) return name;
-  return shortened(name, kColumns - host::columnsOf(more));
+  return shortened(opening + first.name, kColumns - host::columnsOf(more));
 }
 
 // As many as fit.
