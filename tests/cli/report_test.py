@@ -157,6 +157,28 @@ class ShortReport(program.ProgramTest):
         ):
             self.assertIn(piece, text)
 
+    def test_number_of_what_is_left_out_is_kept(self):
+        lines = [
+            '{"nc":"NC_RAPID","points":[[1e15,0,0],[1e15,0,0],[1e15,0,0]]}',
+            '{"nc":"NC_RAPID","axis":[5,5,5],"feedrate":{"value":-5},"circle":{"radius":0}}',
+        ]
+        self.write("job", '{"job":1,"program":"P","units":"mm"}\n' + "\n".join(lines) + '\n{"end":true}\n')
+        done = self.run_program("post", "--strict", "job")
+        self.assertIn(
+            "  WARNING: values that no machine can mean: points (3 times), and 3 more\n", done.stderr
+        )
+        self.assertIn("standard output: not written: 6 findings are refused\n", done.stderr)
+
+    def test_long_name_is_cut_and_the_rest_counted(self):
+        name = "MFG_" + 60 * "\u00dc"
+        syntax = f"X/%{name},%{name}Y,%{name}Z"
+        with open(os.path.join(self.folder, "table"), "w", encoding="utf-8") as file:
+            file.write(f"*START_NC_COMMAND NC_GOTO\n{syntax[:70]}\n%MFG_Q,%MFG_R\n*END\n")
+        self.write("job", JOB_OF_GOTO)
+        line = self.run_program("post", "job", "-t", "table").stderr.splitlines()[2]
+        self.assertRegex(line, r"\.\.\., and \d more$")
+        self.assertLessEqual(len(line.encode("latin-1").decode("utf-8")), 80)
+
     def test_deleted_operation_is_apart_from_its_count(self):
         self.write("job", JOB_OF_GOTO)
         self.write("table", "*START_NC_COMMAND NC_GOTO\nX/25.3*\n*END\n")
