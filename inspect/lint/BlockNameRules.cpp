@@ -118,12 +118,26 @@ void lintFormats(const TableBlocks& blocks, const TableUses& uses, LintFindings&
   }
 }
 
+/// Warns of blocks of parameters that the catalogue knows without such a value: a load skips them.
+void lintKinds(const std::vector<Named>& blocks, const std::set<std::string, std::less<>>& loadable,
+               LintFindings& findings) {
+  const LintCatalogue& catalogue = lintCatalogue();
+  for (const Named& block : blocks) {
+    const std::string_view name = block.name.text;
+    const bool hasType = catalogue.withList.contains(name) || catalogue.withFormat.contains(name) ||
+                         catalogue.typesWithoutValue.contains(name);
+    if (hasType && !loadable.contains(name)) findings.warn(LintKey::SkippedBlock, block.name);
+  }
+}
+
 }  // namespace
 
 void lintNamesOfBlocks(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
   lintParameterNames(blocks, uses, findings);
   lintInstructionNames(blocks, findings);
   lintFormats(blocks, uses, findings);
+  lintKinds(blocks.lists, lintCatalogue().withList, findings);
+  lintKinds(blocks.formats, lintCatalogue().withFormat, findings);
 }
 
 }  // namespace host

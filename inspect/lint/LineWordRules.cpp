@@ -108,7 +108,7 @@ void lintWordsOfLine(const TableLine& line, const LineReading& reading,
     missingSlash(line, reading, word, vocabulary, report);
     const bool isDefined = word.end() < reading.text.size() && reading.text[word.end()] == '=';
     if (isDefined) uses.symbols.push_back(word.text);
-    if (isFreeName(reading, word)) continue;
+    if (isFreeName(reading, word) && !vocabulary.knows(word.text)) continue;
     uses.words.push_back({word.text, line.offsetOf(reading.lineOffset(word.at))});
     if (vocabulary.kindOf(word.text) == WordKind::Text) break;
   }

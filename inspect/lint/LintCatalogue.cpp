@@ -53,7 +53,12 @@ class CatalogueReader {
       all_.instructions.emplace(type->GetName());
       for (const KEPUnicodeString& line : lines->GetTexts()) readLine(line.View());
     } else {
-      all_.parameters.insert_or_assign(std::string(type->GetName()), widthOf(attributes));
+      const std::string name(type->GetName());
+      all_.parameters.insert_or_assign(name, widthOf(attributes));
+      if (attributes->FindAttribute("MultiListValue")) all_.withList.insert(name);
+      if (attributes->FindAttribute("Format")) all_.withFormat.insert(name);
+      const bool hasValue = all_.withList.contains(name) || all_.withFormat.contains(name);
+      if (!hasValue && name.starts_with("MFG_")) all_.typesWithoutValue.insert(name);
     }
   }
 

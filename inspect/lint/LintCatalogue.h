@@ -14,6 +14,11 @@ struct LintCatalogue {
   /// The parameters with a type and those that its instructions refer to, each with the columns of
   /// its widest text; 0 where that is unknown.
   TextMap<std::size_t> parameters;
+  /// Those with a list of words and those with a format: a table can load only these.
+  std::set<std::string, std::less<>> withList;
+  std::set<std::string, std::less<>> withFormat;
+  /// Those with a type that has neither.
+  std::set<std::string, std::less<>> typesWithoutValue;
   /// Their names in order.
   std::set<std::string, std::less<>> parameterNames;
   /// The NC instructions, those of the catalogue and those that only a listing asks for.

@@ -98,6 +98,8 @@ class Kinds(program.ProgramTest):
         self.refused(nearest, "post", "--strict=wide-line,wide-lime", "job")
         self.refused(f"there is no kind '' {lists}", "check", "--strict=wide-line,", "table")
         self.refused("TABLE is required", "check", "--lint")
+        self.refused("'wide-line' is found only with --lint", "check", "--strict=wide-line", "table")
+        self.assertEqual(self.status("check", "--strict=no-section", "table"), 0)
         always = "'ERR_5001' is an error, which is always refused"
         self.refused(always, "check", "--explain", "ERR_5001")
 

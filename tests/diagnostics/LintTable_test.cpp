@@ -226,7 +226,8 @@ TEST(LintTable, NamesAndModifiersAreNotTold) {
       "*START_MAJOR_WORDS_WITH_PARAMETERS\nTLON,1\nGOFWD,2\nMACHIN,3\nCALL,4\n*END\n";
   EXPECT_EQ(lint(sections + "*START_NC_COMMAND NC_A\nTLON,GOFWD/(CIRCLE/0,0,0,5),ON\n*END\n"), "");
   EXPECT_EQ(lint(sections + "*START_NC_COMMAND NC_A\nMACHIN/MYPOST,1\nCALL/MYSUB\n*END\n"), "");
-  EXPECT_EQ(lint("*START_LIST MFG_FEED_TYPE\nMACHINING,APPROACH,RETRACT\n*END\n"), "");
+  EXPECT_EQ(lint("*START_LIST MFG_FEED_TYPE\nMACHINING,APPROACH,RETRACT\n*END\n"),
+            "1:13 skipped-block");
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nROTATE/AAXIS\nPLN1/PLN2,PLN2\nIF(A)L1\n*END\n"), "");
 }
 
@@ -286,6 +287,16 @@ TEST(LintTable, NamesThatNothingUsesAreTold) {
                      "*START_NC_COMMAND NC_MINE\nSTOP/%MFG_MINE\n*END\n",
                      "unused-name"),
             "");
+}
+
+TEST(LintTable, BlockThatALoadSkipsIsTold) {
+  EXPECT_EQ(lint("*START_LIST MFG_XPOINT\nMMPM\n*END\n"), "1:13 skipped-block");
+  EXPECT_EQ(lint("*START_FORMAT MFG_SPNDL_UNIT\n%f\n*END\n"), "1:15 skipped-block");
+  EXPECT_EQ(lint("*START_FORMAT MFG_OUTPUT_COMMENT\n%f\n*END\n"), "1:15 skipped-block");
+  EXPECT_EQ(lint("*START_FORMAT MFG_XPOINT\n%f\n*END\n"), "");
+  // Without a type it is made by the load.
+  EXPECT_EQ(lint("*START_LIST MFG_TOTAL_DEPTH\nMMPM\n*END\n"), "");
+  EXPECT_EQ(lint("*START_LIST MFG_OF_MINE\nMMPM\n*END\n"), "");
 }
 
 TEST(LintTable, KeywordWithMoreCharactersIsTold) {

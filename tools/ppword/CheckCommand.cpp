@@ -120,6 +120,9 @@ ExitStatus checkTables(const CheckOptions& options) {
   if (options.explain) return explainKinds(options);
   if (options.tables.empty()) throw UsageError{"TABLE is required"};
   const Strictness strictness(options.strictness);
+  if (const auto key = strictness.lintKey(); !options.lint && !key.empty()) {
+    throw UsageError{"'" + std::string(key) + "' is found only with --lint"};
+  }
   ExitStatus status = ExitStatus::Done;
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {

@@ -98,6 +98,17 @@ Strictness::Strictness(const StrictnessOptions& options) {
   for (const std::string& keys : options.allowed) addKeys(keys, allowed_);
 }
 
+std::string_view Strictness::lintKey() const {
+  constexpr std::string_view kOfCheck[] = {"no-section", "long-token", "endless-insert",
+                                           "unusable-format"};
+  const auto isOfLint = [&](std::string_view key) {
+    return kindOf(key).command == "check" &&
+           std::find(std::begin(kOfCheck), std::end(kOfCheck), key) == std::end(kOfCheck);
+  };
+  const auto found = std::find_if(refused_.begin(), refused_.end(), isOfLint);
+  return found == refused_.end() ? std::string_view() : *found;
+}
+
 bool Strictness::refuses(std::string_view key, bool isNote) const {
   if (holds(allowed_, key)) return false;
   return holds(refused_, key) || (all_ && !isNote);

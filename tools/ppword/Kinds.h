@@ -51,6 +51,8 @@ class Strictness {
 
   /// True when it refuses anything.
   [[nodiscard]] bool isStrict() const noexcept { return all_ || !refused_.empty(); }
+  /// The first key of --strict=KEY,... that only the lint finds; empty when there is none.
+  [[nodiscard]] std::string_view lintKey() const;
   /// `isNote`: for a finding of which nothing has to be done.
   [[nodiscard]] bool refuses(std::string_view key, bool isNote = false) const;
 

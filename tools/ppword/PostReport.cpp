@@ -115,8 +115,9 @@ std::string firstText(const std::string& opening, const Count& first, bool hasPl
                       const std::string& more) {
   const std::string line = std::string(first.place).substr(0, first.place.find(','));
   for (const std::string& place : {first.place, line, std::string()}) {
-    const std::string text = countText({first.name, first.count, place}, hasPlace);
-    if (host::columnsOf(opening + text + more) <= kColumns) return opening + text;
+    std::string text(opening);
+    text += countText({first.name, first.count, place}, hasPlace);
+    if (host::columnsOf(text) + host::columnsOf(more) <= kColumns) return text;
   }
   return shortened(opening + first.name, kColumns - host::columnsOf(more));
 }
