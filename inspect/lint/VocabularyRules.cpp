@@ -47,7 +47,7 @@ class WordCheck {
     if (isTelling(word) || vocabulary_.hasSections()) {
       const bool isOnce = count(word) == 1;
       meant = near(word, [&](std::string_view other) {
-        // Numbers tell words apart.
+        // Words with other numbers are different on purpose.
         return withoutDigits(other) != withoutDigits(word) &&
                (vocabulary_.knows(other) || (isOnce && count(other) > 1));
       });

@@ -9,7 +9,7 @@
 namespace host {
 namespace {
 
-constexpr double kLongestUnitVector = 1e-4;
+constexpr double kUnitTolerance = 1e-4;
 constexpr double kLargest = 1e15;
 
 struct Reading {
@@ -52,7 +52,7 @@ bool fits(const Reading& row, std::string_view parameter) {
 
 bool isUnit(const Triple& axis) {
   const double length = std::hypot(axis[0], axis[1], axis[2]);
-  return std::abs(length - 1.0) <= kLongestUnitVector;
+  return std::abs(length - 1.0) <= kUnitTolerance;
 }
 
 bool isLarge(double value) { return std::abs(value) >= kLargest; }
