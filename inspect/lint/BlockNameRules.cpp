@@ -34,16 +34,12 @@ class Names {
 // A shorter name is one mistake away from too many others.
 constexpr std::size_t kShortest = ppword::kCommandPrefix.size() + 3;
 
-std::string_view withoutDigits(std::string_view name) {
-  return name.substr(0, name.find_last_not_of("0123456789") + 1);
-}
-
 /// Warns of blocks with a name that is neither used in the table nor known to the catalogue. It is
 /// taken for another one that is one mistake away and has no block; names that differ in the number
 /// at their end are different on purpose.
-void lintNames(const std::vector<const Named*>& blocks, const Names& used,
-               const std::set<std::string, std::less<>>& known, const NearWords& nearKnown,
-               LintFindings& findings) {
+void lintNamesOf(const std::vector<const Named*>& blocks, const Names& used,
+                 const std::set<std::string, std::less<>>& known, const NearWords& nearKnown,
+                 LintFindings& findings) {
   Names own;
   for (const Named* const block : blocks) own.add(block->name.text);
   own.sort();
@@ -52,7 +48,7 @@ void lintNames(const std::vector<const Named*>& blocks, const Names& used,
     const std::string_view name = block->name.text;
     if (name.empty() || used.holds(name) || known.contains(name)) continue;
     const auto isMeant = [&](std::string_view other) {
-      return !own.holds(other) && withoutDigits(other) != withoutDigits(name);
+      return !own.holds(other) && withoutNumber(other) != withoutNumber(name);
     };
     std::string_view meant;
     if (name.size() >= kShortest) {
@@ -82,7 +78,7 @@ void lintParameterNames(const TableBlocks& blocks, const TableUses& uses, LintFi
   append(blocks.lists, all);
   append(blocks.formats, all);
   const LintCatalogue& catalogue = lintCatalogue();
-  lintNames(all, used, catalogue.parameterNames, catalogue.nearParameters, findings);
+  lintNamesOf(all, used, catalogue.parameterNames, catalogue.nearParameters, findings);
 }
 
 void lintInstructionNames(const TableBlocks& blocks, LintFindings& findings) {
@@ -92,7 +88,7 @@ void lintInstructionNames(const TableBlocks& blocks, LintFindings& findings) {
   std::vector<const Named*> all;
   append(blocks.commands, all);
   const LintCatalogue& catalogue = lintCatalogue();
-  lintNames(all, used, catalogue.instructions, catalogue.nearInstructions, findings);
+  lintNamesOf(all, used, catalogue.instructions, catalogue.nearInstructions, findings);
 }
 
 /// Their values are printed with six decimals, whatever their format.

@@ -11,8 +11,8 @@
 
 namespace host {
 
-/// What a word is for. Major and Modifier begin a statement; a modifier may have a comma and a
-/// major word after it.
+/// What a word is for. Major and Modifier begin a statement; a modifier needs no "/"
+/// after it.
 enum class WordKind { Major, Modifier, Text, Minor };
 
 /// The words that a table may use: those of its word sections, those of the default catalogue and
@@ -32,7 +32,7 @@ class LintVocabulary {
   [[nodiscard]] static const NearWords& nearStandardWords();
   /// The words of the table's sections, some of them twice.
   [[nodiscard]] std::vector<std::string_view> ownWords() const;
-  /// True for a word of standard APT after which a comma and a major word may follow.
+  /// True for a word of standard APT that begins a statement and needs no "/" after it.
   [[nodiscard]] bool isModifier(std::string_view word) const;
   /// What a word is for: what the table says before anything else.
   [[nodiscard]] std::optional<WordKind> kindOf(std::string_view word) const;

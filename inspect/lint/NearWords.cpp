@@ -60,6 +60,10 @@ std::string_view NearWords::near(std::string_view word,
   return found;
 }
 
+std::string_view withoutNumber(std::string_view word) {
+  return word.substr(0, word.find_last_not_of("0123456789") + 1);
+}
+
 bool isOneMistake(std::string_view left, std::string_view right) {
   if (left.size() > right.size()) std::swap(left, right);
   if (right.size() - left.size() > 1 || left == right) return false;

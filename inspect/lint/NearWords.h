@@ -33,6 +33,9 @@ class NearWords {
   std::vector<Entry> entries_;
 };
 
+/// A word without the number at its end: words that differ in it only are different on purpose.
+[[nodiscard]] std::string_view withoutNumber(std::string_view word);
+
 /// True when two words are one mistake apart.
 [[nodiscard]] bool isOneMistake(std::string_view left, std::string_view right);
 

@@ -20,10 +20,6 @@ bool isTelling(std::string_view word) {
   return word.size() >= kLong || (word.size() > 1 && word.find_first_of("0123456789") == word.npos);
 }
 
-std::string_view withoutDigits(std::string_view word) {
-  return word.substr(0, word.find_last_not_of("0123456789") + 1);
-}
-
 std::string meaning(std::string_view word, std::string_view meant) {
   std::string subject(word);
   if (!meant.empty()) (subject += ", perhaps ") += meant;
@@ -48,7 +44,7 @@ class WordCheck {
       const bool isOnce = count(word) == 1;
       meant = near(word, [&](std::string_view other) {
         // Words with other numbers are different on purpose.
-        return withoutDigits(other) != withoutDigits(word) &&
+        return withoutNumber(other) != withoutNumber(word) &&
                (vocabulary_.knows(other) || (isOnce && count(other) > 1));
       });
     }

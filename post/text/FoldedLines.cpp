@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "language/syntax/Characters.h"
+
 namespace host {
 namespace {
 
@@ -43,9 +45,7 @@ std::vector<std::string> foldedLines(std::string_view text, std::size_t first, s
 }
 
 std::size_t columnsOf(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
-  }));
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ppword::startsCharacter));
 }
 
 }  // namespace host

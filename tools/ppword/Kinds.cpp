@@ -42,11 +42,14 @@ constexpr Kind kPostKinds[] = {
      "The built-in entry of that name, or none, is used in its place.", "", ""},
 };
 
+// From here on the rules are those of the check without the lint.
+constexpr auto kFirstOfCheck = static_cast<std::size_t>(host::LintKey::NoSection);
+
 std::vector<Kind> makeKinds() {
   std::vector<Kind> kinds;
   for (const host::LintRule& rule : host::lintRules()) {
     kinds.push_back({rule.key, "check", host::severityName(rule.severity), rule.fault, rule.hint,
-                     rule.about, rule.reported, rule.sound});
+                     rule.about, rule.reported, rule.sound, kinds.size() < kFirstOfCheck});
   }
   kinds.insert(kinds.end(), std::begin(kPostKinds), std::end(kPostKinds));
   return kinds;
@@ -99,13 +102,8 @@ Strictness::Strictness(const StrictnessOptions& options) {
 }
 
 std::string_view Strictness::lintKey() const {
-  constexpr std::string_view kOfCheck[] = {"no-section", "long-token", "endless-insert",
-                                           "unusable-format"};
-  const auto isOfLint = [&](std::string_view key) {
-    return kindOf(key).command == "check" &&
-           std::find(std::begin(kOfCheck), std::end(kOfCheck), key) == std::end(kOfCheck);
-  };
-  const auto found = std::find_if(refused_.begin(), refused_.end(), isOfLint);
+  const auto found = std::find_if(refused_.begin(), refused_.end(),
+                                  [](std::string_view key) { return kindOf(key).needsLint; });
   return found == refused_.end() ? std::string_view() : *found;
 }
 

@@ -20,6 +20,8 @@ struct Kind {
   /// A line or table that is reported, and one to write instead; empty for `post`.
   std::string_view reported;
   std::string_view sound;
+  /// True for a kind of the check that it finds with --lint only.
+  bool needsLint = false;
 };
 
 /// All kinds: those of the check in the order of its rules, then those of `post`.

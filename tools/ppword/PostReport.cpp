@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "language/syntax/Characters.h"
 #include "post/listing/ListingReader.h"
 #include "post/text/FoldedLines.h"
 
@@ -91,7 +92,7 @@ std::vector<Counts> detailsOf(const PostReport& report) {
 // A line of at most so many columns.
 std::string shortened(std::string text, std::size_t most) {
   while (host::columnsOf(text) > most - 3) text.pop_back();
-  while ((static_cast<unsigned char>(text.back()) & 0xC0U) == 0x80U) text.pop_back();
+  while (!ppword::startsCharacter(text.back())) text.pop_back();
   if (static_cast<unsigned char>(text.back()) >= 0xC0U) text.pop_back();
   return text + "...";
 }
@@ -260,7 +261,8 @@ std::string reportText(const PostReport& report, std::string_view refusal, bool 
   const auto linesSoFar = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
   std::vector<std::string> lines;
   for (const Counts& counts : findingsOf(report)) {
-    if (!counts.all.empty()) lines.push_back(countsLine(counts));
+    // With `verbose` they have a table each.
+    if (!verbose && !counts.all.empty()) lines.push_back(countsLine(counts));
   }
   if (report.missingEntries > 0) {
     lines.push_back("  WARNING: " + std::to_string(report.missingEntries) +
