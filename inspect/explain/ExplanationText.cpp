@@ -13,7 +13,6 @@ namespace {
 using Source = KEPMfgPPWordListener::Source;
 
 constexpr std::size_t kWidth = 21;
-constexpr std::size_t kColumns = 80;
 constexpr std::size_t kDetail = 4;
 const std::string kIndent(kDetail, ' ');
 
@@ -28,7 +27,7 @@ std::string row(std::string_view name, const std::string& text) {
 /// A row under a pass, folded where it does not fit.
 std::string detail(std::string_view text) {
   std::string rows;
-  for (const std::string& line : foldedLines(text, kColumns - kDetail, kColumns - kDetail - 2)) {
+  for (const std::string& line : foldedLines(text, kScreenColumns - kDetail, kScreenColumns - kDetail - 2)) {
     ((rows += rows.empty() ? kIndent : kIndent + "  ") += line) += '\n';
   }
   return rows;

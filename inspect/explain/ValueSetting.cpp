@@ -13,6 +13,7 @@
 #include "KEPIMfgBufferSpindle.h"
 #include "KEPIMfgBufferTLAxis.h"
 #include "host/knowledge/KnowledgeParameter.h"
+#include "post/parameters/Parameters.h"
 
 namespace host {
 namespace {
@@ -73,41 +74,29 @@ using Helix = KEPIMfgBufferHelix;
 using Feedrate = KEPIMfgBufferFeedrate;
 using Spindle = KEPIMfgBufferSpindle;
 
-/// A parameter that prints a value of a motion buffer. A "?" in the name is the letter of a
-/// component.
+/// How a value of a motion buffer is set.
 struct BufferRow {
-  std::string_view name;
-  std::string_view letters;
+  BufferValue value;
   void (*set)(const Words& words, std::size_t component, double value);
 };
 
 constexpr BufferRow kRows[] = {
-    {"MFG_?POINT", "XYZ", setComponent<Point, &Point::GetPoint, &Point::SetPoint>},
-    {"MFG_?AXIS", "XYZ", setComponent<Axis, &Axis::GetTLAxis, &Axis::SetTLAxis>},
-    {"MFG_CIRCLE_?_TGT", "XYZ", setComponent<Circle, &Circle::GetTgt, &Circle::SetTgt>},
-    {"MFG_CIRCLE_?_CENTER", "XYZ", setComponent<Circle, &Circle::GetCenter, &Circle::SetCenter>},
-    {"MFG_CIRCLE_?_NORMAL", "XYZ", setComponent<Circle, &Circle::GetNormal, &Circle::SetNormal>},
-    {"MFG_CIRCLE_?_PT", "XYZ", setComponent<Circle, &Circle::GetPt, &Circle::SetPt>},
-    {"MFG_CIRCLE_RADIUS", "", setNumber<Circle, &Circle::SetRadius>},
-    {"MFG_HELICAL_INDIRV_?", "IJK", setComponent<Helix, &Helix::GetInDirV, &Helix::SetInDirV>},
-    {"MFG_HELICAL_?_CENTER", "XYZ", setComponent<Helix, &Helix::GetCenter, &Helix::SetCenter>},
-    {"MFG_HELICAL_?_AXIS", "IJK", setComponent<Helix, &Helix::GetAxis, &Helix::SetAxis>},
-    {"MFG_HELICAL_?_END", "XYZ", setComponent<Helix, &Helix::GetEnd, &Helix::SetEnd>},
-    {"MFG_HELICAL_RADIUS", "", setNumber<Helix, &Helix::SetRadius>},
-    {"MFG_HELICAL_PITCH", "", setNumber<Helix, &Helix::SetPitch>},
-    {"MFG_FEED_VALUE", "", setValue<Feedrate, &Feedrate::SetFeedParameter>},
-    {"MFG_SPNDL_SPEED", "", setValue<Spindle, &Spindle::SetSpindleParameter>},
+    {BufferValue::Point, setComponent<Point, &Point::GetPoint, &Point::SetPoint>},
+    {BufferValue::ToolAxis, setComponent<Axis, &Axis::GetTLAxis, &Axis::SetTLAxis>},
+    {BufferValue::CircleTangent, setComponent<Circle, &Circle::GetTgt, &Circle::SetTgt>},
+    {BufferValue::CircleCenter, setComponent<Circle, &Circle::GetCenter, &Circle::SetCenter>},
+    {BufferValue::CircleNormal, setComponent<Circle, &Circle::GetNormal, &Circle::SetNormal>},
+    {BufferValue::CirclePoint, setComponent<Circle, &Circle::GetPt, &Circle::SetPt>},
+    {BufferValue::CircleRadius, setNumber<Circle, &Circle::SetRadius>},
+    {BufferValue::HelixInDirV, setComponent<Helix, &Helix::GetInDirV, &Helix::SetInDirV>},
+    {BufferValue::HelixCenter, setComponent<Helix, &Helix::GetCenter, &Helix::SetCenter>},
+    {BufferValue::HelixAxis, setComponent<Helix, &Helix::GetAxis, &Helix::SetAxis>},
+    {BufferValue::HelixEnd, setComponent<Helix, &Helix::GetEnd, &Helix::SetEnd>},
+    {BufferValue::HelixRadius, setNumber<Helix, &Helix::SetRadius>},
+    {BufferValue::HelixPitch, setNumber<Helix, &Helix::SetPitch>},
+    {BufferValue::Feedrate, setValue<Feedrate, &Feedrate::SetFeedParameter>},
+    {BufferValue::SpindleSpeed, setValue<Spindle, &Spindle::SetSpindleParameter>},
 };
-
-/// Which component of the row a name is; nothing for a name of another row.
-std::optional<std::size_t> componentOf(const BufferRow& row, std::string_view name) {
-  const std::size_t at = row.name.find('?');
-  if (at == kNone) return name == row.name ? std::optional<std::size_t>(0) : std::nullopt;
-  const bool fits = name.size() == row.name.size() && name.starts_with(row.name.substr(0, at)) &&
-                    name.ends_with(row.name.substr(at + 1));
-  const std::size_t component = fits ? row.letters.find(name[at]) : kNone;
-  return component == kNone ? std::nullopt : std::optional(component);
-}
 
 void setBuffer(const ValueSetting& setting, const Words& words) {
   const KEPMfgParameterValue& value = setting.value;
@@ -117,10 +106,10 @@ void setBuffer(const ValueSetting& setting, const Words& words) {
     return;
   }
   const double number = value.kind == KEPMfgParameterValue::kReal ? value.real : value.integer;
+  const Parameter* const parameter = findParameter(setting.name);
+  if (parameter == nullptr) return;
   for (const BufferRow& row : kRows) {
-    if (const auto component = componentOf(row, setting.name)) {
-      row.set(words, *component, number);
-    }
+    if (parameter->row->values == row.value) row.set(words, parameter->letter, number);
   }
 }
 

@@ -1,13 +1,13 @@
 #include <algorithm>
-#include <array>
 #include <optional>
 #include <set>
 #include <string>
 
 #include "inspect/lint/LintCatalogue.h"
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 #include "inspect/lint/VocabularyRules.h"
 #include "language/table/Keywords.h"
+#include "post/parameters/Parameters.h"
 
 namespace host {
 namespace {
@@ -91,9 +91,11 @@ void lintInstructionNames(const TableBlocks& blocks, LintFindings& findings) {
   lintNamesOf(all, used, catalogue.instructions, catalogue.nearInstructions, findings);
 }
 
-/// Their values are printed with six decimals, whatever their format.
-constexpr std::array<std::string_view, 4> kWithoutFormat = {
-    "MFG_CMP_TL_SET_X", "MFG_CMP_TL_SET_Y", "MFG_CMP_TL_SET_Z", "MFG_CMP_NOSE_RADIUS"};
+/// True for numbers that are printed with six decimals, whatever their format.
+bool isFixed(std::string_view name) {
+  const Parameter* const parameter = findParameter(name);
+  return parameter != nullptr && parameter->row->type == ParameterType::FixedReal;
+}
 
 /// Warns of formats that no number is printed with.
 void lintFormats(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
@@ -106,9 +108,7 @@ void lintFormats(const TableBlocks& blocks, const TableUses& uses, LintFindings&
   computed.sort();
   for (const Named& format : blocks.formats) {
     const std::string_view name = format.name.text;
-    const bool isFixed =
-        std::find(kWithoutFormat.begin(), kWithoutFormat.end(), name) != kWithoutFormat.end();
-    if (isFixed || (computed.holds(name) && !printed.holds(name))) {
+    if (isFixed(name) || (computed.holds(name) && !printed.holds(name))) {
       findings.warn(LintKey::IdleFormat, format.name);
     }
   }

@@ -9,6 +9,7 @@
 #include "inspect/lint/SyntaxLineReader.h"
 #include "language/number/NumberFormat.h"
 #include "post/listing/Vocabulary.h"
+#include "post/parameters/Parameters.h"
 
 namespace host {
 namespace {
@@ -33,6 +34,7 @@ class CatalogueReader {
          document->features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>())) {
       readType(type);
     }
+    for (const Parameter& known : knownParameters()) all_.parameters.try_emplace(known.name, 0);
     for (const auto& [name, width] : all_.parameters) all_.parameterNames.insert(name);
     all_.instructions.insert(std::begin(kListingInstructions), std::end(kListingInstructions));
     all_.nearParameters = nearTo(all_.parameterNames);

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "host/system/TextHash.h"
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 
 namespace host {
 

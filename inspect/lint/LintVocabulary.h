@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 #include "inspect/lint/TableBlocks.h"
 
 namespace host {

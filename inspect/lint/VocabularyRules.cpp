@@ -6,7 +6,7 @@
 #include <string>
 
 #include "inspect/lint/LintCatalogue.h"
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 
 namespace host {
 namespace {

@@ -13,6 +13,7 @@
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
 #include "post/output/LineSink.h"
+#include "post/parameters/Parameters.h"
 #include "post/text/SpellingSuggestion.h"
 #include "post/toolpath/LineReader.h"
 
@@ -51,7 +52,8 @@ bool isExact(const Element& element, std::string_view name, int motion) {
 /// Counts what the module reports of the element that is being written.
 class Generator::Listener final : public KEPMfgPPWordListener {
  public:
-  Listener(Summary& summary, const GivenValues& given) : summary_(summary), given_(given) {}
+  Listener(Summary& summary, const GivenValues& given, StatedNames& names)
+      : summary_(summary), given_(given), names_(names) {}
   Listener(const Listener&) = delete;
   Listener& operator=(const Listener&) = delete;
 
@@ -61,9 +63,10 @@ class Generator::Listener final : public KEPMfgPPWordListener {
     hasOwnSpeeds_ = activity.motions.has_value();
   }
 
-  void ReferenceLookedUp(std::string_view /*name*/, const KEPBaseUnknown* type,
+  void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* /*evaluation*/) override {
     type_ = type;
+    names_.use(name);
   }
 
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
@@ -91,7 +94,9 @@ class Generator::Listener final : public KEPMfgPPWordListener {
  private:
   [[nodiscard]] bool isGiven(std::string_view parameter) {
     const auto [known, isNew] = readings_.try_emplace(type_);
-    if (isNew) known->second = valuesReadBy(parameter);
+    if (const auto* const found = isNew ? findParameter(parameter) : nullptr) {
+      known->second = found->row->values;
+    }
     if (given_.holdAll(known->second)) return true;
     return hasOwnSpeeds_ && parameter == "MFG_SPNDL_SPEED";
   }
@@ -105,6 +110,7 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   Summary& summary_;
   const GivenValues& given_;
+  StatedNames& names_;
   /// What the parameters print, by their types.
   std::unordered_map<const KEPBaseUnknown*, BufferValues> readings_;
   bool hasOwnSpeeds_ = false;
@@ -119,7 +125,7 @@ Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink&
       words_(document_->ppWordContainer()),
       buffers_(words_),
       sink_(sink),
-      listener_(std::make_unique<Listener>(summary_, given_)) {
+      listener_(std::make_unique<Listener>(summary_, given_, names_)) {
   summary_.file = file;
   words_->SetObjects({});
 }
@@ -131,10 +137,12 @@ void Generator::run(ToolPathReader& toolPath) {
   while (toolPath.next(event)) {
     std::visit([this](const auto& piece) { put(piece); }, event);
   }
+  names_.report(summary_.misspelt);
 }
 
 void Generator::put(const ActivityStart& start) {
   listener_->listenFor(start);
+  names_.read(start);
   KEPVar<Activity> activity = Activity::create(static_cast<const ActivityValues&>(start));
   if (start.isVirtual) activity = Activity::createVirtual(start.name, activity);
   words_->SetObjects(activity);

@@ -11,6 +11,7 @@
 #include "host/modeler/Document.h"
 #include "post/generator/GivenValues.h"
 #include "post/generator/MotionBuffers.h"
+#include "post/generator/StatedNames.h"
 #include "post/generator/Summary.h"
 #include "post/output/LineSink.h"
 #include "post/toolpath/ToolPath.h"
@@ -63,6 +64,7 @@ class Generator {
   LineSink& sink_;
   Summary summary_;
   GivenValues given_{summary_.impossible};
+  StatedNames names_;
   KEPListValKEPUnicodeString lines_;
   std::optional<std::vector<KEPIMfgPPCommand_var>> commands_;
   std::unique_ptr<Listener> listener_;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iterator>
 
 #include "language/number/DecimalPrefix.h"
 
@@ -11,44 +10,6 @@ namespace {
 
 constexpr double kUnitTolerance = 1e-4;
 constexpr double kLargest = 1e15;
-
-struct Reading {
-  /// What the name of a parameter begins with, and what it ends with.
-  std::string_view begin;
-  std::string_view end;
-  BufferValues values;
-};
-
-constexpr BufferValues kHeight =
-    BufferValues(BufferValue::HelixAxis) | BufferValue::HelixStart | BufferValue::HelixEnd;
-constexpr BufferValues kTurns = kHeight | BufferValue::HelixPitch;
-
-// The first that fits counts.
-constexpr Reading kReadings[] = {{"MFG_", "POINT", BufferValue::Point},
-                                 {"MFG_CIRCLE_", "_TGT", BufferValue::CircleTangent},
-                                 {"MFG_CIRCLE_", "_CENTER", BufferValue::CircleCenter},
-                                 {"MFG_CIRCLE_", "RADIUS", BufferValue::CircleRadius},
-                                 {"MFG_CIRCLE_", "_NORMAL", BufferValue::CircleNormal},
-                                 {"MFG_CIRCLE_", "_PT", BufferValue::CirclePoint},
-                                 {"MFG_HELICAL_INDIRV_", "", BufferValue::HelixInDirV},
-                                 {"MFG_HELICAL_", "_CENTER", BufferValue::HelixCenter},
-                                 {"MFG_HELICAL_", "RADIUS", BufferValue::HelixRadius},
-                                 {"MFG_HELICAL_", "_AXIS", BufferValue::HelixAxis},
-                                 {"MFG_HELICAL_", "_END", BufferValue::HelixEnd},
-                                 {"MFG_HELICAL_", "PITCH", BufferValue::HelixPitch},
-                                 {"MFG_HELICAL_", "HEIGHT", kHeight},
-                                 {"MFG_HELICAL_", "ROUND", kTurns},
-                                 {"MFG_HELICAL_", "ANGLE", kTurns},
-                                 {"MFG_", "AXIS", BufferValue::ToolAxis},
-                                 {"MFG_FEED_VALUE", "", BufferValue::Feedrate},
-                                 {"MFG_SPNDL_SPEED", "", BufferValue::SpindleSpeed}};
-
-bool fits(const Reading& row, std::string_view parameter) {
-  // MFG_XPOINT and MFG_XAXIS have one letter between.
-  const bool isShort = row.begin == "MFG_";
-  return parameter.starts_with(row.begin) && parameter.ends_with(row.end) &&
-         (!isShort || parameter.size() == row.begin.size() + 1 + row.end.size());
-}
 
 bool isUnit(const Triple& axis) {
   const double length = std::hypot(axis[0], axis[1], axis[2]);
@@ -132,13 +93,6 @@ class ElementReader {
 };
 
 }  // namespace
-
-BufferValues valuesReadBy(std::string_view parameter) {
-  const auto* const row =
-      std::find_if(std::begin(kReadings), std::end(kReadings),
-                   [parameter](const Reading& each) { return fits(each, parameter); });
-  return row == std::end(kReadings) ? BufferValues() : row->values;
-}
 
 void GivenValues::read(const Element& element, std::string_view title) {
   ElementReader(element, title, impossible_, given_).read();

@@ -71,6 +71,9 @@ struct Summary {
   /// length differs from 1 by more than 1e-4, a negative feed rate or speed, a circle or helix of
   /// radius 0, a number of 1e15 or more.
   Tally impossible;
+  /// Parameters of activities that nothing asks for, by name and the known one that is perhaps
+  /// meant, with the activity; counted when the whole tool path is written.
+  Tally misspelt;
   /// Lines wider than the columns of a statement, by the NC instruction.
   Tally wide;
   /// Ends of parameter names that were cut off, by the name with its end.

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace host {
+
+/// The columns that reports for people fit into.
+inline constexpr std::size_t kScreenColumns = 80;
 
 /// A text in lines of at most `first` and then `next` columns. It is broken at blanks, but not
 /// inside a quoted piece («like this»); a longer word has a line of its own.

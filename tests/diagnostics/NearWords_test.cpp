@@ -1,4 +1,4 @@
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 
 #include <gtest/gtest.h>
 

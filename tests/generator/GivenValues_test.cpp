@@ -13,6 +13,7 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/modeler/Document.h"
 #include "post/generator/Generator.h"
+#include "post/parameters/Parameters.h"
 #include "tests/generator/Jobs.h"
 
 namespace host::test {
@@ -161,7 +162,9 @@ TEST(GivenValues, ParametersReadWhatTheModuleReads) {
     const auto after = textsOf(*document);
     for (std::size_t i = 0; i < before.size(); ++i) {
       const auto& [name, text] = before[i];
-      EXPECT_EQ(valuesReadBy(name).holdAll(which), text != after[i].second)
+      const Parameter* const known = findParameter(name);
+      ASSERT_NE(known, nullptr) << name;
+      EXPECT_EQ(known->row->values.holdAll(which), text != after[i].second)
           << name << ' ' << static_cast<unsigned>(which) << ' ' << text << ' ' << after[i].second;
     }
   }

@@ -123,6 +123,8 @@ void addList(CLI::App& command, ListOptions& options) {
   addTable(command, options.table);
   command.add_option("SECTION", options.section, "Which part to show")->option_text(" ");
   command.add_flag("--default", options.ofDefaultCatalogue, "Show the catalogue of a new document");
+  command.add_option("--of", options.instruction, "Only the parameters of an NC instruction")
+      ->option_text("INSTRUCTION");
 }
 
 void addDocument(CLI::App& command, DocumentOptions& options) {

@@ -65,6 +65,8 @@ struct ListOptions {
   std::string table;
   std::string section;
   bool ofDefaultCatalogue = false;
+  /// The NC instruction whose parameters are asked for; empty for all.
+  std::string instruction;
   OutputFormat format = OutputFormat::ForPeople;
 };
 

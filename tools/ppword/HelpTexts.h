@@ -68,12 +68,18 @@ inline constexpr const char* kListFooter =
     R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
 Without it all are shown.
 
+The section parameters explains each parameter: what it means, its type and unit, where its value
+comes from, its format or words, and the NC instructions that use it. With a TABLE they are those of
+a new document that has loaded it.
+
 In JSON a text that is not UTF-8 is {"latin1": TEXT}: each character of TEXT is one byte.
 
 Examples:
   ppword list mill.pptable
   ppword list mill.pptable words
   ppword list --default formats
+  ppword list parameters
+  ppword list mill.pptable parameters --of NC_DRILLING
   ppword list --format json mill.pptable commands)";
 
 inline constexpr const char* kDocument = "Create, change or show a document file";

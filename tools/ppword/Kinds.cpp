@@ -29,6 +29,9 @@ constexpr Kind kPostKinds[] = {
      "A tool axis whose length differs from 1 by more than 0.0001, a negative feed rate or speed, "
      "a circle or helix of radius 0, a number of 1e15 or more.",
      "", ""},
+    {kMisspelt, "post", "warning", "a parameter of a job has an unknown name",
+     "correct the name; a parameter that a user added belongs under customParameters",
+     "No reference asks for the parameter, and it is one mistake away from a known one.", "", ""},
     {kLostCall, "post", "warning", "a call of the listing is only partly in the text",
      "see docs/listing-format.md for what becomes of each call",
      "The table has no word for what the call says, coolant for example.", "", ""},

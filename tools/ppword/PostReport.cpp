@@ -21,7 +21,6 @@ std::string number(long count, std::string_view singular) {
   return std::to_string(count) + ' ' + std::string(singular) + (count == 1 ? "" : "s");
 }
 
-constexpr std::size_t kColumns = 80;
 constexpr std::size_t kMostLines = 8;
 
 // What was counted under one name, and where it was first.
@@ -75,6 +74,7 @@ std::vector<Counts> findingsOf(const PostReport& report) {
           countsOf("WARNING: operations deleted", summary.deleted),
           countsOf("WARNING: printed, but never stated", summary.neverGiven),
           countsOf("WARNING: values that no machine can mean", summary.impossible),
+          countsOf("WARNING: unknown name", summary.misspelt),
           countsOf("NOTE: lines wider than 72 columns", summary.wide),
           countsOf("moves", report, CallFate::Move)};
 }
@@ -118,9 +118,9 @@ std::string firstText(const std::string& opening, const Count& first, bool hasPl
   for (const std::string& place : {first.place, line, std::string()}) {
     std::string text(opening);
     text += countText({first.name, first.count, place}, hasPlace);
-    if (host::columnsOf(text) + host::columnsOf(more) <= kColumns) return text;
+    if (host::columnsOf(text) + host::columnsOf(more) <= host::kScreenColumns) return text;
   }
-  return shortened(opening + first.name, kColumns - host::columnsOf(more));
+  return shortened(opening + first.name, host::kScreenColumns - host::columnsOf(more));
 }
 
 // As many as fit.
@@ -131,7 +131,7 @@ std::string countsLine(const Counts& counts) {
   for (; left > 0; --left) {
     const Count& count = counts.all[counts.all.size() - left];
     const std::string next = line + ", " + countText(count, counts.hasPlaces);
-    if (host::columnsOf(next + moreText(left - 1)) > kColumns) break;
+    if (host::columnsOf(next + moreText(left - 1)) > host::kScreenColumns) break;
     line = next;
   }
   return line + moreText(left);
@@ -219,6 +219,7 @@ std::vector<Loss> lossesOf(const PostReport& report) {
           {kDeleted, summary.deleted.total()},
           {kNeverGiven, summary.neverGiven.total(), false, false},
           {kImpossible, summary.impossible.total(), false, false},
+          {kMisspelt, summary.misspelt.total(), false, false},
           {kLostCall, calls(CallFate::Dropped)},
           {kLostMove, calls(CallFate::UnsupportedMove)},
           {kUnknownCall, calls(CallFate::Unknown)},
@@ -299,6 +300,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"deleted", tallyJson(summary.deleted, false)},
             {"neverGiven", tallyJson(summary.neverGiven, false)},
             {"impossible", tallyJson(summary.impossible, false)},
+            {"misspelt", tallyJson(summary.misspelt, false)},
             {"wide", tallyJson(summary.wide, false)},
             {"tableEntriesNotLoaded", report.missingEntries}};
   if (report.listing == nullptr) return json;

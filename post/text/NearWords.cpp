@@ -1,4 +1,4 @@
-#include "inspect/lint/NearWords.h"
+#include "post/text/NearWords.h"
 
 #include <algorithm>
 #include <tuple>
@@ -7,7 +7,7 @@ namespace host {
 namespace {
 
 // A longer word is not searched for.
-constexpr std::size_t kLongest = 64;
+constexpr std::size_t kLongestNear = 64;
 
 char upper(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 0x20) : c; }
 
@@ -37,7 +37,7 @@ void visitHashes(std::string_view word, Visit visit) {
 
 NearWords::NearWords(std::vector<std::string_view> words) : words_(std::move(words)) {
   for (std::uint32_t index = 0; index < words_.size(); ++index) {
-    if (words_[index].size() > kLongest) continue;
+    if (words_[index].size() > kLongestNear) continue;
     visitHashes(words_[index], [&](std::uint32_t hash) { entries_.push_back({hash, index}); });
   }
   std::sort(entries_.begin(), entries_.end(), [](const Entry& left, const Entry& right) {
@@ -48,7 +48,7 @@ NearWords::NearWords(std::vector<std::string_view> words) : words_(std::move(wor
 std::string_view NearWords::near(std::string_view word,
                                  const std::function<bool(std::string_view)>& isMeant) const {
   std::string_view found;
-  if (word.size() > kLongest) return found;
+  if (word.size() > kLongestNear) return found;
   visitHashes(word, [&](std::uint32_t hash) {
     auto at = std::partition_point(entries_.begin(), entries_.end(),
                                    [hash](const Entry& entry) { return entry.hash < hash; });
