@@ -61,6 +61,7 @@ constexpr std::array kMessages = {
     Message{kSystem, "TABLE_UNREADABLE", Place::None, "the PP word table cannot be opened: /p1"},
     Message{kSystem, "HINT_MEANT", Place::None, "; did you mean /p1?"},
     Message{kSystem, "HINT_TAB", Place::None, "; a blank must precede the name, not a tab"},
+    Message{kSystem, "HINT_COUNTED", Place::None, " (counted to line /p1, the end of the table)"},
 };
 
 // The translations lie beside the library that this code is part of.

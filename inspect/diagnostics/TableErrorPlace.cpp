@@ -135,6 +135,15 @@ std::string hint(std::string_view line, std::string_view keyword, const Mark& ma
   return afterTab ? hintText("HINT_TAB", {}) : "";
 }
 
+bool isUnbalanced(std::string_view key) { return key == "ERR_5002" || key == "ERR_5003"; }
+
+// Where the reader of the table found blocks without balance, which is after the line shown.
+std::string countedText(std::string_view key, const KEPError& error) {
+  if (!isUnbalanced(key)) return {};
+  const KEPUnicodeString counted(std::to_string(countedLineOf(error)));
+  return hintText("HINT_COUNTED", {counted});
+}
+
 }  // namespace
 
 Diagnostic tableErrorAt(const std::string& path, std::string_view key, const TableBytes& table,
@@ -143,8 +152,7 @@ Diagnostic tableErrorAt(const std::string& path, std::string_view key, const Tab
   diagnostic.message = messageText(kErrors, key, {}).View();
   const std::string_view keyword = keywordWithoutName(key);
   const Mark mark = markOf(line.text, keyword);
-  const bool unbalanced = key == "ERR_5002" || key == "ERR_5003";
-  if (!unbalanced) diagnostic.message += hint(line.text, keyword, mark);
+  if (!isUnbalanced(key)) diagnostic.message += hint(line.text, keyword, mark);
   const auto [number, column] = table.placeOf(line.offset);
   diagnostic.line = number;
   diagnostic.column = column + static_cast<long>(mark.offset);
@@ -157,6 +165,7 @@ Diagnostic tableError(const std::string& path, const KEPError& error) {
   const TableBytes table = TableBytes::read(path);
   if (const auto line = lineOf(table.text(), error)) {
     Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
+    diagnostic.message += countedText(key, error);
     diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
     return diagnostic;
   }

@@ -27,7 +27,8 @@ std::string row(std::string_view name, const std::string& text) {
 /// A row under a pass, folded where it does not fit.
 std::string detail(std::string_view text) {
   std::string rows;
-  for (const std::string& line : foldedLines(text, kScreenColumns - kDetail, kScreenColumns - kDetail - 2)) {
+  for (const std::string& line :
+       foldedLines(text, kScreenColumns - kDetail, kScreenColumns - kDetail - 2)) {
     ((rows += rows.empty() ? kIndent : kIndent + "  ") += line) += '\n';
   }
   return rows;

@@ -4,10 +4,10 @@
 #include <string>
 
 #include "inspect/lint/LintCatalogue.h"
-#include "post/text/NearWords.h"
 #include "inspect/lint/VocabularyRules.h"
 #include "language/table/Keywords.h"
 #include "post/parameters/Parameters.h"
+#include "post/text/NearWords.h"
 
 namespace host {
 namespace {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "post/text/NearWords.h"
 #include "inspect/lint/TableBlocks.h"
+#include "post/text/NearWords.h"
 
 namespace host {
 

@@ -2,6 +2,7 @@
 
 import json
 import os
+import re
 import random
 import resource
 import signal
@@ -141,6 +142,54 @@ class Actions(DocumentTest):
                 f"d: warning no-instruction: the document has no NC instruction '{name}' for"
                 " this command\n",
             )
+
+    def test_command_is_removed_and_later_ones_move_up(self):
+        self.make()
+        for name in ("NC_GOTO", "NC_RAPID", "NC_FROM"):
+            self.run_document("add-command", "d", name)
+        self.check(
+            self.run_document("remove-command", "d", "2"),
+            0,
+            "d: PP command 2 removed; the positions of those after it are one less now\n",
+        )
+        self.assertEqual(
+            self.commands(), "PP commands (2)\n  1  NC_GOTO, sequence 1\n  2  NC_FROM, sequence 1\n"
+        )
+        self.check(self.run_document("remove-command", "d", "2"), 0, "d: PP command 2 removed\n")
+        self.check(
+            self.run_document("remove-command", "d", "2"),
+            1,
+            "",
+            "d: error: the document has no PP command 2; it has 1\n",
+        )
+        self.assertEqual(self.commands(), "PP commands (1)\n  1  NC_GOTO, sequence 1\n")
+        for position in ("0", "-1", "x", "1.5", "", "99999999999"):
+            self.check(
+                self.run_document("remove-command", "d", "--", position),
+                2,
+                "",
+                "ppword document: POSITION is a whole number from 1 to 2147483647, not"
+                f" '{position}'\nTry 'ppword document --help'.\n",
+            )
+
+    def test_each_action_explains_itself(self):
+        self.check(
+            self.run_document("remove-command", "--help"),
+            0,
+            "Usage: ppword document remove-command FILE POSITION\n\n"
+            "Remove a PP command; later ones move up by one position. Jobs that post one of\n"
+            "the later commands by its position must be changed too.\n\n"
+            "Example:\n  ppword document remove-command part.ppdoc 1\n",
+        )
+        listed = self.run_document("--help").stdout
+        actions = re.findall(r"^  ([a-z-]+) FILE", listed, re.MULTILINE)
+        self.assertEqual(len(actions), 8)
+        for action in actions:
+            shown = self.run_document(action, "--help").stdout
+            self.assertTrue(shown.startswith(f"Usage: ppword document {action} FILE"), shown)
+            self.assertEqual(self.run_document(action, "d", "-h").stdout, shown)
+        # That of the command for an unknown one.
+        self.assertEqual(self.run_document("none", "--help").stdout, listed)
 
     def test_command_without_values_is_shown(self):
         self.make()

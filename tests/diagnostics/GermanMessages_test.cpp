@@ -110,6 +110,9 @@ TEST(GermanMessages, HintsOfTheTableCheckAreGermanToo) {
   EXPECT_EQ(messageOf("*START_FROMAT MFG_A\n"),
             "so beginnt kein Block; prüfen Sie die Schreibweise des *START_-Schlüsselworts; "
             "meinten Sie *START_FORMAT?");
+  EXPECT_EQ(messageOf("*START_SYNTAXES\nRAPID\n"),
+            "weniger *END-Zeilen als *START-Zeilen; schließen Sie jeden Block mit *END "
+            "(gezählt bis Zeile 2, dem Ende der Tabelle)");
   EXPECT_EQ(host::unreadableTable("/")->message,
             "die PP-Wort-Tabelle lässt sich nicht öffnen: it is a directory");
 }

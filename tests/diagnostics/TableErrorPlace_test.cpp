@@ -49,7 +49,7 @@ TEST(TableError, KeywordLikeNoOtherSuggestsNothing) {
 TEST(TableError, SurplusEndIsThePlace) {
   EXPECT_EQ(checked("*START_SYNTAXES\n*END\n*END\nfree text\n"),
             "T:3:1: error ERR_5002: more *END lines than *START lines; remove the *END that closes "
-            "nothing\n"
+            "nothing (counted to line 4, the end of the table)\n"
             "  *END\n"
             "  ^~~~\n");
 }
@@ -58,7 +58,7 @@ TEST(TableError, UnclosedStartIsThePlace) {
   EXPECT_EQ(
       checked("*START_SYNTAXES\n*END\n*START_LIST MFG_A\nA,B\n*START_FORMAT MFG_B\n%f\n*END\n"),
       "T:3:1: error ERR_5003: fewer *END lines than *START lines; close every block with "
-      "*END\n"
+      "*END (counted to line 7, the end of the table)\n"
       "  *START_LIST MFG_A\n"
       "  ^~~~~~~~~~~\n");
 }
@@ -66,7 +66,7 @@ TEST(TableError, UnclosedStartIsThePlace) {
 TEST(TableError, EarlySurplusEndDoesNotHideTheUnclosedStart) {
   EXPECT_EQ(checked("*END\n*START_SYNTAXES\n*END\n*START_MINOR_WORDS\n*START_SYNTAXES\n"),
             "T:4:1: error ERR_5003: fewer *END lines than *START lines; close every block with "
-            "*END\n"
+            "*END (counted to line 5, the end of the table)\n"
             "  *START_MINOR_WORDS\n"
             "  ^~~~~~~~~~~~~~~~~~\n");
 }

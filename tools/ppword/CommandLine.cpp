@@ -128,6 +128,7 @@ void addList(CLI::App& command, ListOptions& options) {
 }
 
 void addDocument(CLI::App& command, DocumentOptions& options) {
+  command.footer(documentHelp());
   command.add_option("ACTION", options.action, "What to do")->required()->option_text(" ");
   command.add_option("FILE", options.file, "Document file")->required()->option_text(" ");
   command.add_option("ARGUMENT", options.arguments, "Arguments of the action")->option_text("...");
@@ -209,8 +210,7 @@ constexpr std::array<Command, 9> kCommands{{
     {"explain", help::kExplain, help::kExplainFooter,
      prepare<ExplainOptions, addExplain, explainSyntax>},
     {"list", help::kList, help::kListFooter, prepare<ListOptions, addList, listTable>},
-    {"document", help::kDocument, help::kDocumentFooter,
-     prepare<DocumentOptions, addDocument, runDocument>},
+    {"document", help::kDocument, "", prepare<DocumentOptions, addDocument, runDocument>},
     {"post", help::kPost, help::kPostFooter, prepare<PostOptions, addPost, postJob>},
     {"words", help::kWords, help::kWordsFooter, prepare<WordsOptions, addWords, showWords>},
     {"code", help::kCode, help::kCodeFooter, prepare<CodeOptions, addCode, showCodes>},
@@ -270,7 +270,7 @@ class Arguments {
     } catch (const CLI::Success&) {
       writeOutput(app_.get_subcommands().empty() && app_.count("--version") > 0
                       ? app_.version() + '\n'
-                      : app_.help());
+                      : helpText());
       return ExitStatus::Done;
     } catch (const CLI::ParseError& error) {
       return refuse(mistake(error));
@@ -290,6 +290,15 @@ class Arguments {
   [[nodiscard]] const CLI::App& named() const {
     const auto commands = app_.get_subcommands();
     return commands.empty() ? app_ : *commands.front();
+  }
+
+  // Of `document` that of the action, if one is named.
+  [[nodiscard]] std::string helpText() const {
+    const CLI::Option* const action = named().get_option_no_throw("ACTION");
+    const std::string text = action == nullptr || action->empty()
+                                 ? std::string()
+                                 : documentHelp(action->results().front());
+    return text.empty() ? app_.help() : text;
   }
 
   // What is wrong; a word that is unknown counts most.

@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "inspect/explain/ValueSetting.h"
@@ -82,6 +83,10 @@ struct DocumentOptions {
 
 /// Creates, changes or shows a document file, each in one transaction.
 [[nodiscard]] ExitStatus runDocument(const DocumentOptions& options);
+
+/// What the help says of the actions, and of one of them; empty for an unknown one.
+[[nodiscard]] std::string documentHelp();
+[[nodiscard]] std::string documentHelp(std::string_view action);
 
 struct PostOptions {
   /// "-": the standard input.

@@ -1,17 +1,20 @@
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "KEPIMfgPPWordFactory.h"
+#include "ObjectSpecsModeler/KEPILifeCycleObject.h"
 #include "host/document/DocumentFile.h"
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/Diagnostic.h"
+#include "post/text/FoldedLines.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
+#include "tools/ppword/HelpTexts.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/Refusal.h"
@@ -72,17 +75,17 @@ void setSyntax(const DocumentOptions& options) {
   });
 }
 
-int sequenceOf(const std::string& text) {
-  int sequence = 0;
+int numberOf(const std::string& text, const std::string& what) {
+  int number = 0;
   const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, sequence);
-  if (error == std::errc() && rest == end && sequence >= 1) return sequence;
-  throw UsageError{"NUMBER is a whole number from 1 to 2147483647, not '" + text + "'"};
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  if (error == std::errc() && rest == end && number >= 1) return number;
+  throw UsageError{what + " is a whole number from 1 to 2147483647, not '" + text + "'"};
 }
 
 void addCommand(const DocumentOptions& options) {
   const std::string& name = options.arguments[0];
-  const int sequence = options.arguments.size() > 1 ? sequenceOf(options.arguments[1]) : 1;
+  const int sequence = options.arguments.size() > 1 ? numberOf(options.arguments[1], "NUMBER") : 1;
   change(options, [&](host::Document& document) {
     const KEPIMfgSyntaxEvaluation_var instruction =
         KEPISpecObject_var::Adopt(document.features()->FindStartUp(name));
@@ -98,6 +101,24 @@ void addCommand(const DocumentOptions& options) {
     KEPIMfgPPWordFactory_var(document.features())
         ->CreatePPCommand(command, KEPUnicodeString(name), sequence);
     return "PP command " + std::to_string(host::ppCommands(document).size()) + " added";
+  });
+}
+
+void removeCommand(const DocumentOptions& options) {
+  const auto position = static_cast<std::size_t>(numberOf(options.arguments[0], "POSITION"));
+  change(options, [&](host::Document& document) {
+    const auto commands = host::ppCommands(document);
+    if (position > commands.size()) {
+      throw Refusal{fileDiagnostic(options.file, "the document has no PP command " +
+                                                     options.arguments[0] + "; it has " +
+                                                     std::to_string(commands.size()))};
+    }
+    const KEPILifeCycleObject_var command = commands[position - 1];
+    command->remove();
+    const std::string done = "PP command " + std::to_string(position) + " removed";
+    return position == commands.size()
+               ? done
+               : done + "; the positions of those after it are one less now";
   });
 }
 
@@ -122,24 +143,56 @@ struct Action {
   std::string_view name;
   std::size_t leastArguments;
   std::size_t mostArguments;
-  std::string_view needed;
+  // What comes after FILE.
+  std::string_view arguments;
+  std::string_view summary;
+  std::string_view about;
+  std::string_view example;
   void (*run)(const DocumentOptions& options);
 };
-constexpr std::array<Action, 7> kActions{{
-    {"new", 0, 0, "", create},
-    {"load-table", 1, 1, "TABLE", loadInto},
-    {"show", 0, 1, "", show},
-    {"set-syntax", 1, 1, "LINE", setSyntax},
-    {"add-command", 1, 2, "NAME", addCommand},
-    {"reset", 0, 0, "", reset},
-    {"upgrade", 0, 0, "", upgrade},
-}};
+constexpr Action kActions[] = {
+    {"new", 0, 0, "", "create a document with the default catalogue",
+     "An existing file is not changed.", "part.ppdoc", create},
+    {"load-table", 1, 1, "TABLE",
+     "load a PP word table: it replaces what it names and adds the rest",
+     "Entries that cannot be loaded are counted in a warning; 'ppword check --lint TABLE' says "
+     "why.",
+     "part.ppdoc mill.pptable", loadInto},
+    {"show", 0, 1, "[SECTION]", "commands, sequences, lists, formats, pp-commands; or all",
+     "The numbers of pp-commands are the positions by which a job and remove-command name them.",
+     "part.ppdoc pp-commands", show},
+    {"set-syntax", 1, 1, "LINE", "set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX",
+     "The instruction gets exactly this line. Write -- before a line that begins with '-'.",
+     "part.ppdoc \"PPRINT/%MFG_XPOINT\"", setSyntax},
+    {"add-command", 1, 2, "NAME [NUMBER]",
+     "add a PP command: an NC instruction and one of its sequences",
+     "Without NUMBER it is sequence 1. A job posts the command by its position in pp-commands: the "
+     "last one. An instruction or a sequence that the document does not have gets a warning.",
+     "part.ppdoc NC_TOOL_CHANGE", addCommand},
+    {"remove-command", 1, 1, "POSITION", "remove a PP command; later ones move up by one position",
+     "Jobs that post one of the later commands by its position must be changed too.",
+     "part.ppdoc 1", removeCommand},
+    {"reset", 0, 0, "", "return the NC instructions to the default catalogue",
+     "PP commands and parameters stay.", "part.ppdoc", reset},
+    {"upgrade", 0, 0, "", "bring a document of an older version up to date",
+     "Before that it can be shown and used to post, but not changed.", "part.ppdoc", upgrade},
+};
+
+std::string synopsisOf(const Action& action) {
+  std::string text(action.name);
+  text += " FILE";
+  return action.arguments.empty() ? text : (text += ' ') += action.arguments;
+}
+
+std::string exampleOf(const Action& action) {
+  return ((("  ppword document " + std::string(action.name)) += ' ') += action.example) += '\n';
+}
 
 const Action& actionOf(const std::string& name) {
-  std::array<std::string_view, kActions.size()> names{};
-  for (std::size_t i = 0; i < kActions.size(); ++i) {
-    if (kActions[i].name == name) return kActions[i];
-    names[i] = kActions[i].name;
+  std::vector<std::string_view> names;
+  for (const Action& action : kActions) {
+    if (action.name == name) return action;
+    names.push_back(action.name);
   }
   throw UsageError{"there is no action '" + name + "'" + suggestion(name, names)};
 }
@@ -149,7 +202,8 @@ void perform(const DocumentOptions& options) {
   const std::size_t count = options.arguments.size();
   if (options.file.empty()) throw UsageError{"FILE is required"};
   if (count < action.leastArguments) {
-    throw UsageError{std::string(action.name) + " needs " + std::string(action.needed)};
+    const std::string_view needed = action.arguments.substr(0, action.arguments.find(' '));
+    throw UsageError{std::string(action.name) + " needs " + std::string(needed)};
   }
   if (count > action.mostArguments) {
     throw UsageError{"'" + options.arguments[action.mostArguments] + "' is one argument too many"};
@@ -169,6 +223,39 @@ ExitStatus refuse(const DocumentOptions& options, const host::Diagnostic& diagno
 }
 
 }  // namespace
+
+std::string documentHelp() {
+  std::vector<std::string> synopses;
+  std::size_t width = 0;
+  for (const Action& action : kActions) {
+    synopses.push_back(synopsisOf(action));
+    width = std::max(width, synopses.back().size());
+  }
+  std::string text(help::kDocumentFooter);
+  std::string examples;
+  for (std::size_t i = 0; i < synopses.size(); ++i) {
+    synopses[i].resize(width, ' ');
+    ((text += "  " + synopses[i] + "  ") += kActions[i].summary) += '\n';
+    examples += exampleOf(kActions[i]);
+  }
+  return (text += help::kDocumentChanges) + examples +
+         "  ppword document show --format json part.ppdoc formats";
+}
+
+std::string documentHelp(std::string_view action) {
+  const auto* const found =
+      std::find_if(std::begin(kActions), std::end(kActions),
+                   [action](const Action& each) { return each.name == action; });
+  if (found == std::end(kActions)) return {};
+  std::string about(found->summary);
+  about.front() = static_cast<char>(about.front() - 'a' + 'A');
+  (about += ". ") += found->about;
+  std::string text = "Usage: ppword document " + synopsisOf(*found) + "\n\n";
+  for (const auto& line : host::foldedLines(about, host::kScreenColumns, host::kScreenColumns)) {
+    text += line + '\n';
+  }
+  return text + "\nExample:\n" + exampleOf(*found);
+}
 
 ExitStatus runDocument(const DocumentOptions& options) {
   try {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string_view>
+
 /// What the help texts say beside the list of options. The examples run unchanged in the folder of
 /// the files of examples/.
 namespace help {
@@ -83,29 +85,17 @@ Examples:
   ppword list --format json mill.pptable commands)";
 
 inline constexpr const char* kDocument = "Create, change or show a document file";
-inline constexpr const char* kDocumentFooter =
+inline constexpr std::string_view kDocumentFooter =
     R"(A document file stores NC instructions, parameters and PP commands.
-ACTION is one of
-  new FILE                        create a document with the default catalogue
-  load-table FILE TABLE           load a PP word table: it replaces what it names and adds the rest
-  show FILE [SECTION]             commands, sequences, lists, formats, pp-commands; or all
-  set-syntax FILE LINE            set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX
-  add-command FILE NAME [NUMBER]  add a PP command: an NC instruction and one of its sequences
-                                  (1 without NUMBER); posted by its position in pp-commands
-  reset FILE                      return the NC instructions to the default catalogue
-  upgrade FILE                    bring a document of an older version up to date
-
+ACTION is one of these; 'ppword document ACTION --help' says more about one.
+)";
+inline constexpr std::string_view kDocumentChanges =
+    R"(
 A change is stored whole or not at all; after an error, a kill or a power failure the file is
 unchanged. Other processes can read it meanwhile; a second change waits, for two seconds at most.
-After -- a LINE may begin with '-'.
 
 Examples:
-  ppword document new part.ppdoc
-  ppword document load-table part.ppdoc mill.pptable
-  ppword document add-command part.ppdoc NC_TOOL_CHANGE
-  ppword document set-syntax part.ppdoc "PPRINT/%MFG_XPOINT"
-  ppword document show part.ppdoc pp-commands
-  ppword document show --format json part.ppdoc formats)";
+)";
 
 inline constexpr const char* kPost = "Write the APT text of a tool path";
 inline constexpr const char* kPostFooter =
