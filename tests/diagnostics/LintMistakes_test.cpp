@@ -112,7 +112,14 @@ class Table {
 
   /// True for what another place of the table, the vocabulary or the parameters determine.
   [[nodiscard]] bool isDetermined(const Place& place) const {
-    return isKeyword(place) || isKnown(place.text) || counts_.at(place.text) > 1;
+    return isKeyword(place) || isKnown(place.text) || counts_.at(place.text) > othersNeeded(place);
+  }
+
+  /// In a table without sections two words that are each used once may both be meant: a word must
+  /// be used twice elsewhere to be known.
+  [[nodiscard]] int othersNeeded(const Place& place) const {
+    const bool isName = place.text.starts_with("NC_") || place.text.starts_with("MFG_");
+    return isName || text_.find("_WORD") != std::string::npos ? 1 : 2;
   }
 
   [[nodiscard]] bool isKnown(const std::string& word) const {
