@@ -71,4 +71,12 @@ std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& pa
   return findings.take();
 }
 
+std::vector<Diagnostic> tableErrors(const TableBytes& bytes, const std::string& path) {
+  LintFindings findings(path, bytes);
+  lintKeywordLines(bytes, findings);
+  std::vector<Diagnostic> errors = findings.take();
+  std::erase_if(errors, [](const Diagnostic& each) { return each.severity != Severity::Error; });
+  return errors;
+}
+
 }  // namespace host

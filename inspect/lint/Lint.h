@@ -16,4 +16,7 @@ namespace host {
 /// The same of a table in memory, whose findings name `path`.
 [[nodiscard]] std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path);
 
+/// The errors alone, without loading the module.
+[[nodiscard]] std::vector<Diagnostic> tableErrors(const TableBytes& bytes, const std::string& path);
+
 }  // namespace host

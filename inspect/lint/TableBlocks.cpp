@@ -56,6 +56,8 @@ class BlockReader {
   }
 
  private:
+  using Part = TableBlocks::Part;
+
   void readBlock(const Token& token) {
     const Keyword* const keyword = ppword::keywordIn(token.text);
     if (keyword == nullptr) return;
@@ -68,9 +70,12 @@ class BlockReader {
     } else if (keyword->kind == KeywordKind::Format) {
       blocks_.formats.push_back(named(token, keyword->namePrefix));
       blocks_.formats.back().values = body();
+      blocks_.formats.back().end = cursor_.offset();
     } else if (keyword->kind == KeywordKind::Command) {
       blocks_.commands.push_back(named(token, keyword->namePrefix));
+      blocks_.bodies.emplace_back();
       readCommand();
+      blocks_.commands.back().end = cursor_.offset();
     }
   }
 
@@ -90,6 +95,7 @@ class BlockReader {
   void readList(const Token& keyword) {
     blocks_.lists.push_back(named(keyword, ppword::kParameterPrefix));
     for (const Token& token : body()) cut(token, blocks_.lists.back().values);
+    blocks_.lists.back().end = cursor_.offset();
   }
 
   /// The body of a command with its sequences, up to its own end.
@@ -115,11 +121,14 @@ class BlockReader {
           blocks_.mixedSequences.push_back(*token);
         }
         hasSequences = true;
+        addPart(Part::Kind::Sequence, 0);
         ++depth;
       } else if (*keyword == KeywordKind::End) {
         --depth;
+        addPart(Part::Kind::End, 0);
         endLines();
       } else {
+        addPart(Part::Kind::Insert, blocks_.inserts.size());
         blocks_.inserts.push_back(named(*token, ppword::kCommandPrefix));
       }
     }
@@ -174,7 +183,12 @@ class BlockReader {
       if (!rest) return;
       line.text = ppword::textElement(token.text, rest->asRead());
     }
+    addPart(Part::Kind::Line, blocks_.lines.size() + body_.size());
     body_.push_back(std::move(line));
+  }
+
+  void addPart(Part::Kind kind, std::size_t index) {
+    blocks_.bodies.back().push_back({kind, index});
   }
 
   void endLines() {

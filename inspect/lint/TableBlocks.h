@@ -41,11 +41,22 @@ struct TableBlocks {
     Token keyword;
     Token name;
     std::vector<Token> values;
+    /// Where the block ends: after its "*END", or before what begins next.
+    std::size_t end = 0;
+  };
+  /// A part of the body of a command, in the order of the file: a line or an insert, by its index
+  /// in `lines` or `inserts`, or the keyword of a sequence or of an end.
+  struct Part {
+    enum class Kind { Line, Insert, Sequence, End };
+    Kind kind;
+    std::size_t index = 0;
   };
 
   std::vector<WordSection> words;
   std::vector<Token> syntaxSections;
   std::vector<Named> commands;
+  /// The bodies of the commands, one for each.
+  std::vector<std::vector<Part>> bodies;
   std::vector<Named> lists;
   std::vector<Named> formats;
   std::vector<Named> inserts;

@@ -40,6 +40,19 @@ class MemorySource final : public TableSource {
   TextBuffer buffer_;
 };
 
+// Blocks that lack their end overlap, and commands may insert the same lines many times: a short
+// table could take any time and memory. Other tables come nowhere near these bounds.
+
+/// The most bytes that are read to load a table, and the most lines that it may load.
+[[nodiscard]] constexpr std::size_t mostBytesOfLoad(std::string_view table) {
+  constexpr std::size_t kMostReadings = 16;  // of the whole table
+  constexpr std::size_t kMostBytesBeside = std::size_t{16} * 1024 * 1024;
+  return kMostReadings * table.size() + kMostBytesBeside;
+}
+[[nodiscard]] constexpr std::size_t mostLinesOfLoad(std::string_view table) {
+  return table.size() + 1'000'000;
+}
+
 /// The most bytes that a table may have to be read whole.
 inline constexpr std::size_t kMostTableBytes = std::size_t{1} << 30U;
 

@@ -14,7 +14,7 @@ class Arguments(program.ProgramTest):
     def test_no_command_names_the_commands(self):
         self.check_mistake(
             [],
-            "a command is required: check, explain, list, document, post, words, code, word or tables",
+            "a command is required: check, explain, list, diff, document, post, words, code, word or tables",
         )
 
     def test_unknown_command_suggests_the_nearest(self):
@@ -55,6 +55,8 @@ class Arguments(program.ProgramTest):
         self.check_mistake(["explain"], "INSTRUCTION is required", "ppword explain")
         self.check_mistake(["list"], "TABLE is required", "ppword list")
         self.check_mistake(["post"], "JOB is required", "ppword post")
+        self.check_mistake(["diff"], "OLD is required", "ppword diff")
+        self.check_mistake(["diff", "t"], "NEW is required", "ppword diff")
 
     def test_unknown_section_suggests_the_nearest(self):
         self.check_mistake(

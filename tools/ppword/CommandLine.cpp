@@ -167,6 +167,11 @@ void addPost(CLI::App& command, PostOptions& options) {
       ->option_text("AXES");
 }
 
+void addDiff(CLI::App& command, DiffOptions& options) {
+  addFile(command, "OLD", options.before, "PP word table", " ")->required();
+  addFile(command, "NEW", options.after, "PP word table to compare with it", " ")->required();
+}
+
 void addWords(CLI::App& command, WordsOptions& options) {
   addTable(command, options.table)->required();
 }
@@ -205,11 +210,12 @@ struct Command {
   Run (*prepare)(CLI::App& command);
 };
 // The commands of the program, in the order of its help.
-constexpr std::array<Command, 9> kCommands{{
+constexpr std::array<Command, 10> kCommands{{
     {"check", help::kCheck, help::kCheckFooter, prepare<CheckOptions, addCheck, checkTables>},
     {"explain", help::kExplain, help::kExplainFooter,
      prepare<ExplainOptions, addExplain, explainSyntax>},
     {"list", help::kList, help::kListFooter, prepare<ListOptions, addList, listTable>},
+    {"diff", help::kDiff, help::kDiffFooter, prepare<DiffOptions, addDiff, diffTables>},
     {"document", help::kDocument, "", prepare<DocumentOptions, addDocument, runDocument>},
     {"post", help::kPost, help::kPostFooter, prepare<PostOptions, addPost, postJob>},
     {"words", help::kWords, help::kWordsFooter, prepare<WordsOptions, addWords, showWords>},

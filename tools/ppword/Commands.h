@@ -107,6 +107,16 @@ struct PostOptions {
 /// Writes the APT text of a tool path, and a report to the standard error.
 [[nodiscard]] ExitStatus postJob(const PostOptions& options);
 
+struct DiffOptions {
+  std::string before;
+  std::string after;
+  OutputFormat format = OutputFormat::ForPeople;
+};
+
+/// Shows what two tables mean differently: Done when nothing, Refused when something. A table that
+/// is refused cannot be compared: its errors are reported, and Usage is returned, as diff does.
+[[nodiscard]] ExitStatus diffTables(const DiffOptions& options);
+
 struct WordsOptions {
   std::string table;
   OutputFormat format = OutputFormat::ForPeople;

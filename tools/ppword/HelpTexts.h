@@ -84,6 +84,21 @@ Examples:
   ppword list mill.pptable parameters --of NC_DRILLING
   ppword list --format json mill.pptable commands)";
 
+inline constexpr const char* kDiff = "Show what two PP word tables mean differently";
+inline constexpr const char* kDiffFooter =
+    R"(Compares words with their codes, free syntaxes, formats, lists and the lines of every sequence of
+the instructions after their inserts. The order of blocks and words, the blanks between them, text
+outside of the blocks, and whether lines are inserted or written out are no difference; upper and
+lower case are. Each change is a line with its places. Lines that come from an inserted command are
+shown once, with that command; instructions that insert it "change with" it.
+
+Exit status: 0 the tables mean the same, and nothing is written; 1 they differ; 2 wrong use, or a
+table that ppword check refuses: all of its errors are reported, and nothing is compared.
+
+Examples:
+  ppword diff mill.pptable mill.pptable
+  ppword diff --format json mill.pptable mill.pptable)";
+
 inline constexpr const char* kDocument = "Create, change or show a document file";
 inline constexpr std::string_view kDocumentFooter =
     R"(A document file stores NC instructions, parameters and PP commands.

@@ -29,12 +29,6 @@ using Outcome = KEPMfgPPWordListener::Outcome;
 constexpr std::string_view kNeverLoaded = "NC_SPINDLE_STOP";
 constexpr int kFirstFurtherSequence = 2;
 
-// Blocks that lack their end overlap, and commands may insert the same lines many times: a short
-// table could take any time and memory. Other tables come nowhere near these bounds.
-constexpr std::size_t kMostReadings = 16;  // of the whole table
-constexpr std::size_t kMostBytesBeside = std::size_t{16} * 1024 * 1024;
-constexpr std::size_t kMostLinesBeside = 1'000'000;
-
 std::string sequenceAttribute(int sequence) {
   return std::string(kSyntaxe) + std::to_string(sequence);
 }
@@ -65,8 +59,8 @@ class TableLoad {
         syntaxRoot_(syntaxRoot(container)),
         parameterRoot_(parameterRoot(container)),
         table_(table),
-        reading_(table, kMostReadings * table.size() + kMostBytesBeside),
-        linesLeft_(table.size() + kMostLinesBeside) {}
+        reading_(table, mostBytesOfLoad(table)),
+        linesLeft_(mostLinesOfLoad(table)) {}
 
   void loadCommands() {
     MemorySource source(table_);

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace host {
+
+/// Lines that differ: those from `begin` to before `end` of the old and of the new lines, one of
+/// which may be none.
+struct LineHunk {
+  struct Range {
+    std::size_t begin;
+    std::size_t end;
+  };
+  Range before;
+  Range after;
+};
+
+/// Where two lists of lines differ, in their order. The lines between the hunks are the same, and
+/// there are as many of them as possible. If finding these takes too long, the first and the last
+/// differing lines, with everything between them, are one hunk: the effort is in proportion to the
+/// number of lines.
+[[nodiscard]] std::vector<LineHunk> lineHunks(const std::vector<std::string_view>& before,
+                                              const std::vector<std::string_view>& after);
+
+}  // namespace host
