@@ -1,5 +1,6 @@
 #include "post/listing/ArcMove.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
@@ -13,6 +14,7 @@ constexpr double kLongestPiece = kTurn / 3.0 + 1e-9;
 
 /// More turns than a program means.
 constexpr int kMostTurns = 1000;
+constexpr double kMostChords = 100'000;
 
 /// The arc in the polar coordinates of its plane.
 class Sweep {
@@ -29,10 +31,13 @@ class Sweep {
 
   /// Whether start and end lie on one circle, within the precision of rounded numbers.
   [[nodiscard]] bool isArc() const {
-    const bool turns = arc_.turns != 0 && arc_.turns >= -kMostTurns && arc_.turns <= kMostTurns;
-    return turns && radius() > arc_.tolerance &&
+    return hasTurns() && radius() > arc_.tolerance &&
            std::abs(radius() - radiusOf(arc_.end)) <= arc_.tolerance;
   }
+  [[nodiscard]] bool hasTurns() const {
+    return arc_.turns != 0 && arc_.turns >= -kMostTurns && arc_.turns <= kMostTurns;
+  }
+  [[nodiscard]] double sense() const { return sense_; }
   /// The point and the direction of travel at a share (0 to 1) of the arc.
   [[nodiscard]] Triple point(double share) const {
     if (share >= 1.0) return arc_.end;
@@ -40,6 +45,25 @@ class Sweep {
     point[arc_.plane.first] += radius() * std::cos(angleAt(share));
     point[arc_.plane.second] += radius() * std::sin(angleAt(share));
     return point;
+  }
+  /// The point where the radius and the height change evenly.
+  [[nodiscard]] Triple spiralPoint(double share) const {
+    if (share >= 1.0) return arc_.end;
+    const double radiusHere = std::lerp(radius(), radiusOf(arc_.end), share);
+    Triple point = arc_.center;
+    point[arc_.plane.first] += radiusHere * std::cos(angleAt(share));
+    point[arc_.plane.second] += radiusHere * std::sin(angleAt(share));
+    point[normal()] = std::lerp(arc_.start[normal()], arc_.end[normal()], share);
+    return point;
+  }
+  /// How many chords are nowhere further than `deviation` from the curve. Between two points of a
+  /// curve p(t) a chord is off by at most h*h/8 times the largest |p''(t)|; here t is the angle,
+  /// and p'' = (-r, 2 r') along and across the radius.
+  [[nodiscard]] double chords(double deviation) const {
+    const double end = radiusOf(arc_.end);
+    const double slope = (end - radius()) / angle_;
+    const double bend = std::hypot(std::max(radius(), end), 2.0 * slope);
+    return std::max(1.0, std::ceil(angle_ * std::sqrt(bend / (8.0 * deviation))));
   }
   [[nodiscard]] Triple direction(double share) const {
     Triple direction{};
@@ -107,7 +131,7 @@ Element piece(const ArcMove& arc, const Sweep& sweep, double from, double to) {
   change.tangent = sweep.direction(from);
   change.center = arc.center;
   change.radius = sweep.radius();
-  change.normal.emplace()[arc.plane.normal] = 1.0;
+  change.normal.emplace()[arc.plane.normal] = sweep.sense();
   change.point = sweep.point(to);
   return element;
 }
@@ -119,6 +143,18 @@ std::optional<ArcPlane> arcPlane(std::string_view name) {
   if (name == "CANON_PLANE_YZ") return ArcPlane{1, 2, 0};
   if (name == "CANON_PLANE_XZ") return ArcPlane{2, 0, 1};
   return std::nullopt;
+}
+
+std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation) {
+  const Sweep sweep(arc);
+  const double count = sweep.chords(deviation);
+  if (!sweep.hasTurns() || !(count <= kMostChords)) return {};
+  std::vector<ArcPoint> points;
+  points.reserve(static_cast<std::size_t>(count));
+  for (double number = 1.0; number <= count; ++number) {
+    points.push_back({sweep.spiralPoint(number / count), number / count});
+  }
+  return points;
 }
 
 std::vector<Element> arcElements(const ArcMove& arc) {

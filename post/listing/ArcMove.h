@@ -33,9 +33,22 @@ struct ArcMove {
   double tolerance = 0.0;
 };
 
+/// A point of an arc, and the share of the arc that ends there.
+struct ArcPoint {
+  Triple point{};
+  double share = 1.0;
+};
+
+/// The ends of chords that are nowhere further than `deviation` from the curve; the last one is the
+/// end of the arc. The radius and the height change evenly along the arc, so that it can be a
+/// spiral; one without radius is a line. None for an arc of no turn or of more than 1000 turns, or
+/// one that takes more than 100,000 chords.
+[[nodiscard]] std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation);
+
 /// The elements of an arc: NC_CIRCLE1 in the XY plane, NC_CYLNDR1 in another one, in pieces of less
 /// than half a turn, so that the end of each is the first point where its circle meets the line
-/// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. None if start and end do
+/// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. Normals and axes have the
+/// direction from which the travel is counterclockwise. None if start and end do
 /// not lie on an arc about the centre.
 [[nodiscard]] std::vector<Element> arcElements(const ArcMove& arc);
 

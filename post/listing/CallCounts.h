@@ -10,6 +10,7 @@ namespace host {
 /// How a call of a listing was written.
 enum class CallFate {
   Move,             ///< A move, written to the output.
+  Chords,           ///< An arc, written to the output as straight moves along its chords.
   Written,          ///< Written to the output, in its own line or a later one.
   Other,            ///< Needs no line in the output; no motion.
   Dropped,          ///< Only partly written; the tool moves as the output says.

@@ -16,8 +16,11 @@ constexpr std::size_t kRotaryWords = 3;
 constexpr std::string_view kRotaryLetters = "ABC";
 /// Where the rotary words of an arc begin.
 constexpr std::size_t kArcRotaryWords = 6;
-/// In millimetres: how much rounding to thousandths can change a radius.
+/// How much the radius of an arc's start and that of its end may differ, in millimetres: as much as
+/// rounding to thousandths makes them. Listings have four decimals, which for inches, with start,
+/// centre and end rounded, makes 0.00028 inch.
 constexpr double kArcTolerance = 0.003;
+constexpr double kArcToleranceOfInches = 0.0003 * 25.4;
 
 /// The x y z a b c among the arguments of a call.
 std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
@@ -195,7 +198,7 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
   } else {
     modalCalls_.writeFeedRate(*outputUnit_, place.line);
   }
-  put(options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO", place.line, position);
+  put(moveInstruction(), place.line, position);
   lastPoint_ = position.point;
   lastWords_ = words;
 }
@@ -204,11 +207,17 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
                                      const LinePlace& place) {
   prepareMove(call, arguments, kArcRotaryWords, place);
   const auto start = std::exchange(lastPoint_, std::nullopt);
-  // Instructions of arcs state no tool axis, and begin at the last position of the output.
-  if (!start || !plane_ || options_.rotary) return CallFate::UnsupportedMove;
+  // An arc begins at the last position of the output.
+  if (!start || !plane_) return CallFate::UnsupportedMove;
   const ArcMove arc = arcOf(arguments, *start);
-  std::vector<Element> elements = arcElements(arc);
-  if (elements.empty()) return CallFate::UnsupportedMove;
+  const bool rises = arc.start[plane_->normal] != arc.end[plane_->normal];
+  // Instructions of arcs state no tool axis.
+  const bool asChords = options_.rotary || (rises && options_.helicesAsChords);
+  std::vector<Element> elements = asChords ? std::vector<Element>() : arcElements(arc);
+  if (elements.empty()) {
+    const auto& number = arguments.numbers;
+    return moveAlongChords(arc, {number[6], number[7], number[8]}, place);
+  }
   modalCalls_.writeFeedRate(*outputUnit_, place.line);
   for (Element& element : elements) {
     element.line = place.line;
@@ -216,6 +225,30 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
   }
   lastPoint_ = arc.end;
   return CallFate::Move;
+}
+
+CallFate ListingReader::moveAlongChords(const ArcMove& arc, const Triple& words,
+                                        const LinePlace& place) {
+  const double deviation = converted(options_.chordDeviation, LengthUnit::Millimetre, *outputUnit_);
+  const std::vector<ArcPoint> points = arcChords(arc, deviation);
+  if (points.empty()) return CallFate::UnsupportedMove;
+  if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
+  modalCalls_.writeFeedRate(*outputUnit_, place.line);
+  Element element;
+  element.instruction = moveInstruction();
+  element.line = place.line;
+  element.positions.reserve(points.size());
+  for (const auto& [point, share] : points) {
+    Triple here{};
+    for (std::size_t word = 0; word < here.size(); ++word) {
+      here[word] = std::lerp(lastWords_[word], words[word], share);
+    }
+    element.positions.push_back(positionAt(point, here));
+  }
+  events_.emplace_back(std::move(element));
+  lastPoint_ = arc.end;
+  lastWords_ = words;
+  return CallFate::Chords;
 }
 
 ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& start) const {
@@ -231,7 +264,9 @@ ArcMove ListingReader::arcOf(const CanonicalArguments& arguments, const Triple& 
   arc.center[plane_->first] = length(2);
   arc.center[plane_->second] = length(3);
   arc.turns = static_cast<int>(arguments.numbers[4]);
-  arc.tolerance = converted(kArcTolerance, LengthUnit::Millimetre, *outputUnit_);
+  const bool isInch = inputUnit_ == LengthUnit::Inch;
+  arc.tolerance = converted(isInch ? kArcToleranceOfInches : kArcTolerance, LengthUnit::Millimetre,
+                            *outputUnit_);
   return arc;
 }
 
@@ -295,12 +330,16 @@ void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::s
 
 Position ListingReader::positionOf(const CanonicalArguments& arguments) const {
   const auto& number = arguments.numbers;
-  Position position;
+  Triple point{};
   for (std::size_t axis = 0; axis < kLinearAxes; ++axis) {
-    position.point[axis] = converted(number[axis], *inputUnit_, *outputUnit_);
+    point[axis] = converted(number[axis], *inputUnit_, *outputUnit_);
   }
-  if (options_.rotary)
-    position.toolAxis = options_.rotary->toolAxis({number[3], number[4], number[5]});
+  return positionAt(point, {number[3], number[4], number[5]});
+}
+
+Position ListingReader::positionAt(const Triple& point, const Triple& words) const {
+  Position position{point, {}};
+  if (options_.rotary) position.toolAxis = options_.rotary->toolAxis(words);
   return position;
 }
 

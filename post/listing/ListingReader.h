@@ -29,6 +29,10 @@ struct ListingOptions {
   std::optional<RotaryChain> rotary;
   /// What the document of the output can express.
   Vocabulary vocabulary{};
+  /// How far a chord may be from the arc that it is written for, in millimetres.
+  double chordDeviation = 0.01;
+  /// True to write arcs that rise as chords too.
+  bool helicesAsChords = false;
 };
 
 /// Reads a canonical listing, one call a line, in constant memory: moves, feed rates, the
@@ -71,6 +75,7 @@ class ListingReader final : public ToolPathReader {
             const LinePlace& place);
   CallFate moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
                         const LinePlace& place);
+  CallFate moveAlongChords(const ArcMove& arc, const Triple& words, const LinePlace& place);
   void prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
                    std::size_t firstRotaryWord, const LinePlace& place);
   [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
@@ -79,6 +84,11 @@ class ListingReader final : public ToolPathReader {
   void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
                         const LinePlace& place) const;
   [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
+  /// The position of a point, and the tool axis there if the text has one.
+  [[nodiscard]] Position positionAt(const Triple& point, const Triple& words) const;
+  [[nodiscard]] std::string_view moveInstruction() const {
+    return options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO";
+  }
   [[nodiscard]] bool onlyTurns(const Position& position, const Triple& words) const;
   void put(std::string_view instruction, long line, std::optional<Position> position = {});
 

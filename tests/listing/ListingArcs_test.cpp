@@ -1,12 +1,34 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+#include <regex>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "post/listing/ArcMove.h"
 #include "tests/listing/Listings.h"
 
 namespace {
+
+double distanceFromSegment(const host::Triple& point, const host::Triple& begin,
+                           const host::Triple& end) {
+  double along = 0.0;
+  double length = 0.0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    along += (point[i] - begin[i]) * (end[i] - begin[i]);
+    length += (end[i] - begin[i]) * (end[i] - begin[i]);
+  }
+  const double share = std::clamp(along / length, 0.0, 1.0);
+  double distance = 0.0;
+  for (std::size_t i = 0; i < 3; ++i) {
+    const double off = point[i] - begin[i] - share * (end[i] - begin[i]);
+    distance += off * off;
+  }
+  return std::sqrt(distance);
+}
 
 constexpr std::string_view kStart = "STRAIGHT_FEED(10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n";
 constexpr std::string_view kArc = "ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)";
@@ -18,6 +40,11 @@ std::string arcFrom10(std::string_view arc, std::string_view before = "",
       program(std::string(kStart) + std::string(before) + std::string(arc) + '\n'), options);
   const std::string start = "NC_GOTO 10 0 0\n";
   return given.starts_with(start) ? given.substr(start.size()) : given;
+}
+
+/// A text with at most six decimals of each number.
+std::string cut(const std::string& text) {
+  return std::regex_replace(text, std::regex(R"((\.\d{6})\d+)"), "$1");
 }
 
 /// The arc's part of the counted calls.
@@ -32,7 +59,7 @@ TEST(ListingArcs, ArcOfLessThanHalfATurnIsOneCircle) {
   EXPECT_EQ(arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)"),
             "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 10 0 at 0 10 0\n");
   EXPECT_EQ(arcFrom10("ARC_FEED(0.0, -10.0, 0.0, 0.0, -1, 0.0, 0.0, 0.0, 0.0)"),
-            "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 -10 0 at 0 -10 0\n");
+            "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 -1 to 0 -10 0 at 0 -10 0\n");
   // From 0 to 36.87 degrees about (5, 0, 0), the way of a triangle of 3, 4 and 5.
   EXPECT_EQ(arcFrom10("ARC_FEED(9.0, 3.0, 5.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)"),
             "NC_CIRCLE1 along 0 1 0 center 5 0 0 radius 5 normal 0 0 1 to 9 3 0 at 9 3 0\n");
@@ -43,9 +70,9 @@ TEST(ListingArcs, LongerArcIsSeveralPiecesOfAThirdOfATurnAtMost) {
             "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 10 0 at 0 10 0\n"
             "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 10 normal 0 0 1 to -10 0 0 at -10 0 0\n");
   EXPECT_EQ(arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, -1, 0.0, 0.0, 0.0, 0.0)"),
-            "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 -10 0 at 0 -10 0\n"
-            "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 10 normal 0 0 1 to -10 0 0 at -10 0 0\n"
-            "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 10 0 at 0 10 0\n");
+            "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 -1 to 0 -10 0 at 0 -10 0\n"
+            "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 10 normal 0 0 -1 to -10 0 0 at -10 0 0\n"
+            "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 -1 to 0 10 0 at 0 10 0\n");
 }
 
 TEST(ListingArcs, ArcThatEndsWhereItBeginsIsAWholeTurn) {
@@ -98,9 +125,9 @@ TEST(ListingArcs, NextArcBeginsWhereTheLastOneEnded) {
   EXPECT_EQ(
       arcFrom10("ARC_FEED(-10.0, 0.0, 0.0, 0.0, -1, 0.0, 0.0, 0.0, 0.0)", std::string(kArc) + '\n'),
       "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 10 0 at 0 10 0\n"
-      "NC_CIRCLE1 along 1 0 0 center 0 0 0 radius 10 normal 0 0 1 to 10 0 0 at 10 0 0\n"
-      "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 -10 0 at 0 -10 0\n"
-      "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 10 normal 0 0 1 to -10 0 0 at -10 0 0\n");
+      "NC_CIRCLE1 along 1 0 0 center 0 0 0 radius 10 normal 0 0 -1 to 10 0 0 at 10 0 0\n"
+      "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 10 normal 0 0 -1 to 0 -10 0 at 0 -10 0\n"
+      "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 10 normal 0 0 -1 to -10 0 0 at -10 0 0\n");
 }
 
 TEST(ListingArcs, FeedRateIsToldBeforeAnArc) {
@@ -125,7 +152,18 @@ TEST(ListingArcs, RadiiMayDifferAsRoundingMakesThem) {
   EXPECT_EQ(arcFrom10("ARC_FEED(0.0, 10.0029, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)"),
             "NC_CIRCLE1 along 0 1 0 center 0 0 0 radius 10 normal 0 0 1 to 0 10.0029 0 "
             "at 0 10.0029 0\n");
-  EXPECT_EQ(arcFrom10("ARC_FEED(0.0, 10.0031, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)"), "");
+  EXPECT_EQ(fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 10.0031, 0.0, 0.0, 1, 0.0, 0, 0, 0)\n"),
+            "chords ");
+}
+
+TEST(ListingArcs, RadiiOfInchesMayDifferByThreeTenThousandths) {
+  const auto fate = [](const std::string& end) {
+    return fateOfArc("USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n" + std::string(kStart) +
+                     "ARC_FEED(0.0, " + end + ", 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)\n");
+  };
+  EXPECT_EQ(fate("10.00029"), "move ");
+  EXPECT_EQ(fate("9.99971"), "move ");
+  EXPECT_EQ(fate("10.00031"), "chords ");
 }
 
 TEST(ListingArcs, ArcThatCannotBeSaidIsLost) {
@@ -143,21 +181,117 @@ TEST(ListingArcs, ArcThatCannotBeSaidIsLost) {
        "SET_G92_OFFSET(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"},
       {"axes that the text lacks",
        "STRAIGHT_FEED(10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\nSELECT_PLANE(CANON_PLANE_UV)\n"},
-      {"other radius", "STRAIGHT_FEED(10.1, 0.0, 0.0, 0.0, 0.0, 0.0)\n"},
-      {"start in the centre", "STRAIGHT_FEED(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"},
   };
   for (const auto& [subject, calls] : cases) {
     EXPECT_EQ(fateOfArc(std::string(calls) + std::string(kArc) + '\n'), "lost ") << subject;
   }
   EXPECT_EQ(fateOfArc(std::string(kStart) + std::string(kArc) + '\n'), "move ");
-  EXPECT_EQ(fateOfArc(std::string(kStart) + std::string(kArc) + '\n', rotary("A:table:X")),
-            "lost ");
   for (const std::string_view turns : {"0", "1001", "-1001", "-2147483648", "2147483647"}) {
     EXPECT_EQ(fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 10.0, 0.0, 0.0, " +
                         std::string(turns) + ", 0.0, 0.0, 0.0, 0.0)\n"),
               "lost ")
         << turns;
   }
+}
+
+TEST(ListingArcs, WhatACircleCannotSayIsWrittenAsChords) {
+  // A spiral from radius 10 to 11: a quarter turn, off by at most h*h/8*|p''|.
+  const std::string spiral = "ARC_FEED(0.0, 11.0, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)\n";
+  EXPECT_EQ(fateOfArc(std::string(kStart) + spiral), "chords ");
+  host::ListingOptions coarse;
+  coarse.chordDeviation = 1.0;
+  // A quarter turn in two chords; half-way the radius is 10.5.
+  EXPECT_EQ(cut(arcFrom10("ARC_FEED(0.0, 11.0, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)", "", coarse)),
+            "NC_GOTO 7.424621 7.424621 0 0 11 0\n");
+  // The feed rate comes before the chords, and the next arc begins at their end.
+  EXPECT_EQ(cut(arcFrom10("ARC_FEED(0.0, -11.0, 0.0, 0.0, 1, 0.0, 0.0, 0.0, 0.0)",
+                          "SET_FEED_RATE(120.0)\n" + spiral, coarse)),
+            "NC_FEEDRATE 120 LINEARFEEDRATE\n"
+            "NC_GOTO 7.424621 7.424621 0 0 11 0\n"
+            "NC_CIRCLE1 along -1 0 0 center 0 0 0 radius 11 normal 0 0 1 to -11 0 0 at -11 0 0\n"
+            "NC_CIRCLE1 along 0 -1 0 center 0 0 0 radius 11 normal 0 0 1 to 0 -11 0 at 0 -11 0\n");
+}
+
+TEST(ListingArcs, ArcWithoutRadiusIsALine) {
+  EXPECT_EQ(readListing(program("STRAIGHT_FEED(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
+                                "ARC_FEED(0.0, 0.0, 0.0, 0.0, 1, 2.0, 0.0, 0.0, 0.0)\n")),
+            "NC_GOTO 0 0 0\nNC_GOTO 0 0 2\n");
+}
+
+TEST(ListingArcs, ArcWithToolAxesIsWrittenAsChords) {
+  host::ListingOptions options = rotary("A:table:X");
+  options.chordDeviation = 2.0;
+  // The word A goes from 0 to 90 while the arc does.
+  EXPECT_EQ(cut(arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 90.0, 0.0, 0.0)", "", options)),
+            "NC_MULTAX_ON\n"
+            "NC_GOTO_VARIABLE_AXIS 10 0 0 axis 0.000000 0.000000 1.000000\n"
+            "NC_GOTO_VARIABLE_AXIS 7.071067 7.071067 0 axis 0.000000 0.707107 "
+            "0.707107 0 10 0 axis 0.000000 1.000000 0.000000\n");
+  EXPECT_EQ(fateOfArc(std::string(kStart) + std::string(kArc) + '\n', options), "chords ");
+}
+
+TEST(ListingArcs, HelicesAreChordsWhenAskedFor) {
+  host::ListingOptions options;
+  options.helicesAsChords = true;
+  options.chordDeviation = 2.0;
+  EXPECT_EQ(cut(arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 3.0, 0.0, 0.0, 0.0)", "", options)),
+            "NC_GOTO 7.071067 7.071067 1.5 0 10 3\n");
+  EXPECT_EQ(arcFrom10(kArc, "", options), arcFrom10(kArc));
+}
+
+/// The greatest distance of a curve from its chords, at 20 places of each. The curve is computed
+/// here: radius and height change evenly with the angle, which goes from 0 to `angle`.
+double deviationOf(const std::vector<host::ArcPoint>& chords, const host::ArcMove& arc,
+                   double angle) {
+  double greatest = 0.0;
+  double from = 0.0;
+  host::Triple begin = arc.start;
+  for (const auto& [end, to] : chords) {
+    for (int place = 1; place < 20; ++place) {
+      const double share = from + (to - from) * place / 20;
+      const double radius =
+          arc.start[0] + (std::hypot(arc.end[0], arc.end[1]) - arc.start[0]) * share;
+      const host::Triple curve{radius * std::cos(angle * share), radius * std::sin(angle * share),
+                               arc.start[2] + (arc.end[2] - arc.start[2]) * share};
+      greatest = std::max(greatest, distanceFromSegment(curve, begin, end));
+    }
+    begin = end;
+    from = to;
+  }
+  return greatest;
+}
+
+TEST(ListingArcs, ChordsAreWithinTheDeviation) {
+  for (const double radius : {0.02, 1.0, 10.0, 5000.0}) {
+    for (const double end : {0.5, 0.99, 1.0, 3.0}) {
+      for (const int turns : {1, -1, 3}) {
+        // Ends a quarter turn after the start.
+        const double sense = turns > 0 ? 1.0 : -1.0;
+        const double angle =
+            sense * (std::abs(turns) - (turns > 0 ? 0.75 : 0.25)) * 2.0 * std::numbers::pi;
+        host::ArcMove arc;
+        arc.start = {radius, 0.0, 1.0};
+        arc.end = {0.0, radius * end, -4.0};
+        arc.center = {0.0, 0.0, 1.0};
+        arc.turns = turns;
+        const auto chords = host::arcChords(arc, 0.01);
+        ASSERT_FALSE(chords.empty());
+        EXPECT_EQ(chords.back().point, arc.end);
+        EXPECT_LE(deviationOf(chords, arc, angle), 0.01) << radius << ' ' << end << ' ' << turns;
+        // No more of them than twice as many as a circle of that size needs.
+        const double step = std::sqrt(8.0 * 0.01 / (radius * std::max(end, 1.0)));
+        EXPECT_LE(static_cast<double>(chords.size()), 2.0 * std::abs(angle) / step + 2.0);
+      }
+    }
+  }
+}
+
+TEST(ListingArcs, ArcOfTooManyChordsIsLost) {
+  host::ListingOptions options;
+  options.chordDeviation = 1e-9;
+  EXPECT_EQ(
+      fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 11.0, 0.0, 0.0, 9, 0.0, 0, 0, 0)\n", options),
+      "lost ");
 }
 
 TEST(ListingArcs, RotaryWordOfAnArcIsRefusedLikeThatOfAMove) {

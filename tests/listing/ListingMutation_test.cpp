@@ -43,16 +43,27 @@ struct Outcome {
   long calls = 0;
 };
 
+std::vector<std::string> linesOf(std::string_view listing) {
+  std::istringstream text{std::string(listing)};
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(text, line);) lines.push_back(line);
+  return lines;
+}
+
 Outcome outcomeOf(std::string_view listing) {
   const InputFile file(listing);
   host::ListingReader reader(std::make_unique<host::LineReader>(file.path()), {});
   Outcome outcome;
+  const std::vector<std::string> lines = linesOf(listing);
   try {
     for (host::ToolPathEvent event; reader.next(event);) {
       const auto* const element = std::get_if<host::Element>(&event);
       if (element == nullptr) continue;
       outcome.rapids += element->instruction == "NC_RAPID" ? 1 : 0;
-      outcome.gotos += element->instruction == "NC_GOTO" ? 1 : 0;
+      // An arc can be written as straight moves.
+      const std::string& line = lines[static_cast<std::size_t>(element->line) - 1];
+      const bool isArc = line.find("ARC_FEED(") != std::string::npos;
+      outcome.gotos += element->instruction == "NC_GOTO" && !isArc ? 1 : 0;
     }
   } catch (const host::InputError&) {
     outcome.refused = true;

@@ -199,7 +199,8 @@ std::string summaryOf(std::string_view listing, const host::ListingOptions& opti
   }
   std::string summary;
   for (const std::string& line : host::summaryLines(reader)) summary += line + '\n';
-  constexpr std::string_view kFates[] = {"move", "written", "other", "dropped", "lost", "unknown"};
+  constexpr std::string_view kFates[] = {"move",    "chords", "written", "other",
+                                         "dropped", "lost",   "unknown"};
   for (const host::CallCount& call : reader.calls().all()) {
     ((summary += kFates[static_cast<std::size_t>(call.fate)]) += ' ') +=
         call.name + ' ' + std::to_string(call.count) + '@' + std::to_string(call.firstLine) + '\n';
@@ -224,7 +225,7 @@ move STRAIGHT_TRAVERSE 1@2
 move STRAIGHT_FEED 1@3
 written SET_FEED_RATE 2@4
 dropped PROGRAM_STOP 1@6
-lost ARC_FEED 1@7
+chords ARC_FEED 1@7
 lost NURBS_FEED 1@8
 unknown WOBBLE 1@9
 other FINISH 1@10

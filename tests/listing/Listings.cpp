@@ -94,6 +94,8 @@ std::string_view nameOf(host::CallFate fate) {
   switch (fate) {
     case host::CallFate::Move:
       return "move";
+    case host::CallFate::Chords:
+      return "chords";
     case host::CallFate::Written:
       return "line";
     case host::CallFate::Other:

@@ -75,6 +75,7 @@ std::vector<Counts> findingsOf(const PostReport& report) {
           countsOf("WARNING: printed, but never stated", summary.neverGiven),
           countsOf("WARNING: values that no machine can mean", summary.impossible),
           countsOf("WARNING: unknown name", summary.misspelt),
+          countsOf("NOTE: arcs written as chords", report, CallFate::Chords),
           countsOf("NOTE: lines wider than 72 columns", summary.wide),
           countsOf("moves", report, CallFate::Move)};
 }
@@ -182,7 +183,7 @@ Json tallyJson(const Tally& tally, bool instructions) {
 }
 
 std::string_view fateName(CallFate fate) {
-  constexpr std::array<std::string_view, 6> kNames = {"move", "line",     "other",
+  constexpr std::array<std::string_view, 7> kNames = {"move", "chords",   "line",   "other",
                                                       "lost", "lostMove", "unknown"};
   return kNames[static_cast<std::size_t>(fate)];
 }
