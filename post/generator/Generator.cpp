@@ -120,11 +120,13 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   ListenerScope scope_{*this};
 };
 
-Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink)
+Generator::Generator(KEPVar<Document> document, std::string_view file, LineSink& sink,
+                     ElementObserver* observer)
     : document_(std::move(document)),
       words_(document_->ppWordContainer()),
       buffers_(words_),
       sink_(sink),
+      observer_(observer),
       listener_(std::make_unique<Listener>(summary_, given_, names_)) {
   summary_.file = file;
   words_->SetObjects({});
@@ -154,12 +156,13 @@ void Generator::put(const Element& element) {
   const std::string title = titleOf(element);
   given_.read(element, title);
   const Instruction instruction = instructionOf(element);
+  long point = 0;
   for (const Position& position : element.positions) {
     buffers_.apply(position);
     given_.read(position, element, title);
-    instantiate(instruction, element);
+    instantiate(instruction, element, ++point);
   }
-  if (element.positions.empty()) instantiate(instruction, element);
+  if (element.positions.empty()) instantiate(instruction, element, 1);
   const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
   summary_.elements += count;
   summary_.instructions.add(instruction.name, element.line, title, count);
@@ -206,7 +209,21 @@ KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
   return evaluation;
 }
 
-void Generator::instantiate(const Instruction& instruction, const Element& element) {
+void Generator::announce(const Instruction& instruction, const Element& element, long point) const {
+  if (!instruction.command) {
+    observer_->elementBegins(
+        {element, point, instruction.name, element.sequence, instruction.evaluation});
+    return;
+  }
+  int sequence = 0;
+  static_cast<void>(instruction.command->GetSequenceNumber(sequence));
+  const auto type = KEPISpecObject_var::Adopt(words_->FindPPWord(KEPString(instruction.name)));
+  const KEPIMfgSyntaxEvaluation_var evaluation = type;
+  observer_->elementBegins({element, point, instruction.name, sequence, evaluation});
+}
+
+void Generator::instantiate(const Instruction& instruction, const Element& element, long point) {
+  if (observer_ != nullptr) announce(instruction, element, point);
   lines_.RemoveAll();
   if (instruction.command) {
     if (!instruction.command->Evaluate(lines_)) {

@@ -18,18 +18,12 @@
 
 namespace {
 
-// Empty for a text that is a code.
-std::string codeMistake(const std::string& text) {
-  int code = 0;
-  const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, code);
-  if (error == std::errc() && rest == end) return "";
-  return "a code is a whole number from -2147483648 to 2147483647, not '" + text + "'";
-}
-
 // Empty for a whole number.
 std::string numberMistake(const std::string& text) {
-  return codeMistake(text).empty() ? "" : "'" + text + "' is not a whole number";
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  return error == std::errc() && rest == end ? "" : "'" + text + "' is not a whole number";
 }
 
 // Accepts one of two words.
@@ -65,8 +59,35 @@ CLI::Option* addFile(CLI::App& command, const char* name, std::string& file,
       ->option_text(text);
 }
 
-CLI::Option* addTable(CLI::App& command, std::string& table) {
-  return addFile(command, "TABLE", table, "PP word table", " ");
+// A table that is named by position, or with -t.
+void addTable(CLI::App& command, std::string& position, std::string& option) {
+  addFile(command, "TABLE", position, "PP word table", " ");
+  addFile(command, "-t,--table", option, "PP word table, instead of the argument", "TABLE");
+}
+
+void setRotary(const std::string& text, ToolPathOptions& options) {
+  std::string reason;
+  options.rotary = host::RotaryChain::parse(text, reason);
+  if (!options.rotary) throw CLI::ValidationError("--rotary", reason);
+}
+
+// What a tool path is read with.
+void addReading(CLI::App& command, ToolPathOptions& options) {
+  command
+      .add_option_function<std::string>(
+          "--units", [&options](const auto& unit) { options.units = host::outputUnit(unit); },
+          "Unit of the text (listings only)")
+      ->check(oneOf({"mm", "inch"}))
+      ->option_text("mm|inch");
+  command
+      .add_option_function<std::string>(
+          "--rotary", [&options](const auto& text) { setRotary(text, options); },
+          "What the rotary words turn (listings only)")
+      ->option_text("AXES");
+}
+
+void addDocumentFile(CLI::App& command, ToolPathOptions& options) {
+  addFile(command, "-d,--document", options.document, "Document with the PP words", "FILE");
 }
 
 void addStrictness(CLI::App& command, StrictnessOptions& strictness, const char* help) {
@@ -98,9 +119,18 @@ void setValues(const std::vector<std::string>& texts, std::vector<host::ValueSet
   }
 }
 
+void setPlace(const std::string& text, ExplainOptions& options) {
+  options.place = host::readElementPlace(text);
+  if (options.place) return;
+  throw CLI::ValidationError("--job", "'" + text +
+                                          "' is neither FILE:LINE nor FILE:LINE:POINT, which "
+                                          "count from 1");
+}
+
 void addExplain(CLI::App& command, ExplainOptions& options) {
-  addTable(command, options.table);
-  command.add_option("INSTRUCTION", options.instruction, "NC instruction")->option_text(" ");
+  addTable(command, options.firstName, options.table);
+  command.add_option("INSTRUCTION", options.secondName, "NC instruction")->option_text(" ");
+  addDocumentFile(command, options);
   command.add_option("--sequence", options.sequence, "Which sequence of the instruction, from 1")
       ->check(CLI::Validator(&numberMistake, ""))
       ->option_text("N");
@@ -117,11 +147,17 @@ void addExplain(CLI::App& command, ExplainOptions& options) {
       ->take_all()
       ->allow_extra_args(false)
       ->option_text("NAME=VALUE");
+  command
+      .add_option_function<std::string>(
+          "--job", [&options](const auto& text) { setPlace(text, options); },
+          "Explain what comes from a line of a tool path instead")
+      ->option_text("FILE:LINE[:POINT]");
+  addReading(command, options);
 }
 
 void addList(CLI::App& command, ListOptions& options) {
-  addTable(command, options.table);
-  command.add_option("SECTION", options.section, "Which part to show")->option_text(" ");
+  addTable(command, options.firstName, options.table);
+  command.add_option("SECTION", options.secondName, "Which part to show")->option_text(" ");
   command.add_flag("--default", options.ofDefaultCatalogue, "Show the catalogue of a new document");
   command.add_option("--of", options.instruction, "Only the parameters of an NC instruction")
       ->option_text("INSTRUCTION");
@@ -134,16 +170,10 @@ void addDocument(CLI::App& command, DocumentOptions& options) {
   command.add_option("ARGUMENT", options.arguments, "Arguments of the action")->option_text("...");
 }
 
-void setRotary(const std::string& text, PostOptions& options) {
-  std::string reason;
-  options.rotary = host::RotaryChain::parse(text, reason);
-  if (!options.rotary) throw CLI::ValidationError("--rotary", reason);
-}
-
 void addPost(CLI::App& command, PostOptions& options) {
   addFile(command, "JOB", options.job, "Job or listing; - for standard input", " ")->required();
   addFile(command, "-t,--table", options.table, "PP word table to load", "TABLE");
-  addFile(command, "-d,--document", options.document, "Document with the PP words", "FILE");
+  addDocumentFile(command, options);
   command
       .add_option_function<std::string>(
           "-o,--output",
@@ -154,17 +184,7 @@ void addPost(CLI::App& command, PostOptions& options) {
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
   command.add_flag("-v,--verbose", options.verbose, "Report what came from where");
-  command
-      .add_option_function<std::string>(
-          "--units", [&options](const auto& unit) { options.units = host::outputUnit(unit); },
-          "Unit of the text (listings only)")
-      ->check(oneOf({"mm", "inch"}))
-      ->option_text("mm|inch");
-  command
-      .add_option_function<std::string>(
-          "--rotary", [&options](const auto& text) { setRotary(text, options); },
-          "What the rotary words turn (listings only)")
-      ->option_text("AXES");
+  addReading(command, options);
 }
 
 void addDiff(CLI::App& command, DiffOptions& options) {
@@ -173,20 +193,17 @@ void addDiff(CLI::App& command, DiffOptions& options) {
 }
 
 void addWords(CLI::App& command, WordsOptions& options) {
-  addTable(command, options.table)->required();
+  addTable(command, options.firstName, options.table);
 }
 
 void addCode(CLI::App& command, CodeOptions& options) {
-  addTable(command, options.table)->required();
-  command.add_option("WORD", options.words, "APT words")->required()->option_text("...");
+  addTable(command, options.firstName, options.table);
+  command.add_option("WORD", options.names, "APT words")->option_text("...");
 }
 
 void addWord(CLI::App& command, WordOptions& options) {
-  addTable(command, options.table)->required();
-  command.add_option("CODE", options.codes, "CL-file codes")
-      ->required()
-      ->check(CLI::Validator(&codeMistake, ""))
-      ->option_text("...");
+  addTable(command, options.firstName, options.table);
+  command.add_option("CODE", options.names, "CL-file codes")->option_text("...");
 }
 
 void addTables(CLI::App& /*command*/, TablesOptions& /*options*/) {}

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "inspect/explain/ExplainedElement.h"
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/RotaryChain.h"
@@ -46,14 +47,30 @@ struct CheckOptions {
 /// findings, without a key all in a line each.
 [[nodiscard]] ExitStatus checkTables(const CheckOptions& options);
 
-struct ExplainOptions {
-  /// TABLE and INSTRUCTION by their positions. A single name is the instruction, unless there are
-  /// lines in `syntax`: then it is the table.
+/// A tool path and what its text is written with: what `post` and `explain` take alike.
+struct ToolPathOptions {
+  /// "-": the standard input.
+  std::string job;
+  /// Empty: the one that the job names, or none.
   std::string table;
-  std::string instruction;
+  /// Empty: the one that the job names, or a new one.
+  std::string document;
+  /// For listings only.
+  std::optional<host::LengthUnit> units;
+  std::optional<host::RotaryChain> rotary;
+};
+
+struct ExplainOptions : ToolPathOptions {
+  /// What is named by position: TABLE and INSTRUCTION, of which a single one is the instruction,
+  /// unless the lines come from elsewhere.
+  std::string firstName;
+  std::string secondName;
   std::vector<std::string> syntax;
-  int sequence = 1;
+  /// Nothing: the first.
+  std::optional<int> sequence;
   std::vector<host::ValueSetting> values;
+  /// Of a tool path whose elements are explained; `job` is not used.
+  std::optional<host::ElementPlace> place;
   OutputFormat format = OutputFormat::ForPeople;
 };
 
@@ -61,10 +78,12 @@ struct ExplainOptions {
 [[nodiscard]] ExitStatus explainSyntax(const ExplainOptions& options);
 
 struct ListOptions {
-  /// TABLE and SECTION by their positions. A single name is the section of the default catalogue
-  /// when that is asked for.
+  /// With -t; empty when it is named by position.
   std::string table;
-  std::string section;
+  /// TABLE and SECTION by their positions. A single name is the section of the default catalogue
+  /// or of the table of -t when these are asked for.
+  std::string firstName;
+  std::string secondName;
   bool ofDefaultCatalogue = false;
   /// The NC instruction whose parameters are asked for; empty for all.
   std::string instruction;
@@ -88,20 +107,12 @@ struct DocumentOptions {
 [[nodiscard]] std::string documentHelp();
 [[nodiscard]] std::string documentHelp(std::string_view action);
 
-struct PostOptions {
-  /// "-": the standard input.
-  std::string job;
-  std::string table;
-  /// Empty: the one that the job names, or a new one.
-  std::string document;
+struct PostOptions : ToolPathOptions {
   /// Empty: the standard output.
   std::string output;
   StrictnessOptions strictness;
   bool verbose = false;
   OutputFormat format = OutputFormat::ForPeople;
-  /// For listings only.
-  std::optional<host::LengthUnit> units;
-  std::optional<host::RotaryChain> rotary;
 };
 
 /// Writes the APT text of a tool path, and a report to the standard error.
@@ -118,25 +129,31 @@ struct DiffOptions {
 [[nodiscard]] ExitStatus diffTables(const DiffOptions& options);
 
 struct WordsOptions {
+  /// With -t, and by position.
   std::string table;
+  std::string firstName;
   OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows the PP words of a table with their kinds and codes.
 [[nodiscard]] ExitStatus showWords(const WordsOptions& options);
 
-struct CodeOptions {
+/// A table, with -t or by position, and names after it.
+struct TableAndNames {
   std::string table;
-  std::vector<std::string> words;
+  /// The first name is the table unless that is given with -t.
+  std::string firstName;
+  std::vector<std::string> names;
+};
+
+struct CodeOptions : TableAndNames {
   OutputFormat format = OutputFormat::ForPeople;
 };
 
 /// Shows the codes of words. Each word that the table does not have is an error.
 [[nodiscard]] ExitStatus showCodes(const CodeOptions& options);
 
-struct WordOptions {
-  std::string table;
-  std::vector<int> codes;
+struct WordOptions : TableAndNames {
   OutputFormat format = OutputFormat::ForPeople;
 };
 

@@ -63,9 +63,7 @@ void loadInto(const DocumentOptions& options) {
 void show(const DocumentOptions& options) {
   const std::string section = options.arguments.empty() ? "" : options.arguments[0];
   if (!options.arguments.empty()) requireSection(section, kDocumentSections);
-  const KEPVar<host::Document> document = host::openDocument(options.file);
-  warnOfOldVersion(*document, options.file);
-  showContents(documentContents(*document), section, options.format);
+  showContents(documentContents(*openDocumentFile(options.file)), section, options.format);
 }
 
 void setSyntax(const DocumentOptions& options) {

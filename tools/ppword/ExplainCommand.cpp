@@ -1,4 +1,3 @@
-#include <array>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -7,10 +6,12 @@
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPError.h"
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/explain/Explanation.h"
 #include "language/syntax/Characters.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
+#include "tools/ppword/Explaining.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
@@ -37,78 +38,6 @@ KEPIMfgSyntaxEvaluation_var evaluationOf(const std::string& name, const host::Do
     // How the container answers for a sequential motion of an instruction that it does not have.
   }
   return evaluation;
-}
-
-Json nullableJson(std::string_view text) { return text.empty() ? Json() : textJson(text); }
-
-template <class Text>
-Json optionalJson(const std::optional<Text>& text) {
-  return text ? textJson(*text) : Json();
-}
-
-Json notesJson(const std::vector<std::string>& notes) {
-  Json array = Json::array();
-  for (const std::string& note : notes) array.push_back(textJson(note));
-  return array;
-}
-
-Json valueJson(const std::optional<KEPMfgParameterValue>& value) {
-  if (!value) return {};
-  switch (value->kind) {
-    case KEPMfgParameterValue::kInteger:
-      return value->integer;
-    case KEPMfgParameterValue::kReal:
-      return value->real;
-    default:
-      return textJson(value->text);
-  }
-}
-
-Json referenceJson(const host::ExplainedReference& reference) {
-  return {{"reference", textJson(host::referenceText(reference))},
-          {"type", nullableJson(reference.type)},
-          {"baseType", nullableJson(reference.baseType)},
-          {"asked", std::string(host::answerKind(reference))},
-          {"evaluated", host::isEvaluated(reference)},
-          {"evaluation", nullableJson(reference.evaluation)},
-          {"value", valueJson(reference.value)},
-          {"format", optionalJson(reference.format)},
-          {"text", optionalJson(reference.text)}};
-}
-
-Json operationJson(const host::ExplainedOperation& ended) {
-  constexpr std::array<const char*, 3> kOutcomes = {"computed", "kept", "deleted"};
-  return {{"operation", textJson(ended.operation)},
-          {"outcome", kOutcomes[static_cast<std::size_t>(ended.outcome)]},
-          {"result", nullableJson(ended.result)}};
-}
-
-template <class Items>
-Json arrayJson(const Items& items, Json (*toJson)(const typename Items::value_type&)) {
-  Json array = Json::array();
-  for (const auto& item : items) array.push_back(toJson(item));
-  return array;
-}
-
-Json passJson(const host::ExplainedPass& pass) {
-  return {{"pass", KEPMfgPPWordListener::EntryOf(pass.pass).name},
-          {"line", textJson(pass.line)},
-          {"references", arrayJson(pass.references, referenceJson)},
-          {"operations", arrayJson(pass.operations, operationJson)},
-          {"notes", notesJson(pass.notes)}};
-}
-
-Json lineJson(const host::ExplainedLine& line) {
-  return {{"passes", arrayJson(line.passes, passJson)},
-          {"output", optionalJson(line.output)},
-          {"notes", notesJson(line.notes)}};
-}
-
-Json explanationJson(std::string_view instruction, int sequence,
-                     const host::Explanation& explanation) {
-  return {{"instruction", textJson(instruction)},
-          {"sequence", sequence},
-          {"lines", arrayJson(explanation.lines, lineJson)}};
 }
 
 ExitStatus refuse(const std::string& why) {
@@ -161,52 +90,95 @@ ExitStatus refuseUnused(const host::ValueSetting& setting, const host::Explanati
                 suggestion(setting.name, names));
 }
 
-// What is to be explained. Of two names the first is the table; a single one is the table only of
-// lines.
+// What is to be explained: the instruction is empty when a tool path names it.
 struct Subject {
   std::string table;
   std::string instruction;
 };
 
-Subject subjectOf(const ExplainOptions& options) {
-  if (!options.syntax.empty()) {
-    if (!options.instruction.empty()) throw UsageError{"--syntax takes no instruction"};
-    return {options.table, std::string(kUserSyntax)};
+bool isFile(const std::string& name) { return std::filesystem::is_regular_file(name); }
+
+// Of two names the first is the table; a single one is the instruction.
+Subject instructionOf(const ExplainOptions& options) {
+  const std::string& first = options.firstName;
+  if (!options.secondName.empty()) {
+    requireOneTable(options.table, first);
+    return {first, options.secondName};
   }
-  if (!options.instruction.empty()) return {options.table, options.instruction};
-  if (options.table.empty()) throw UsageError{"INSTRUCTION is required"};
-  if (std::filesystem::is_regular_file(options.table)) {
-    throw UsageError{"'" + options.table + "' is a file; write an NC instruction after it"};
+  if (first.empty()) throw UsageError{"INSTRUCTION is required"};
+  if (isFile(first)) {
+    requireOneTable(options.table, first);
+    throw UsageError{"'" + first + "' is a file; write an NC instruction after it"};
   }
-  return {"", options.table};
+  return {options.table, first};
 }
 
-ExitStatus run(const ExplainOptions& options) {
-  const Subject subject = subjectOf(options);
+// A single name is the table of what an option names.
+Subject subjectOf(const ExplainOptions& options) {
+  if (options.syntax.empty() && !options.place) return instructionOf(options);
+  const std::string option = options.place ? "--job" : "--syntax";
+  const std::string& name = options.firstName;
+  const bool isInstruction = options.place && name.starts_with("NC_") && !isFile(name);
+  if (isInstruction || !options.secondName.empty()) {
+    throw UsageError{option + " takes no instruction"};
+  }
+  requireOneTable(options.table, name);
+  return {name.empty() ? options.table : name, options.place ? "" : std::string(kUserSyntax)};
+}
+
+void requireSuitable(const ExplainOptions& options) {
+  if (!options.place) {
+    if (!options.units && !options.rotary) return;
+    throw UsageError{"--units and --rotary are for the listing of --job"};
+  }
+  if (!options.syntax.empty()) throw UsageError{"--job takes no --syntax"};
+  if (options.sequence) throw UsageError{"--job takes no --sequence: its element names it"};
+  if (!options.values.empty()) throw UsageError{"--job takes no --set: its elements have values"};
+}
+
+KEPVar<host::Document> documentOf(const ExplainOptions& options, const std::string& table) {
+  const KEPVar<host::Document> document =
+      options.document.empty() ? host::newDocument() : openDocumentFile(options.document);
+  if (!table.empty()) loadTable(*document, table);
+  return document;
+}
+
+ExitStatus explainInstruction(const ExplainOptions& options, const Subject& subject) {
   const std::string& name = subject.instruction;
-  const KEPVar<host::Document> document = host::newDocument();
-  if (!subject.table.empty()) loadTable(*document, subject.table);
+  const int sequence = options.sequence.value_or(1);
+  const KEPVar<host::Document> document = documentOf(options, subject.table);
   const auto activity = host::Activity::create("explained");
   document->ppWordContainer()->SetObjects(activity);
   for (const auto& setting : options.values) host::applySetting(setting, *document, *activity);
   if (!options.syntax.empty()) storeSyntax(options.syntax, *document);
   const auto evaluation = evaluationOf(name, *document);
   if (!evaluation) return refuseUnknown(name, *document);
-  const host::Explanation explanation = host::explain(*evaluation, options.sequence);
+  const host::Explanation explanation = host::explain(*evaluation, sequence);
   if (!explanation.isDone) {
     const int count = host::sequenceCount(evaluation);
-    return refuse(options.sequence > count
-                      ? name + " has no sequence " + std::to_string(options.sequence) +
-                            "; it has " + std::to_string(count)
-                      : "a line of " + name + " cannot be computed");
+    return refuse(sequence > count ? name + " has no sequence " + std::to_string(sequence) +
+                                         "; it has " + std::to_string(count)
+                                   : "a line of " + name + " cannot be computed");
   }
   if (const auto* const unused = unusedSetting(options.values, explanation)) {
     return refuseUnused(*unused, explanation);
   }
   writeOutput(options.format == OutputFormat::ForPrograms
-                  ? documentText(explanationJson(name, options.sequence, explanation))
+                  ? documentText({{"instruction", textJson(name)},
+                                  {"sequence", sequence},
+                                  {"lines", explainedLinesJson(explanation)}})
                   : host::explanationText(explanation));
   return ExitStatus::Done;
+}
+
+ExitStatus run(const ExplainOptions& options) {
+  requireSuitable(options);
+  const Subject subject = subjectOf(options);
+  if (!options.place) return explainInstruction(options, subject);
+  ToolPathOptions toolPath = options;
+  toolPath.job = options.place->file;
+  toolPath.table = subject.table;
+  return explainPlace(*options.place, toolPath, options.format);
 }
 
 }  // namespace
@@ -216,5 +188,9 @@ ExitStatus explainSyntax(const ExplainOptions& options) {
     return run(options);
   } catch (const Refusal& refusal) {
     return refuseTable(refusal.diagnostic, options.format);
+  } catch (const host::InputError& error) {
+    return refuseTable(host::inputDiagnostic(error), options.format);
+  } catch (const host::DocumentError& error) {
+    return refuseTable(documentDiagnostic(error), options.format);
   }
 }

@@ -49,9 +49,14 @@ inline constexpr const char* kExplain =
 inline constexpr const char* kExplainFooter =
     R"help(Prints each line of the instruction after every pass. Below a pass are the references that it
 replaced (the parameter type, who answered, the value, the format) and what it computed; a "!"
-marks what is lost, cut or moved. Without TABLE the catalogue of a new document is used.
+marks what is lost, cut or moved. Without TABLE and FILE the catalogue of a new document is used.
+The table is named with -t or as the first argument, not with both.
 
-A parameter has a value only if --set sets it:
+With --job the elements that come from a line of a job or a listing are explained with the values
+that they have there. LINE counts from 1, and so does POINT, among the points of an element; without
+it the first is taken. Table, document, --units and --rotary are those of 'ppword post'.
+
+Without --job a parameter has a value only if --set sets it:
   NAME=5            a real number; MFG_XPOINT, MFG_YPOINT, MFG_ZPOINT, MFG_XAXIS, MFG_YAXIS and
                     MFG_ZAXIS set the point and the tool axis
   NAME:int=5        an integer
@@ -61,6 +66,7 @@ A parameter has a value only if --set sets it:
 Examples:
   ppword explain NC_GOTO --set MFG_XPOINT=10
   ppword explain mill.pptable NC_FEEDRATE
+  ppword explain --job bracket.canon:500 -t mill.pptable
   ppword explain --syntax 'GOTO/%A+10,0' --set A=5
   ppword explain --syntax 'SPINDL/(%I/2),&W' --set I:int=7 --set W:text=RPM
   ppword explain mill.pptable --syntax 'GOTO/%MFG_XPOINT*2' --format json)help";
@@ -68,7 +74,7 @@ Examples:
 inline constexpr const char* kList = "Show the contents of a PP word table, or of a new document";
 inline constexpr const char* kListFooter =
     R"(SECTION is words, syntaxes, commands, sequences, lists or formats.
-Without it all are shown.
+Without it all are shown. The table is named with -t or as the first argument, not with both.
 
 The section parameters explains each parameter: what it means, its type and unit, where its value
 comes from, its format or words, and the NC instructions that use it. With a TABLE they are those of
@@ -141,20 +147,24 @@ Examples:
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =
     R"(TPRINT (1075) and NOTE (181) are added at the end if the table does not have them.
+The table is named with -t or as the argument, not with both.
 
 Example:
   ppword words mill.pptable)";
 
 inline constexpr const char* kCode = "Show the CL-file codes of words";
 inline constexpr const char* kCodeFooter = R"(A word ends before its first blank.
+With -t the table is not the first argument: all arguments are words.
 
 Examples:
   ppword code mill.pptable GOTO TPRINT
+  ppword code -t mill.pptable GOTO
   ppword code --format json mill.pptable 'GOTO /1,2')";
 
 inline constexpr const char* kWord = "Show the words of CL-file codes";
 inline constexpr const char* kWordFooter =
     R"(If several words have the same code, the first one is shown.
+With -t the table is not the first argument: all arguments are codes.
 
 Example:
   ppword word mill.pptable 1075 181)";

@@ -20,15 +20,19 @@ struct ListSubject {
 };
 
 ListSubject subjectOf(const ListOptions& options) {
+  const std::string& first = options.firstName;
+  const bool namesTable = !options.table.empty() || !options.secondName.empty();
   if (options.ofDefaultCatalogue) {
-    if (!options.section.empty()) throw UsageError{"--default takes no table"};
-    return {"", options.table};
+    if (namesTable) throw UsageError{"--default takes no table"};
+    return {"", first};
   }
-  const bool isAlone = options.section.empty() && options.table == kParameters &&
-                       !std::filesystem::is_regular_file(options.table);
-  if (isAlone) return {"", options.table};
-  if (options.table.empty()) throw UsageError{"TABLE is required"};
-  return {options.table, options.section};
+  if (!options.secondName.empty()) requireOneTable(options.table, first);
+  if (!options.table.empty()) return {options.table, first};
+  const bool isAlone =
+      !namesTable && first == kParameters && !std::filesystem::is_regular_file(first);
+  if (isAlone) return {"", first};
+  if (first.empty()) throw UsageError{"TABLE is required"};
+  return {first, options.secondName};
 }
 
 void requireSectionOf(const std::string& section) {

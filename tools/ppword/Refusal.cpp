@@ -30,6 +30,11 @@ void requireSection(const std::string& section, std::span<const std::string_view
   throw UsageError{"there is no section '" + section + "'" + suggestion(section, sections)};
 }
 
+void requireOneTable(const std::string& option, const std::string& argument) {
+  if (option.empty() || argument.empty()) return;
+  throw UsageError{"the table is named twice, with -t and as '" + argument + "'"};
+}
+
 void reportDiagnostic(const host::Diagnostic& diagnostic) {
   writeMessage(host::diagnosticText(diagnostic, showsColours()));
 }
@@ -43,10 +48,13 @@ void warn(const std::string& file, std::string_view key, std::string message) {
   reportDiagnostic(warning);
 }
 
-void warnOfOldVersion(const host::Document& document, const std::string& path) {
-  if (!document.NeedsUpgrade()) return;
-  warn(path, "old-version",
-       "the document has an older version; upgrade it with 'ppword document upgrade'");
+KEPVar<host::Document> openDocumentFile(const std::string& path) {
+  KEPVar<host::Document> document = host::openDocument(path);
+  if (document->NeedsUpgrade()) {
+    warn(path, "old-version",
+         "the document has an older version; upgrade it with 'ppword document upgrade'");
+  }
+  return document;
 }
 
 host::Diagnostic fileDiagnostic(const std::string& file, const std::string& message) {

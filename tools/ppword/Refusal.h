@@ -26,14 +26,18 @@ void warnOfNoBlock(const std::string& table);
 /// Raises a UsageError for a section that is not one of `sections`.
 void requireSection(const std::string& section, std::span<const std::string_view> sections);
 
+/// Raises a UsageError when the table is named twice: with the option -t, and as an argument.
+void requireOneTable(const std::string& option, const std::string& argument);
+
 /// Writes a finding to the standard error.
 void reportDiagnostic(const host::Diagnostic& diagnostic);
 
 /// Reports a warning about a whole file.
 void warn(const std::string& file, std::string_view key, std::string message);
 
-/// Warns of a document that needs an upgrade.
-void warnOfOldVersion(const host::Document& document, const std::string& path);
+/// Opens a document file to read from it, and warns when it needs an upgrade. Raises a
+/// DocumentError.
+[[nodiscard]] KEPVar<host::Document> openDocumentFile(const std::string& path);
 
 /// The error of a file as a whole.
 [[nodiscard]] host::Diagnostic fileDiagnostic(const std::string& file, const std::string& message);

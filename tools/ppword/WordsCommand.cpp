@@ -1,3 +1,5 @@
+#include <charconv>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 
 #include "KEPMfgPPWordUtilities.h"
@@ -89,34 +91,64 @@ void addCode(int code, Answers& answers) {
   answers.entries.push_back(std::move(entry));
 }
 
+// The table of a command that takes names after it, and these names.
+TableAndNames namedBy(const TableAndNames& options, const std::string& what) {
+  TableAndNames subject = options;
+  if (options.table.empty()) {
+    subject.table = options.firstName;
+  } else if (!options.firstName.empty()) {
+    if (std::filesystem::is_regular_file(options.firstName)) {
+      requireOneTable(options.table, options.firstName);
+    }
+    subject.names.insert(subject.names.begin(), options.firstName);
+  }
+  if (subject.table.empty()) throw UsageError{"TABLE is required"};
+  if (subject.names.empty()) throw UsageError{what + " is required"};
+  return subject;
+}
+
+int codeOf(const std::string& text) {
+  int code = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, code);
+  if (error == std::errc() && rest == end) return code;
+  throw UsageError{"CODE: a code is a whole number from -2147483648 to 2147483647, not '" + text +
+                   "'"};
+}
+
 }  // namespace
 
 ExitStatus showWords(const WordsOptions& options) {
-  if (const auto refusal = refusalOfWords(options.table)) {
-    return refuseTable(*refusal, options.format);
-  }
+  requireOneTable(options.table, options.firstName);
+  const std::string& table = options.table.empty() ? options.firstName : options.table;
+  if (table.empty()) throw UsageError{"TABLE is required"};
+  if (const auto refusal = refusalOfWords(table)) return refuseTable(*refusal, options.format);
   Contents contents;
-  const WordLists lists = listsOf(options.table);
-  warnOfNoBlock(options.table);
+  const WordLists lists = listsOf(table);
+  warnOfNoBlock(table);
   contents.words = paired(lists.words, lists.kinds, lists.codes);
   showContents(contents, "words", options.format);
   return ExitStatus::Done;
 }
 
 ExitStatus showCodes(const CodeOptions& options) {
-  if (const auto refusal = refusalOfWords(options.table)) {
+  const TableAndNames subject = namedBy(options, "WORD");
+  if (const auto refusal = refusalOfWords(subject.table)) {
     return refuseTable(*refusal, options.format);
   }
   Answers answers;
-  for (const std::string& word : options.words) addWord(word, answers);
-  return reportAnswers(answers, options.table, "words", options.format);
+  for (const std::string& word : subject.names) addWord(word, answers);
+  return reportAnswers(answers, subject.table, "words", options.format);
 }
 
 ExitStatus showWordsOfCodes(const WordOptions& options) {
-  if (const auto refusal = refusalOfWords(options.table)) {
+  const TableAndNames subject = namedBy(options, "CODE");
+  std::vector<int> codes;
+  for (const std::string& text : subject.names) codes.push_back(codeOf(text));
+  if (const auto refusal = refusalOfWords(subject.table)) {
     return refuseTable(*refusal, options.format);
   }
   Answers answers;
-  for (const int code : options.codes) addCode(code, answers);
-  return reportAnswers(answers, options.table, "codes", options.format);
+  for (const int code : codes) addCode(code, answers);
+  return reportAnswers(answers, subject.table, "codes", options.format);
 }

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/modeler/Document.h"
+#include "post/job/JobReader.h"
+#include "post/job/JobSetup.h"
+#include "post/listing/ListingReader.h"
+#include "post/toolpath/ToolPath.h"
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/PostTable.h"
+
+/// The tool path of a run, a job or a listing, with the document and the table that its text is
+/// written with.
+class ToolPathInput {
+ public:
+  /// Opens the tool path, and reads the header of a job. Raises an InputError, or a UsageError for
+  /// options that are for listings only. The options must outlive the object.
+  explicit ToolPathInput(const ToolPathOptions& options);
+
+  /// The document file: that of the user, that of the job's header, or empty for none.
+  [[nodiscard]] std::string documentFile() const;
+
+  /// Opens the document, loads the table and sets up both for the tool path. Raises a Refusal, an
+  /// InputError or a DocumentError. Before it there is no document and there are no events.
+  void open();
+
+  [[nodiscard]] const KEPVar<host::Document>& document() const noexcept { return document_; }
+  [[nodiscard]] host::ToolPathReader& events();
+  [[nodiscard]] const PostTable& table() const noexcept { return table_; }
+  /// Null for a job.
+  [[nodiscard]] const host::ListingReader* listing() const {
+    return listing_ ? &*listing_ : nullptr;
+  }
+  /// What messages and reports call the tool path.
+  [[nodiscard]] std::string name() const;
+
+ private:
+  [[nodiscard]] KEPVar<host::Document> openedDocument() const;
+  void setUp();
+
+  const ToolPathOptions& options_;
+  std::unique_ptr<host::LineReader> lines_;
+  KEPVar<host::Document> document_;
+  PostTable table_;
+  std::optional<host::ListingReader> listing_;
+  std::optional<host::JobReader> job_;
+  std::optional<host::JobSetup> setup_;
+};
