@@ -50,4 +50,9 @@ void ListenerScope::TableEntry(Section section, int number, std::string_view nam
   previous_->TableEntry(section, number, name, outcome);
 }
 
+void ListenerScope::ValueLacking(Lack why) {
+  listener_.ValueLacking(why);
+  previous_->ValueLacking(why);
+}
+
 }  // namespace host

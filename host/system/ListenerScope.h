@@ -32,6 +32,7 @@ class KEP_PLATFORM ListenerScope final : private KEPMfgPPWordListener {
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view result) override;
   void TableEntry(Section section, int number, std::string_view name, Outcome outcome) override;
+  void ValueLacking(Lack why) override;
 
   KEPMfgPPWordListener& listener_;
   KEPMfgPPWordListener* previous_;

@@ -24,6 +24,8 @@ struct ExplainedReference {
   std::string evaluation;
   /// Where no evaluation answers: the value that was found.
   std::optional<KEPMfgParameterValue> value;
+  /// Why there is no value, or an empty one.
+  std::optional<KEPMfgPPWordListener::Lack> lack;
   /// The format of the type.
   std::optional<std::string> format;
   KEPMfgPPWordListener::Source source = KEPMfgPPWordListener::Source::NotEvaluated;
@@ -77,6 +79,9 @@ struct Explanation {
 
 /// Who is asked for a reference: "evaluation", "expression" or "parameter".
 [[nodiscard]] std::string_view answerKind(const ExplainedReference& reference);
+
+/// Why the reference has no value, in words; empty when it has one or the reason is not known.
+[[nodiscard]] std::string_view lackText(const ExplainedReference& reference);
 
 /// True when the reference has a text, an operand a value.
 [[nodiscard]] bool isEvaluated(const ExplainedReference& reference);

@@ -11,6 +11,34 @@ namespace host {
 namespace {
 
 using Source = KEPMfgPPWordListener::Source;
+using Lack = KEPMfgPPWordListener::Lack;
+
+struct LackEntry {
+  Lack lack;
+  std::string_view text;
+};
+
+/// The lacks in the order of their numbers.
+constexpr std::array<LackEntry, 13> kLacks{{
+    {Lack::Format, "its type has no format that prints the number"},
+    {Lack::Entry, "the list of its type has no entry for it"},
+    {Lack::Activity, "there is no activity"},
+    {Lack::Parameter,
+     "neither the activity nor its tool, the assembly or the tool insert has this parameter"},
+    {Lack::DesignParameter, "it is not an expression of the document's design parameters"},
+    {Lack::FeedUnit,
+     "neither the feed rate nor the machining feed rate of the operation is linear or angular"},
+    {Lack::SpindleUnit, "neither the spindle speed nor that of the operation is angular or linear"},
+    {Lack::MotionSpindle,
+     "the sequential motion does not exist, or states nothing about its spindle speed"},
+    {Lack::Tool, "the activity has no tool, whose hand decides"},
+    {Lack::Hand, "the tool is neither right-handed nor left-handed (MFG_WAY_OF_ROT)"},
+    {Lack::DwellMode,
+     "neither a dwell by revolutions nor one by time is stated by the operation or its sequential "
+     "motion"},
+    {Lack::ToolPathType, "the activity has no tool path of a known type"},
+    {Lack::Pitch, "the pitch of the helix is below 0.000001: there are no turns and no angle"},
+}};
 
 constexpr std::size_t kWidth = 21;
 constexpr std::size_t kDetail = 4;
@@ -58,14 +86,18 @@ std::string valueText(const KEPMfgParameterValue& value) {
 std::string answerText(const ExplainedReference& reference) {
   const std::string_view kind = answerKind(reference);
   const bool isEvaluated = reference.value || reference.source != Source::NotEvaluated;
+  const std::string_view lack = lackText(reference);
+  const std::string why = lack.empty() ? "" : ": " + std::string(lack);
   if (kind == "evaluation") {
+    if (!isEvaluated) return "no value" + why;
     return "evaluation " + terminalSafe(reference.evaluation) +
-           (isEvaluated ? "" : " without a value");
+           (why.empty() ? "" : " with nothing to print" + why);
   }
   if (kind == "expression") {
     return isEvaluated ? "expression, " + valueText(*reference.value)
-                       : "expression without a value";
+                       : "expression without a value" + why;
   }
+  if (reference.lack == Lack::Activity) return "no value" + why;
   return isEvaluated ? "parameter of the activity, " + valueText(*reference.value)
                      : "no parameter of that name";
 }
@@ -133,6 +165,10 @@ std::string referenceText(const ExplainedReference& reference) {
 std::string_view answerKind(const ExplainedReference& reference) {
   if (!reference.evaluation.empty()) return "evaluation";
   return reference.name.starts_with('(') ? "expression" : "parameter";
+}
+
+std::string_view lackText(const ExplainedReference& reference) {
+  return reference.lack ? kLacks[static_cast<std::size_t>(*reference.lack)].text : "";
 }
 
 bool isEvaluated(const ExplainedReference& reference) {

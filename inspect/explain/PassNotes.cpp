@@ -3,6 +3,7 @@
 
 #include "inspect/explain/CommaTrail.h"
 #include "inspect/explain/Explanation.h"
+#include "language/syntax/Arithmetic.h"
 #include "language/syntax/OperationCursor.h"
 #include "language/syntax/Signs.h"
 
@@ -101,6 +102,17 @@ std::string cutNote(const ExplainedCut& cut) {
              : what + " is cut off and lost";
 }
 
+/// True for an operation on numbers whose result is too large to be printed.
+bool isOverflow(std::string_view text) {
+  ppword::OperationCursor operations(text);
+  auto operation = operations.next();
+  while (operation && operation->operands != ppword::Operands::Both) operation = operations.next();
+  if (!operation) return false;
+  const auto left = ppword::operandNumber(text.substr(0, operation->at));
+  const auto right = ppword::operandNumber(operation->right);
+  return left && right && ppword::computed(operation->sign, *left, *right) > ppword::kOverflowBound;
+}
+
 std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass pass) {
   // A lost sign has a note of its own.
   if (pass == Pass::RestoreSigns) return std::nullopt;
@@ -109,10 +121,14 @@ std::optional<std::string> operationNote(const ExplainedOperation& ended, Pass p
     // A group is tried with each prefix; the last one reports.
     if (pass == Pass::WordGroups || pass == Pass::ExpressionGroups) return std::nullopt;
     return operation + " is not computed and stays: " +
-           (pass == Pass::Evaluate ? "not both operands are plain numbers, such as -1.5"
-                                   : "a side has no number, or the divisor is 0");
+           (pass == Pass::Evaluate
+                ? "not both operands are plain numbers, such as -1.5"
+                : "a side has no number, the divisor is 0, or the result is above 1e20");
   }
-  if (ended.outcome == Operation::Computed) return std::nullopt;
+  if (ended.outcome == Operation::Computed) {
+    if (!isOverflow(ended.operation)) return std::nullopt;
+    return "the result of " + operation + " is above 1e20, the largest one, and becomes 0";
+  }
   const bool lacksLeft = ppword::kSigns.find(ended.operation.front()) != kNone;
   const bool lacksRight = ppword::kSigns.find(ended.operation.back()) != kNone;
   if (lacksLeft && lacksRight) return operation + " is deleted: it has no operand";

@@ -51,6 +51,10 @@ void PassRecorder::ReferenceReplaced(std::string_view, Source source, std::strin
   pass_.references.back().text = text;
 }
 
+void PassRecorder::ValueLacking(Lack why) {
+  if (!pass_.references.empty()) pass_.references.back().lack = why;
+}
+
 void PassRecorder::TextDropped(std::string_view name, std::string_view text) {
   pass_.cuts.push_back({std::string(name), std::string(text)});
 }

@@ -64,6 +64,32 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   /// Where the text of a parameter reference came from. The last value means that the reference
   /// could not be evaluated.
   enum class Source { Evaluation, FormattedParameter, Parameter, NotEvaluated };
+  /// Why a reference has no value.
+  enum class Lack {
+    /// Its type has no format, or one that cannot print the number.
+    Format,
+    /// The list of its type has no such entry.
+    Entry,
+    Activity,
+    /// The activity, its tool, the assembly and the tool insert have no parameter of the name.
+    Parameter,
+    /// It is not an expression of the document's design parameters.
+    DesignParameter,
+    /// Neither the feed rate nor the operation says linear or angular; the same of the spindle.
+    FeedUnit,
+    SpindleUnit,
+    /// The sequential motion does not exist or says nothing about its spindle speed.
+    MotionSpindle,
+    Tool,
+    /// Of the tool.
+    Hand,
+    /// Neither the operation nor its sequential motion says how a dwell is measured.
+    DwellMode,
+    /// The activity has no tool path with a type.
+    ToolPathType,
+    /// The pitch of the helix is too small.
+    Pitch
+  };
   /// What became of an operation in a syntax line.
   enum class Operation {
     /// Its result took its place.
@@ -132,6 +158,16 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   /// cannot be read) and outcome.
   virtual void TableEntry(Section /*section*/, int /*number*/, std::string_view /*name*/,
                           Outcome /*outcome*/) {}
+
+  /// Why the reference that was looked up last has no value, or an empty text as its value. Not
+  /// called for a value that its type's format cannot print.
+  virtual void ValueLacking(Lack /*why*/) {}
+  /// Reports a lack to the listener of the session, if there is one. Returns false, for the caller
+  /// to return.
+  static bool ReportLack(Lack why) {
+    if (auto* const listener = Current()) listener->ValueLacking(why);
+    return false;
+  }
 
   /// The listener of the session; null when there is none.
   [[nodiscard]] static KEPMfgPPWordListener* Current() noexcept;

@@ -5,7 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
+#include "ObjectSpecsModeler/KEPIContainer.h"
 #include "host/system/Session.h"
 #include "inspect/explain/Explanation.h"
 #include "tests/support/Mutator.h"
@@ -147,8 +149,10 @@ TEST_F(Explain, KeptOperationIsToldWithTheEndOfALongLeftOperand) {
 TEST_F(Explain, ExpressionWithoutEndIsShownWithoutIt) {
   const auto text = host::explanationText(explained({"X/%(A),%(A"}));
   EXPECT_NE(
-      text.find("    %(A): no type, expression without a value: «»\n"
-                "    %(A: no type, expression without a value: «»\n"
+      text.find("    %(A): no type, expression without a value: it is not an expression of the\n"
+                "      document's design parameters: «»\n"
+                "    %(A: no type, expression without a value: it is not an expression of the\n"
+                "      document's design parameters: «»\n"
                 "    ! «(A» cannot be evaluated and is dropped; the separators around it stay\n"
                 "    ! no \")\" ends the expression «A»: it goes on to the next blank, or to the\n"
                 "      end of the line; close it\n"),
@@ -157,6 +161,106 @@ TEST_F(Explain, ExpressionWithoutEndIsShownWithoutIt) {
   document->setDesignParameter("A", 2);
   EXPECT_EQ(notes("X/%(A MM"), Texts{"no \")\" ends the expression «A»: it goes on to the next "
                                      "blank, or to the end of the line; close it"});
+}
+
+TEST_F(Explain, ResultThatIsTooLargeIsTold) {
+  EXPECT_EQ(notes("X/99999999999999999999*9"),
+            Texts{"the result of «99999999999999999999*9» is above 1e20, the largest one, and "
+                  "becomes 0"});
+  EXPECT_EQ(notes("X/-9*-99999999999999999999+1"),
+            Texts{"the result of «-9*-99999999999999999999» is above 1e20, the largest one, and "
+                  "becomes 0"});
+  EXPECT_EQ(notes("X/99999999999999999999*-9"), Texts{});
+  EXPECT_EQ(notes("X/99999999999999999999+1"), Texts{});
+  EXPECT_EQ(notes("X/9-9"), Texts{});
+}
+
+/// What explains the reference of a line.
+class Reasons : public testing::Test {
+ protected:
+  [[nodiscard]] std::string reason(const std::string& syntax,
+                                   const char* instruction = "NC_GOTO") const {
+    KEPIMfgSyntaxEvaluation_var evaluation;
+    document->ppWordContainer()->GetSyntaxEvaluation(evaluation, KEPUnicodeString(instruction));
+    KEPISpecAttrAccess_var(evaluation)->SetList("Syntaxe", list({syntax}));
+    std::string reasons;
+    const host::Explanation explanation = host::explain(*evaluation, 1);
+    for (const auto& pass : explanation.lines.at(0).passes) {
+      for (const auto& reference : pass.references) reasons += host::lackText(reference);
+    }
+    return reasons;
+  }
+  void setActivity(host::ActivityValues values) const {
+    document->ppWordContainer()->SetObjects(host::Activity::create(std::move(values)));
+  }
+
+  KEPVar<host::Document> document = host::newDocument();
+};
+
+TEST_F(Reasons, AreSaidForAMissingActivity) {
+  const std::string none = "there is no activity";
+  EXPECT_EQ(reason("X/%DEPTH"), none);
+  EXPECT_EQ(reason("X/&MFG_DELAY_UNIT"), none);
+  EXPECT_EQ(reason("X/&MFG_TOOLPATH_TYPE"), none);
+  EXPECT_EQ(reason("X/%MFG_CMP_NOSE_RADIUS"), none);
+  EXPECT_EQ(reason("X/%MFG_CMP_TL_SET_X"), none);
+  EXPECT_EQ(reason("X/(2/%DEPTH)"), none + none);
+}
+
+TEST_F(Reasons, AreSaidForWhatAnActivityLacks) {
+  setActivity({});
+  EXPECT_EQ(
+      reason("X/%DEPTH"),
+      "neither the activity nor its tool, the assembly or the tool insert has this parameter");
+  EXPECT_EQ(reason("X/&MFG_DELAY_UNIT"),
+            "neither a dwell by revolutions nor one by time is stated by the operation or its "
+            "sequential motion");
+  EXPECT_EQ(reason("X/&MFG_TOOLPATH_TYPE"), "the activity has no tool path of a known type");
+  EXPECT_EQ(reason("X/&MFG_SPNDL_WAY"), "the activity has no tool, whose hand decides");
+  host::ActivityValues values;
+  values.tool.emplace();
+  setActivity(values);
+  EXPECT_EQ(reason("X/&MFG_SPNDL_WAY"),
+            "the tool is neither right-handed nor left-handed (MFG_WAY_OF_ROT)");
+  values.kind = host::ActivityKind::SequentialAxial;
+  values.motions.emplace();
+  setActivity(values);
+  EXPECT_EQ(reason("X/%MFG_SPNDL_SPEED"),
+            "the sequential motion does not exist, or states nothing about its spindle speed");
+  EXPECT_EQ(reason("X/&MFG_SPNDL_UNIT"),
+            "the sequential motion does not exist, or states nothing about its spindle speed");
+}
+
+TEST_F(Reasons, AreSaidForTheMotionAndItsType) {
+  EXPECT_EQ(reason("X/&MFG_FEED_UNIT"),
+            "neither the feed rate nor the machining feed rate of the operation is linear or "
+            "angular");
+  EXPECT_EQ(reason("X/&MFG_SPNDL_UNIT"),
+            "neither the spindle speed nor that of the operation is angular or linear");
+  EXPECT_EQ(reason("X/%MFG_HELICAL_ROUND"),
+            "the pitch of the helix is below 0.000001: there are no turns and no angle");
+  EXPECT_EQ(reason("X/%(A/B)"), "it is not an expression of the document's design parameters");
+  const auto type = [this](const char* name) {
+    return KEPISpecAttrAccess_var(
+        KEPISpecObject_var::Adopt(document->features()->FindStartUp(name)));
+  };
+  type("MFG_XPOINT")->SetString("Format", "%n");
+  EXPECT_EQ(reason("X/%MFG_XPOINT"), "its type has no format that prints the number");
+  type("MFG_SPNDL_WAY")->SetList("MultiListValue", list({"CLW"}));
+  EXPECT_EQ(reason("X/&MFG_SPNDL_WAY"), "the list of its type has no entry for it");
+}
+
+TEST_F(Reasons, AreShownInPlaceOfTheClass) {
+  KEPIMfgSyntaxEvaluation_var evaluation;
+  document->ppWordContainer()->GetSyntaxEvaluation(evaluation, "NC_GOTO");
+  KEPISpecAttrAccess_var(evaluation)
+      ->SetList("Syntaxe", list({"X/%MFG_CMP_TL_SET_X,&MFG_DELAY_UNIT"}));
+  const auto text = host::explanationText(host::explain(*evaluation, 1));
+  EXPECT_NE(text.find("    &MFG_DELAY_UNIT: type MFG_DELAY_UNIT under MfgPPParameter, no value: "
+                      "there\n      is no activity: «»\n"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find(" with nothing to print: there is no activity,"), std::string::npos) << text;
 }
 
 TEST_F(Explain, NegativeValueBehindAMinusIsTold) {

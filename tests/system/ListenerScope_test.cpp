@@ -46,6 +46,7 @@ class Notes final : public KEPMfgPPWordListener {
     note("entry", {std::to_string(static_cast<int>(section)), std::to_string(number), name,
                    std::to_string(static_cast<int>(outcome))});
   }
+  void ValueLacking(Lack why) override { note("lacking", {std::to_string(static_cast<int>(why))}); }
 
  private:
   void note(std::string_view call, const std::vector<std::string_view>& arguments) {
@@ -135,9 +136,10 @@ TEST(ListenerScope, EveryCallIsPassedOnWithItsArguments) {
   listener.OperationEnded(KEPMfgPPWordListener::Operation::Kept, "1+A", "");
   listener.TableEntry(KEPMfgPPWordListener::Section::Format, 3, "F",
                       KEPMfgPPWordListener::Outcome::Replaced);
+  EXPECT_FALSE(KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Entry));
   EXPECT_EQ(calls, (Calls{"outer: line evaluate GOTO/1", "outer: looked up A no type no evaluation",
                           "outer: value 7 %d", "outer: replaced A 2 7", "outer: dropped A $",
-                          "outer: operation 1 1+A ", "outer: entry 3 3 F 1"}));
+                          "outer: operation 1 1+A ", "outer: entry 3 3 F 1", "outer: lacking 1"}));
 }
 
 }  // namespace

@@ -40,6 +40,7 @@ Json referenceJson(const host::ExplainedReference& reference) {
           {"evaluated", host::isEvaluated(reference)},
           {"evaluation", nullableJson(reference.evaluation)},
           {"value", valueJson(reference.value)},
+          {"reason", nullableJson(host::lackText(reference))},
           {"format", optionalJson(reference.format)},
           {"text", optionalJson(reference.text)}};
 }

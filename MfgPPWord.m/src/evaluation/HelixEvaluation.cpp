@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "Mathematics/KEPMathVector.h"
 #include "src/evaluation/ParameterContext.h"
 
@@ -55,7 +56,8 @@ bool evaluateHelix(const KEPBaseUnknown& evaluation, HelixNumber compute, KEPStr
   const auto* const helix = parameter.buffer<KEPIMfgBufferHelix>();
   if (helix == nullptr) return false;
   const auto number = compute(*helix);
-  return number && parameter.print(*number, value);
+  if (!number) return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Pitch);
+  return parameter.print(*number, value);
 }
 
 }  // namespace ppword

@@ -5,6 +5,7 @@
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
@@ -71,7 +72,8 @@ bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
   const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
-  if (activity) ppword::printSixDecimals(noseRadius(activity, corrector), value);
   // deliberate: a success even when there was nothing to print
+  if (!activity) return !KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Activity);
+  ppword::printSixDecimals(noseRadius(activity, corrector), value);
   return true;
 }

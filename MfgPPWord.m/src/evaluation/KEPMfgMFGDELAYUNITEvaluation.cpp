@@ -3,12 +3,15 @@
 
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "System/KEPError.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
+
+using Lack = KEPMfgPPWordListener::Lack;
 
 // Entries of the list of words; 0 for neither.
 constexpr int kByRevolution = 1;
@@ -50,7 +53,9 @@ bool KEPMfgMFGDELAYUNITEvaluation::Evaluate(KEPString& value) const {
       ppword::isSequential(activity)
           ? kindOfMotion(activity, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>())
           : kindOfOperation(activity);
-  if (kind == 0 || !parameter.readWord(kind, value)) return false;
+  if (kind == 0)
+    return KEPMfgPPWordListener::ReportLack(activity ? Lack::DwellMode : Lack::Activity);
+  if (!parameter.readWord(kind, value)) return false;
   if (value.View() == kNoWord) value = KEPString();
   return true;
 }

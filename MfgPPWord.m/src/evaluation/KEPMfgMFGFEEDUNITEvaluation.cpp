@@ -1,5 +1,6 @@
 #include "KEPIMfgBufferFeedrate.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
@@ -27,5 +28,6 @@ bool KEPMfgMFGFEEDUNITEvaluation::Evaluate(KEPString& value) const {
     kind =
         ppword::kindOf(operation, Mfg_MachiningFeedrateValue, "LINEARFEEDRATE", "ANGULARFEEDRATE");
   }
-  return kind != 0 && parameter.readWord(kind, value);
+  if (kind == 0) return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::FeedUnit);
+  return parameter.readWord(kind, value);
 }

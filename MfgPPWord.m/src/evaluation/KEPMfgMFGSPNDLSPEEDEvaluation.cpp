@@ -3,6 +3,7 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgBufferSpindle.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
@@ -26,7 +27,7 @@ bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
   if (ppword::isSequential(activity)) {
     const auto motion =
         ppword::motionSpindle(activity, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>());
-    if (!motion) return false;
+    if (!motion) return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::MotionSpindle);
     speed = ownSpeed(*motion, activity);
   }
   if (!speed) {

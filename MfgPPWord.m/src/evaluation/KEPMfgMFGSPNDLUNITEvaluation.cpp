@@ -1,11 +1,14 @@
 #include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgBufferSpindle.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
+
+using Lack = KEPMfgPPWordListener::Lack;
 
 // deliberate: angular comes before linear here; in the unit of the feed rate it is the other way
 // round
@@ -40,9 +43,10 @@ bool KEPMfgMFGSPNDLUNITEvaluation::Evaluate(KEPString& value) const {
   if (ppword::isSequential(operation)) {
     const auto motion =
         ppword::motionSpindle(operation, parameter.bufferedNumber<KEPIMfgBufferSeqMotionNumber>());
-    if (!motion) return false;
+    if (!motion) return KEPMfgPPWordListener::ReportLack(Lack::MotionSpindle);
     if (motion->isLocal) kind = kindOfParameters(motion->parameters);
   }
   if (kind == 0) kind = kindOfOperation(parameter, operation);
-  return kind != 0 && parameter.readWord(kind, value);
+  if (kind == 0) return KEPMfgPPWordListener::ReportLack(Lack::SpindleUnit);
+  return parameter.readWord(kind, value);
 }

@@ -5,11 +5,14 @@
 #include "Manufacturing/KEPIMfgLatheOperation.h"
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPMfgNames.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ActivityQueries.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
 namespace {
+
+using Lack = KEPMfgPPWordListener::Lack;
 
 constexpr int kReverseWay = -1;
 constexpr int kSwapped = 2;
@@ -25,6 +28,12 @@ enum class Way {
   None
 };
 
+/// No word, for that reason.
+Way lacking(Lack why) {
+  KEPMfgPPWordListener::ReportLack(why);
+  return Way::None;
+}
+
 /// The way of rotation of a turning operation, or of the one that a tool change is made for.
 Way wayOfOperation(const KEPIMfgActivity_var& activity) {
   KEPIMfgLatheOperation_var lathe = activity;
@@ -39,7 +48,7 @@ Way wayOfMotion(const KEPIMfgActivity_var& activity, int number) {
   if (!ppword::isSequential(activity) || number <= 0) return Way::Unknown;
   const auto motion = ppword::motionSpindle(activity, number);
   // deliberate: a motion without a spindle gives no word, whatever the tool says
-  if (!motion) return Way::None;
+  if (!motion) return lacking(Lack::MotionSpindle);
   if (!motion->isLocal) return Way::Unknown;
   const auto way = ppword::textOf(*motion->parameters, "MfgSpindleWayOfRotation");
   if (!way) return Way::Unknown;
@@ -48,10 +57,10 @@ Way wayOfMotion(const KEPIMfgActivity_var& activity, int number) {
 
 Way handOfTool(const KEPIMfgActivity_var& activity) {
   const KEPIMfgTool_var tool = ppword::toolingOf(activity).tool;
-  if (!tool) return Way::None;
+  if (!tool) return lacking(Lack::Tool);
   const auto hand = ppword::textOf(*tool, "MFG_WAY_OF_ROT");
   if (hand && hand->View() == MfgRightHand) return Way::First;
-  return hand && hand->View() == MfgLeftHand ? Way::Second : Way::None;
+  return hand && hand->View() == MfgLeftHand ? Way::Second : lacking(Lack::Hand);
 }
 
 /// The way that suits the hand of the tool; a spindle that turns the other way swaps them.

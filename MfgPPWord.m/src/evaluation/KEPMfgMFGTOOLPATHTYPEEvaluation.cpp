@@ -1,4 +1,5 @@
 #include "Manufacturing/KEPIMfgToolPath.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "src/evaluation/ParameterContext.h"
 #include "src/evaluation/ParameterEvaluations.h"
 
@@ -21,6 +22,10 @@ int entryOf(const KEPIMfgToolPathManagement_var& activity) {
 
 bool KEPMfgMFGTOOLPATHTYPEEvaluation::Evaluate(KEPString& value) const {
   const auto parameter = ppword::ParameterContext::ofAny(*this);
-  const int entry = entryOf(parameter.activity());
-  return entry != 0 && parameter.readWord(entry, value);
+  const auto activity = parameter.activity();
+  const int entry = entryOf(activity);
+  using Lack = KEPMfgPPWordListener::Lack;
+  if (entry == 0)
+    return KEPMfgPPWordListener::ReportLack(activity ? Lack::ToolPathType : Lack::Activity);
+  return parameter.readWord(entry, value);
 }

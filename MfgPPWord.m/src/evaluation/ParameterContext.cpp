@@ -7,10 +7,13 @@
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "language/number/NumberFormat.h"
 
 namespace ppword {
 namespace {
+
+using Lack = KEPMfgPPWordListener::Lack;
 
 // What a query of an attribute asks for: its text, or an entry of its list.
 constexpr int kWholeText = -1;
@@ -60,7 +63,7 @@ bool ParameterContext::readWord(int entry, KEPString& word) const {
   KEPUnicodeString text;
   const HRESULT status = KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
       type_, kListEntry, "MultiListValue", entry, found, text);
-  if (KEPFailed(status) || found == 0) return false;
+  if (KEPFailed(status) || found == 0) return KEPMfgPPWordListener::ReportLack(Lack::Entry);
   word = KEPString(text.View());
   return true;
 }
@@ -74,7 +77,8 @@ bool ParameterContext::readWord(int entry, KEPString& word) const {
 
 bool ParameterContext::print(double number, KEPString& text) const {
   KEPUnicodeString format;
-  return findFormat(format) && printNumber(format, number, text.Edit());
+  const bool done = findFormat(format) && printNumber(format, number, text.Edit());
+  return done || KEPMfgPPWordListener::ReportLack(Lack::Format);
 }
 
 bool ParameterContext::printBuffered(const KEPBaseUnknown& evaluation,
@@ -86,7 +90,8 @@ bool ParameterContext::printBuffered(const KEPBaseUnknown& evaluation,
   KEPUnicodeString format;
   const bool isSet = (source != FormatSource::Type && findGenerationFormat(source, format)) ||
                      parameter.findFormat(format);
-  return isSet && printNumber(format, read(*numbers), text.Edit());
+  const bool done = isSet && printNumber(format, read(*numbers), text.Edit());
+  return done || KEPMfgPPWordListener::ReportLack(Lack::Format);
 }
 
 }  // namespace ppword

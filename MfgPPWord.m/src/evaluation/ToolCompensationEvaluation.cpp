@@ -9,6 +9,7 @@
 #include "Manufacturing/KEPIMfgTool.h"
 #include "Manufacturing/KEPIMfgToolAssembly.h"
 #include "Manufacturing/KEPIMfgTurningEnvironment.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "Mathematics/KEPMathTransformation.h"
 #include "language/number/NumberFormat.h"
 #include "src/evaluation/ActivityQueries.h"
@@ -57,7 +58,7 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   const auto parameter = ParameterContext::of(evaluation);
   const auto activity = parameter.activity();
   // deliberate: a success even when there was nothing to print
-  if (!activity) return true;
+  if (!activity) return !KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Activity);
   const Tooling tooling = toolingOf(activity);
   const KEPIMfgGeomParameters_var dimensions = tooling.assembly;
   const double setting = dimensions ? lengthOf(*dimensions, axis.name) : 0.0;

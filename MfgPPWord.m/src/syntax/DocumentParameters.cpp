@@ -82,11 +82,11 @@ void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
 }
 
 std::optional<ParameterNumber> DocumentParameters::number(std::string_view name) {
-  const auto value = parameterValue(feature_, name);
   if (listener_ != nullptr) {
     listener_->ReferenceLookedUp(withEscapedPercents(name), nullptr, nullptr);
-    if (value) listener_->ValueFound(*value, nullptr);
   }
+  const auto value = parameterValue(feature_, name);
+  if (listener_ != nullptr && value) listener_->ValueFound(*value, nullptr);
   return value ? numberOf(*value) : std::nullopt;
 }
 

@@ -7,11 +7,14 @@
 #include "Manufacturing/KEPIMfgParameterAccess.h"
 #include "Manufacturing/KEPMfgDesignParameter.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
+#include "Manufacturing/KEPMfgPPWordListener.h"
 #include "language/number/NumberFormat.h"
 #include "language/syntax/Characters.h"
 
 namespace ppword {
 namespace {
+
+using Lack = KEPMfgPPWordListener::Lack;
 
 /// The activity that the document is generating; the real one where a virtual one stands for it.
 KEPIMfgActivity_var currentActivity(const KEPISpecObject_var& feature) {
@@ -31,6 +34,15 @@ template <class Interface>
 bool answers(const KEPBaseUnknown_var& object, std::string_view name, KEPMfgParameterValue& value) {
   const KEPVar<Interface> parameters = object;
   return parameters && parameters->GetValue(name, value) == 0;
+}
+
+/// Looks a parameter up on the activity, its tool, the assembly and the insert.
+bool isFound(const KEPIMfgActivity_var& activity, std::string_view name,
+             KEPMfgParameterValue& value) {
+  KEPBaseUnknown_var object;
+  KEPMfgModelUtilities::GetV5ObjectFromV4Parameter(activity, name, object);
+  return object && (answers<KEPIMfgCustomParameters>(object, name, value) ||
+                    answers<KEPIMfgV4ToV5Parameters>(object, name, value));
 }
 
 constexpr std::size_t kLongestText = 79;
@@ -66,16 +78,14 @@ std::optional<KEPMfgParameterValue> parameterValue(const KEPISpecObject_var& fea
   KEPMfgParameterValue value;
   if (plain.starts_with('(')) {
     const HRESULT status = KEPMfgDesignParameter::GetExtendedValue(feature, plain, value);
-    return KEPSucceeded(status) ? std::optional(value) : std::nullopt;
+    if (KEPSucceeded(status)) return value;
+    KEPMfgPPWordListener::ReportLack(Lack::DesignParameter);
+    return std::nullopt;
   }
   const KEPIMfgActivity_var activity = currentActivity(feature);
-  if (!activity) return std::nullopt;
-  KEPBaseUnknown_var object;
-  KEPMfgModelUtilities::GetV5ObjectFromV4Parameter(activity, plain, object);
-  if (!object) return std::nullopt;
-  const bool found = answers<KEPIMfgCustomParameters>(object, plain, value) ||
-                     answers<KEPIMfgV4ToV5Parameters>(object, plain, value);
-  return found ? std::optional(value) : std::nullopt;
+  if (activity && isFound(activity, plain, value)) return value;
+  KEPMfgPPWordListener::ReportLack(activity ? Lack::Parameter : Lack::Activity);
+  return std::nullopt;
 }
 
 std::optional<std::string> valueText(const KEPMfgParameterValue& value,
