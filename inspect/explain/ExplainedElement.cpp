@@ -1,7 +1,6 @@
 #include "inspect/explain/ExplainedElement.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 #include <variant>
 
@@ -48,20 +47,6 @@ long lineOf(const ToolPathEvent& event) {
   return std::visit([](const auto& piece) { return piece.line; }, event);
 }
 
-/// Takes the number after the last colon off a text; nothing, with the text unchanged, when it has
-/// none from 1.
-std::optional<long> takeNumber(std::string_view& text) {
-  const std::size_t colon = text.rfind(':');
-  if (colon == std::string_view::npos) return std::nullopt;
-  const std::string_view digits = text.substr(colon + 1);
-  long number = 0;
-  const auto [rest, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const bool isNumber = error == std::errc() && rest == digits.data() + digits.size();
-  if (!isNumber || number < 1) return std::nullopt;
-  text = text.substr(0, colon);
-  return number;
-}
-
 /// Reads on. What is after the line is of no interest once its elements are known.
 bool readOn(ToolPathReader& toolPath, ToolPathEvent& event, bool isFound) {
   try {
@@ -82,15 +67,6 @@ void note(const Element& element, long line, ExplainedElements& found) {
 }
 
 }  // namespace
-
-std::optional<ElementPlace> readElementPlace(std::string_view text) {
-  const auto last = takeNumber(text);
-  if (!last) return std::nullopt;
-  const auto first = takeNumber(text);
-  if (text.empty()) return std::nullopt;
-  if (!first) return ElementPlace{std::string(text), *last};
-  return ElementPlace{std::string(text), *first, *last};
-}
 
 ExplainedElements explainLine(const KEPVar<Document>& document, std::string_view name,
                               ToolPathReader& toolPath, long line, long point) {

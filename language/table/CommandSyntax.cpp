@@ -43,6 +43,12 @@ constexpr long kMostBytes = 256L * 1024 * 1024;
 
 struct Body;
 
+// An element, and where it begins where that is asked for.
+struct Element {
+  std::string text;
+  long place;
+};
+
 // A body inserted in another one. Of bodies that hold nothing but an insert only the innermost is
 // stored, with the number of levels at which its elements are mended.
 struct Inserted {
@@ -54,7 +60,7 @@ struct Inserted {
 struct Body {
   enum class State { Unread, Reading, Whole, Broken };
   State state = State::Unread;
-  std::vector<std::variant<std::string, Inserted>> pieces;
+  std::vector<std::variant<Element, Inserted>> pieces;
   std::size_t size = 0;   // elements, those of the inserted bodies included
   bool mayBeCut = false;  // one of these elements is kCutWidth wide
   long brokenAfter = 0;   // where reading stopped when the body is Broken
@@ -65,10 +71,11 @@ struct Body {
 class SyntaxReader {
  public:
   SyntaxReader(TableSource& source, std::string_view commandName,
-               std::optional<CommandPositions>& positions)
+               std::optional<CommandPositions>& positions, std::vector<long>* places)
       : source_(source),
         commandName_(commandName),
         positions_(positions),
+        places_(places),
         from_(source.position()) {}
 
   std::optional<std::vector<std::string>> read();
@@ -92,13 +99,14 @@ class SyntaxReader {
   bool breakBody();
   bool goOnAfter(const Body& broken);
   bool goTo(long position);
-  void add(std::string element);
+  void add(std::string element, long place);
   Body& current() { return *frames_.back().body; }
 
   TableSource& source_;
   std::string_view commandName_;
   std::vector<Frame> frames_;
   std::optional<CommandPositions>& positions_;
+  std::vector<long>* places_;
   bool hasInserts_ = false;
   std::unordered_map<std::string, Body> inserted_;
   std::size_t pieces_ = 0;  // of the whole inserted bodies
@@ -126,7 +134,7 @@ std::vector<std::string> mended(std::vector<std::string> elements,
 }
 
 // The elements of a body in order, each inserted body mended before the one around it.
-std::vector<std::string> writtenOut(const Body& top) {
+std::vector<std::string> writtenOut(const Body& top, std::vector<long>* places) {
   struct Visit {
     Inserted inserted;
     std::size_t first;
@@ -144,8 +152,9 @@ std::vector<std::string> writtenOut(const Body& top) {
       continue;
     }
     const auto& piece = body.pieces[visit.next++];
-    if (const auto* const element = std::get_if<std::string>(&piece)) {
-      elements.push_back(*element);
+    if (const auto* const element = std::get_if<Element>(&piece)) {
+      elements.push_back(element->text);
+      if (places != nullptr) places->push_back(element->place);
     } else {
       visits.push_back({std::get<Inserted>(piece), elements.size()});
     }
@@ -168,7 +177,8 @@ std::optional<std::vector<std::string>> SyntaxReader::read() {
     const auto token = nextPlainToken(source_);
     if (!token || !take(*token)) return std::nullopt;
   }
-  return writtenOut(top);
+  if (places_ != nullptr) places_->clear();
+  return writtenOut(top, places_);
 }
 
 bool SyntaxReader::take(std::string_view token) {
@@ -181,12 +191,13 @@ bool SyntaxReader::take(std::string_view token) {
 }
 
 bool SyntaxReader::takeElement(std::string_view token) {
-  if (!isTextWord(token)) {
-    add(std::string(token));
-    return true;
+  std::string word(token);
+  const long place = places_ != nullptr ? source_.position() - static_cast<long>(word.size()) : 0;
+  if (!isTextWord(word)) {
+    add(std::move(word), place);
+  } else if (const auto rest = source_.nextLine()) {
+    add(textElement(word, *rest), place);
   }
-  const std::string word(token);
-  if (const auto rest = source_.nextLine()) add(textElement(word, *rest));
   return true;
 }
 
@@ -261,10 +272,10 @@ bool SyntaxReader::goTo(long position) {
   return bytes_ <= kMostBytes && source_.seek(position);
 }
 
-void SyntaxReader::add(std::string element) {
+void SyntaxReader::add(std::string element, long place) {
   ++current().size;
   current().mayBeCut = current().mayBeCut || element.size() == kCutWidth;
-  current().pieces.emplace_back(std::move(element));
+  current().pieces.emplace_back(Element{std::move(element), place});
 }
 
 }  // namespace
@@ -278,8 +289,9 @@ std::string textElement(std::string_view word, std::string_view rest) {
 
 std::optional<std::vector<std::string>> readSyntax(TableSource& source,
                                                    std::string_view commandName,
-                                                   std::optional<CommandPositions>& positions) {
-  return SyntaxReader(source, commandName, positions).read();
+                                                   std::optional<CommandPositions>& positions,
+                                                   std::vector<long>* places) {
+  return SyntaxReader(source, commandName, positions, places).read();
 }
 
 }  // namespace ppword

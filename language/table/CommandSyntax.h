@@ -24,8 +24,10 @@ inline constexpr std::size_t kMostElements = 100'000;
 /// for inserts that never end and for those that make more than
 /// kMostElements.
 /// `positions` are those of the table's commands; they are found when an insert asks for them
-/// first.
+/// first. `places`, if not null, is set to the position at which each element begins in the table,
+/// on success only.
 [[nodiscard]] std::optional<std::vector<std::string>> readSyntax(
-    TableSource& source, std::string_view commandName, std::optional<CommandPositions>& positions);
+    TableSource& source, std::string_view commandName, std::optional<CommandPositions>& positions,
+    std::vector<long>* places = nullptr);
 
 }  // namespace ppword

@@ -69,6 +69,7 @@ void setRotary(const std::string& text, ToolPathOptions& options) {
   std::string reason;
   options.rotary = host::RotaryChain::parse(text, reason);
   if (!options.rotary) throw CLI::ValidationError("--rotary", reason);
+  options.rotaryText = text;
 }
 
 // What a tool path is read with.
@@ -152,6 +153,7 @@ void addExplain(CLI::App& command, ExplainOptions& options) {
           "--job", [&options](const auto& text) { setPlace(text, options); },
           "Explain what comes from a line of a tool path instead")
       ->option_text("FILE:LINE[:POINT]");
+  addFile(command, "--map", options.map, "Explain a line of the text of this map instead", "FILE");
   addReading(command, options);
 }
 
@@ -181,6 +183,7 @@ void addPost(CLI::App& command, PostOptions& options) {
           "Write the text to FILE; - for standard output")
       ->check(CLI::Validator(&nameMistake, ""))
       ->option_text("FILE");
+  addFile(command, "--map", options.map, "Write where each line of -o comes from", "FILE");
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
   command.add_flag("-v,--verbose", options.verbose, "Report what came from where");

@@ -5,10 +5,10 @@
 #include <string_view>
 #include <vector>
 
-#include "inspect/explain/ExplainedElement.h"
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/RotaryChain.h"
+#include "post/toolpath/ElementPlace.h"
 
 /// Exit statuses; for several files the highest is returned.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
@@ -58,6 +58,8 @@ struct ToolPathOptions {
   /// For listings only.
   std::optional<host::LengthUnit> units;
   std::optional<host::RotaryChain> rotary;
+  /// The chain as it was written; empty without one.
+  std::string rotaryText;
 };
 
 struct ExplainOptions : ToolPathOptions {
@@ -71,6 +73,8 @@ struct ExplainOptions : ToolPathOptions {
   std::vector<host::ValueSetting> values;
   /// Of a tool path whose elements are explained; `job` is not used.
   std::optional<host::ElementPlace> place;
+  /// The map of a text, of which the first name is a line; empty without one.
+  std::string map;
   OutputFormat format = OutputFormat::ForPeople;
 };
 
@@ -110,6 +114,8 @@ struct DocumentOptions {
 struct PostOptions : ToolPathOptions {
   /// Empty: the standard output.
   std::string output;
+  /// Where the lines come from; empty for no map.
+  std::string map;
   StrictnessOptions strictness;
   bool verbose = false;
   OutputFormat format = OutputFormat::ForPeople;

@@ -1,3 +1,4 @@
+#include <charconv>
 #include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
@@ -171,7 +172,24 @@ ExitStatus explainInstruction(const ExplainOptions& options, const Subject& subj
   return ExitStatus::Done;
 }
 
+// The line of a text that the map is asked for.
+long mappedLine(const ExplainOptions& options) {
+  const bool namesMore = options.place || options.sequence || options.units || options.rotary ||
+                         !options.syntax.empty() || !options.values.empty() ||
+                         !options.table.empty() || !options.document.empty() ||
+                         !options.secondName.empty();
+  if (namesMore) throw UsageError{"--map takes only LINE: the map names the rest"};
+  const std::string& text = options.firstName;
+  if (text.empty()) throw UsageError{"LINE is required: which line of the text to explain"};
+  long line = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, line);
+  if (error == std::errc() && rest == end && line > 0) return line;
+  throw UsageError{"LINE is a whole number from 1, not '" + text + "'"};
+}
+
 ExitStatus run(const ExplainOptions& options) {
+  if (!options.map.empty()) return explainMapped(options.map, mappedLine(options), options.format);
   requireSuitable(options);
   const Subject subject = subjectOf(options);
   if (!options.place) return explainInstruction(options, subject);

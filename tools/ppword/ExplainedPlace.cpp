@@ -2,6 +2,7 @@
 #include <string>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/explain/ExplainedElement.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Explaining.h"
 #include "tools/ppword/Json.h"
@@ -34,7 +35,9 @@ void requireElements(const host::ExplainedElements& found, const host::ElementPl
          count + (most > 1 ? "s" : ""));
 }
 
-std::string titleOf(const host::ExplainedElement& element) {
+}  // namespace
+
+std::string elementTitle(const host::ExplainedElement& element) {
   std::string title = host::terminalSafe(element.instruction);
   if (element.sequence != 1) title += ", sequence " + std::to_string(element.sequence);
   if (element.points > 1) {
@@ -43,17 +46,19 @@ std::string titleOf(const host::ExplainedElement& element) {
   return title;
 }
 
-std::string textOf(const host::ExplainedElements& found, const std::string& name) {
+namespace {
+
+std::string elementsText(const host::ExplainedElements& found, const std::string& name) {
   std::string text;
   for (const host::ExplainedElement& element : found.elements) {
     text += text.empty() ? "" : "\n";
     text += host::terminalSafe(name) + ':' + std::to_string(element.line) + ": " +
-            titleOf(element) + '\n' + host::explanationText(element.explanation);
+            elementTitle(element) + '\n' + host::explanationText(element.explanation);
   }
   return text;
 }
 
-Json jsonOf(const host::ExplainedElements& found, const host::ElementPlace& place) {
+Json elementsJson(const host::ExplainedElements& found, const host::ElementPlace& place) {
   Json elements = Json::array();
   for (const host::ExplainedElement& element : found.elements) {
     elements.push_back({{"instruction", textJson(element.instruction)},
@@ -75,7 +80,7 @@ ExitStatus explainPlace(const host::ElementPlace& place, const ToolPathOptions& 
   const host::ExplainedElements found =
       host::explainLine(input.document(), name, input.events(), place.line, place.point);
   requireElements(found, place, name);
-  writeOutput(format == OutputFormat::ForPrograms ? documentText(jsonOf(found, place))
-                                                  : textOf(found, name));
+  writeOutput(format == OutputFormat::ForPrograms ? documentText(elementsJson(found, place))
+                                                  : elementsText(found, name));
   return ExitStatus::Done;
 }

@@ -56,7 +56,11 @@ With --job the elements that come from a line of a job or a listing are explaine
 that they have there. LINE counts from 1, and so does POINT, among the points of an element; without
 it the first is taken. Table, document, --units and --rotary are those of 'ppword post'.
 
-Without --job a parameter has a value only if --set sets it:
+With --map the argument is LINE, from 1: a line of the text that 'ppword post --map' wrote with this
+map. Shown are the line of the table and the element that it comes from, and the passes of the line.
+A map whose text, tool path, table or document has changed since is refused.
+
+Without --job and --map a parameter has a value only if --set sets it:
   NAME=5            a real number; MFG_XPOINT, MFG_YPOINT, MFG_ZPOINT, MFG_XAXIS, MFG_YAXIS and
                     MFG_ZAXIS set the point and the tool axis
   NAME:int=5        an integer
@@ -67,6 +71,7 @@ Examples:
   ppword explain NC_GOTO --set MFG_XPOINT=10
   ppword explain mill.pptable NC_FEEDRATE
   ppword explain --job bracket.canon:500 -t mill.pptable
+  ppword explain --map bracket.map 12
   ppword explain --syntax 'GOTO/%A+10,0' --set A=5
   ppword explain --syntax 'SPINDL/(%I/2),&W' --set I:int=7 --set W:text=RPM
   ppword explain mill.pptable --syntax 'GOTO/%MFG_XPOINT*2' --format json)help";
@@ -132,6 +137,10 @@ can be named). With the setting MFG_PPTABLE_NOLOAD the table of the job is not l
 A file appears whole or not at all. On standard output the lines appear one after the other; with
 --strict only at the end, if nothing is missing.
 
+--map writes a record for each line of the text: its element, its NC instruction, and the line of the
+table. It needs -o, a job or listing in a file, and appears after the text. 'ppword explain --map'
+explains a line of the text with it.
+
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
 word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it if a positive word
 turns clockwise.
@@ -139,6 +148,7 @@ turns clockwise.
 Examples:
   ppword post bracket.canon
   ppword post bracket.canon -t mill.pptable -o bracket.apt
+  ppword post bracket.canon -t mill.pptable -o bracket.apt --map bracket.map
   ppword post bracket.canon -t mill.pptable -v --units inch -o bracket.apt
   ppword post bracket.canon -d part.ppdoc -o bracket.apt
   ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt

@@ -1,6 +1,9 @@
 #include <unistd.h>
 
+#include <filesystem>
+#include <memory>
 #include <nlohmann/json.hpp>
+#include <utility>
 
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/Diagnostic.h"
@@ -10,6 +13,7 @@
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/LoadReport.h"
+#include "tools/ppword/PostMap.h"
 #include "tools/ppword/PostOutput.h"
 #include "tools/ppword/PostReport.h"
 #include "tools/ppword/Progress.h"
@@ -19,9 +23,25 @@
 
 namespace {
 
-void requireOther(const std::string& output, const std::string& input) {
-  if (isSameFile(output, input)) {
-    throw UsageError{"the output would replace the input " + output};
+// Raises the mistake when the output or the map would replace what the run reads.
+void requireOther(const PostOptions& options, const std::string& input) {
+  for (const auto& [what, file] : {std::pair("output", options.output), {"map", options.map}}) {
+    if (!isSameFile(file, input)) continue;
+    throw UsageError{"the " + std::string(what) + " would replace the input " + file};
+  }
+}
+
+// A map names its text, and explain reads the tool path again.
+void requireMappable(const PostOptions& options) {
+  if (options.map.empty()) return;
+  if (options.map == "-") throw UsageError{"--map needs a file, not the standard output"};
+  if (options.output.empty()) throw UsageError{"--map needs -o FILE, the text that it is about"};
+  std::error_code error;
+  if (options.job == "-" || std::filesystem::is_other(options.job, error)) {
+    throw UsageError{"--map needs a file as JOB: explain --map reads it again"};
+  }
+  if (isSamePlace(options.map, options.output)) {
+    throw UsageError{"the map would replace the output " + options.output};
   }
 }
 
@@ -37,27 +57,49 @@ void reportRun(const PostOptions& options, const PostReport& report, std::string
   writeMessage(reportText(report, refusal, options.verbose));
 }
 
-ExitStatus generate(const PostOptions& options) {
-  ToolPathInput input(options);
-  requireOther(options.output, input.documentFile());
-  LoadReport load;
+// Opens the tool path with its document and its table; what became of the table goes to the
+// listeners.
+void open(const PostOptions& options, ToolPathInput& input, LoadReport& load,
+          host::TableOrigins& origins) {
+  requireOther(options, input.documentFile());
   {
     const host::ListenerScope scope(load);
+    const host::ListenerScope inner(origins);
     input.open();
   }
-  requireOther(options.output, input.table().path);
+  requireOther(options, input.table().path);
+}
+
+// Writes the text to `output`, and its map if there is one.
+host::Summary write(const PostOptions& options, ToolPathInput& input, PostMap* map,
+                    PostOutput& output) {
+  host::LineSink& sink = map != nullptr ? *map : output.lines();
+  host::Generator generator(input.document(), input.name(), sink, map);
+  const bool shown = options.format == OutputFormat::ForPeople && isatty(STDERR_FILENO) == 1;
+  Progress progress(input.events(), shown);
+  generator.run(progress);
+  return generator.summary();
+}
+
+ExitStatus generate(const PostOptions& options) {
+  ToolPathInput input(options);
+  LoadReport load;
+  host::TableOrigins origins;
+  open(options, input, load, origins);
   const Strictness strictness(options.strictness);
   PostOutput output(options.output, strictness.isStrict());
-  host::Generator generator(input.document(), input.name(), output.lines());
-  {
-    const bool shown = options.format == OutputFormat::ForPeople && isatty(STDERR_FILENO) == 1;
-    Progress progress(input.events(), shown);
-    generator.run(progress);
+  std::unique_ptr<PostMap> map;
+  if (!options.map.empty()) {
+    if (!input.table().path.empty()) origins.read(input.table().path);
+    map = std::make_unique<PostMap>(options, input, origins, output.lines());
   }
-  const PostReport report{generator.summary(), input.listing(), load.missing(), input.table(),
-                          options.output};
+  const host::Summary summary = write(options, input, map.get(), output);
+  const PostReport report{summary, input.listing(), load.missing(), input.table(), options.output};
   const std::string refusal = refusalOf(report, strictness);
-  if (refusal.empty()) output.finish();
+  if (refusal.empty()) {
+    output.finish();
+    if (map) map->finish();
+  }
   reportRun(options, report, refusal, load, *input.document());
   return refusal.empty() ? ExitStatus::Done : ExitStatus::Refused;
 }
@@ -77,8 +119,9 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
 
 ExitStatus postJob(const PostOptions& options) {
   try {
-    requireOther(options.output, options.job == "-" ? "/dev/stdin" : options.job);
-    requireOther(options.output, options.table);
+    requireOther(options, options.job == "-" ? "/dev/stdin" : options.job);
+    requireOther(options, options.table);
+    requireMappable(options);
     return generate(options);
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);

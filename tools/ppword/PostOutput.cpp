@@ -2,11 +2,7 @@
 
 #include <sys/stat.h>
 
-#include <cerrno>
-#include <cstdio>
-#include <string_view>
-
-#include "host/system/FilePlace.h"
+#include <filesystem>
 
 namespace {
 
@@ -29,42 +25,6 @@ bool isDirect(const std::string& place) {
 
 }  // namespace
 
-// Lines that are held back in a nameless file until they may go on.
-class PostOutput::HeldLines final : public host::LineSink {
- public:
-  HeldLines() : file_(std::tmpfile()) { require(file_ != nullptr); }
-
-  void write(std::string_view line) override {
-    require(std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size());
-    require(std::putc('\n', file_.get()) != EOF);
-  }
-
-  void release(host::LineSink& sink) {
-    require(std::fseek(file_.get(), 0, SEEK_SET) == 0);
-    std::string line;
-    for (int byte = std::getc(file_.get()); byte != EOF; byte = std::getc(file_.get())) {
-      if (byte != '\n') {
-        line += static_cast<char>(byte);
-        continue;
-      }
-      sink.write(line);
-      line.clear();
-    }
-    require(std::ferror(file_.get()) == 0);
-  }
-
- private:
-  struct Close {
-    void operator()(std::FILE* file) const noexcept { std::fclose(file); }
-  };
-
-  static void require(bool success) {
-    if (!success) throw host::OutputError("temporary file", host::systemReason(errno));
-  }
-
-  std::unique_ptr<std::FILE, Close> file_;
-};
-
 bool isSameFile(const std::string& left, const std::string& right) {
   struct stat leftState {};
   struct stat rightState {};
@@ -73,8 +33,16 @@ bool isSameFile(const std::string& left, const std::string& right) {
          leftState.st_ino == rightState.st_ino;
 }
 
+bool isSamePlace(const std::string& left, const std::string& right) {
+  const auto place = [](const std::string& path) {
+    std::error_code error;
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, error), error);
+  };
+  return isSameFile(left, right) || (!place(left).empty() && place(left) == place(right));
+}
+
 PostOutput::PostOutput(const std::string& output, bool strict) : file_(placeOf(output)) {
-  if (strict && isDirect(placeOf(output))) held_ = std::make_unique<HeldLines>();
+  if (strict && isDirect(placeOf(output))) held_ = std::make_unique<host::HeldLines>();
 }
 
 PostOutput::~PostOutput() = default;

@@ -4,11 +4,15 @@
 #include <optional>
 #include <string>
 
+#include "post/output/HeldLines.h"
 #include "post/output/LineSink.h"
 #include "post/output/OutputFile.h"
 
 /// True for two names of one regular file.
 [[nodiscard]] bool isSameFile(const std::string& left, const std::string& right);
+
+/// The same, also for a file that does not exist yet.
+[[nodiscard]] bool isSamePlace(const std::string& left, const std::string& right);
 
 /// The output file or standard output of a post run. An OutputError reports what cannot be written.
 class PostOutput {
@@ -26,8 +30,6 @@ class PostOutput {
   void finish();
 
  private:
-  class HeldLines;
-
   host::OutputFile file_;
-  std::unique_ptr<HeldLines> held_;
+  std::unique_ptr<host::HeldLines> held_;
 };

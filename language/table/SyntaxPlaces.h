@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "language/table/CommandQueries.h"
+
+namespace ppword {
+
+/// Finds where the lines of the commands of a table begin.
+class SyntaxPlaces {
+ public:
+  /// The bytes of the table must outlive the object.
+  explicit SyntaxPlaces(std::string_view table);
+
+  /// Where the lines of a sequence (from 1) of a command begin, as a table load reads them: those
+  /// of the first sequence belong to the command with that number, from 1 in the order of
+  /// walkCommands, those of further sequences to the first command of that name. An inserted line
+  /// begins in the body that it is inserted from. Empty when the lines cannot be read.
+  [[nodiscard]] std::vector<long> placesOf(int number, const std::string& name, int sequence);
+
+ private:
+  std::string_view table_;
+  /// The bodies of the commands in their order.
+  std::vector<long> bodies_;
+  std::optional<CommandPositions> positions_;
+};
+
+}  // namespace ppword

@@ -1,0 +1,255 @@
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <utility>
+
+#include "host/system/ListenerScope.h"
+#include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
+#include "inspect/explain/ExplainedElement.h"
+#include "inspect/explain/TableOrigins.h"
+#include "post/output/FileMark.h"
+#include "post/toolpath/LineReader.h"
+#include "tools/ppword/Explaining.h"
+#include "tools/ppword/PostMap.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/ToolPathInput.h"
+
+// A map may have been written or changed by anyone: nothing in it is used before it was compared
+// with the files that it names.
+
+namespace {
+
+constexpr std::string_view kAgain = "; write text and map again with 'ppword post --map'";
+
+// A file that a map names, and whether the user named it then.
+struct MarkedFile {
+  std::string file;
+  bool given = false;
+};
+
+// The header of a map.
+struct MappedText {
+  std::string text;
+  long lines = 0;
+  ToolPathOptions options;
+  MarkedFile table;
+};
+
+// The record of a line.
+struct MappedLine {
+  long element = 0;
+  std::string instruction;
+  int sequence = 0;
+  long syntax = 0;
+  Json origin;
+};
+
+[[noreturn]] void refuseMap(const std::string& map, long line, const std::string& why) {
+  throw host::InputError(map, line, 0, why);
+}
+
+// The text that textJson wrote.
+std::string textOf(const Json& json) {
+  if (json.is_string()) return json.get<std::string>();
+  std::string bytes;
+  const auto wide = json.at("latin1").get<std::string>();
+  for (std::size_t at = 0; at < wide.size(); ++at) {
+    const auto lead = static_cast<unsigned char>(wide[at]);
+    if (lead < 0x80U || at + 1 == wide.size()) {
+      bytes += wide[at];
+    } else {
+      const auto next = static_cast<unsigned char>(wide[++at]);
+      bytes += static_cast<char>(((lead & 3U) << 6U) | (next & 0x3FU));
+    }
+  }
+  return bytes;
+}
+
+// Raises the error of a file that is not as it was when the map was written.
+std::string unchanged(const Json& marked, std::string_view what) {
+  std::string file = textOf(marked.at("file"));
+  const auto mark = host::markOfFile(file);
+  if (!mark) {
+    refuseMap(file, 0, "the " + std::string(what) + " of the map cannot be read");
+  }
+  if (marked.at("bytes") != mark->size() || marked.at("digest") != mark->digest()) {
+    refuseMap(file, 0,
+              "the " + std::string(what) + " has changed since the map was written" +
+                  std::string(kAgain));
+  }
+  return file;
+}
+
+MarkedFile unchangedInput(const Json& marked, std::string_view what) {
+  if (marked.is_null()) return {};
+  return {unchanged(marked, what), marked.at("given").get<bool>()};
+}
+
+void readReading(const Json& header, ToolPathOptions& options) {
+  if (const Json& units = header.at("units"); !units.is_null()) {
+    options.units = host::outputUnit(units.get<std::string>());
+  }
+  if (const Json& rotary = header.at("rotary"); !rotary.is_null()) {
+    std::string reason;
+    options.rotary = host::RotaryChain::parse(textOf(rotary), reason);
+  }
+}
+
+MappedText readHeader(const Json& header, const std::string& map) {
+  if (header.at("map") != kMapVersion) {
+    refuseMap(map, 1,
+              "the layout of the map is not " + std::to_string(kMapVersion) +
+                  ", which this program reads");
+  }
+  MappedText text;
+  text.text = unchanged(header.at("text"), "text");
+  text.lines = header.at("lines").get<long>();
+  text.options.job = unchanged(header.at("input"), "tool path");
+  text.table = unchangedInput(header.at("table"), "table");
+  if (text.table.given) text.options.table = text.table.file;
+  const MarkedFile document = unchangedInput(header.at("document"), "document");
+  if (document.given) text.options.document = document.file;
+  readReading(header, text.options);
+  return text;
+}
+
+// The next line of the map, read with `read`. Raises the error of a line that is none.
+template <class Read>
+auto readRecord(host::LineReader& lines, const std::string& map, Read read) {
+  std::string_view line;
+  const bool isThere = lines.next(line);
+  const long number = lines.lineNumber();
+  try {
+    if (isThere) return read(Json::parse(line));
+  } catch (const nlohmann::json::exception&) {
+    refuseMap(map, number, "this is not a line of a map that 'ppword post --map' wrote");
+  }
+  refuseMap(map, number, "the map is cut short");
+}
+
+MappedLine readLine(const Json& record, long line, const std::string& map) {
+  if (record.at("line") != line) refuseMap(map, line + 1, "the lines of the map are out of order");
+  return {record.at("element").at("number").get<long>(), textOf(record.at("instruction")),
+          record.at("sequence").get<int>(), record.at("syntax").get<long>(), record.at("origin")};
+}
+
+// Everything that is shown.
+struct Answer {
+  long line;
+  std::string file;
+  std::string text;
+  std::string input;
+  host::ExplainedElement element;
+  host::ExplainedLine explained;
+  Json origin;
+};
+
+std::string lineOfFile(const std::string& file, long number) {
+  host::LineReader lines(file);
+  std::string_view line;
+  for (long i = 0; i < number; ++i) {
+    if (!lines.next(line)) return "";
+  }
+  return std::string(line);
+}
+
+// Explains the element of a line again, and compares with what the map and the text say.
+Answer answerOf(const MappedText& mapped, const MappedLine& record, long line,
+                const std::string& map) {
+  ToolPathInput input(mapped.options);
+  host::TableOrigins origins;
+  {
+    const host::ListenerScope scope(origins);
+    input.open();
+  }
+  const std::string& table = input.table().path;
+  const std::string otherwise = "the line is produced in another way now" + std::string(kAgain);
+  if (table != mapped.table.file) refuseMap(map, line + 1, otherwise);
+  if (!table.empty()) origins.read(table);
+  auto element =
+      host::explainElement(input.document(), input.name(), input.events(), record.element);
+  const bool isSame = element && element->instruction == record.instruction &&
+                      element->sequence == record.sequence && record.syntax >= 1 &&
+                      static_cast<std::size_t>(record.syntax) <= element->explanation.lines.size();
+  if (!isSame) refuseMap(map, line + 1, otherwise);
+  Answer answer{line, mapped.text, lineOfFile(mapped.text, line), mapped.options.job, {}, {}, {}};
+  answer.explained = element->explanation.lines[static_cast<std::size_t>(record.syntax) - 1];
+  answer.element = *std::move(element);
+  const std::string output = '\n' + answer.explained.output.value_or("") + '\n';
+  const auto place = origins.placeOf(record.instruction, record.sequence, record.syntax);
+  answer.origin = originJson(place, input);
+  if (output.find('\n' + answer.text + '\n') == std::string::npos ||
+      answer.origin != record.origin) {
+    refuseMap(map, line + 1, otherwise);
+  }
+  return answer;
+}
+
+// A note about a line of a file, from a column on.
+std::string noteText(const std::string& file, long line, long column, std::size_t width,
+                     const std::string& message) {
+  const std::string text = lineOfFile(file, line);
+  host::Diagnostic note;
+  note.severity = host::Severity::Note;
+  note.file = file;
+  note.line = line;
+  note.column = column;
+  note.message = message;
+  note.source = host::excerptOf(text, column);
+  const auto after = text.size() - std::min(text.size(), static_cast<std::size_t>(column - 1));
+  note.width = static_cast<long>(std::max<std::size_t>(1, std::min(width, after)));
+  return host::diagnosticText(note);
+}
+
+std::string originText(const Answer& answer) {
+  const std::string instruction = host::terminalSafe(answer.element.instruction);
+  if (answer.origin.is_string()) {
+    return "the line of " + instruction +
+           (answer.origin == "catalogue" ? " is that of the built-in catalogue\n"
+                                         : " is that of the document\n");
+  }
+  return noteText(textOf(answer.origin.at("table")), answer.origin.at("line").get<long>(),
+                  answer.origin.at("column").get<long>(),
+                  answer.explained.passes.front().line.size(), "from this line of the table");
+}
+
+std::string shownText(const Answer& answer) {
+  constexpr std::size_t kWhole = std::string::npos;
+  const host::ExplainedElement& element = answer.element;
+  return noteText(answer.file, answer.line, 1, kWhole, "written by " + elementTitle(element)) +
+         originText(answer) +
+         noteText(answer.input, element.line, 1, kWhole, "with the values of this element") +
+         host::explanationText({true, {answer.explained}});
+}
+
+Json shownJson(const Answer& answer) {
+  const host::ExplainedElement& element = answer.element;
+  return {{"file", textJson(answer.file)},
+          {"line", answer.line},
+          {"text", textJson(answer.text)},
+          {"element",
+           {{"file", textJson(answer.input)}, {"line", element.line}, {"point", element.point}}},
+          {"instruction", textJson(element.instruction)},
+          {"sequence", element.sequence},
+          {"origin", answer.origin},
+          {"lines", Json::array({lineJson(answer.explained)})}};
+}
+
+}  // namespace
+
+ExitStatus explainMapped(const std::string& map, long line, OutputFormat format) {
+  host::LineReader lines(map);
+  const MappedText mapped =
+      readRecord(lines, map, [&](const Json& header) { return readHeader(header, map); });
+  if (line > mapped.lines) {
+    refuseMap(mapped.text, line, "the text has " + std::to_string(mapped.lines) + " lines");
+  }
+  for (std::string_view skipped; lines.lineNumber() < line && lines.next(skipped);) continue;
+  const MappedLine record =
+      readRecord(lines, map, [&](const Json& json) { return readLine(json, line, map); });
+  const Answer answer = answerOf(mapped, record, line, map);
+  writeOutput(format == OutputFormat::ForPrograms ? documentText(shownJson(answer))
+                                                  : shownText(answer));
+  return ExitStatus::Done;
+}
