@@ -1,5 +1,6 @@
 #include "post/output/HeldLines.h"
 
+#include <array>
 #include <cerrno>
 #include <string>
 
@@ -25,13 +26,15 @@ void HeldLines::write(std::string_view line) {
 void HeldLines::release(LineSink& sink) {
   require(std::fseek(file_.get(), 0, SEEK_SET) == 0);
   std::string line;
-  for (int byte = std::getc(file_.get()); byte != EOF; byte = std::getc(file_.get())) {
-    if (byte != '\n') {
-      line += static_cast<char>(byte);
-      continue;
+  std::array<char, 65536> piece;
+  while (const std::size_t size = std::fread(piece.data(), 1, piece.size(), file_.get())) {
+    std::string_view rest(piece.data(), size);
+    for (auto end = rest.find('\n'); end != rest.npos; end = rest.find('\n')) {
+      sink.write(line += rest.substr(0, end));
+      line.clear();
+      rest.remove_prefix(end + 1);
     }
-    sink.write(line);
-    line.clear();
+    line += rest;
   }
   require(std::ferror(file_.get()) == 0);
 }

@@ -362,6 +362,16 @@ class DamagedMaps(Map):
         self.damaged('"number":1', '"number":99', "map:2" + OTHERWISE)
         self.damaged('"number":1', '"number":-1', "map:2" + OTHERWISE)
         self.damaged('"number":1', '"number":"1"', none)
+        self.damaged('"number":1', '"number":1e300', none)
+        self.damaged('"number":1', '"number":18446744073709551615', "map:2" + OTHERWISE)
+        self.damaged(
+            '"units":null', '"units":"mm"', "map:1: error: the options of the map do not suit its tool path\n"
+        )
+        self.damaged(
+            '"rotary":null',
+            '"rotary":"A:table:X"',
+            "map:1: error: the options of the map do not suit its tool path\n",
+        )
         self.damaged('"instruction":"NC_OUTER"', '"instruction":"NC_OTHER"', "map:2" + OTHERWISE)
         self.damaged('"instruction":"NC_OUTER"', '"instruction":null', none)
         self.damaged('"syntax":1', '"syntax":2', "map:2" + OTHERWISE)

@@ -21,6 +21,14 @@ class PostedCommands : public testing::Test {
   KEPVar<Document> document = newDocument();
 };
 
+/// Gives NC_GOTO a second sequence.
+void setSequence(const Document& document) {
+  const KEPISpecAttrAccess_var type =
+      KEPISpecObject_var::Adopt(document.features()->FindStartUp("NC_GOTO"));
+  type->AddAttribute("Syntaxe2", KEPISpecAttribute::Kind::StringList);
+  type->AppendToList("Syntaxe2", "GODLTA");
+}
+
 TEST_F(PostedCommands, GiveTheLinesOfTheirInstructions) {
   const Posting commands =
       post(document, jobOf("{\"ppCommand\":2}\n{\"ppCommand\":1,\"points\":[[1,2,3],[4,5,6]]}"));
@@ -92,6 +100,32 @@ TEST_F(PostedCommands, WhatTheyDeleteIsCountedWithTheirPosition) {
   ASSERT_EQ(posting.summary.deleted.entries().size(), 1U);
   EXPECT_EQ(posting.summary.deleted.entries()[0].name, "1+");
   EXPECT_EQ(posting.summary.deleted.entries()[0].firstInstruction, "PP command 4");
+}
+
+/// Writes down what the generator is about to write.
+class Announced final : public ElementObserver {
+ public:
+  void elementBegins(const WrittenElement& written) override {
+    all.push_back(std::to_string(written.element.line) + '.' + std::to_string(written.point) + ' ' +
+                  std::string(written.instruction) + ' ' + std::to_string(written.sequence) +
+                  (written.evaluation ? "" : " unknown"));
+  }
+  Lines all;
+};
+
+TEST_F(PostedCommands, ElementsAreAnnouncedWithInstructionSequenceAndPoint) {
+  const InputFile file(
+      jobOf("{\"ppCommand\":3,\"points\":[[1,2,3],[4,5,6]]}\n{\"ppCommand\":2}\n"
+            "{\"nc\":\"NC_GOTO\",\"sequence\":2,\"points\":[[1,2,3]]}\n{\"ppCommand\":4}"));
+  addCommand(*document, "NC_NONE", 1);
+  setSequence(*document);
+  KeptLines sink;
+  Announced announced;
+  JobReader reader(std::make_unique<LineReader>(file.path()));
+  Generator generator(document, "job", sink, &announced);
+  EXPECT_THROW(generator.run(reader), InputError);
+  EXPECT_EQ(announced.all, (Lines{"2.1 NC_GOTO 2", "2.2 NC_GOTO 2", "3.1 NC_START_MACRO 1",
+                                  "4.1 NC_GOTO 2", "5.1 NC_NONE 1 unknown"}));
 }
 
 }  // namespace

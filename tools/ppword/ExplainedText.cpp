@@ -40,7 +40,7 @@ struct MappedText {
 struct MappedLine {
   long element = 0;
   std::string instruction;
-  int sequence = 0;
+  long sequence = 0;
   long syntax = 0;
   Json origin;
 };
@@ -65,6 +65,9 @@ std::string textOf(const Json& json) {
   }
   return bytes;
 }
+
+// A whole number. Raises what a text in its place raises.
+long numberOf(const Json& json) { return json.get_ref<const Json::number_integer_t&>(); }
 
 // Raises the error of a file that is not as it was when the map was written.
 std::string unchanged(const Json& marked, std::string_view what) {
@@ -104,7 +107,7 @@ MappedText readHeader(const Json& header, const std::string& map) {
   }
   MappedText text;
   text.text = unchanged(header.at("text"), "text");
-  text.lines = header.at("lines").get<long>();
+  text.lines = numberOf(header.at("lines"));
   text.options.job = unchanged(header.at("input"), "tool path");
   text.table = unchangedInput(header.at("table"), "table");
   if (text.table.given) text.options.table = text.table.file;
@@ -130,8 +133,8 @@ auto readRecord(host::LineReader& lines, const std::string& map, Read read) {
 
 MappedLine readLine(const Json& record, long line, const std::string& map) {
   if (record.at("line") != line) refuseMap(map, line + 1, "the lines of the map are out of order");
-  return {record.at("element").at("number").get<long>(), textOf(record.at("instruction")),
-          record.at("sequence").get<int>(), record.at("syntax").get<long>(), record.at("origin")};
+  return {numberOf(record.at("element").at("number")), textOf(record.at("instruction")),
+          numberOf(record.at("sequence")), numberOf(record.at("syntax")), record.at("origin")};
 }
 
 // Everything that is shown.
@@ -177,13 +180,23 @@ Answer answerOf(const MappedText& mapped, const MappedLine& record, long line,
   answer.explained = element->explanation.lines[static_cast<std::size_t>(record.syntax) - 1];
   answer.element = *std::move(element);
   const std::string output = '\n' + answer.explained.output.value_or("") + '\n';
-  const auto place = origins.placeOf(record.instruction, record.sequence, record.syntax);
+  const auto place = origins.placeOf(record.instruction, answer.element.sequence, record.syntax);
   answer.origin = originJson(place, input);
   if (output.find('\n' + answer.text + '\n') == std::string::npos ||
       answer.origin != record.origin) {
     refuseMap(map, line + 1, otherwise);
   }
   return answer;
+}
+
+// The same. Options that do not suit the tool path are a mistake of the map, not of the user.
+Answer checkedAnswer(const MappedText& mapped, const MappedLine& record, long line,
+                     const std::string& map) {
+  try {
+    return answerOf(mapped, record, line, map);
+  } catch (const UsageError&) {
+    refuseMap(map, 1, "the options of the map do not suit its tool path");
+  }
 }
 
 // A note about a line of a file, from a column on.
@@ -248,7 +261,7 @@ ExitStatus explainMapped(const std::string& map, long line, OutputFormat format)
   for (std::string_view skipped; lines.lineNumber() < line && lines.next(skipped);) continue;
   const MappedLine record =
       readRecord(lines, map, [&](const Json& json) { return readLine(json, line, map); });
-  const Answer answer = answerOf(mapped, record, line, map);
+  const Answer answer = checkedAnswer(mapped, record, line, map);
   writeOutput(format == OutputFormat::ForPrograms ? documentText(shownJson(answer))
                                                   : shownText(answer));
   return ExitStatus::Done;

@@ -137,8 +137,8 @@ can be named). With the setting MFG_PPTABLE_NOLOAD the table of the job is not l
 A file appears whole or not at all. On standard output the lines appear one after the other; with
 --strict only at the end, if nothing is missing.
 
---map writes a record for each line of the text: its element, its NC instruction, and the line of the
-table. It needs -o, a job or listing in a file, and appears after the text. 'ppword explain --map'
+--map writes a record for each line of the text: its element, its NC instruction, and the line of
+the table. It needs -o, a job or listing in a file, and appears after the text. 'ppword explain --map'
 explains a line of the text with it.
 
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
