@@ -1,8 +1,11 @@
 #include "post/job/JobReader.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "host/manufacturing/Activity.h"
 #include "post/job/JobLines.h"
+#include "post/parameters/Parameters.h"
 #include "post/text/Utf8.h"
 #include "post/toolpath/LineReader.h"
 
@@ -73,6 +76,14 @@ JobReader::~JobReader() = default;
 
 const JobHeader& JobReader::header() const noexcept { return header_; }
 
+void JobReader::stateUnit(ActivityStart& activity) const {
+  auto& parameters = activity.parameters;
+  const bool isStated = std::any_of(parameters.begin(), parameters.end(),
+                                    [](const auto& each) { return each.first == kUnitParameter; });
+  const bool isInch = header_.units == JobHeader::Units::Inch;
+  if (!isStated) parameters.emplace_back(kUnitParameter, textValue(isInch ? "INCHES" : "MM"));
+}
+
 bool JobReader::next(ToolPathEvent& event) {
   job::Line* const line = lines_->next();
   if (line == nullptr)
@@ -84,6 +95,7 @@ bool JobReader::next(ToolPathEvent& event) {
       auto& activity = event.emplace<ActivityStart>();
       activity.line = line->number;
       readActivity(*line, activity);
+      stateUnit(activity);
       return true;
     }
     case job::LineKind::Element: {

@@ -22,6 +22,10 @@ class JobReader final : public ToolPathReader {
 
  private:
   class Lines;
+
+  /// Adds the unit of lengths to the parameters of an activity that does not state it.
+  void stateUnit(ActivityStart& activity) const;
+
   std::unique_ptr<Lines> lines_;
   JobHeader header_;
 };

@@ -24,6 +24,12 @@ enum class LengthUnit { Millimetre, Centimetre, Inch };
   return unit == LengthUnit::Centimetre ? "centimetres" : "millimetres";
 }
 
+/// What the parameter MFG_UNIT prints.
+[[nodiscard]] constexpr std::string_view unitWord(LengthUnit unit) {
+  if (unit == LengthUnit::Inch) return "INCHES";
+  return unit == LengthUnit::Centimetre ? "CM" : "MM";
+}
+
 /// The unit that USE_LENGTH_UNITS names; nothing for another name.
 [[nodiscard]] constexpr std::optional<LengthUnit> canonicalUnit(std::string_view name) {
   if (name == "CANON_UNITS_MM") return LengthUnit::Millimetre;

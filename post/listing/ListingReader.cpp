@@ -20,6 +20,7 @@ constexpr std::size_t kArcRotaryWords = 6;
 /// rounding to thousandths makes them. Listings have four decimals, which for inches, with start,
 /// centre and end rounded, makes 0.00028 inch.
 constexpr double kArcTolerance = 0.003;
+constexpr std::size_t kMostHeldEvents = 10'000;
 constexpr double kArcToleranceOfInches = 0.0003 * 25.4;
 
 /// The x y z a b c among the arguments of a call.
@@ -52,11 +53,35 @@ ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions o
     : lines_(std::move(lines)),
       options_(std::move(options)),
       multaxDue_(options_.rotary),
-      modalCalls_(options_.vocabulary, options_.rotary.has_value(), events_) {}
+      modalCalls_(options_.vocabulary, options_.texts, options_.rotary.has_value(), events_) {}
 
 ListingReader::~ListingReader() = default;
 
+bool ListingReader::waitsForUnit() const {
+  if (hasBegun_ || outputUnit_ || options_.unit) return false;
+  const bool isAskedFor = options_.vocabulary.unit || options_.vocabulary.startMacro;
+  return isAskedFor && events_.size() < kMostHeldEvents;
+}
+
+void ListingReader::begin() {
+  hasBegun_ = true;
+  const auto unit = outputUnit_ ? outputUnit_ : options_.unit;
+  const bool isAskedFor = options_.vocabulary.unit || options_.vocabulary.startMacro;
+  if (unit || isAskedFor) {
+    modalCalls_.stateUnit(unit.value_or(inputUnit_.value_or(LengthUnit::Millimetre)));
+  }
+  if (!options_.vocabulary.startMacro) return;
+  Element macro;
+  macro.instruction = "NC_START_MACRO";
+  macro.line = 1;
+  // After the activity that begins a listing.
+  events_.insert(events_.begin() + 1, std::move(macro));
+}
+
 bool ListingReader::next(ToolPathEvent& event) {
+  while (waitsForUnit() && readCall()) {
+  }
+  if (!hasBegun_) begin();
   while (delivered_ == events_.size()) {
     events_.clear();
     delivered_ = 0;
@@ -274,7 +299,10 @@ void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArgume
                                 std::size_t firstRotaryWord, const LinePlace& place) {
   if (ended_) place.refuse(call.nameAt, "a move follows the end of the program");
   requireUnit(call, "a move", place);
-  if (!outputUnit_) outputUnit_ = options_.unit ? options_.unit : inputUnit_;
+  if (!outputUnit_) {
+    outputUnit_ = options_.unit ? options_.unit : inputUnit_;
+    if (hasBegun_) modalCalls_.changeUnit(*outputUnit_, place.line);
+  }
   checkFrame(call, place);
   checkRotaryWords(arguments, firstRotaryWord, place);
 }

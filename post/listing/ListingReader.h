@@ -33,9 +33,13 @@ struct ListingOptions {
   double chordDeviation = 0.01;
   /// True to write arcs that rise as chords too.
   bool helicesAsChords = false;
+  ListedTexts texts = ListedTexts::Program;
 };
 
-/// Reads a canonical listing, one call a line, in constant memory: moves, feed rates, the
+/// Reads a canonical listing, one call a line, in constant memory. The table's own NC_START_MACRO
+/// comes first. Every activity has the parameter MFG_UNIT; if the document asks for it, nothing is
+/// delivered before the unit is known, which is that of the first move, or before 10,000 events.
+/// Moves, feed rates, the
 /// spindle, tool changes, dwells, texts and what else the document has words for become elements;
 /// every call is counted. Anything that would leave a position in doubt raises an InputError with
 /// file, line and column.
@@ -60,6 +64,8 @@ class ListingReader final : public ToolPathReader {
   [[nodiscard]] const Vocabulary& vocabulary() const noexcept { return options_.vocabulary; }
 
  private:
+  [[nodiscard]] bool waitsForUnit() const;
+  void begin();
   bool readCall();
   void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
   void count(const CanonicalCall& call, CallFate fate, const LinePlace& place);
@@ -115,6 +121,8 @@ class ListingReader final : public ToolPathReader {
   /// The events of the last call, and how many of them were delivered.
   std::vector<ToolPathEvent> events_;
   std::size_t delivered_ = 0;
+  /// True once an event was delivered.
+  bool hasBegun_ = false;
   ModalCalls modalCalls_;
 };
 

@@ -7,6 +7,7 @@
 #include "Manufacturing/KEPMfgNames.h"
 #include "System/KEPString.h"
 #include "host/manufacturing/Activity.h"
+#include "post/parameters/Parameters.h"
 
 namespace host {
 namespace {
@@ -23,6 +24,15 @@ Element elementOf(std::string_view name, int sequence = 1) {
   element.instruction = name;
   element.sequence = sequence;
   return element;
+}
+
+void setValue(NamedValues& values, std::string_view name, KEPMfgParameterValue value) {
+  const auto known = std::ranges::find(values, name, &NamedValues::value_type::first);
+  if (known == values.end()) {
+    values.emplace_back(name, std::move(value));
+  } else {
+    known->second = std::move(value);
+  }
 }
 
 /// The activity that a whole listing belongs to.
@@ -72,10 +82,31 @@ std::vector<std::string_view> commentPieces(std::string_view text) {
 
 }  // namespace
 
-ModalCalls::ModalCalls(const Vocabulary& vocabulary, bool variesToolAxis,
+ModalCalls::ModalCalls(const Vocabulary& vocabulary, ListedTexts texts, bool variesToolAxis,
                        std::vector<ToolPathEvent>& events)
-    : vocabulary_(vocabulary), events_(events), activity_(listedActivity(variesToolAxis)) {
+    : vocabulary_(vocabulary),
+      texts_(texts),
+      events_(events),
+      activity_(listedActivity(variesToolAxis)) {
   events_.emplace_back(activity_);
+}
+
+void ModalCalls::stateUnit(LengthUnit unit) {
+  const auto state = [unit](ActivityStart& activity) {
+    setValue(activity.parameters, kUnitParameter, textValue(unitWord(unit)));
+  };
+  state(activity_);
+  for (ToolPathEvent& event : events_) {
+    if (auto* const activity = std::get_if<ActivityStart>(&event)) state(*activity);
+  }
+}
+
+void ModalCalls::changeUnit(LengthUnit unit, long line) {
+  const KEPMfgParameterValue word = textValue(unitWord(unit));
+  const auto& parameters = activity_.parameters;
+  const auto known = std::ranges::find(parameters, kUnitParameter, &NamedValues::value_type::first);
+  const bool isSame = known != parameters.end() && known->second.text == word.text;
+  if (!isSame) setParameter(kUnitParameter, word, line);
 }
 
 CallFate ModalCalls::dispatch(const ListedCall& call) {
@@ -191,7 +222,13 @@ CallFate ModalCalls::dwell(const ListedCall& call) {
   return putInstruction(call, "NC_DELAY");
 }
 
+bool ModalCalls::isWanted(std::string_view text) const {
+  if (texts_ == ListedTexts::Program) return !text.starts_with("interpreter: ");
+  return texts_ == ListedTexts::All;
+}
+
 CallFate ModalCalls::writeText(const ListedCall& call) {
+  if (!isWanted(call.arguments.text)) return CallFate::Other;
   const auto pieces = commentPieces(call.arguments.text);
   for (const std::string_view piece : pieces) {
     Element element = elementOf("NC_OUTPUT_COMMENT");
@@ -224,14 +261,7 @@ CallFate ModalCalls::putInstruction(const ListedCall& call, std::string_view ins
 }
 
 void ModalCalls::setParameter(std::string_view name, KEPMfgParameterValue value, long line) {
-  auto& parameters = activity_.parameters;
-  const auto known =
-      std::ranges::find(parameters, name, &std::pair<std::string, KEPMfgParameterValue>::first);
-  if (known == parameters.end()) {
-    parameters.emplace_back(name, std::move(value));
-  } else {
-    known->second = std::move(value);
-  }
+  setValue(activity_.parameters, name, std::move(value));
   activity_.line = line;
   events_.emplace_back(activity_);
 }

@@ -13,6 +13,10 @@
 
 namespace host {
 
+/// Which texts of a listing become lines: all, those of the program, without those that the
+/// interpreter adds, or none.
+enum class ListedTexts { All, Program, None };
+
 /// A call of a listing, with its place and the units there.
 struct ListedCall {
   const CallRule& rule;
@@ -29,7 +33,13 @@ struct ListedCall {
 class ModalCalls {
  public:
   /// `variesToolAxis`: whether moves have tool axes.
-  ModalCalls(const Vocabulary& vocabulary, bool variesToolAxis, std::vector<ToolPathEvent>& events);
+  ModalCalls(const Vocabulary& vocabulary, ListedTexts texts, bool variesToolAxis,
+             std::vector<ToolPathEvent>& events);
+
+  /// States the unit of the text in the activity, also in the events that are there already.
+  void stateUnit(LengthUnit unit);
+  /// States it from here on.
+  void changeUnit(LengthUnit unit, long line);
 
   /// Handles a call. Raises an InputError for one whose meaning is in doubt.
   CallFate dispatch(const ListedCall& call);
@@ -43,6 +53,7 @@ class ModalCalls {
   CallFate setSpindleMode(double limit);
   CallFate changeTool(const ListedCall& call);
   CallFate dwell(const ListedCall& call);
+  [[nodiscard]] bool isWanted(std::string_view text) const;
   CallFate writeText(const ListedCall& call);
   CallFate switchCoolant(const ListedCall& call);
   CallFate stopProgram(const ListedCall& call, bool hasInstruction, std::string_view instruction);
@@ -52,6 +63,7 @@ class ModalCalls {
   void put(std::optional<Element> element, long line);
 
   const Vocabulary& vocabulary_;
+  ListedTexts texts_;
   std::vector<ToolPathEvent>& events_;
   FeedState feed_;
   SpindleState spindle_;

@@ -7,6 +7,8 @@
 
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Document.h"
+#include "language/table/Keywords.h"
+#include "post/parameters/Parameters.h"
 
 namespace host {
 namespace {
@@ -51,14 +53,39 @@ std::optional<LengthUnit> printedUnit(const Document& document, std::string_view
   return unitNamedBy(words[entry].View());
 }
 
-bool isBare(const KEPUnicodeString& line) {
-  return line.View().starts_with("%MFG_OUTPUT_COMMENT") ||
-         line.View().starts_with("&MFG_OUTPUT_COMMENT");
+bool refersTo(const KEPUnicodeString& line, std::string_view parameter) {
+  const std::string_view text = line.View();
+  const std::size_t at = text.find(parameter);
+  return at != text.npos && at > 0 && (text[at - 1] == '%' || text[at - 1] == '&');
+}
+
+/// False for a line that readers take for a comment.
+bool isStatement(std::string_view line, const std::vector<std::string>& textWords) {
+  if (line.starts_with("$$")) return false;
+  const std::string_view word = line.substr(0, line.find_first_of(" /,%&"));
+  const bool isComment = ppword::isTextWord(word) || word == "REMARK";
+  return !isComment && std::find(textWords.begin(), textWords.end(), word) == textWords.end();
+}
+
+/// True when some instruction of a document refers to a parameter.
+bool isAskedFor(const Document& document, std::string_view parameter) {
+  const auto types = document.features()->ListMembersHere(KEPInterfaceId<KEPISpecObject>());
+  for (const KEPISpecObject_var type : types) {
+    for (int position = 1; position <= type->GetNumberOfAttributes(); ++position) {
+      const Texts lines =
+          textsOf(document, type->GetName(), type->GetAttribute(position).GetName());
+      const bool refers =
+          std::any_of(lines.begin(), lines.end(),
+                      [&](const KEPUnicodeString& line) { return refersTo(line, parameter); });
+      if (refers) return true;
+    }
+  }
+  return false;
 }
 
 }  // namespace
 
-Vocabulary vocabularyOf(const Document& document) {
+Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
   Vocabulary vocabulary;
   vocabulary.feedPerMinute = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 1);
   vocabulary.feedPerRevolution = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 2);
@@ -69,7 +96,11 @@ Vocabulary vocabularyOf(const Document& document) {
   vocabulary.programStop = hasLines(document, "NC_PROGRAM_STOP");
   vocabulary.optionalStop = hasLines(document, "NC_OPTIONAL_STOP");
   const Texts lines = textsOf(document, "NC_OUTPUT_COMMENT", "Syntaxe");
-  vocabulary.bareTexts = std::any_of(lines.begin(), lines.end(), isBare);
+  vocabulary.bareTexts = std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
+    return refersTo(line, "MFG_OUTPUT_COMMENT") && isStatement(line.View(), table.textWords);
+  });
+  vocabulary.startMacro = table.startMacro && hasLines(document, "NC_START_MACRO");
+  vocabulary.unit = isAskedFor(document, kUnitParameter);
   return vocabulary;
 }
 

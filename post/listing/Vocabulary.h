@@ -1,7 +1,9 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "post/listing/LengthUnit.h"
 
@@ -25,11 +27,23 @@ struct Vocabulary {
   bool coolant = false;
   bool programStop = false;
   bool optionalStop = false;
-  /// Whether NC_OUTPUT_COMMENT writes texts without a word before them.
+  /// Whether NC_OUTPUT_COMMENT writes texts as statements: without a word before them that readers
+  /// take for a comment.
   bool bareTexts = false;
+  /// Whether a table has an NC_START_MACRO of its own.
+  bool startMacro = false;
+  /// Whether a line of an instruction refers to MFG_UNIT.
+  bool unit = false;
+};
+
+/// What the vocabulary of a document does not say, but that of a table that it has loaded does.
+struct TableWords {
+  /// The major words with text.
+  std::vector<std::string> textWords;
+  bool startMacro = false;
 };
 
 /// The vocabulary of a document in its current state.
-[[nodiscard]] Vocabulary vocabularyOf(const Document& document);
+[[nodiscard]] Vocabulary vocabularyOf(const Document& document, const TableWords& table = {});
 
 }  // namespace host

@@ -9,6 +9,9 @@
 
 namespace host {
 
+/// The parameter that every activity of a job or a listing has: MM or INCHES.
+inline constexpr std::string_view kUnitParameter = "MFG_UNIT";
+
 /// What a parameter prints: a number in its format, a number with six decimals whatever its format
 /// is, a whole number, a text, or a word of its list.
 enum class ParameterType { Real, FixedReal, Integer, Text, Word };

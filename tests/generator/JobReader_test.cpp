@@ -170,7 +170,8 @@ TEST(JobReader, ActivityGivesTypedParameters) {
   EXPECT_EQ(activity.name, "Drilling.1");
   EXPECT_TRUE(activity.isVirtual);
   EXPECT_EQ(activity.line, 2);
-  ASSERT_EQ(activity.parameters.size(), 3U);
+  // The last one is the unit of the job.
+  ASSERT_EQ(activity.parameters.size(), 4U);
   EXPECT_EQ(activity.parameters[0].first, "MFG_TOTAL_DEPTH");
   EXPECT_EQ(activity.parameters[0].second.kind, KEPMfgParameterValue::kReal);
   EXPECT_EQ(activity.parameters[0].second.real, 25.0);
@@ -181,6 +182,21 @@ TEST(JobReader, ActivityGivesTypedParameters) {
   ASSERT_EQ(activity.customParameters.size(), 1U);
   EXPECT_EQ(activity.customParameters[0].first, "CHECKED BY");
   EXPECT_EQ(activity.customParameters[0].second.text.View(), "QA");
+}
+
+TEST(JobReader, ActivityHasTheUnitOfTheJobUnlessItStatesOne) {
+  const auto unitOf = [](const std::string& units, const std::string& parameters) {
+    const JobReading reading =
+        readJob("{\"job\":1,\"program\":\"P\",\"units\":\"" + units +
+                "\"}\n{\"activity\":\"A\",\"parameters\":{" + parameters + "}}\n{\"end\":true}\n");
+    EXPECT_EQ(reading.error, "");
+    const auto& all = std::get<ActivityStart>(reading.events[0]).parameters;
+    EXPECT_EQ(all.size(), 1U);
+    return all[0].first + '=' + std::string(all[0].second.text.View());
+  };
+  EXPECT_EQ(unitOf("mm", ""), "MFG_UNIT=MM");
+  EXPECT_EQ(unitOf("inch", ""), "MFG_UNIT=INCHES");
+  EXPECT_EQ(unitOf("inch", "\"MFG_UNIT\":\"IN\""), "MFG_UNIT=IN");
 }
 
 TEST(JobReader, EventsComeInOrderWithTheirLines) {

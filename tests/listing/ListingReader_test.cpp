@@ -54,6 +54,12 @@ TEST(ListingReader, ElementTellsItsLine) {
   EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_OUTPUT_COMMENT");
   EXPECT_EQ(std::get<host::Element>(event).line, 2);
   ASSERT_TRUE(reader.next(event));
+  // The first move sets the unit.
+  const auto& unit = std::get<host::ActivityStart>(event).parameters;
+  ASSERT_EQ(unit.size(), 1U);
+  EXPECT_EQ(unit[0].first, "MFG_UNIT");
+  EXPECT_EQ(unit[0].second.text.View(), "MM");
+  ASSERT_TRUE(reader.next(event));
   EXPECT_EQ(std::get<host::Element>(event).instruction, "NC_RAPID");
   EXPECT_EQ(std::get<host::Element>(event).line, 3);
   ASSERT_TRUE(reader.next(event));

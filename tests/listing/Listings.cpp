@@ -80,10 +80,11 @@ std::string shown(const host::Element& element) {
   return text + '\n';
 }
 
-/// The parameters of an activity; an activity without any shows nothing.
+/// The parameters of an activity but for the unit; an activity without any shows nothing.
 std::string shown(const host::ActivityStart& start) {
   std::string text;
   for (const auto& [name, value] : start.parameters) {
+    if (name == "MFG_UNIT") continue;
     const bool isReal = value.kind == KEPMfgParameterValue::kReal;
     text += ' ' + name + '=' + (isReal ? shortest(value.real) : std::to_string(value.integer));
   }

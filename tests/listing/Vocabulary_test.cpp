@@ -70,4 +70,41 @@ TEST(Vocabulary, InstructionsOfATableAreFound) {
   EXPECT_FALSE(words.bareTexts);
 }
 
+TEST(Vocabulary, CommentIsAStatementUnlessItsWordHasText) {
+  const auto isBare = [](const std::string& lines, const host::TableWords& table = {}) {
+    const KEPVar<host::Document> document = host::newDocument();
+    const InputFile file("*START_NC_INSTRUCTION NC_OUTPUT_COMMENT\n" + lines + "\n*END\n");
+    EXPECT_EQ(document->ppWordContainer()->LoadPPWordTable(KEPUnicodeString(file.path())), S_OK);
+    return host::vocabularyOf(*document, table).bareTexts;
+  };
+  for (const char* const line :
+       {"PPRINT %MFG_OUTPUT_COMMENT", "PPRINT/%MFG_OUTPUT_COMMENT", "$$ %MFG_OUTPUT_COMMENT",
+        "$$%MFG_OUTPUT_COMMENT", "REMARK/%MFG_OUTPUT_COMMENT", "INSERT %MFG_OUTPUT_COMMENT",
+        "PPRINT", "OPSTOP"}) {
+    EXPECT_FALSE(isBare(line)) << line;
+  }
+  for (const char* const line :
+       {"%MFG_OUTPUT_COMMENT", "&MFG_OUTPUT_COMMENT", "MSG/%MFG_OUTPUT_COMMENT",
+        "REMARKS/%MFG_OUTPUT_COMMENT", "PPRINT A\nMSG,&MFG_OUTPUT_COMMENT"}) {
+    EXPECT_TRUE(isBare(line)) << line;
+  }
+  EXPECT_FALSE(isBare("MSG/%MFG_OUTPUT_COMMENT", {{"LETTER", "MSG"}, false}));
+  EXPECT_TRUE(isBare("MSGS/%MFG_OUTPUT_COMMENT", {{"LETTER", "MSG"}, false}));
+}
+
+TEST(Vocabulary, UnitIsAskedForByAnyLineOfAnInstruction) {
+  EXPECT_FALSE(wordsWith("").unit);
+  EXPECT_TRUE(wordsWith("*START_NC_COMMAND NC_OWN\nUNITS/&MFG_UNIT\n*END\n").unit);
+  EXPECT_TRUE(wordsWith("*START_NC_COMMAND NC_OWN\n*START_SEQUENCE\nA\n*END\n"
+                        "*START_SEQUENCE\nUNITS/%MFG_UNIT\n*END\n*END\n")
+                  .unit);
+  EXPECT_FALSE(wordsWith("*START_NC_COMMAND NC_OWN\nUNITS/MFG_UNIT\n*END\n").unit);
+}
+
+TEST(Vocabulary, StartMacroIsThatOfATable) {
+  const KEPVar<host::Document> document = host::newDocument();
+  EXPECT_FALSE(host::vocabularyOf(*document).startMacro);
+  EXPECT_TRUE(host::vocabularyOf(*document, {{}, true}).startMacro);
+}
+
 }  // namespace
