@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "inspect/lint/TableBlocks.h"
 #include "language/number/IntegerPrefix.h"
+#include "language/table/CommandQueries.h"
 #include "language/table/CommandSyntax.h"
+#include "language/table/MemorySource.h"
 #include "language/table/SectionQueries.h"
 
 namespace host {
@@ -60,21 +63,64 @@ std::string joined(const std::vector<std::string>& values) {
 
 }  // namespace
 
+/// Asks the reader of tables, and finds places in the blocks.
+class TableReading::Reader {
+ public:
+  explicit Reader(const TableBytes& bytes)
+      : bytes_(bytes),
+        blocks_(readBlocks(bytes)),
+        visitsLeft_(2 * ppword::mostLinesOfLoad(bytes.text())),
+        reading_(bytes.text(), ppword::mostBytesOfLoad(bytes.text())),
+        linesLeft_(ppword::mostLinesOfLoad(bytes.text())) {
+    indexBlocks();
+  }
+
+  [[nodiscard]] std::optional<std::vector<Word>> words() const;
+  [[nodiscard]] std::optional<std::vector<Value>> syntaxes() const;
+  [[nodiscard]] std::vector<Command> commands();
+  [[nodiscard]] std::vector<Value> valuesOf(std::string_view keyword);
+  [[nodiscard]] std::optional<Lines> linesOf(const Command& command, std::size_t sequence);
+
+ private:
+  void indexBlocks();
+  [[nodiscard]] std::optional<std::string> textAt(long position, std::string_view keyword);
+  [[nodiscard]] std::vector<long> sequencesAt(long body);
+  void locate(const Command& command, std::size_t sequence, Lines& lines);
+  [[nodiscard]] bool walkParts(std::size_t block, std::size_t sequence, Lines& lines);
+  [[nodiscard]] std::size_t firstPart(std::size_t block, std::size_t sequence);
+
+  const TableBytes& bytes_;
+  TableBlocks blocks_;
+  /// The commands of the blocks by the places of their names, and the first one of each name.
+  std::unordered_map<std::size_t, std::size_t> blockAt_;
+  std::unordered_map<std::string_view, std::size_t> blockOf_;
+  /// The block whose sequences were asked for last, and after which of its parts they begin.
+  std::size_t lastBlock_ = std::string::npos;
+  std::vector<std::size_t> firstParts_;
+  /// How many parts may still be visited to find places.
+  std::size_t visitsLeft_;
+  ppword::MemorySource reading_;
+  std::size_t linesLeft_;
+  std::optional<ppword::CommandPositions> positions_;
+};
+
 TableReading::TableReading(const TableBytes& bytes)
     : bytes_(bytes),
-      blocks_(readBlocks(bytes)),
-      visitsLeft_(2 * ppword::mostLinesOfLoad(bytes.text())),
-      reading_(bytes.text(), ppword::mostBytesOfLoad(bytes.text())),
-      linesLeft_(ppword::mostLinesOfLoad(bytes.text())) {
-  indexBlocks();
-  readWords();
-  readSyntaxes();
-  formats_ = valuesOf(ppword::kFormatKeyword);
-  lists_ = valuesOf(ppword::kListKeyword);
-  readCommands();
+      reader_(std::make_unique<Reader>(bytes)),
+      words_(reader_->words()),
+      syntaxes_(reader_->syntaxes()),
+      formats_(reader_->valuesOf(ppword::kFormatKeyword)),
+      lists_(reader_->valuesOf(ppword::kListKeyword)),
+      commands_(reader_->commands()) {}
+
+TableReading::~TableReading() = default;
+
+std::optional<TableReading::Lines> TableReading::linesOf(const Command& command,
+                                                         std::size_t sequence) {
+  return reader_->linesOf(command, sequence);
 }
 
-void TableReading::indexBlocks() {
+void TableReading::Reader::indexBlocks() {
   for (const std::string_view keyword : {ppword::kCommandKeyword, ppword::kInstructionKeyword}) {
     for (std::size_t i = 0; i < blocks_.commands.size(); ++i) {
       const TableBlocks::Named& command = blocks_.commands[i];
@@ -85,39 +131,41 @@ void TableReading::indexBlocks() {
   }
 }
 
-void TableReading::readWords() {
+std::optional<std::vector<TableReading::Word>> TableReading::Reader::words() const {
   ppword::MemorySource source(bytes_.text());
   std::vector<int> kinds;
   std::vector<std::string> pieces;
-  if (!ppword::listOfPPValues(source, kinds, pieces)) return;
+  if (!ppword::listOfPPValues(source, kinds, pieces)) return std::nullopt;
   const std::vector<int> codes = codesOf(pieces);
   const std::vector<Token> places = piecesOf(blocks_);
-  words_.emplace();
+  std::vector<Word> words;
   for (std::size_t i = 0; i < pieces.size(); i += 2) {
     const bool isThere = i < places.size() && places[i].text == pieces[i];
-    words_->push_back({std::move(pieces[i]), kinds[i],
-                       i / 2 < codes.size() ? std::optional(codes[i / 2]) : std::nullopt,
-                       isThere ? places[i].offset : 0});
+    words.push_back({std::move(pieces[i]), kinds[i],
+                     i / 2 < codes.size() ? std::optional(codes[i / 2]) : std::nullopt,
+                     isThere ? places[i].offset : 0});
   }
+  return words;
 }
 
-void TableReading::readSyntaxes() {
+std::optional<std::vector<TableReading::Value>> TableReading::Reader::syntaxes() const {
   ppword::MemorySource source(bytes_.text());
   std::vector<std::string> read;
-  if (!ppword::listOfSyntaxes(source, read)) return;
-  syntaxes_.emplace();
-  if (read.empty()) return;
+  std::vector<Value> syntaxes;
+  if (!ppword::listOfSyntaxes(source, read)) return std::nullopt;
+  if (read.empty()) return syntaxes;
   const std::size_t begin = blocks_.syntaxSections.front().offset;
   auto place = std::partition_point(blocks_.lines.begin(), blocks_.lines.end(),
                                     [begin](const TableLine& line) { return line.offset < begin; });
   for (std::string& text : read) {
     const bool isThere = place != blocks_.lines.end() && place->text == text;
-    syntaxes_->push_back({std::move(text), "", isThere ? place->offset : begin});
+    syntaxes.push_back({std::move(text), "", isThere ? place->offset : begin});
     if (isThere) ++place;
   }
+  return syntaxes;
 }
 
-std::vector<TableReading::Value> TableReading::valuesOf(std::string_view keyword) {
+std::vector<TableReading::Value> TableReading::Reader::valuesOf(std::string_view keyword) {
   std::vector<Value> all;
   ppword::MemorySource source(bytes_.text());
   ppword::walkKeyword(source, keyword, [&] {
@@ -133,7 +181,7 @@ std::vector<TableReading::Value> TableReading::valuesOf(std::string_view keyword
 }
 
 /// The text of the format or list after whose name the position is.
-std::optional<std::string> TableReading::textAt(long position, std::string_view keyword) {
+std::optional<std::string> TableReading::Reader::textAt(long position, std::string_view keyword) {
   reading_.seek(position);
   std::vector<std::string> values;
   std::string text;
@@ -144,19 +192,21 @@ std::optional<std::string> TableReading::textAt(long position, std::string_view 
   return isList ? joined(values) : text;
 }
 
-void TableReading::readCommands() {
+std::vector<TableReading::Command> TableReading::Reader::commands() {
+  std::vector<Command> commands;
   ppword::MemorySource source(bytes_.text());
   ppword::walkCommands(source, [&] {
     const long here = source.position();
     if (const auto name = ppword::nextName(source, ppword::kCommandPrefix)) {
       const auto offset = static_cast<std::size_t>(source.position()) - name->size();
-      commands_.push_back({std::string(*name), offset, sequencesAt(source.position())});
+      commands.push_back({std::string(*name), offset, sequencesAt(source.position())});
     }
     return !source.seek(here);
   });
+  return commands;
 }
 
-std::vector<long> TableReading::sequencesAt(long body) {
+std::vector<long> TableReading::Reader::sequencesAt(long body) {
   std::vector<long> sequences{body};
   reading_.seek(body);
   ppword::SequenceWalk walk(reading_);
@@ -166,8 +216,8 @@ std::vector<long> TableReading::sequencesAt(long body) {
   return walk.closed() ? sequences : std::vector<long>();
 }
 
-std::optional<TableReading::Lines> TableReading::linesOf(const Command& command,
-                                                         std::size_t sequence) {
+std::optional<TableReading::Lines> TableReading::Reader::linesOf(const Command& command,
+                                                                 std::size_t sequence) {
   if (linesLeft_ == 0 || sequence >= command.sequences.size()) return std::nullopt;
   if (!reading_.seek(command.sequences[sequence])) return std::nullopt;
   auto read = ppword::readSyntax(reading_, command.name, positions_);
@@ -183,7 +233,7 @@ std::optional<TableReading::Lines> TableReading::linesOf(const Command& command,
 }
 
 /// Sets the places of lines. Where the blocks do not match them it is that of the command.
-void TableReading::locate(const Command& command, std::size_t sequence, Lines& lines) {
+void TableReading::Reader::locate(const Command& command, std::size_t sequence, Lines& lines) {
   const auto block = blockAt_.find(command.offset);
   if (block != blockAt_.end() && walkParts(block->second, sequence, lines)) return;
   for (Line& line : lines.all) {
@@ -194,7 +244,7 @@ void TableReading::locate(const Command& command, std::size_t sequence, Lines& l
 }
 
 /// Walks through the parts of a sequence, those of inserted bodies in their places.
-bool TableReading::walkParts(std::size_t block, std::size_t sequence, Lines& lines) {
+bool TableReading::Reader::walkParts(std::size_t block, std::size_t sequence, Lines& lines) {
   std::size_t next = 0;
   std::vector<Frame> frames{{block, firstPart(block, sequence)}};
   while (!frames.empty()) {
@@ -222,7 +272,7 @@ bool TableReading::walkParts(std::size_t block, std::size_t sequence, Lines& lin
 }
 
 /// The first part of a sequence; a body is its own first sequence.
-std::size_t TableReading::firstPart(std::size_t block, std::size_t sequence) {
+std::size_t TableReading::Reader::firstPart(std::size_t block, std::size_t sequence) {
   if (lastBlock_ != block) {
     lastBlock_ = block;
     firstParts_.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,9 +9,6 @@
 #include <vector>
 
 #include "inspect/diagnostics/TableBytes.h"
-#include "inspect/lint/TableBlocks.h"
-#include "language/table/CommandQueries.h"
-#include "language/table/MemorySource.h"
 
 namespace host {
 
@@ -19,6 +17,7 @@ namespace host {
 class TableReading {
  public:
   explicit TableReading(const TableBytes& bytes);
+  ~TableReading();
   TableReading(const TableReading&) = delete;
   TableReading& operator=(const TableReading&) = delete;
 
@@ -74,30 +73,10 @@ class TableReading {
   }
 
  private:
-  void indexBlocks();
-  void readWords();
-  void readSyntaxes();
-  void readCommands();
-  [[nodiscard]] std::vector<Value> valuesOf(std::string_view keyword);
-  [[nodiscard]] std::optional<std::string> textAt(long position, std::string_view keyword);
-  [[nodiscard]] std::vector<long> sequencesAt(long body);
-  void locate(const Command& command, std::size_t sequence, Lines& lines);
-  [[nodiscard]] bool walkParts(std::size_t block, std::size_t sequence, Lines& lines);
-  [[nodiscard]] std::size_t firstPart(std::size_t block, std::size_t sequence);
+  class Reader;
 
   const TableBytes& bytes_;
-  TableBlocks blocks_;
-  /// The commands of the blocks by the places of their names, and the first one of each name.
-  std::unordered_map<std::size_t, std::size_t> blockAt_;
-  std::unordered_map<std::string_view, std::size_t> blockOf_;
-  /// The block whose sequences were asked for last, and after which of its parts they begin.
-  std::size_t lastBlock_ = std::string::npos;
-  std::vector<std::size_t> firstParts_;
-  /// How many parts may still be visited to find places.
-  std::size_t visitsLeft_;
-  ppword::MemorySource reading_;
-  std::size_t linesLeft_;
-  std::optional<ppword::CommandPositions> positions_;
+  std::unique_ptr<Reader> reader_;
   std::optional<std::vector<Word>> words_;
   std::optional<std::vector<Value>> syntaxes_;
   std::vector<Value> formats_;

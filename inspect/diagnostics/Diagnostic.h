@@ -39,6 +39,8 @@ struct Diagnostic {
   std::string message;
   /// Empty where the line is not at hand.
   Excerpt source{};
+  /// What the bytes of the finding are probably meant to be; empty where that is unknown.
+  std::string meant{};
 
   [[nodiscard]] bool hasSource() const { return line > 0 && column > 0 && !source.text.empty(); }
 };

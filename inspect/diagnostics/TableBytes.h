@@ -24,6 +24,11 @@ class TableBytes {
   [[nodiscard]] std::string_view text() const noexcept { return bytes_; }
   /// Line and column, from 1.
   [[nodiscard]] Place placeOf(std::size_t offset) const;
+  /// Where a place of the table is.
+  [[nodiscard]] std::size_t offsetOf(Place place) const {
+    return offsetOfLine(static_cast<std::size_t>(place.line) - 1) +
+           static_cast<std::size_t>(place.column) - 1;
+  }
   /// The part of a line around a column, which may be one after its end.
   [[nodiscard]] Excerpt excerptAt(long line, long column) const;
 

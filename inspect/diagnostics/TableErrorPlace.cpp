@@ -126,13 +126,16 @@ std::array<std::string_view, ppword::kKeywords.size()> keywordTexts() {
 }
 
 // What the line was most likely meant to be.
-std::string hint(std::string_view line, std::string_view keyword, const Mark& mark) {
+void addHint(std::string_view line, std::string_view keyword, const Mark& mark,
+             Diagnostic& diagnostic) {
   if (keyword.empty()) {
     const std::string_view meant = nearest(line.substr(mark.offset, mark.width), keywordTexts());
-    return meant.empty() ? "" : hintText("HINT_MEANT", {KEPUnicodeString(meant)});
+    if (meant.empty()) return;
+    diagnostic.message += hintText("HINT_MEANT", {KEPUnicodeString(meant)});
+    diagnostic.meant = meant;
+  } else if (mark.offset < line.size() && line[mark.offset - 1] == '\t') {
+    diagnostic.message += hintText("HINT_TAB", {});
   }
-  const bool afterTab = mark.offset < line.size() && line[mark.offset - 1] == '\t';
-  return afterTab ? hintText("HINT_TAB", {}) : "";
 }
 
 bool isUnbalanced(std::string_view key) { return key == "ERR_5002" || key == "ERR_5003"; }
@@ -152,7 +155,7 @@ Diagnostic tableErrorAt(const std::string& path, std::string_view key, const Tab
   diagnostic.message = messageText(kErrors, key, {}).View();
   const std::string_view keyword = keywordWithoutName(key);
   const Mark mark = markOf(line.text, keyword);
-  if (!isUnbalanced(key)) diagnostic.message += hint(line.text, keyword, mark);
+  if (!isUnbalanced(key)) addHint(line.text, keyword, mark, diagnostic);
   const auto [number, column] = table.placeOf(line.offset);
   diagnostic.line = number;
   diagnostic.column = column + static_cast<long>(mark.offset);

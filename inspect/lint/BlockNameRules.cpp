@@ -58,7 +58,7 @@ void lintNamesOf(const std::vector<const Named*>& blocks, const Names& used,
     }
     if (!meant.empty()) {
       findings.warn(LintKey::MisspeltName, block->name.offset, name.size(),
-                    (std::string(name) += ", perhaps ") += meant);
+                    (std::string(name) += ", perhaps ") += meant, meant);
     } else if (!block->keyword.contains(ppword::kCommandKeyword)) {
       findings.warn(LintKey::UnusedName, block->name);
     }

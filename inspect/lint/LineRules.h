@@ -14,9 +14,10 @@ class LineReport {
       : line_(line), reading_(reading), findings_(findings) {}
 
   /// `position` and `width`: of the reading's text.
-  void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject) {
+  void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject,
+            std::string_view meant = {}) {
     const std::size_t written = reading_.written(position, width).size();
-    findings_.warn(key, line_.offsetOf(reading_.lineOffset(position)), written, subject);
+    findings_.warn(key, line_.offsetOf(reading_.lineOffset(position)), written, subject, meant);
   }
 
  private:

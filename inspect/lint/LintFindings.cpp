@@ -25,7 +25,7 @@ std::string shortened(std::string_view text) {
 }  // namespace
 
 void LintFindings::warn(LintKey key, std::size_t offset, std::size_t width,
-                        std::string_view subject) {
+                        std::string_view subject, std::string_view meant) {
   const LintRule& rule = ruleOf(key);
   const auto [line, column] = bytes_.placeOf(offset);
   std::string message = shortened(subject);
@@ -37,7 +37,8 @@ void LintFindings::warn(LintKey key, std::size_t offset, std::size_t width,
        static_cast<long>(std::max<std::size_t>(width, 1)),
        std::string(rule.key),
        std::move(message),
-       {}});
+       {},
+       std::string(meant)});
 }
 
 std::vector<Diagnostic> LintFindings::take() {

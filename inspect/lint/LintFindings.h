@@ -18,8 +18,10 @@ class LintFindings {
 
   [[nodiscard]] const std::string& file() const noexcept { return file_; }
 
-  /// Warns of the `width` bytes at `offset`; `subject` is what the warning is about.
-  void warn(LintKey key, std::size_t offset, std::size_t width, std::string_view subject);
+  /// Warns of the `width` bytes at `offset`; `subject` is what the warning is about. `meant` is
+  /// what these bytes are probably meant to be.
+  void warn(LintKey key, std::size_t offset, std::size_t width, std::string_view subject,
+            std::string_view meant = {});
   void warn(LintKey key, const ppword::Token& token) {
     warn(key, token.offset, token.text.size(), token.text);
   }

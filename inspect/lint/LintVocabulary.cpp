@@ -86,6 +86,14 @@ const NearWords& LintVocabulary::nearStandardWords() {
   return words;
 }
 
+std::vector<std::string_view> LintVocabulary::allWords() const {
+  std::vector<std::string_view> words;
+  for (const Entry& entry : words_) {
+    if (words.empty() || words.back() != entry.word) words.push_back(entry.word);
+  }
+  return words;
+}
+
 std::vector<std::string_view> LintVocabulary::ownWords() const {
   std::vector<std::string_view> words;
   for (const Entry& entry : words_) {

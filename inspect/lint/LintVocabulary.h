@@ -30,6 +30,8 @@ class LintVocabulary {
   [[nodiscard]] bool isOwn(std::string_view word) const;
   /// The words of standard APT and of the default catalogue, for words that are nearly one of them.
   [[nodiscard]] static const NearWords& nearStandardWords();
+  /// All words in order, each once.
+  [[nodiscard]] std::vector<std::string_view> allWords() const;
   /// The words of the table's sections, some of them twice.
   [[nodiscard]] std::vector<std::string_view> ownWords() const;
   /// True for a word of standard APT that begins a statement and needs no "/" after it.

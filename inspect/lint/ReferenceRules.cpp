@@ -77,11 +77,16 @@ void lintParameters(const LineReading& reading, const LintParameters& parameters
     const std::string_view name = reference.parameter;
     if (reference.isExpression || !mayBeParameter(name) || parameters.knows(name)) continue;
     const auto begin = static_cast<std::size_t>(name.data() - reading.text.data());
-    std::string subject(reading.text.substr(reference.start, 1));
+    const std::string prefix(reading.text.substr(reference.start, 1));
+    std::string subject = prefix;
     subject += reading.written(begin, name.size());
     const std::string_view meant = parameters.nearestTo(name);
+    const std::string written = prefix + std::string(meant);
     if (!meant.empty()) (subject += ", perhaps ") += meant;
-    report.warn(LintKey::UnknownParameter, reference.start, 1 + name.size(), subject);
+    // Blanks before the name are not replaced.
+    const bool isKnown = !meant.empty() && begin == reference.start + 1;
+    report.warn(LintKey::UnknownParameter, reference.start, 1 + name.size(), subject,
+                isKnown ? std::string_view(written) : std::string_view());
   }
 }
 

@@ -49,7 +49,7 @@ class WordCheck {
       });
     }
     if (meant.empty() && !vocabulary_.hasSections()) return;
-    findings_.warn(LintKey::UnknownWord, use.offset, word.size(), meaning(word, meant));
+    findings_.warn(LintKey::UnknownWord, use.offset, word.size(), meaning(word, meant), meant);
   }
 
   void check(const TableBlocks::WordSection& section) {
@@ -61,7 +61,7 @@ class WordCheck {
         unused.push_back(&piece);
       } else {
         findings_.warn(LintKey::MisspeltWord, piece.offset, piece.text.size(),
-                       meaning(piece.text, meant));
+                       meaning(piece.text, meant), meant);
       }
     }
     if (!unused.empty()) note(unused);
