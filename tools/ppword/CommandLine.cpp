@@ -209,6 +209,10 @@ void addWord(CLI::App& command, WordOptions& options) {
   command.add_option("CODE", options.names, "CL-file codes")->option_text("...");
 }
 
+void addLsp(CLI::App& command, LspOptions& options) {
+  command.add_flag("--stdio", options.standardStreams, "Use the standard streams, as always");
+}
+
 void addTables(CLI::App& /*command*/, TablesOptions& /*options*/) {}
 
 using Run = std::function<ExitStatus()>;
@@ -218,7 +222,7 @@ using Run = std::function<ExitStatus()>;
 template <class Options, void (*add)(CLI::App&, Options&), ExitStatus (*run)(const Options&)>
 Run prepare(CLI::App& command) {
   const auto options = std::make_shared<Options>();
-  addFormat(command, options->format);
+  if constexpr (requires { options->format; }) addFormat(command, options->format);
   add(command, *options);
   return [options] { return run(*options); };
 }
@@ -230,7 +234,7 @@ struct Command {
   Run (*prepare)(CLI::App& command);
 };
 // The commands of the program, in the order of its help.
-constexpr std::array<Command, 10> kCommands{{
+constexpr std::array<Command, 11> kCommands{{
     {"check", help::kCheck, help::kCheckFooter, prepare<CheckOptions, addCheck, checkTables>},
     {"explain", help::kExplain, help::kExplainFooter,
      prepare<ExplainOptions, addExplain, explainSyntax>},
@@ -242,6 +246,7 @@ constexpr std::array<Command, 10> kCommands{{
     {"code", help::kCode, help::kCodeFooter, prepare<CodeOptions, addCode, showCodes>},
     {"word", help::kWord, help::kWordFooter, prepare<WordOptions, addWord, showWordsOfCodes>},
     {"tables", help::kTables, help::kTablesFooter, prepare<TablesOptions, addTables, showTables>},
+    {"lsp", help::kLsp, help::kLspFooter, prepare<LspOptions, addLsp, serveEditors>},
 }};
 
 std::string commandRequired() {

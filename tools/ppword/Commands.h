@@ -134,6 +134,14 @@ struct DiffOptions {
 /// is refused cannot be compared: its errors are reported, and Usage is returned, as diff does.
 [[nodiscard]] ExitStatus diffTables(const DiffOptions& options);
 
+struct LspOptions {
+  /// Editors name the streams that are used anyway.
+  bool standardStreams = true;
+};
+
+/// Answers the questions of an editor on the standard streams until the editor ends it.
+[[nodiscard]] ExitStatus serveEditors(const LspOptions& options);
+
 struct WordsOptions {
   /// With -t, and by position.
   std::string table;

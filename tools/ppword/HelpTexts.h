@@ -189,4 +189,11 @@ Examples:
   ppword tables
   ppword tables --format json)";
 
+inline constexpr const char* kLsp = "Serve editors: findings, completion and more while one types";
+inline constexpr const char* kLspFooter =
+    R"(A language server (Language Server Protocol 3.17) on the standard input and output. An editor
+starts it; docs/editor.md says how. It needs no table and no option.
+
+Exit status: 0 after shutdown and exit; 1 after any other end; 3 output not written.)";
+
 }  // namespace help
