@@ -64,10 +64,14 @@ class ShortestEdit {
         reached(diagonal) = x;
         if (x >= width_ && x - diagonal >= height_) return edits;
       }
-      const auto first = reached_.begin() + (most_ - edits);
-      trace_.emplace_back(first, first + 2 * edits + 1);
+      record(edits);
     }
     return -1;
+  }
+
+  void record(std::ptrdiff_t edits) {
+    const auto first = reached_.begin() + (most_ - edits);
+    trace_.emplace_back(first, first + 2 * edits + 1);
   }
 
   /// Where a diagonal begins with that many edits: a step down or to the right of its neighbours.

@@ -83,6 +83,8 @@ class TableReading::Reader {
 
  private:
   void indexBlocks();
+  template <class WalkKeywords, class Visit>
+  void visitNames(WalkKeywords walk, std::string_view prefix, Visit visit);
   [[nodiscard]] std::optional<std::string> textAt(long position, std::string_view keyword);
   [[nodiscard]] std::vector<long> sequencesAt(long body);
   void locate(const Command& command, std::size_t sequence, Lines& lines);
@@ -165,16 +167,26 @@ std::optional<std::vector<TableReading::Value>> TableReading::Reader::syntaxes()
   return syntaxes;
 }
 
-std::vector<TableReading::Value> TableReading::Reader::valuesOf(std::string_view keyword) {
-  std::vector<Value> all;
+/// Calls `visit` with each name after the keywords of a walk, and the position after it.
+template <class WalkKeywords, class Visit>
+void TableReading::Reader::visitNames(WalkKeywords walk, std::string_view prefix, Visit visit) {
   ppword::MemorySource source(bytes_.text());
-  ppword::walkKeyword(source, keyword, [&] {
+  walk(source, [&] {
     const long here = source.position();
-    if (const auto name = ppword::nextName(source, ppword::kParameterPrefix)) {
-      const auto offset = static_cast<std::size_t>(source.position()) - name->size();
-      all.push_back({std::string(*name), textAt(source.position(), keyword), offset});
+    if (const auto name = ppword::nextName(source, prefix)) {
+      visit(std::string(*name), source.position());
     }
     return !source.seek(here);
+  });
+}
+
+std::vector<TableReading::Value> TableReading::Reader::valuesOf(std::string_view keyword) {
+  std::vector<Value> all;
+  const auto walk = [keyword](auto& source, auto visit) {
+    ppword::walkKeyword(source, keyword, visit);
+  };
+  visitNames(walk, ppword::kParameterPrefix, [&](const std::string& name, long after) {
+    all.push_back({name, textAt(after, keyword), static_cast<std::size_t>(after) - name.size()});
   });
   keepLast(all);
   return all;
@@ -194,14 +206,9 @@ std::optional<std::string> TableReading::Reader::textAt(long position, std::stri
 
 std::vector<TableReading::Command> TableReading::Reader::commands() {
   std::vector<Command> commands;
-  ppword::MemorySource source(bytes_.text());
-  ppword::walkCommands(source, [&] {
-    const long here = source.position();
-    if (const auto name = ppword::nextName(source, ppword::kCommandPrefix)) {
-      const auto offset = static_cast<std::size_t>(source.position()) - name->size();
-      commands.push_back({std::string(*name), offset, sequencesAt(source.position())});
-    }
-    return !source.seek(here);
+  const auto walk = [](auto& source, auto visit) { ppword::walkCommands(source, visit); };
+  visitNames(walk, ppword::kCommandPrefix, [&](const std::string& name, long body) {
+    commands.push_back({name, static_cast<std::size_t>(body) - name.size(), sequencesAt(body)});
   });
   return commands;
 }

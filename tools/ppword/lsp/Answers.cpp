@@ -1,6 +1,7 @@
 #include "tools/ppword/lsp/Answers.h"
 
 #include <algorithm>
+#include <span>
 
 #include "tools/ppword/lsp/Features.h"
 
@@ -199,9 +200,8 @@ Json answerActions(const Question& question) {
   const std::size_t last = ranges.offsetOf(asked.at("end"));
   if (!wantsFixes(question.params)) return actions;
   for (const host::Diagnostic& finding : question.table.findings()) {
-    if (finding.meant.empty()) continue;
     const auto [begin, end] = rangeOf(question.table, finding);
-    if (begin > last || end < first) continue;
+    if (finding.meant.empty() || begin > last || end < first) continue;
     actions.push_back(actionJson(question, finding, ranges.of(begin, end)));
   }
   return actions;
@@ -211,13 +211,14 @@ Json diagnosticsOf(OpenTable& table, Encoding encoding) {
   Ranges ranges(table, encoding);
   Json diagnostics = Json::array();
   const auto& findings = table.findings();
-  for (std::size_t i = 0; i < std::min(findings.size(), kMostFindings); ++i) {
-    const auto [begin, end] = rangeOf(table, findings[i]);
-    diagnostics.push_back(findingJson(findings[i], ranges.of(begin, end)));
+  const std::size_t shown = std::min(findings.size(), kMostFindings);
+  for (const host::Diagnostic& finding : std::span(findings).first(shown)) {
+    const auto [begin, end] = rangeOf(table, finding);
+    diagnostics.push_back(findingJson(finding, ranges.of(begin, end)));
   }
   if (findings.size() > kMostFindings) {
-    const host::Diagnostic more = moreFindings(findings.size() - kMostFindings);
-    diagnostics.push_back(findingJson(more, ranges.of(0, 0)));
+    diagnostics.push_back(
+        findingJson(moreFindings(findings.size() - kMostFindings), ranges.of(0, 0)));
   }
   return diagnostics;
 }

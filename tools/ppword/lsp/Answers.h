@@ -1,16 +1,11 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <string>
 
+#include "tools/ppword/lsp/Messages.h"
 #include "tools/ppword/lsp/OpenTable.h"
-#include "tools/ppword/lsp/TextPositions.h"
 
 namespace lsp {
-
-/// In contrast to the JSON of other commands its members have no order: looking one up in a message
-/// does not take longer with the number of members.
-using Json = nlohmann::json;
 
 /// What a request asks about: an open table, how the client counts, and what the client can show.
 struct Question {

@@ -11,7 +11,9 @@ namespace lsp {
 
 /// What a new document has, and what is known of every parameter: the same for every table.
 struct Catalogue {
+  /// Its instructions, lists and formats.
   Contents contents;
+  /// The known parameters, then those that only a new document has.
   std::vector<ParameterEntry> parameters;
 
   /// Null for a name that it does not have.
@@ -21,10 +23,8 @@ struct Catalogue {
 
 [[nodiscard]] const Catalogue& catalogue();
 
-/// What a keyword is for; empty for a text that is not one.
-[[nodiscard]] std::string_view keywordMeaning(std::string_view keyword);
-
-/// What a known parameter means; empty for another one.
+/// What a known parameter means, in the words of the manual without its quotes; empty for a name
+/// that is not known.
 [[nodiscard]] std::string parameterMeaning(std::string_view name);
 
 }  // namespace lsp

@@ -54,17 +54,7 @@ class ProposalSearch {
   }
 
   Completion search() && {
-    const char before = line_.empty() ? ' ' : line_.back();
-    if (before == '%' || before == '&') {
-      addParameters();
-    } else if (line_ == "*") {
-      --completion_.begin;
-      addKeywords();
-    } else if (line_.starts_with('*')) {
-      addNamesAfter(line_.substr(0, line_.find_first_of(kBlanks)));
-    } else if (isInBody()) {
-      addWords();
-    }
+    addProposals(line_.empty() ? ' ' : line_.back());
     return std::move(completion_);
   }
 
@@ -75,6 +65,20 @@ class ProposalSearch {
     completion_.isCut = completion_.isCut || completion_.proposals.size() == kMostProposals;
     if (completion_.isCut) return;
     completion_.proposals.push_back({kind, std::string(text), std::move(detail)});
+  }
+
+  /// `before` is the character before the letters.
+  void addProposals(char before) {
+    if (before == '%' || before == '&') {
+      addParameters();
+    } else if (line_ == "*") {
+      --completion_.begin;
+      addKeywords();
+    } else if (line_.starts_with('*')) {
+      addNamesAfter(line_.substr(0, line_.find_first_of(kBlanks)));
+    } else if (isInBody()) {
+      addWords();
+    }
   }
 
   void addKeywords() {

@@ -82,13 +82,13 @@ std::string parameterText(OpenTable& table, std::string_view name) {
   const ParameterEntry known = entry != nullptr ? *entry : ParameterEntry();
   std::string values = valueText(table, "Format", blocks.formats, name, known.format.value_or(""));
   values += valueText(table, "List", blocks.lists, name, listText(known));
-  std::string text = "**" + std::string(name) + "**";
+  const std::string text = "**" + std::string(name) + "**";
   if (entry == nullptr && values.empty()) {
     return text + ": neither the default catalogue nor this table has it.";
   }
   const std::string meaning = parameterMeaning(name);
-  if (!meaning.empty()) text += ": " + meaning;
-  return text + (known.known != nullptr ? originText(*known.known->row) : "") + values;
+  return text + (meaning.empty() ? "" : ": " + meaning) +
+         (known.known != nullptr ? originText(*known.known->row) : "") + values;
 }
 
 // --- Instructions

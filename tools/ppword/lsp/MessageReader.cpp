@@ -74,13 +74,17 @@ void MessageReader::readHeaders() {
     if (bytes.size() >= kMostHeaderBytes) fault_ = "the headers of a message do not end";
     return;
   }
-  for (std::size_t at = 0; at < end && fault_.empty();) {
-    const std::size_t next = std::min(bytes.find("\r\n", at), end);
-    readHeader(bytes.substr(at, next - at));
-    at = next + 2;
-  }
+  readHeaderLines(bytes.substr(0, end));
   if (fault_.empty() && !length_) fault_ = "a message has no Content-Length";
   begin_ += end + kEnd.size();
+}
+
+void MessageReader::readHeaderLines(std::string_view lines) {
+  for (std::size_t at = 0; at < lines.size() && fault_.empty();) {
+    const std::size_t next = std::min(lines.find("\r\n", at), lines.size());
+    readHeader(lines.substr(at, next - at));
+    at = next + 2;
+  }
 }
 
 void MessageReader::readHeader(std::string_view line) {
@@ -93,18 +97,19 @@ void MessageReader::readHeader(std::string_view line) {
 }
 
 void MessageReader::readLength(std::string_view value) {
+  if (length_) {
+    fault_ = "a message has two Content-Lengths";
+    return;
+  }
   std::size_t length = 0;
   const char* const end = value.data() + value.size();
   const auto [rest, error] = std::from_chars(value.data(), end, length);
-  if (value.empty() || rest != end || error == std::errc::invalid_argument) {
-    fault_ = "the Content-Length of a message is not a number";
-  } else if (error != std::errc() || length > kMostBytes) {
+  const bool isNumber = !value.empty() && rest == end && error != std::errc::invalid_argument;
+  const bool fits = error == std::errc() && length <= kMostBytes;
+  if (isNumber && fits) length_ = length;
+  if (!isNumber) fault_ = "the Content-Length of a message is not a number";
+  if (isNumber && !fits)
     fault_ = "a message is longer than " + std::to_string(kMostBytes) + " bytes";
-  } else if (length_) {
-    fault_ = "a message has two Content-Lengths";
-  } else {
-    length_ = length;
-  }
 }
 
 bool writeMessageBytes(std::string_view content) {

@@ -32,6 +32,7 @@ class MessageReader {
  private:
   void dropTaken();
   void readHeaders();
+  void readHeaderLines(std::string_view lines);
   void readHeader(std::string_view line);
   void readLength(std::string_view value);
 

@@ -21,6 +21,9 @@ struct Name {
 /// The name at an offset or directly before it; nothing when there is none.
 [[nodiscard]] std::optional<Name> nameAt(std::string_view text, std::size_t offset);
 
+/// What a keyword is for; empty for a text that is not one.
+[[nodiscard]] std::string_view keywordMeaning(std::string_view keyword);
+
 /// A place of a name: one that defines it, or one that uses it.
 struct NamePlace {
   std::size_t offset;

@@ -5,91 +5,13 @@
 #include <utility>
 
 #include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/lsp/Messages.h"
 
 namespace lsp {
 namespace {
 
-// The errors of the protocol.
-constexpr int kParseError = -32700;
-constexpr int kInvalidRequest = -32600;
-constexpr int kMethodNotFound = -32601;
-constexpr int kInvalidParams = -32602;
-constexpr int kInternalError = -32603;
-constexpr int kNotInitialized = -32002;
-constexpr int kCancelled = -32800;
-
 constexpr std::size_t kMostWaiting = 1000;
-constexpr int kDeepest = 100;
-
 struct MethodUnknown {};
-struct TooDeep : std::exception {};
-
-/// Nothing for a text that is not JSON, or that is nested too deep.
-std::optional<Json> parsed(const std::string& text) {
-  const auto checkDepth = [](int depth, Json::parse_event_t, Json&) {
-    if (depth > kDeepest) throw TooDeep();
-    return true;
-  };
-  try {
-    return Json::parse(text, checkDepth);
-  } catch (const std::exception&) {
-    return std::nullopt;
-  }
-}
-
-bool isId(const Json& id) { return id.is_string() || id.is_number_integer(); }
-
-/// A member that is a text; empty when there is none.
-std::string textOf(const Json& message, const char* member) {
-  const auto found = message.find(member);
-  return found != message.end() && found->is_string() ? found->get<std::string>() : "";
-}
-
-/// What is wrong with a message that is not an answer; empty when nothing is.
-std::string_view mistakeOf(const Json& message) {
-  if (!message.is_object() || textOf(message, "jsonrpc") != "2.0") {
-    return "the message is not a request of JSON-RPC 2.0";
-  }
-  if (textOf(message, "method").empty()) return "the message has no method";
-  const bool hasId = message.contains("id");
-  return hasId && !isId(message["id"]) ? "the id is neither a text nor a whole number" : "";
-}
-
-/// True for the answer to a request of the server, which makes none.
-bool isAnswer(const Json& message) {
-  return message.is_object() && !message.contains("method") &&
-         (message.contains("result") || message.contains("error"));
-}
-
-struct EncodingRow {
-  std::string_view name;
-  Encoding encoding;
-};
-constexpr std::array<EncodingRow, 3> kEncodings = {
-    {{"utf-8", Encoding::Utf8}, {"utf-16", Encoding::Utf16}, {"utf-32", Encoding::Utf32}}};
-
-/// The first one that the client names and that is known; UTF-16 without one.
-EncodingRow chosenEncoding(const Json& capabilities) {
-  const Json names = capabilities.value("/general/positionEncodings"_json_pointer, Json::array());
-  for (const Json& name : names) {
-    for (const EncodingRow& row : kEncodings) {
-      if (name == std::string(row.name)) return row;
-    }
-  }
-  return kEncodings[1];
-}
-
-Json capabilitiesOf(std::string_view encoding) {
-  constexpr int kIncremental = 2;
-  return {{"positionEncoding", std::string(encoding)},
-          {"textDocumentSync", {{"openClose", true}, {"change", kIncremental}, {"save", true}}},
-          {"completionProvider", {{"triggerCharacters", {"%", "&", "*"}}}},
-          {"hoverProvider", true},
-          {"definitionProvider", true},
-          {"referencesProvider", true},
-          {"documentSymbolProvider", true},
-          {"codeActionProvider", {{"codeActionKinds", {"quickfix"}}}}};
-}
 
 std::string uriOf(const Json& params) {
   return params.at("textDocument").at("uri").get<std::string>();
@@ -114,13 +36,10 @@ ExitStatus Server::run() {
     if (reader_.isAtEnd() || !reader_.fault().empty()) break;
     static_cast<void>(reader_.fill(true));
   }
-  if (!canWrite_) {
-    writeMessage("ppword lsp: error: the output cannot be written\n");
-    return ExitStatus::NotWritten;
+  if (canWrite_ && state_ == State::Exited) {
+    return wasShutDown_ ? ExitStatus::Done : ExitStatus::Refused;
   }
-  if (state_ == State::Exited) return wasShutDown_ ? ExitStatus::Done : ExitStatus::Refused;
-  if (!reader_.fault().empty()) refuse(nullptr, kParseError, reader_.fault());
-  return endOfInput();
+  return endEarly();
 }
 
 /// False when there is nothing to do.
@@ -160,12 +79,16 @@ void Server::cancel(const Json& message) {
   }
 }
 
-ExitStatus Server::endOfInput() const {
-  std::string why = reader_.fault();
-  if (why.empty())
-    why = reader_.hasRest() ? "the input ends in a message" : "the input ends before exit";
+/// Says why the work ended before its time.
+ExitStatus Server::endEarly() {
+  const std::string& fault = reader_.fault();
+  if (canWrite_ && !fault.empty()) refuse(nullptr, kParseError, fault);
+  std::string why =
+      reader_.hasRest() ? "the input ends in a message" : "the input ends before exit";
+  if (!fault.empty()) why = fault;
+  if (!canWrite_) why = "the output cannot be written";
   writeMessage("ppword lsp: error: " + why + '\n');
-  return ExitStatus::Refused;
+  return canWrite_ ? ExitStatus::Refused : ExitStatus::NotWritten;
 }
 
 void Server::handle(const Waiting& waiting) {
@@ -226,7 +149,7 @@ Question Server::questionOf(const Json& params) {
 
 Json Server::initialize(const Json& params) {
   const Json capabilities = params.value("capabilities", Json::object());
-  const auto [name, encoding] = chosenEncoding(capabilities);
+  const auto [name, encoding] = agreedEncoding(capabilities);
   const auto hierarchy =
       "/textDocument/documentSymbol/hierarchicalDocumentSymbolSupport"_json_pointer;
   encoding_ = encoding;

@@ -33,7 +33,7 @@ class Server {
   void readAhead();
   void takeMessages();
   void cancel(const Json& message);
-  [[nodiscard]] ExitStatus endOfInput() const;
+  [[nodiscard]] ExitStatus endEarly();
 
   void handle(const Waiting& waiting);
   void handleRequest(const Json& id, const std::string& method, const Json& params);

@@ -42,26 +42,35 @@ std::string shortText(const std::vector<Token>& values) {
   return text;
 }
 
-}  // namespace
-
-std::vector<Symbol> symbolsOf(OpenTable& table) {
-  const TableBlocks& blocks = table.blocks();
-  std::vector<Symbol> symbols;
+void addSections(const TableBlocks& blocks, std::vector<Symbol>& symbols) {
   for (const auto& section : blocks.words) {
     const std::size_t end = section.pieces.empty() ? 0 : endOf(section.pieces.back());
     symbols.push_back(sectionOf(section.keyword, end, ""));
   }
   for (const Token& keyword : blocks.syntaxSections) symbols.push_back(sectionOf(keyword, 0, ""));
+}
+
+void addValues(Symbol::Kind kind, const std::vector<Named>& blocks, std::vector<Symbol>& symbols) {
+  for (const Named& block : blocks)
+    symbols.push_back(symbolOf(kind, block, shortText(block.values)));
+}
+
+void addCommands(const TableBlocks& blocks, std::vector<Symbol>& symbols) {
   for (std::size_t i = 0; i < blocks.commands.size(); ++i) {
     symbols.push_back(
         symbolOf(Symbol::Kind::Instruction, blocks.commands[i], detailOf(blocks.bodies[i])));
   }
-  for (const Named& format : blocks.formats) {
-    symbols.push_back(symbolOf(Symbol::Kind::Format, format, shortText(format.values)));
-  }
-  for (const Named& list : blocks.lists) {
-    symbols.push_back(symbolOf(Symbol::Kind::List, list, shortText(list.values)));
-  }
+}
+
+}  // namespace
+
+std::vector<Symbol> symbolsOf(OpenTable& table) {
+  const TableBlocks& blocks = table.blocks();
+  std::vector<Symbol> symbols;
+  addSections(blocks, symbols);
+  addCommands(blocks, symbols);
+  addValues(Symbol::Kind::Format, blocks.formats, symbols);
+  addValues(Symbol::Kind::List, blocks.lists, symbols);
   std::sort(symbols.begin(), symbols.end(),
             [](const Symbol& left, const Symbol& right) { return left.begin < right.begin; });
   return symbols;

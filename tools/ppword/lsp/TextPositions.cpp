@@ -81,16 +81,20 @@ std::size_t TextPositions::offsetOf(Position position) {
   while (line_ < position.line) {
     if (!toNextLine()) return text_.size();
   }
-  if (position.character < character_) {
+  stepToCharacter(position.character);
+  return at_;
+}
+
+void TextPositions::stepToCharacter(std::size_t character) {
+  if (character < character_) {
     at_ = lineBegin_;
     character_ = 0;
   }
   const std::size_t end = contentEnd();
-  while (at_ < end && character_ + unitsAt(at_) <= position.character) {
+  while (at_ < end && character_ + unitsAt(at_) <= character) {
     character_ += unitsAt(at_);
     at_ += sizeAt(at_);
   }
-  return at_;
 }
 
 }  // namespace lsp

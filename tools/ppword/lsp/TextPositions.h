@@ -34,6 +34,7 @@ class TextPositions {
   bool toNextLine();
   void stepTo(std::size_t offset);
   void stepBack();
+  void stepToCharacter(std::size_t character);
   [[nodiscard]] std::size_t unitsAt(std::size_t offset) const;
   [[nodiscard]] std::size_t sizeAt(std::size_t offset) const;
 
