@@ -138,8 +138,8 @@ A file appears whole or not at all. On standard output the lines appear one afte
 --strict only at the end, if nothing is missing.
 
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
-the table. It needs -o, a job or listing in a file, and appears after the text. 'ppword explain --map'
-explains a line of the text with it.
+the table. It needs -o, a job or listing in a file, and appears after the text; then
+'ppword explain --map' explains a line of the text with it.
 
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
 word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it if a positive word
