@@ -26,21 +26,29 @@ ExplainedElement explained(const WrittenElement& written) {
           explain(*written.evaluation, written.sequence)};
 }
 
-/// Explains what `isAsked` answers true for.
+/// Writes a tool path to nowhere, and explains what `isAsked` answers true for.
 template <class IsAsked>
-class Explainer final : public ElementObserver {
+class Run final : private ElementObserver {
  public:
-  explicit Explainer(IsAsked isAsked) : isAsked_(std::move(isAsked)) {}
+  Run(const KEPVar<Document>& document, std::string_view name, IsAsked isAsked)
+      : isAsked_(std::move(isAsked)), generator_(document, name, nowhere_, this) {}
 
-  void elementBegins(const WrittenElement& written) override {
-    // Without an evaluation the generator refuses the element.
-    if (isAsked_(written) && written.evaluation) elements.push_back(explained(written));
+  void put(const ToolPathEvent& event) {
+    std::visit([this](const auto& piece) { generator_.put(piece); }, event);
   }
-
-  std::vector<ExplainedElement> elements;
+  [[nodiscard]] bool hasElements() const noexcept { return !elements_.empty(); }
+  [[nodiscard]] std::vector<ExplainedElement> takeElements() { return std::move(elements_); }
 
  private:
+  void elementBegins(const WrittenElement& written) override {
+    // Without an evaluation the generator refuses the element.
+    if (isAsked_(written) && written.evaluation) elements_.push_back(explained(written));
+  }
+
   IsAsked isAsked_;
+  std::vector<ExplainedElement> elements_;
+  Nowhere nowhere_;
+  Generator generator_;
 };
 
 long lineOf(const ToolPathEvent& event) {
@@ -70,36 +78,30 @@ void note(const Element& element, long line, ExplainedElements& found) {
 
 ExplainedElements explainLine(const KEPVar<Document>& document, std::string_view name,
                               ToolPathReader& toolPath, long line, long point) {
-  ExplainedElements found;
-  Nowhere nowhere;
-  Explainer explainer([line, point](const WrittenElement& written) {
+  Run run(document, name, [line, point](const WrittenElement& written) {
     return written.element.line == line && written.point == point;
   });
-  Generator generator(document, name, nowhere, &explainer);
+  ExplainedElements found;
   ToolPathEvent event;
   while (found.after == 0 && readOn(toolPath, event, found.mostPoints.has_value())) {
     if (lineOf(event) > line && found.mostPoints) break;
     if (const auto* const element = std::get_if<Element>(&event)) note(*element, line, found);
-    if (found.after == 0) std::visit([&](const auto& piece) { generator.put(piece); }, event);
+    if (found.after == 0) run.put(event);
   }
-  found.elements = std::move(explainer.elements);
+  found.elements = run.takeElements();
   return found;
 }
 
 std::optional<ExplainedElement> explainElement(const KEPVar<Document>& document,
                                                std::string_view name, ToolPathReader& toolPath,
                                                long number) {
-  Nowhere nowhere;
-  long count = 0;
-  Explainer explainer(
-      [&count, number](const WrittenElement& /*written*/) { return ++count == number; });
-  Generator generator(document, name, nowhere, &explainer);
+  Run run(document, name, [count = 0L, number](const WrittenElement& /*written*/) mutable {
+    return ++count == number;
+  });
   ToolPathEvent event;
-  while (explainer.elements.empty() && toolPath.next(event)) {
-    std::visit([&](const auto& piece) { generator.put(piece); }, event);
-  }
-  if (explainer.elements.empty()) return std::nullopt;
-  return std::move(explainer.elements.front());
+  while (!run.hasElements() && toolPath.next(event)) run.put(event);
+  if (!run.hasElements()) return std::nullopt;
+  return std::move(run.takeElements().front());
 }
 
 }  // namespace host

@@ -1,5 +1,6 @@
 #include "language/table/SyntaxPlaces.h"
 
+#include "language/table/CommandQueries.h"
 #include "language/table/CommandSyntax.h"
 #include "language/table/MemorySource.h"
 
@@ -15,20 +16,23 @@ SyntaxPlaces::SyntaxPlaces(std::string_view table) : table_(table) {
   });
 }
 
+bool SyntaxPlaces::goTo(TableSource& source, int number) const {
+  const auto index = static_cast<std::size_t>(number) - 1;
+  return index < bodies_.size() && source.seek(bodies_[index]);
+}
+
+bool SyntaxPlaces::goTo(TableSource& source, const std::string& name, int sequence) const {
+  const auto body = positions_->find(name);
+  return body != positions_->end() && source.seek(body->second) && findSequence(source, sequence);
+}
+
 std::vector<long> SyntaxPlaces::placesOf(int number, const std::string& name, int sequence) {
   MemorySource source(table_);
   if (!positions_) positions_ = commandPositions(source);
-  bool isFound = false;
-  if (sequence > 1) {
-    const auto body = positions_->find(name);
-    isFound =
-        body != positions_->end() && source.seek(body->second) && findSequence(source, sequence);
-  } else {
-    const auto index = static_cast<std::size_t>(number) - 1;
-    isFound = index < bodies_.size() && source.seek(bodies_[index]);
-  }
   std::vector<long> places;
-  if (isFound) static_cast<void>(readSyntax(source, name, positions_, &places));
+  if (sequence > 1 ? goTo(source, name, sequence) : goTo(source, number)) {
+    static_cast<void>(readSyntax(source, name, positions_, &places));
+  }
   return places;
 }
 

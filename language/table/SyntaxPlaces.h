@@ -3,11 +3,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "language/table/CommandQueries.h"
-
 namespace ppword {
+
+class TableSource;
 
 /// Finds where the lines of the commands of a table begin.
 class SyntaxPlaces {
@@ -22,10 +23,15 @@ class SyntaxPlaces {
   [[nodiscard]] std::vector<long> placesOf(int number, const std::string& name, int sequence);
 
  private:
+  /// Go to the body of a command, or of one of its sequences. False when there is none.
+  [[nodiscard]] bool goTo(TableSource& source, int number) const;
+  [[nodiscard]] bool goTo(TableSource& source, const std::string& name, int sequence) const;
+
   std::string_view table_;
   /// The bodies of the commands in their order.
   std::vector<long> bodies_;
-  std::optional<CommandPositions> positions_;
+  /// The first bodies of their names.
+  std::optional<std::unordered_map<std::string, long>> positions_;
 };
 
 }  // namespace ppword

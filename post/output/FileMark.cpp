@@ -2,9 +2,8 @@
 
 #include <array>
 #include <charconv>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
+#include <fstream>
 #include <system_error>
 
 namespace host {
@@ -26,18 +25,14 @@ std::string FileMark::digest() const {
 
 std::optional<FileMark> markOfFile(const std::string& path) {
   std::error_code error;
-  // A pipe would be waited for.
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  const auto close = [](std::FILE* file) { std::fclose(file); };
-  const std::unique_ptr<std::FILE, decltype(close)> file(std::fopen(path.c_str(), "rb"), close);
-  if (!file) return std::nullopt;
+  std::ifstream file(path, std::ios::binary);
   FileMark mark;
   std::array<char, 65536> piece;
-  while (const std::size_t size = std::fread(piece.data(), 1, piece.size(), file.get())) {
-    mark.add({piece.data(), size});
+  while (file.read(piece.data(), piece.size()), file.gcount() > 0) {
+    mark.add({piece.data(), static_cast<std::size_t>(file.gcount())});
   }
-  if (std::ferror(file.get()) != 0) return std::nullopt;
-  return mark;
+  return file.eof() ? std::optional(mark) : std::nullopt;
 }
 
 }  // namespace host

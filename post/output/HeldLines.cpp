@@ -14,6 +14,17 @@ void require(bool success) {
   if (!success) throw OutputError("temporary file", systemReason(errno));
 }
 
+/// Passes on the lines that end in `piece`, of which the first begins with `line`; what is after
+/// them is the beginning of the next line.
+void passOn(std::string_view piece, std::string& line, LineSink& sink) {
+  for (auto end = piece.find('\n'); end != piece.npos; end = piece.find('\n')) {
+    sink.write(line += piece.substr(0, end));
+    line.clear();
+    piece.remove_prefix(end + 1);
+  }
+  line += piece;
+}
+
 }  // namespace
 
 HeldLines::HeldLines() : file_(std::tmpfile()) { require(file_ != nullptr); }
@@ -28,13 +39,7 @@ void HeldLines::release(LineSink& sink) {
   std::string line;
   std::array<char, 65536> piece;
   while (const std::size_t size = std::fread(piece.data(), 1, piece.size(), file_.get())) {
-    std::string_view rest(piece.data(), size);
-    for (auto end = rest.find('\n'); end != rest.npos; end = rest.find('\n')) {
-      sink.write(line += rest.substr(0, end));
-      line.clear();
-      rest.remove_prefix(end + 1);
-    }
-    line += rest;
+    passOn({piece.data(), size}, line, sink);
   }
   require(std::ferror(file_.get()) == 0);
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -86,6 +87,17 @@ enum class ToolPathKind { Job, Listing };
 /// Recognises by its first bytes whether an input is a job (JSON Lines) or a canonical listing;
 /// they stay unread. Raises an InputError for an input that is neither.
 [[nodiscard]] ToolPathKind recogniseToolPath(LineReader& lines);
+
+/// A place of a tool path as a user writes it, FILE:LINE or FILE:LINE:POINT. Both count from 1.
+struct ElementPlace {
+  std::string file;
+  long line = 0;
+  long point = 1;
+};
+
+/// Nothing for another text. Of a file name that ends with a colon and a number the place needs
+/// its POINT too.
+[[nodiscard]] std::optional<ElementPlace> readElementPlace(std::string_view text);
 
 /// A tool path, read piece by piece.
 class ToolPathReader {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "post/toolpath/ElementPlace.h"
+#include "post/toolpath/ToolPath.h"
 #include "tests/support/PPWordDocument.h"
 
 namespace ppword::test {

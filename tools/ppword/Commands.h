@@ -8,7 +8,7 @@
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/RotaryChain.h"
-#include "post/toolpath/ElementPlace.h"
+#include "post/toolpath/ToolPath.h"
 
 /// Exit statuses; for several files the highest is returned.
 enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };

@@ -102,15 +102,11 @@ bool isFile(const std::string& name) { return std::filesystem::is_regular_file(n
 // Of two names the first is the table; a single one is the instruction.
 Subject instructionOf(const ExplainOptions& options) {
   const std::string& first = options.firstName;
-  if (!options.secondName.empty()) {
-    requireOneTable(options.table, first);
-    return {first, options.secondName};
-  }
+  const bool isTable = !options.secondName.empty() || isFile(first);
+  if (isTable) requireOneTable(options.table, first);
+  if (!options.secondName.empty()) return {first, options.secondName};
   if (first.empty()) throw UsageError{"INSTRUCTION is required"};
-  if (isFile(first)) {
-    requireOneTable(options.table, first);
-    throw UsageError{"'" + first + "' is a file; write an NC instruction after it"};
-  }
+  if (isTable) throw UsageError{"'" + first + "' is a file; write an NC instruction after it"};
   return {options.table, first};
 }
 
@@ -144,6 +140,24 @@ KEPVar<host::Document> documentOf(const ExplainOptions& options, const std::stri
   return document;
 }
 
+// Why there is no explanation of a sequence of an instruction.
+ExitStatus refuseSequence(const KEPIMfgSyntaxEvaluation_var& evaluation, const std::string& name,
+                          int sequence) {
+  const int count = host::sequenceCount(evaluation);
+  if (sequence <= count) return refuse("a line of " + name + " cannot be computed");
+  return refuse(name + " has no sequence " + std::to_string(sequence) + "; it has " +
+                std::to_string(count));
+}
+
+void showExplanation(const std::string& name, int sequence, const host::Explanation& explanation,
+                     OutputFormat format) {
+  writeOutput(format == OutputFormat::ForPrograms
+                  ? documentText({{"instruction", textJson(name)},
+                                  {"sequence", sequence},
+                                  {"lines", explainedLinesJson(explanation)}})
+                  : host::explanationText(explanation));
+}
+
 ExitStatus explainInstruction(const ExplainOptions& options, const Subject& subject) {
   const std::string& name = subject.instruction;
   const int sequence = options.sequence.value_or(1);
@@ -155,30 +169,26 @@ ExitStatus explainInstruction(const ExplainOptions& options, const Subject& subj
   const auto evaluation = evaluationOf(name, *document);
   if (!evaluation) return refuseUnknown(name, *document);
   const host::Explanation explanation = host::explain(*evaluation, sequence);
-  if (!explanation.isDone) {
-    const int count = host::sequenceCount(evaluation);
-    return refuse(sequence > count ? name + " has no sequence " + std::to_string(sequence) +
-                                         "; it has " + std::to_string(count)
-                                   : "a line of " + name + " cannot be computed");
-  }
+  if (!explanation.isDone) return refuseSequence(evaluation, name, sequence);
   if (const auto* const unused = unusedSetting(options.values, explanation)) {
     return refuseUnused(*unused, explanation);
   }
-  writeOutput(options.format == OutputFormat::ForPrograms
-                  ? documentText({{"instruction", textJson(name)},
-                                  {"sequence", sequence},
-                                  {"lines", explainedLinesJson(explanation)}})
-                  : host::explanationText(explanation));
+  showExplanation(name, sequence, explanation, options.format);
   return ExitStatus::Done;
+}
+
+bool namesMoreThanLine(const ExplainOptions& options) {
+  const bool namesText = !options.table.empty() || !options.document.empty() ||
+                         !options.secondName.empty() || !options.syntax.empty();
+  return namesText || options.place || options.sequence || options.units || options.rotary ||
+         !options.values.empty();
 }
 
 // The line of a text that the map is asked for.
 long mappedLine(const ExplainOptions& options) {
-  const bool namesMore = options.place || options.sequence || options.units || options.rotary ||
-                         !options.syntax.empty() || !options.values.empty() ||
-                         !options.table.empty() || !options.document.empty() ||
-                         !options.secondName.empty();
-  if (namesMore) throw UsageError{"--map takes only LINE: the map names the rest"};
+  if (namesMoreThanLine(options)) {
+    throw UsageError{"--map takes only LINE: the map names the rest"};
+  }
   const std::string& text = options.firstName;
   if (text.empty()) throw UsageError{"LINE is required: which line of the text to explain"};
   long line = 0;

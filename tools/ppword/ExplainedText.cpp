@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr std::string_view kAgain = "; write text and map again with 'ppword post --map'";
+const std::string kAgain = "; write text and map again with 'ppword post --map'";
 
 // A file that a map names, and whether the user named it then.
 struct MarkedFile {
@@ -49,54 +49,34 @@ struct MappedLine {
   throw host::InputError(map, line, 0, why);
 }
 
-// The text that textJson wrote.
-std::string textOf(const Json& json) {
-  if (json.is_string()) return json.get<std::string>();
-  std::string bytes;
-  const auto wide = json.at("latin1").get<std::string>();
-  for (std::size_t at = 0; at < wide.size(); ++at) {
-    const auto lead = static_cast<unsigned char>(wide[at]);
-    if (lead < 0x80U || at + 1 == wide.size()) {
-      bytes += wide[at];
-    } else {
-      const auto next = static_cast<unsigned char>(wide[++at]);
-      bytes += static_cast<char>(((lead & 3U) << 6U) | (next & 0x3FU));
-    }
-  }
-  return bytes;
-}
-
 // A whole number. Raises what a text in its place raises.
 long numberOf(const Json& json) { return json.get_ref<const Json::number_integer_t&>(); }
 
-// Raises the error of a file that is not as it was when the map was written.
-std::string unchanged(const Json& marked, std::string_view what) {
-  std::string file = textOf(marked.at("file"));
+// The name of a file that is as it was when the map was written; raises the error of another one.
+std::string unchanged(const Json& marked, const std::string& what) {
+  std::string file = jsonText(marked.at("file"));
   const auto mark = host::markOfFile(file);
-  if (!mark) {
-    refuseMap(file, 0, "the " + std::string(what) + " of the map cannot be read");
-  }
-  if (marked.at("bytes") != mark->size() || marked.at("digest") != mark->digest()) {
-    refuseMap(file, 0,
-              "the " + std::string(what) + " has changed since the map was written" +
-                  std::string(kAgain));
-  }
-  return file;
+  if (!mark) refuseMap(file, 0, "the " + what + " of the map cannot be read");
+  if (marked.at("bytes") == mark->size() && marked.at("digest") == mark->digest()) return file;
+  refuseMap(file, 0, "the " + what + " has changed since the map was written" + kAgain);
 }
 
-MarkedFile unchangedInput(const Json& marked, std::string_view what) {
+MarkedFile unchangedInput(const Json& marked, const std::string& what) {
   if (marked.is_null()) return {};
   return {unchanged(marked, what), marked.at("given").get<bool>()};
 }
 
-void readReading(const Json& header, ToolPathOptions& options) {
-  if (const Json& units = header.at("units"); !units.is_null()) {
-    options.units = host::outputUnit(units.get<std::string>());
-  }
-  if (const Json& rotary = header.at("rotary"); !rotary.is_null()) {
-    std::string reason;
-    options.rotary = host::RotaryChain::parse(textOf(rotary), reason);
-  }
+// What was named with options.
+void readOptions(const Json& header, MappedText& text) {
+  ToolPathOptions& options = text.options;
+  if (text.table.given) options.table = text.table.file;
+  const MarkedFile document = unchangedInput(header.at("document"), "document");
+  if (document.given) options.document = document.file;
+  const Json& units = header.at("units");
+  if (!units.is_null()) options.units = host::outputUnit(units.get<std::string>());
+  std::string reason;
+  const Json& rotary = header.at("rotary");
+  if (!rotary.is_null()) options.rotary = host::RotaryChain::parse(jsonText(rotary), reason);
 }
 
 MappedText readHeader(const Json& header, const std::string& map) {
@@ -105,15 +85,10 @@ MappedText readHeader(const Json& header, const std::string& map) {
               "the layout of the map is not " + std::to_string(kMapVersion) +
                   ", which this program reads");
   }
-  MappedText text;
-  text.text = unchanged(header.at("text"), "text");
-  text.lines = numberOf(header.at("lines"));
+  MappedText text{unchanged(header.at("text"), "text"), numberOf(header.at("lines")), {}, {}};
   text.options.job = unchanged(header.at("input"), "tool path");
   text.table = unchangedInput(header.at("table"), "table");
-  if (text.table.given) text.options.table = text.table.file;
-  const MarkedFile document = unchangedInput(header.at("document"), "document");
-  if (document.given) text.options.document = document.file;
-  readReading(header, text.options);
+  readOptions(header, text);
   return text;
 }
 
@@ -133,8 +108,14 @@ auto readRecord(host::LineReader& lines, const std::string& map, Read read) {
 
 MappedLine readLine(const Json& record, long line, const std::string& map) {
   if (record.at("line") != line) refuseMap(map, line + 1, "the lines of the map are out of order");
-  return {numberOf(record.at("element").at("number")), textOf(record.at("instruction")),
+  return {numberOf(record.at("element").at("number")), jsonText(record.at("instruction")),
           numberOf(record.at("sequence")), numberOf(record.at("syntax")), record.at("origin")};
+}
+
+// The record of a line of the text; the header was read.
+MappedLine readLineOf(host::LineReader& lines, long line, const std::string& map) {
+  for (std::string_view skipped; lines.lineNumber() < line && lines.next(skipped);) continue;
+  return readRecord(lines, map, [&](const Json& json) { return readLine(json, line, map); });
 }
 
 // Everything that is shown.
@@ -157,35 +138,47 @@ std::string lineOfFile(const std::string& file, long number) {
   return std::string(line);
 }
 
+[[noreturn]] void refuseOtherwise(const std::string& map, long line) {
+  refuseMap(map, line + 1, "the line is produced in another way now" + kAgain);
+}
+
+// Opens the tool path of a map again, with the table that it had.
+void open(ToolPathInput& input, host::TableOrigins& origins, const MappedText& mapped,
+          const std::string& map, long line) {
+  const host::ListenerScope scope(origins);
+  input.open();
+  const std::string& table = input.table().path;
+  if (table != mapped.table.file) refuseOtherwise(map, line);
+  if (!table.empty()) origins.read(table);
+}
+
+// True when the element is the one of the record, and has its line.
+bool fits(const std::optional<host::ExplainedElement>& element, const MappedLine& record) {
+  return element && element->instruction == record.instruction &&
+         element->sequence == record.sequence && record.syntax >= 1 &&
+         static_cast<std::size_t>(record.syntax) <= element->explanation.lines.size();
+}
+
+// True when the text has the line that its element produces. A line feed in it makes it several.
+bool fits(const Answer& answer) {
+  const std::string output = '\n' + answer.explained.output.value_or("") + '\n';
+  return output.find('\n' + answer.text + '\n') != std::string::npos;
+}
+
 // Explains the element of a line again, and compares with what the map and the text say.
 Answer answerOf(const MappedText& mapped, const MappedLine& record, long line,
                 const std::string& map) {
   ToolPathInput input(mapped.options);
   host::TableOrigins origins;
-  {
-    const host::ListenerScope scope(origins);
-    input.open();
-  }
-  const std::string& table = input.table().path;
-  const std::string otherwise = "the line is produced in another way now" + std::string(kAgain);
-  if (table != mapped.table.file) refuseMap(map, line + 1, otherwise);
-  if (!table.empty()) origins.read(table);
+  open(input, origins, mapped, map, line);
   auto element =
       host::explainElement(input.document(), input.name(), input.events(), record.element);
-  const bool isSame = element && element->instruction == record.instruction &&
-                      element->sequence == record.sequence && record.syntax >= 1 &&
-                      static_cast<std::size_t>(record.syntax) <= element->explanation.lines.size();
-  if (!isSame) refuseMap(map, line + 1, otherwise);
-  Answer answer{line, mapped.text, lineOfFile(mapped.text, line), mapped.options.job, {}, {}, {}};
-  answer.explained = element->explanation.lines[static_cast<std::size_t>(record.syntax) - 1];
-  answer.element = *std::move(element);
-  const std::string output = '\n' + answer.explained.output.value_or("") + '\n';
-  const auto place = origins.placeOf(record.instruction, answer.element.sequence, record.syntax);
-  answer.origin = originJson(place, input);
-  if (output.find('\n' + answer.text + '\n') == std::string::npos ||
-      answer.origin != record.origin) {
-    refuseMap(map, line + 1, otherwise);
-  }
+  if (!fits(element, record)) refuseOtherwise(map, line);
+  const auto& explained = element->explanation.lines[static_cast<std::size_t>(record.syntax) - 1];
+  const auto place = origins.placeOf(record.instruction, element->sequence, record.syntax);
+  Answer answer{line,     mapped.text, lineOfFile(mapped.text, line), mapped.options.job,
+                *element, explained,   originJson(place, input)};
+  if (!fits(answer) || answer.origin != record.origin) refuseOtherwise(map, line);
   return answer;
 }
 
@@ -199,20 +192,14 @@ Answer checkedAnswer(const MappedText& mapped, const MappedLine& record, long li
   }
 }
 
-// A note about a line of a file, from a column on.
+// A note about `width` bytes of a line of a file, from a column on.
 std::string noteText(const std::string& file, long line, long column, std::size_t width,
                      const std::string& message) {
   const std::string text = lineOfFile(file, line);
-  host::Diagnostic note;
-  note.severity = host::Severity::Note;
-  note.file = file;
-  note.line = line;
-  note.column = column;
-  note.message = message;
-  note.source = host::excerptOf(text, column);
-  const auto after = text.size() - std::min(text.size(), static_cast<std::size_t>(column - 1));
-  note.width = static_cast<long>(std::max<std::size_t>(1, std::min(width, after)));
-  return host::diagnosticText(note);
+  const auto after = text.size() - std::min(text.size(), static_cast<std::size_t>(column) - 1);
+  const auto marked = static_cast<long>(std::clamp<std::size_t>(after, 1, width));
+  return host::diagnosticText({host::Severity::Note, file, line, column, marked, "", message,
+                               host::excerptOf(text, column)});
 }
 
 std::string originText(const Answer& answer) {
@@ -222,9 +209,10 @@ std::string originText(const Answer& answer) {
            (answer.origin == "catalogue" ? " is that of the built-in catalogue\n"
                                          : " is that of the document\n");
   }
-  return noteText(textOf(answer.origin.at("table")), answer.origin.at("line").get<long>(),
+  return noteText(jsonText(answer.origin.at("table")), answer.origin.at("line").get<long>(),
                   answer.origin.at("column").get<long>(),
-                  answer.explained.passes.front().line.size(), "from this line of the table");
+                  std::max<std::size_t>(answer.explained.passes.front().line.size(), 1),
+                  "from this line of the table");
 }
 
 std::string shownText(const Answer& answer) {
@@ -253,14 +241,12 @@ Json shownJson(const Answer& answer) {
 
 ExitStatus explainMapped(const std::string& map, long line, OutputFormat format) {
   host::LineReader lines(map);
-  const MappedText mapped =
-      readRecord(lines, map, [&](const Json& header) { return readHeader(header, map); });
+  const auto header = [&map](const Json& json) { return readHeader(json, map); };
+  const MappedText mapped = readRecord(lines, map, header);
   if (line > mapped.lines) {
     refuseMap(mapped.text, line, "the text has " + std::to_string(mapped.lines) + " lines");
   }
-  for (std::string_view skipped; lines.lineNumber() < line && lines.next(skipped);) continue;
-  const MappedLine record =
-      readRecord(lines, map, [&](const Json& json) { return readLine(json, line, map); });
+  const MappedLine record = readLineOf(lines, line, map);
   const Answer answer = checkedAnswer(mapped, record, line, map);
   writeOutput(format == OutputFormat::ForPrograms ? documentText(shownJson(answer))
                                                   : shownText(answer));

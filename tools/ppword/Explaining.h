@@ -1,7 +1,7 @@
 #pragma once
 
 #include "inspect/explain/ExplainedElement.h"
-#include "post/toolpath/ElementPlace.h"
+#include "post/toolpath/ToolPath.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
 

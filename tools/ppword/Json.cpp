@@ -20,11 +20,28 @@ std::string latin1ToUtf8(std::string_view bytes) {
   return text;
 }
 
+// The bytes of a text whose characters are their numbers, below 256.
+std::string utf8ToLatin1(std::string_view wide) {
+  std::string bytes;
+  for (std::size_t at = 0; at < wide.size(); ++at) {
+    const bool isPair = static_cast<unsigned char>(wide[at]) >= 0x80U && at + 1 < wide.size();
+    const unsigned lead = isPair ? (static_cast<unsigned char>(wide[at++]) & 3U) << 6U : 0;
+    const auto last = static_cast<unsigned char>(wide[at]);
+    bytes += static_cast<char>(isPair ? lead | (last & 0x3FU) : last);
+  }
+  return bytes;
+}
+
 }  // namespace
 
 Json textJson(std::string_view text) {
   if (host::isUtf8(text)) return std::string(text);
   return {{"latin1", latin1ToUtf8(text)}};
+}
+
+std::string jsonText(const Json& json) {
+  if (json.is_string()) return json.get<std::string>();
+  return utf8ToLatin1(json.at("latin1").get_ref<const std::string&>());
 }
 
 Json diagnosticJson(const host::Diagnostic& diagnostic) {

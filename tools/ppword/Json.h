@@ -12,6 +12,9 @@ using Json = nlohmann::ordered_json;
 /// character of the string is the byte with its number.
 [[nodiscard]] Json textJson(std::string_view text);
 
+/// The text that textJson wrote. Raises a JSON exception for what it does not write.
+[[nodiscard]] std::string jsonText(const Json& json);
+
 /// Severity, key, place, message and source line of a finding; what it does not have is left out.
 [[nodiscard]] Json diagnosticJson(const host::Diagnostic& diagnostic);
 

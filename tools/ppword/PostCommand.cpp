@@ -81,6 +81,14 @@ host::Summary write(const PostOptions& options, ToolPathInput& input, PostMap* m
   return generator.summary();
 }
 
+// Null when none is asked for.
+std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& input,
+                               host::TableOrigins& origins, PostOutput& output) {
+  if (options.map.empty()) return nullptr;
+  if (!input.table().path.empty()) origins.read(input.table().path);
+  return std::make_unique<PostMap>(options, input, origins, output.lines());
+}
+
 ExitStatus generate(const PostOptions& options) {
   ToolPathInput input(options);
   LoadReport load;
@@ -88,11 +96,7 @@ ExitStatus generate(const PostOptions& options) {
   open(options, input, load, origins);
   const Strictness strictness(options.strictness);
   PostOutput output(options.output, strictness.isStrict());
-  std::unique_ptr<PostMap> map;
-  if (!options.map.empty()) {
-    if (!input.table().path.empty()) origins.read(input.table().path);
-    map = std::make_unique<PostMap>(options, input, origins, output.lines());
-  }
+  const auto map = mapOf(options, input, origins, output);
   const host::Summary summary = write(options, input, map.get(), output);
   const PostReport report{summary, input.listing(), load.missing(), input.table(), options.output};
   const std::string refusal = refusalOf(report, strictness);

@@ -94,14 +94,11 @@ void addCode(int code, Answers& answers) {
 // The table of a command that takes names after it, and these names.
 TableAndNames namedBy(const TableAndNames& options, const std::string& what) {
   TableAndNames subject = options;
-  if (options.table.empty()) {
-    subject.table = options.firstName;
-  } else if (!options.firstName.empty()) {
-    if (std::filesystem::is_regular_file(options.firstName)) {
-      requireOneTable(options.table, options.firstName);
-    }
-    subject.names.insert(subject.names.begin(), options.firstName);
-  }
+  const std::string& first = options.firstName;
+  const bool isTable = options.table.empty() || std::filesystem::is_regular_file(first);
+  if (isTable) requireOneTable(options.table, first);
+  if (isTable) subject.table = first;
+  if (!isTable && !first.empty()) subject.names.insert(subject.names.begin(), first);
   if (subject.table.empty()) throw UsageError{"TABLE is required"};
   if (subject.names.empty()) throw UsageError{what + " is required"};
   return subject;
