@@ -20,6 +20,9 @@ namespace host {
 
 class LineReader;
 
+/// How far a chord may be from the arc that it is written for, in millimetres, unless it is stated.
+inline constexpr double kChordDeviation = 0.01;
+
 struct ListingOptions {
   /// Unit of the positions in the output; also that of positions before any unit is named. Without
   /// it the output has the unit of the first move.
@@ -29,8 +32,7 @@ struct ListingOptions {
   std::optional<RotaryChain> rotary;
   /// What the document of the output can express.
   Vocabulary vocabulary{};
-  /// How far a chord may be from the arc that it is written for, in millimetres.
-  double chordDeviation = 0.01;
+  double chordDeviation = kChordDeviation;
   /// True to write arcs that rise as chords too.
   bool helicesAsChords = false;
   ListedTexts texts = ListedTexts::Program;
@@ -125,6 +127,9 @@ class ListingReader final : public ToolPathReader {
   bool hasBegun_ = false;
   ModalCalls modalCalls_;
 };
+
+/// How many texts were written as statements, which readers do not take for comments.
+[[nodiscard]] long bareTexts(const ListingReader& listing);
 
 /// A summary of a listing for people, in lines without line feeds: the unit of positions, what is
 /// assumed about rotary axes, the calls by fate, and warnings about what is missing from the

@@ -1,4 +1,4 @@
-#include <algorithm>
+#include <string>
 #include <string_view>
 
 #include "post/listing/ListingReader.h"
@@ -13,14 +13,17 @@ std::string feedUnitLine(const ListingReader& listing) {
   return "feed rates in " + std::string(pluralOf(*unit)) + ", as their words say";
 }
 
-bool hasTexts(const ListingReader& listing) {
-  const auto& calls = listing.calls().all();
-  return std::any_of(calls.begin(), calls.end(), [](const CallCount& call) {
-    return call.fate == CallFate::Written && (call.name == "COMMENT" || call.name == "MESSAGE");
-  });
-}
-
 }  // namespace
+
+long bareTexts(const ListingReader& listing) {
+  if (!listing.vocabulary().bareTexts) return 0;
+  long count = 0;
+  for (const CallCount& call : listing.calls().all()) {
+    const bool isText = call.name == "COMMENT" || call.name == "MESSAGE";
+    if (isText && call.fate == CallFate::Written) count += call.count;
+  }
+  return count;
+}
 
 std::vector<std::string> summaryLines(const ListingReader& listing) {
   std::vector<std::string> lines;
@@ -29,9 +32,11 @@ std::vector<std::string> summaryLines(const ListingReader& listing) {
   if (listing.hasToolAxes()) {
     lines.emplace_back("positions taken as those of the tool's tip in the part's frame");
   }
-  if (listing.vocabulary().bareTexts && hasTexts(listing)) {
+  if (const long count = bareTexts(listing); count > 0) {
+    lines.push_back("WARNING: comments written as statements: " + std::to_string(count) +
+                    "; use --comments none, or");
     lines.emplace_back(
-        "WARNING: comments are written bare; begin NC_OUTPUT_COMMENT with PPRINT or $$");
+        "  a table: *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, PPRINT %MFG_OUTPUT_COMMENT");
   }
   return lines;
 }

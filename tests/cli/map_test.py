@@ -140,8 +140,8 @@ class Records(Map):
         self.post("job", "-t", "t", "-o", "text", "--map", "map")
         header, _ = self.mapped()
         self.assertEqual(
-            {name: header[name] for name in ("map", "lines", "document", "units", "rotary")},
-            {"map": 1, "lines": 1, "document": None, "units": None, "rotary": None},
+            {name: header[name] for name in ("map", "lines", "document", "reading")},
+            {"map": 1, "lines": 1, "document": None, "reading": {}},
         )
         # Computed by hand with the published constants of FNV-1a.
         for name, file, size in (("text", "text", 6), ("input", "job", 68), ("table", "t", 30)):
@@ -206,7 +206,7 @@ class Records(Map):
         axes = "C:table:Z,A:table:X"
         self.post(path, "--rotary", axes, "--units", "inch", "-o", "text", "--map", "map")
         header, records = self.mapped()
-        self.assertEqual((header["units"], header["rotary"]), ("inch", axes))
+        self.assertEqual(header["reading"], {"rotary": axes, "units": "inch"})
         done = self.explain(len(records) // 2)
         self.assertEqual((done.returncode, done.stderr), (0, ""))
 
@@ -364,13 +364,19 @@ class DamagedMaps(Map):
         self.damaged('"number":1', '"number":"1"', none)
         self.damaged('"number":1', '"number":1e300', none)
         self.damaged('"number":1', '"number":18446744073709551615', "map:2" + OTHERWISE)
+        for reading in ('"units":"mm"', '"rotary":"A:table:X"'):
+            self.damaged(
+                '"reading":{}',
+                '"reading":{' + reading + "}",
+                "map:1: error: the options of the map do not suit its tool path\n",
+            )
         self.damaged(
-            '"units":null', '"units":"mm"', "map:1: error: the options of the map do not suit its tool path\n"
+            '"reading":{}',
+            '"reading":{"units":"cm"}',
+            "map:1: error: --units: 'cm' is neither mm nor inch\n",
         )
         self.damaged(
-            '"rotary":null',
-            '"rotary":"A:table:X"',
-            "map:1: error: the options of the map do not suit its tool path\n",
+            '"reading":{}', '"reading":{"none":"1"}', "map:1: error: --none: there is no option 'none'\n"
         )
         self.damaged('"instruction":"NC_OUTER"', '"instruction":"NC_OTHER"', "map:2" + OTHERWISE)
         self.damaged('"instruction":"NC_OUTER"', '"instruction":null', none)

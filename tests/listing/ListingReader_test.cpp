@@ -257,7 +257,8 @@ TEST(ListingSummary, WarnsOfBareTexts) {
   EXPECT_EQ(summaryOf(program("COMMENT(\"\")\n"), options),
             "other USE_LENGTH_UNITS 1@1\nother COMMENT 1@2\nother FINISH 1@3\n");
   EXPECT_EQ(summaryOf(program("MESSAGE(\"GOTO/1,2,3\")\n"), options),
-            "WARNING: comments are written bare; begin NC_OUTPUT_COMMENT with PPRINT or $$\n"
+            "WARNING: comments written as statements: 1; use --comments none, or\n"
+            "  a table: *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, PPRINT %MFG_OUTPUT_COMMENT\n"
             "other USE_LENGTH_UNITS 1@1\nwritten MESSAGE 1@2\nother FINISH 1@3\n");
 }
 

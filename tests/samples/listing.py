@@ -119,7 +119,8 @@ class Machine:
         self.say("DELAY", float(arguments))
 
     def comment(self, arguments):
-        if arguments.strip('" '):
+        is_own = arguments.startswith('"interpreter: ')
+        if arguments.strip('" ') and not is_own:
             self.say("PPRINT", arguments[1:-1].replace(" ", ""))
 
     message = comment
@@ -165,11 +166,13 @@ def statements_due(listing, unit=None, axis=None):
     Numbers must come out rounded; a text may stand in several statements and has no blanks here.
     """
     machine = Machine(unit, axis)
+    start = [("PARTNOMILLEDPART", ()), ("UNITS", None), ("MACHIN", ("MILL", "1"))]
     for name, arguments in calls_of(listing):
         obey = getattr(machine, name.lower(), None)
         if obey and not ("FINI", ()) in machine.due[-1:]:
             obey(arguments)
-    return machine.due
+    start[1] = ("UNITS", ("INCHES" if machine.unit == 25.4 else "MM",))
+    return start + machine.due
 
 
 def statements_of(text):

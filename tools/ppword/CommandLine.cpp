@@ -13,6 +13,7 @@
 #include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/HelpTexts.h"
+#include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 
@@ -65,26 +66,18 @@ void addTable(CLI::App& command, std::string& position, std::string& option) {
   addFile(command, "-t,--table", option, "PP word table, instead of the argument", "TABLE");
 }
 
-void setRotary(const std::string& text, ToolPathOptions& options) {
-  std::string reason;
-  options.rotary = host::RotaryChain::parse(text, reason);
-  if (!options.rotary) throw CLI::ValidationError("--rotary", reason);
-  options.rotaryText = text;
-}
-
 // What a tool path is read with.
 void addReading(CLI::App& command, ToolPathOptions& options) {
-  command
-      .add_option_function<std::string>(
-          "--units", [&options](const auto& unit) { options.units = host::outputUnit(unit); },
-          "Unit of the text (listings only)")
-      ->check(oneOf({"mm", "inch"}))
-      ->option_text("mm|inch");
-  command
-      .add_option_function<std::string>(
-          "--rotary", [&options](const auto& text) { setRotary(text, options); },
-          "What the rotary words turn (listings only)")
-      ->option_text("AXES");
+  for (const ReadingOption& option : readingOptions()) {
+    const std::string name = "--" + std::string(option.name);
+    const auto take = [&options, &option, name](const std::string& text) {
+      const std::string reason = setReading(option.name, text, options);
+      if (!reason.empty()) throw CLI::ValidationError(name, reason);
+    };
+    command
+        .add_option_function<std::string>(name, take, std::string(option.help) + " (listings only)")
+        ->option_text(std::string(option.value));
+  }
 }
 
 void addDocumentFile(CLI::App& command, ToolPathOptions& options) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -7,6 +8,7 @@
 
 #include "inspect/explain/ValueSetting.h"
 #include "post/listing/LengthUnit.h"
+#include "post/listing/ListingReader.h"
 #include "post/listing/RotaryChain.h"
 #include "post/toolpath/ToolPath.h"
 
@@ -55,11 +57,14 @@ struct ToolPathOptions {
   std::string table;
   /// Empty: the one that the job names, or a new one.
   std::string document;
-  /// For listings only.
+  /// For listings only: the options that were named, without "--", as they were written, and what
+  /// they mean.
+  std::map<std::string, std::string> reading;
   std::optional<host::LengthUnit> units;
   std::optional<host::RotaryChain> rotary;
-  /// The chain as it was written; empty without one.
-  std::string rotaryText;
+  double chord = host::kChordDeviation;
+  bool helicesAsChords = false;
+  host::ListedTexts comments = host::ListedTexts::Program;
 };
 
 struct ExplainOptions : ToolPathOptions {

@@ -14,6 +14,7 @@
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Explaining.h"
 #include "tools/ppword/Json.h"
+#include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 
@@ -125,8 +126,8 @@ Subject subjectOf(const ExplainOptions& options) {
 
 void requireSuitable(const ExplainOptions& options) {
   if (!options.place) {
-    if (!options.units && !options.rotary) return;
-    throw UsageError{"--units and --rotary are for the listing of --job"};
+    if (options.reading.empty()) return;
+    throw UsageError{readingNames() + " are for the listing of --job"};
   }
   if (!options.syntax.empty()) throw UsageError{"--job takes no --syntax"};
   if (options.sequence) throw UsageError{"--job takes no --sequence: its element names it"};
@@ -180,7 +181,7 @@ ExitStatus explainInstruction(const ExplainOptions& options, const Subject& subj
 bool namesMoreThanLine(const ExplainOptions& options) {
   const bool namesText = !options.table.empty() || !options.document.empty() ||
                          !options.secondName.empty() || !options.syntax.empty();
-  return namesText || options.place || options.sequence || options.units || options.rotary ||
+  return namesText || options.place || options.sequence || !options.reading.empty() ||
          !options.values.empty();
 }
 

@@ -12,6 +12,7 @@
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Explaining.h"
 #include "tools/ppword/PostMap.h"
+#include "tools/ppword/Reading.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/ToolPathInput.h"
 
@@ -67,16 +68,15 @@ MarkedFile unchangedInput(const Json& marked, const std::string& what) {
 }
 
 // What was named with options.
-void readOptions(const Json& header, MappedText& text) {
+void readOptions(const Json& header, const std::string& map, MappedText& text) {
   ToolPathOptions& options = text.options;
   if (text.table.given) options.table = text.table.file;
   const MarkedFile document = unchangedInput(header.at("document"), "document");
   if (document.given) options.document = document.file;
-  const Json& units = header.at("units");
-  if (!units.is_null()) options.units = host::outputUnit(units.get<std::string>());
-  std::string reason;
-  const Json& rotary = header.at("rotary");
-  if (!rotary.is_null()) options.rotary = host::RotaryChain::parse(jsonText(rotary), reason);
+  for (const auto& [name, value] : header.at("reading").items()) {
+    const std::string reason = setReading(name, jsonText(value), options);
+    if (!reason.empty()) refuseMap(map, 1, "--" + name + ": " + reason);
+  }
 }
 
 MappedText readHeader(const Json& header, const std::string& map) {
@@ -88,7 +88,7 @@ MappedText readHeader(const Json& header, const std::string& map) {
   MappedText text{unchanged(header.at("text"), "text"), numberOf(header.at("lines")), {}, {}};
   text.options.job = unchanged(header.at("input"), "tool path");
   text.table = unchangedInput(header.at("table"), "table");
-  readOptions(header, text);
+  readOptions(header, map, text);
   return text;
 }
 

@@ -54,7 +54,7 @@ The table is named with -t or as the first argument, not with both.
 
 With --job the elements that come from a line of a job or a listing are explained with the values
 that they have there. LINE counts from 1, and so does POINT, among the points of an element; without
-it the first is taken. Table, document, --units and --rotary are those of 'ppword post'.
+it the first is taken. Table, document and the options for listings are those of 'ppword post'.
 
 With --map the argument is LINE, from 1: a line of the text that 'ppword post --map' wrote with this
 map. Shown are the line of the table and the element that it comes from, and the passes of the line.

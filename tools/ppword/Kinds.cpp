@@ -32,6 +32,12 @@ constexpr Kind kPostKinds[] = {
     {kMisspelt, "post", "warning", "a parameter of a job has an unknown name",
      "correct the name; a parameter that a user added belongs under customParameters",
      "No reference asks for the parameter, and it is one mistake away from a known one.", "", ""},
+    {kBareComment, "post", "warning", "a comment of the listing is written as a statement",
+     "use --comments none, or a table with the lines *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, "
+     "PPRINT %MFG_OUTPUT_COMMENT and *END",
+     "The line does not begin with PPRINT, REMARK, $$ or a word with text of the table, so that a "
+     "reader takes the text for a statement: (FROM/0,0,5) would be a motion.",
+     "", ""},
     {kLostCall, "post", "warning", "a call of the listing is only partly in the text",
      "see docs/listing-format.md for what becomes of each call",
      "The table has no word for what the call says, coolant for example.", "", ""},

@@ -37,6 +37,7 @@ inline constexpr std::string_view kCutOff = "cut-off";
 inline constexpr std::string_view kDeleted = "deleted";
 inline constexpr std::string_view kNeverGiven = "never-given";
 inline constexpr std::string_view kImpossible = "impossible-value";
+inline constexpr std::string_view kBareComment = "bare-comment";
 inline constexpr std::string_view kMisspelt = "misspelt-parameter";
 inline constexpr std::string_view kLostCall = "lost-call";
 inline constexpr std::string_view kLostMove = "lost-move";

@@ -20,9 +20,10 @@ Json markedInput(const std::string& file, bool isGiven) {
   return marked;
 }
 
-Json unitsJson(const std::optional<host::LengthUnit>& units) {
-  if (!units) return nullptr;
-  return *units == host::LengthUnit::Inch ? "inch" : "mm";
+Json readingJson(const std::map<std::string, std::string>& reading) {
+  Json json = Json::object();
+  for (const auto& [name, text] : reading) json[name] = textJson(text);
+  return json;
 }
 
 }  // namespace
@@ -71,8 +72,7 @@ Json PostMap::header() const {
           {"input", markedFile(options_.job, host::markOfFile(options_.job))},
           {"table", markedInput(table.path, table.given)},
           {"document", markedInput(input_.documentFile(), !options_.document.empty())},
-          {"units", unitsJson(options_.units)},
-          {"rotary", options_.rotaryText.empty() ? Json(nullptr) : textJson(options_.rotaryText)}};
+          {"reading", readingJson(options_.reading)}};
 }
 
 void PostMap::finish() {

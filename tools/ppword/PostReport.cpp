@@ -221,6 +221,8 @@ std::vector<Loss> lossesOf(const PostReport& report) {
           {kNeverGiven, summary.neverGiven.total(), false, false},
           {kImpossible, summary.impossible.total(), false, false},
           {kMisspelt, summary.misspelt.total(), false, false},
+          {kBareComment, report.listing == nullptr ? 0 : host::bareTexts(*report.listing), false,
+           false},
           {kLostCall, calls(CallFate::Dropped)},
           {kLostMove, calls(CallFate::UnsupportedMove)},
           {kUnknownCall, calls(CallFate::Unknown)},

@@ -4,14 +4,61 @@
 #include <utility>
 
 #include "host/document/DocumentFile.h"
+#include "host/system/ListenerScope.h"
 #include "post/toolpath/LineReader.h"
+#include "tools/ppword/Contents.h"
+#include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
+
+namespace {
+
+constexpr std::string_view kStartMacro = "NC_START_MACRO";
+
+/// Notices when a table that is loaded has a start macro.
+class StartMacro final : public KEPMfgPPWordListener {
+ public:
+  void TableEntry(Section section, int /*number*/, std::string_view name,
+                  Outcome outcome) override {
+    const bool isLoaded = outcome == Outcome::Created || outcome == Outcome::Replaced;
+    const bool isCommand = section == Section::Command || section == Section::Sequence;
+    isLoaded_ = isLoaded_ || (isCommand && isLoaded && name == kStartMacro);
+  }
+  [[nodiscard]] bool isLoaded() const noexcept { return isLoaded_; }
+
+ private:
+  bool isLoaded_ = false;
+};
+
+std::optional<Lines> startLinesOf(const host::Document& document) {
+  for (const InstructionEntry& entry : documentContents(document).commands) {
+    if (entry.name == kStartMacro) return entry.lines;
+  }
+  return std::nullopt;
+}
+
+/// True for a document whose start macro is that of a new one: no table brought another one.
+bool hasBuiltInStart(const host::Document& document) {
+  return startLinesOf(document) == startLinesOf(*host::newDocument());
+}
+
+/// The major words with text of a table.
+std::vector<std::string> textWordsOf(const std::string& table) {
+  constexpr int kWithText = 2;
+  std::vector<std::string> words;
+  const Contents contents = tableContents(table, "words");
+  for (const AptWord& word : contents.words.value_or(std::vector<AptWord>{})) {
+    if (word.kind == kWithText) words.push_back(word.word);
+  }
+  return words;
+}
+
+}  // namespace
 
 ToolPathInput::ToolPathInput(const ToolPathOptions& options)
     : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
   if (host::recogniseToolPath(*lines_) == host::ToolPathKind::Listing) return;
-  if (options.units || options.rotary) {
-    throw UsageError{"--units and --rotary are for listings; a job states its own"};
+  if (!options.reading.empty()) {
+    throw UsageError{readingNames() + " are for listings; a job states its own"};
   }
   job_.emplace(std::move(lines_));
 }
@@ -31,19 +78,28 @@ KEPVar<host::Document> ToolPathInput::openedDocument() const {
 
 void ToolPathInput::open() {
   document_ = openedDocument();
-  if (!options_.table.empty()) loadGivenTable(*document_, options_.table, table_);
-  setUp();
+  StartMacro startMacro;
+  {
+    const host::ListenerScope scope(startMacro);
+    if (!options_.table.empty()) loadGivenTable(*document_, options_.table, table_);
+  }
+  const bool isStored = !documentFile().empty() && !hasBuiltInStart(*document_);
+  setUp(startMacro.isLoaded() || isStored);
   if (job_) loadNamedTable(document_, job_->header(), table_);
 }
 
 // Opens a listing with the words of the document, or sets up the document for a job.
-void ToolPathInput::setUp() {
+void ToolPathInput::setUp(bool hasStartMacro) {
   if (job_) {
     setup_.emplace(job_->header(), *document_);
-  } else {
-    listing_.emplace(std::move(lines_), host::ListingOptions{options_.units, options_.rotary,
-                                                             host::vocabularyOf(*document_)});
+    return;
   }
+  host::TableWords words{{}, hasStartMacro};
+  if (!table_.path.empty()) words.textWords = textWordsOf(table_.path);
+  listing_.emplace(
+      std::move(lines_),
+      host::ListingOptions{options_.units, options_.rotary, host::vocabularyOf(*document_, words),
+                           options_.chord, options_.helicesAsChords, options_.comments});
 }
 
 host::ToolPathReader& ToolPathInput::events() {

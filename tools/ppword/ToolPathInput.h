@@ -39,7 +39,7 @@ class ToolPathInput {
 
  private:
   [[nodiscard]] KEPVar<host::Document> openedDocument() const;
-  void setUp();
+  void setUp(bool hasStartMacro);
 
   const ToolPathOptions& options_;
   std::unique_ptr<host::LineReader> lines_;
