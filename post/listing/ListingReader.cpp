@@ -1,5 +1,6 @@
 #include "post/listing/ListingReader.h"
 
+#include <cmath>
 #include <span>
 #include <string>
 #include <utility>
