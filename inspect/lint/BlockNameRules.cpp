@@ -65,14 +65,14 @@ void lintNamesOf(const std::vector<const Named*>& blocks, const Names& used,
   }
 }
 
-void append(const std::vector<Named>& blocks, std::vector<const Named*>& all) {
+void append(const std::deque<Named>& blocks, std::vector<const Named*>& all) {
   all.reserve(all.size() + blocks.size());
   for (const Named& block : blocks) all.push_back(&block);
 }
 
 void lintParameterNames(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
   Names used;
-  for (const TableUses::Parameter& parameter : uses.parameters) used.add(parameter.name);
+  for (const auto& [name, printing] : uses.parameters()) used.add(name);
   used.sort();
   std::vector<const Named*> all;
   append(blocks.lists, all);
@@ -83,7 +83,7 @@ void lintParameterNames(const TableBlocks& blocks, const TableUses& uses, LintFi
 
 void lintInstructionNames(const TableBlocks& blocks, LintFindings& findings) {
   Names used;
-  for (const Named& insert : blocks.inserts) used.add(insert.name.text);
+  for (const auto& insert : blocks.inserts) used.add(insert.name.text);
   used.sort();
   std::vector<const Named*> all;
   append(blocks.commands, all);
@@ -97,25 +97,23 @@ bool isFixed(std::string_view name) {
   return parameter != nullptr && parameter->row->type == ParameterType::FixedReal;
 }
 
+bool isOnlyComputed(std::string_view name, const TableUses& uses) {
+  const auto known = uses.parameters().find(name);
+  return known != uses.parameters().end() && known->second.isComputed && !known->second.isPrinted;
+}
+
 /// Warns of formats that no number is printed with.
 void lintFormats(const TableBlocks& blocks, const TableUses& uses, LintFindings& findings) {
-  Names printed;
-  Names computed;
-  for (const auto& [name, isComputed] : uses.parameters) {
-    (isComputed ? computed : printed).add(name);
-  }
-  printed.sort();
-  computed.sort();
   for (const Named& format : blocks.formats) {
     const std::string_view name = format.name.text;
-    if (isFixed(name) || (computed.holds(name) && !printed.holds(name))) {
+    if (isFixed(name) || isOnlyComputed(name, uses)) {
       findings.warn(LintKey::IdleFormat, format.name);
     }
   }
 }
 
 /// Warns of blocks of parameters that the catalogue knows without such a value: a load skips them.
-void lintKinds(const std::vector<Named>& blocks, const std::set<std::string, std::less<>>& loadable,
+void lintKinds(const std::deque<Named>& blocks, const std::set<std::string, std::less<>>& loadable,
                LintFindings& findings) {
   const LintCatalogue& catalogue = lintCatalogue();
   for (const Named& block : blocks) {

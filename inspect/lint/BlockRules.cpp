@@ -8,7 +8,7 @@ namespace {
 using Named = TableBlocks::Named;
 using Names = std::unordered_set<std::string_view>;
 
-Names lintNamed(const std::vector<Named>& blocks, LintFindings& findings) {
+Names lintNamed(const std::deque<Named>& blocks, LintFindings& findings) {
   Names names;
   for (const Named& block : blocks) {
     if (block.name.text.empty()) {
@@ -20,8 +20,9 @@ Names lintNamed(const std::vector<Named>& blocks, LintFindings& findings) {
   return names;
 }
 
-void lintInserts(const std::vector<Named>& inserts, const Names& commands, LintFindings& findings) {
-  for (const Named& insert : inserts) {
+void lintInserts(const std::deque<TableBlocks::Insert>& inserts, const Names& commands,
+                 LintFindings& findings) {
+  for (const TableBlocks::Insert& insert : inserts) {
     if (insert.name.text.empty()) {
       findings.warn(LintKey::UnreadName, insert.keyword);
     } else if (!commands.contains(insert.name.text)) {

@@ -99,7 +99,7 @@ void lintWordsOfLine(const TableLine& line, const LineReading& reading,
   referenceInName(reading, report);
   emptyArgument(reading, report);
   for (const LineReference& reference : reading.references) {
-    uses.parameters.push_back({std::string(reference.parameter), isComputed(reading, reference)});
+    uses.addParameter(reference.parameter, isComputed(reading, reference));
   }
   // The line before it is one with a blank too many.
   if (line.isAfterAnother) return;
@@ -107,9 +107,10 @@ void lintWordsOfLine(const TableLine& line, const LineReading& reading,
     if (word.text.starts_with(ppword::kParameterPrefix)) continue;
     missingSlash(line, reading, word, vocabulary, report);
     const bool isDefined = word.end() < reading.text.size() && reading.text[word.end()] == '=';
-    if (isDefined) uses.symbols.push_back(word.text);
-    if (isFreeName(reading, word) && !vocabulary.knows(word.text)) continue;
-    uses.words.push_back({word.text, line.offsetOf(reading.lineOffset(word.at))});
+    if (isDefined) uses.addSymbol(word.text);
+    const bool isKnown = vocabulary.knows(word.text);
+    if (isFreeName(reading, word) && !isKnown) continue;
+    uses.addWord(word.text, line.offsetOf(reading.lineOffset(word.at)), isKnown);
     if (vocabulary.kindOf(word.text) == WordKind::Text) break;
   }
 }

@@ -14,8 +14,8 @@ namespace {
 /// Lints the lines of a table, and gathers what they use.
 class LineLint {
  public:
-  LineLint(const TableBlocks& blocks, LintFindings& findings)
-      : parameters_(blocks), vocabulary_(blocks), findings_(findings) {}
+  LineLint(const TableBlocks& blocks, std::string_view table, LintFindings& findings)
+      : parameters_(blocks), vocabulary_(blocks), findings_(findings), uses_(table) {}
 
   void lint(const TableLine& line) {
     const LineReading& reading = reader_.read(line.text);
@@ -41,7 +41,7 @@ class LineLint {
     for (const auto& [text, offset] : values) {
       const bool isWord = std::all_of(text.begin(), text.end(), isWordCharacter) &&
                           (text.front() < '0' || text.front() > '9');
-      if (isWord) uses_.words.push_back({text, offset});
+      if (isWord) uses_.addWord(text, offset, vocabulary_.knows(text));
     }
   }
 
@@ -59,13 +59,13 @@ std::vector<Diagnostic> lintTable(const std::string& path) {
 }
 
 std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path) {
-  const TableBlocks blocks = readBlocks(bytes);
+  const TableBlocks blocks = readBlocksWithoutLines(bytes);
   LintFindings findings(path, bytes);
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
-  LineLint lines(blocks, findings);
-  for (const TableLine& line : blocks.lines) lines.lint(line);
+  LineLint lines(blocks, bytes.text(), findings);
+  visitLines(bytes, [&lines](const TableLine& line) { lines.lint(line); });
   lines.lintUses(blocks);
   for (Diagnostic& warning : allTableWarnings(bytes, path)) findings.add(std::move(warning));
   return findings.take();

@@ -34,6 +34,9 @@ bool startsWithLetter(std::string_view word) {
 }  // namespace
 
 LintVocabulary::LintVocabulary(const TableBlocks& blocks) : hasSections_(!blocks.words.empty()) {
+  std::size_t pieces = 0;
+  for (const auto& section : blocks.words) pieces += section.pieces.size();
+  words_.reserve(pieces / 2 + std::size(kAptWords) + lintCatalogue().words.size());
   for (const auto& section : blocks.words) {
     const WordKind kind = kSectionKinds[section.kind - 1];
     for (const Token& piece : section.pieces) {

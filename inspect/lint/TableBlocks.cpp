@@ -1,7 +1,6 @@
 #include "inspect/lint/TableBlocks.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -16,11 +15,12 @@ namespace {
 using ppword::Keyword;
 using ppword::KeywordKind;
 
-/// Adds the pieces of a token between commas.
-void cut(const Token& token, std::vector<Token>& pieces) {
+/// Calls `visit` with the pieces of a token between commas.
+template <class Visit>
+void cut(const Token& token, Visit visit) {
   ppword::cutAtCommas(token.text, [&](std::string_view piece) {
     const auto from = static_cast<std::size_t>(piece.data() - token.text.data());
-    pieces.push_back({piece, token.offset + from});
+    visit(Token{piece, token.offset + from});
   });
 }
 
@@ -46,13 +46,23 @@ std::vector<TableLine> mended(std::vector<TableLine> lines) {
   return lines;
 }
 
+/// Lines that may be mended together are this many at most, unless the last one was cut.
+constexpr std::size_t kMostHeldLines = 4096;
+
+using VisitLine = std::function<void(TableLine& line)>;
+
 class BlockReader {
  public:
-  explicit BlockReader(std::string_view text) : text_(text), cursor_(text) {}
+  /// Without `blocks` or `visitLine` what they are for is passed over.
+  BlockReader(std::string_view text, TableBlocks* blocks, VisitLine visitLine, bool hasBodies)
+      : text_(text),
+        cursor_(text),
+        blocks_(blocks),
+        visitLine_(std::move(visitLine)),
+        hasBodies_(hasBodies) {}
 
-  TableBlocks read() && {
+  void read() {
     while (const auto token = cursor_.nextPlainToken()) readBlock(*token);
-    return std::move(blocks_);
   }
 
  private:
@@ -68,34 +78,52 @@ class BlockReader {
     } else if (keyword->kind == KeywordKind::List) {
       readList(token);
     } else if (keyword->kind == KeywordKind::Format) {
-      blocks_.formats.push_back(named(token, keyword->namePrefix));
-      blocks_.formats.back().values = body();
-      blocks_.formats.back().end = cursor_.offset();
+      readFormat(token);
     } else if (keyword->kind == KeywordKind::Command) {
-      blocks_.commands.push_back(named(token, keyword->namePrefix));
-      blocks_.bodies.emplace_back();
+      const Token name = readName(keyword->namePrefix);
+      if (blocks_ != nullptr) blocks_->commands.push_back({token, name, {}});
+      if (hasBodies_) blocks_->bodies.emplace_back();
       readCommand();
-      blocks_.commands.back().end = cursor_.offset();
+      if (blocks_ != nullptr) blocks_->commands.back().end = cursor_.offset();
     }
   }
 
   void readWords(int kind, const Token& keyword) {
-    blocks_.words.push_back({kind, keyword, {}});
-    for (const Token& token : body()) cut(token, blocks_.words.back().pieces);
+    if (blocks_ != nullptr) blocks_->words.push_back({kind, keyword, {}});
+    visitBody([this](const Token& token) {
+      if (blocks_ == nullptr) return;
+      cut(token, [this](const Token& piece) { blocks_->words.back().pieces.push_back(piece); });
+    });
   }
 
   void readSyntaxes(const Token& keyword) {
-    blocks_.syntaxSections.push_back(keyword);
+    if (blocks_ != nullptr) blocks_->syntaxSections.push_back(keyword);
     // Cut lines are mended in bodies of commands only.
-    for (const Token& token : body()) {
-      blocks_.lines.push_back({std::string(token.text), token.offset});
-    }
+    visitBody([this](const Token& token) {
+      TableLine line{std::string(token.text), token.offset};
+      if (visitLine_) visitLine_(line);
+    });
   }
 
   void readList(const Token& keyword) {
-    blocks_.lists.push_back(named(keyword, ppword::kParameterPrefix));
-    for (const Token& token : body()) cut(token, blocks_.lists.back().values);
-    blocks_.lists.back().end = cursor_.offset();
+    const TableBlocks::Named list = readNamed(keyword, [](const Token& token, auto& values) {
+      cut(token, [&values](const Token& piece) { values.push_back(piece); });
+    });
+    if (blocks_ != nullptr) blocks_->lists.push_back(list);
+  }
+
+  void readFormat(const Token& keyword) {
+    const TableBlocks::Named format =
+        readNamed(keyword, [](const Token& token, auto& values) { values.push_back(token); });
+    if (blocks_ != nullptr) blocks_->formats.push_back(format);
+  }
+
+  template <class Add>
+  TableBlocks::Named readNamed(const Token& keyword, Add add) {
+    TableBlocks::Named named{keyword, readName(ppword::kParameterPrefix), {}};
+    visitBody([&](const Token& token) { add(token, named.values); });
+    named.end = cursor_.offset();
+    return named;
   }
 
   /// The body of a command with its sequences, up to its own end.
@@ -110,17 +138,17 @@ class BlockReader {
       const bool isLine = !keyword || *keyword == KeywordKind::Insert;
       if (isLine && depth == 1) {
         hasOwnLines = true;
-        if (hasSequences) blocks_.lostLines.push_back(*token);
+        if (hasSequences && blocks_ != nullptr) blocks_->lostLines.push_back(*token);
       }
       if (!keyword) {
         addLine(*token);
       } else if (*keyword == KeywordKind::List) {
         readList(*token);
       } else if (*keyword == KeywordKind::Sequence) {
-        if (hasOwnLines && !std::exchange(hasSequences, true)) {
-          blocks_.mixedSequences.push_back(*token);
+        const bool isFirst = !std::exchange(hasSequences, true);
+        if (hasOwnLines && isFirst && blocks_ != nullptr) {
+          blocks_->mixedSequences.push_back(*token);
         }
-        hasSequences = true;
         addPart(Part::Kind::Sequence, 0);
         ++depth;
       } else if (*keyword == KeywordKind::End) {
@@ -128,8 +156,7 @@ class BlockReader {
         addPart(Part::Kind::End, 0);
         endLines();
       } else {
-        addPart(Part::Kind::Insert, blocks_.inserts.size());
-        blocks_.inserts.push_back(named(*token, ppword::kCommandPrefix));
+        readInsert(*token);
       }
     }
     endLines();
@@ -140,20 +167,25 @@ class BlockReader {
     return line.ends_with(',') || line.ends_with('$');
   }
 
-  [[nodiscard]] bool isOnLineOf(const TableLine& line, const Token& token) const {
-    const std::size_t end = line.offset + line.text.size();
+  [[nodiscard]] bool isOnLineOf(std::size_t end, const Token& token) const {
     return text_.substr(end, token.offset - end).find('\n') == std::string_view::npos;
   }
 
-  /// The tokens up to "*END"; a section that has none ends before the next one.
-  std::vector<Token> body() {
-    std::vector<Token> tokens;
+  void readInsert(const Token& keyword) {
+    const Token name = readName(ppword::kCommandPrefix);
+    if (blocks_ == nullptr) return;
+    addPart(Part::Kind::Insert, blocks_->inserts.size());
+    blocks_->inserts.push_back({keyword, name});
+  }
+
+  /// Visits the tokens up to "*END"; a section that has none ends before the next one.
+  template <class Visit>
+  void visitBody(Visit visit) {
     while (!endsUnclosed({})) {
       const auto token = cursor_.nextPlainToken();
       if (!token || token->text == ppword::kEndKeyword) break;
-      tokens.push_back(*token);
+      visit(*token);
     }
-    return tokens;
   }
 
   /// What the next read returns; an empty token at the end.
@@ -168,42 +200,75 @@ class BlockReader {
                         [&](std::string_view keyword) { return token.contains(keyword); });
   }
 
-  TableBlocks::Named named(const Token& keyword, std::string_view prefix) {
-    if (peek().text.starts_with(prefix)) return {keyword, *cursor_.nextToken(), {}};
+  /// The name after a keyword; empty when the word there is not one.
+  Token readName(std::string_view prefix) {
+    if (peek().text.starts_with(prefix)) return *cursor_.nextToken();
     cursor_.nextLine();
-    return {keyword, {}, {}};
+    return {};
   }
 
   void addLine(const Token& token) {
-    TableLine line{std::string(token.text), token.offset};
-    line.isAfterAnother = !body_.empty() && isOnLineOf(body_.back(), token);
-    line.isContinued = !body_.empty() && goesOn(body_.back().text);
+    std::string text(token.text);
     if (ppword::isTextWord(token.text)) {
       const auto rest = cursor_.nextLine();
       if (!rest) return;
-      line.text = ppword::textElement(token.text, rest->asRead());
+      if (visitLine_) text = ppword::textElement(token.text, rest->asRead());
     }
-    addPart(Part::Kind::Line, blocks_.lines.size() + body_.size());
+    if (!visitLine_) return;
+    TableLine line{std::move(text), token.offset};
+    line.isAfterAnother = lastEnd_ > 0 && isOnLineOf(lastEnd_, token);
+    line.isContinued = lastEnd_ > 0 && lastGoesOn_;
+    if (hasBodies_) addPart(Part::Kind::Line, blocks_->lines.size() + body_.size());
+    lastEnd_ = line.offset + line.text.size();
+    lastGoesOn_ = goesOn(line.text);
+    const bool isCut = line.text.size() >= ppword::kCutWidth;
     body_.push_back(std::move(line));
+    if (body_.size() >= kMostHeldLines && !isCut) visitHeld();
   }
 
   void addPart(Part::Kind kind, std::size_t index) {
-    blocks_.bodies.back().push_back({kind, index});
+    if (hasBodies_) blocks_->bodies.back().push_back({kind, index});
   }
 
   void endLines() {
-    auto lines = mended(std::exchange(body_, {}));
-    std::move(lines.begin(), lines.end(), std::back_inserter(blocks_.lines));
+    visitHeld();
+    lastEnd_ = 0;
+  }
+  void visitHeld() {
+    if (body_.empty()) return;
+    for (TableLine& line : mended(std::exchange(body_, {}))) visitLine_(line);
   }
 
   std::string_view text_;
   ppword::TableCursor cursor_;
-  TableBlocks blocks_;
+  TableBlocks* blocks_;
+  VisitLine visitLine_;
+  bool hasBodies_;
+  /// The lines of a body that may still be mended.
   std::vector<TableLine> body_;
+  /// Where the last line of the body ends, as it is written, and whether its statement goes on; 0
+  /// before the first.
+  std::size_t lastEnd_ = 0;
+  bool lastGoesOn_ = false;
 };
 
 }  // namespace
 
-TableBlocks readBlocks(const TableBytes& bytes) { return BlockReader(bytes.text()).read(); }
+TableBlocks readBlocks(const TableBytes& bytes) {
+  TableBlocks blocks;
+  const auto store = [&](TableLine& line) { blocks.lines.push_back(std::move(line)); };
+  BlockReader(bytes.text(), &blocks, store, true).read();
+  return blocks;
+}
+
+TableBlocks readBlocksWithoutLines(const TableBytes& bytes) {
+  TableBlocks blocks;
+  BlockReader(bytes.text(), &blocks, {}, false).read();
+  return blocks;
+}
+
+void visitLines(const TableBytes& bytes, const std::function<void(const TableLine& line)>& visit) {
+  BlockReader(bytes.text(), nullptr, visit, false).read();
+}
 
 }  // namespace host

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -34,7 +36,7 @@ struct TableBlocks {
   struct WordSection {
     int kind;
     Token keyword;
-    std::vector<Token> pieces;
+    std::deque<Token> pieces;
   };
   /// A block with a name; the name is empty when the word after the keyword is not one.
   struct Named {
@@ -43,6 +45,11 @@ struct TableBlocks {
     std::vector<Token> values;
     /// Where the block ends: after its "*END", or before what begins next.
     std::size_t end = 0;
+  };
+  /// A line "*INSERT NC_...".
+  struct Insert {
+    Token keyword;
+    Token name;
   };
   /// A part of the body of a command, in the order of the file: a line or an insert, by its index
   /// in `lines` or `inserts`, or the keyword of a sequence or of an end.
@@ -54,12 +61,12 @@ struct TableBlocks {
 
   std::vector<WordSection> words;
   std::vector<Token> syntaxSections;
-  std::vector<Named> commands;
+  std::deque<Named> commands;
   /// The bodies of the commands, one for each.
   std::vector<std::vector<Part>> bodies;
-  std::vector<Named> lists;
-  std::vector<Named> formats;
-  std::vector<Named> inserts;
+  std::deque<Named> lists;
+  std::deque<Named> formats;
+  std::deque<Insert> inserts;
   /// The keywords of first sequences of commands that have lines of their own.
   std::vector<Token> mixedSequences;
   /// Lines of commands after a sequence, which no reader finds.
@@ -70,5 +77,9 @@ struct TableBlocks {
 
 /// Reads a table's blocks; they point into the bytes.
 [[nodiscard]] TableBlocks readBlocks(const TableBytes& bytes);
+/// The same without bodies and lines, which take most of the memory.
+[[nodiscard]] TableBlocks readBlocksWithoutLines(const TableBytes& bytes);
+/// Calls `visit` with each of the lines, in their order; it is valid during the call.
+void visitLines(const TableBytes& bytes, const std::function<void(const TableLine& line)>& visit);
 
 }  // namespace host

@@ -1,7 +1,6 @@
 #include "inspect/lint/VocabularyRules.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <string>
 
@@ -12,6 +11,10 @@ namespace host {
 namespace {
 
 using Words = std::vector<std::string_view>;
+
+/// Only so many of a table's own words are compared with misspelt ones, which takes memory for each
+/// of their letters.
+constexpr std::size_t kMostNear = 20'000;
 
 /// False for a word that is one mistake away from too many others: a letter, or a letter and a
 /// number.
@@ -30,22 +33,18 @@ std::string meaning(std::string_view word, std::string_view meant) {
 class WordCheck {
  public:
   WordCheck(const LintVocabulary& vocabulary, const TableUses& uses, LintFindings& findings)
-      : vocabulary_(vocabulary), symbols_(uses.symbols), findings_(findings) {
-    for (const TableUses::Word& use : uses.words) used_.push_back(use.text);
-    std::sort(used_.begin(), used_.end());
-    std::sort(symbols_.begin(), symbols_.end());
-  }
+      : vocabulary_(vocabulary), uses_(uses), findings_(findings) {}
 
-  void check(const TableUses::Word& use) {
+  void check(const Token& use) {
     const std::string_view word = use.text;
-    if (vocabulary_.knows(word) || holds(symbols_, word)) return;
+    if (uses_.isSymbol(word)) return;
     std::string_view meant;
     if (isTelling(word) || vocabulary_.hasSections()) {
-      const bool isOnce = count(word) == 1;
+      const bool isOnce = uses_.count(word) == 1;
       meant = near(word, [&](std::string_view other) {
         // Words with other numbers are different on purpose.
         return withoutNumber(other) != withoutNumber(word) &&
-               (vocabulary_.knows(other) || (isOnce && count(other) > 1));
+               (vocabulary_.knows(other) || (isOnce && uses_.count(other) > 1));
       });
     }
     if (meant.empty() && !vocabulary_.hasSections()) return;
@@ -68,16 +67,9 @@ class WordCheck {
   }
 
  private:
-  [[nodiscard]] static bool holds(const Words& sorted, std::string_view word) {
-    return std::binary_search(sorted.begin(), sorted.end(), word);
-  }
-  [[nodiscard]] long count(std::string_view word) const {
-    const auto [first, last] = std::equal_range(used_.begin(), used_.end(), word);
-    return last - first;
-  }
-
   [[nodiscard]] bool isUnused(std::string_view word) const {
-    return vocabulary_.isOwn(word) && !holds(used_, word) && !lintCatalogue().words.contains(word);
+    return vocabulary_.isOwn(word) && uses_.count(word) == 0 &&
+           !lintCatalogue().words.contains(word);
   }
 
   /// The word that one of a section most likely means: one that is used, or standard, and in no
@@ -85,7 +77,7 @@ class WordCheck {
   [[nodiscard]] std::string_view meantBy(std::string_view word) {
     if (vocabulary_.isStandard(word) || word.size() < 2) return {};
     return near(word, [&](std::string_view other) {
-      return !vocabulary_.isOwn(other) && (vocabulary_.isStandard(other) || holds(used_, other));
+      return !vocabulary_.isOwn(other) && (vocabulary_.isStandard(other) || uses_.count(other) > 0);
     });
   }
 
@@ -102,16 +94,16 @@ class WordCheck {
     if (!standard.empty()) return standard;
     if (!near_) {
       Words all = vocabulary_.ownWords();
-      std::unique_copy(used_.begin(), used_.end(), std::back_inserter(all));
+      const Words used = uses_.words();
+      all.insert(all.end(), used.begin(), used.end());
+      all.resize(std::min(all.size(), kMostNear));
       near_.emplace(std::move(all));
     }
     return near_->near(word, isMeant);
   }
 
   const LintVocabulary& vocabulary_;
-  /// In order, each as often as it is there.
-  Words used_;
-  Words symbols_;
+  const TableUses& uses_;
   LintFindings& findings_;
   /// Of the table, made for the first word that is looked for.
   std::optional<NearWords> near_;
@@ -119,10 +111,42 @@ class WordCheck {
 
 }  // namespace
 
+void TableUses::addWord(std::string_view word, std::size_t offset, bool isKnown) {
+  auto known = counts_.find(word);
+  if (known == counts_.end()) known = counts_.emplace(placed(word, offset), 0).first;
+  ++known->second;
+  if (!isKnown) unknown_.push_back({known->first, offset});
+}
+
+void TableUses::addParameter(std::string_view name, bool isComputed) {
+  auto known = parameters_.find(name);
+  if (known == parameters_.end()) known = parameters_.emplace(name, Printing()).first;
+  (isComputed ? known->second.isComputed : known->second.isPrinted) = true;
+}
+
+long TableUses::count(std::string_view word) const {
+  const auto known = counts_.find(word);
+  return known == counts_.end() ? 0 : known->second;
+}
+
+std::vector<std::string_view> TableUses::words() const {
+  Words words;
+  words.reserve(counts_.size());
+  for (const auto& [word, count] : counts_) words.push_back(word);
+  std::sort(words.begin(), words.end());
+  return words;
+}
+
+/// The word where it is in the table; a copy of one that a line has from two places.
+std::string_view TableUses::placed(std::string_view word, std::size_t offset) {
+  const std::string_view there = table_.substr(std::min(offset, table_.size()), word.size());
+  return there == word ? there : std::string_view(owned_.emplace_back(word));
+}
+
 void lintVocabulary(const TableBlocks& blocks, const LintVocabulary& vocabulary,
                     const TableUses& uses, LintFindings& findings) {
   WordCheck check(vocabulary, uses, findings);
-  for (const TableUses::Word& use : uses.words) check.check(use);
+  for (const Token& use : uses.unknown()) check.check(use);
   for (const auto& section : blocks.words) check.check(section);
 }
 

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <optional>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "inspect/lint/TableRules.h"
@@ -8,6 +7,8 @@
 
 namespace host {
 namespace {
+
+using Pieces = std::deque<Token>;
 
 bool isNumber(const Token& piece) {
   const auto code = ppword::readInteger(piece.text);
@@ -19,19 +20,27 @@ class WordReader {
  public:
   explicit WordReader(LintFindings& findings) : findings_(findings) {}
 
-  void read(const std::vector<Token>& pieces) {
+  void read(const Pieces& pieces) {
     for (std::size_t i = 0; i < pieces.size();) i += readPair(pieces, i);
   }
 
+  /// Warns of all but the first of equal words and codes, once all were read.
+  void reportDuplicates() {
+    const auto text = [](const Token* word) { return word->text; };
+    reportDuplicates(words_, text, LintKey::DuplicateWord);
+    const auto value = [](const Token* code) { return ppword::readInteger(code->text)->value; };
+    reportDuplicates(codes_, value, LintKey::DuplicateCode);
+  }
+
  private:
-  /// Gives the number of pieces that belong together.
-  std::size_t readPair(const std::vector<Token>& pieces, std::size_t i) {
+  /// Returns the number of pieces that belong together.
+  std::size_t readPair(const Pieces& pieces, std::size_t i) {
     const Token& word = pieces[i];
     if (isNumber(word)) {
       findings_.warn(LintKey::ShiftedPair, word);
       return 1;
     }
-    if (!words_.insert(word.text).second) findings_.warn(LintKey::DuplicateWord, word);
+    words_.push_back(&word);
     const bool hasNext = i + 1 < pieces.size();
     const auto code = hasNext ? ppword::readInteger(pieces[i + 1].text) : std::nullopt;
     if (code) {
@@ -49,12 +58,22 @@ class WordReader {
 
   void readCode(const ppword::IntegerPrefix& code, const Token& piece) {
     if (!code.isWhole) findings_.warn(LintKey::CodeCut, piece);
-    if (!codes_.insert(code.value).second) findings_.warn(LintKey::DuplicateCode, piece);
+    codes_.push_back(&piece);
+  }
+
+  template <class Value>
+  void reportDuplicates(std::vector<const Token*>& tokens, Value value, LintKey key) {
+    std::stable_sort(tokens.begin(), tokens.end(), [&](const Token* left, const Token* right) {
+      return value(left) < value(right);
+    });
+    for (std::size_t i = 1; i < tokens.size(); ++i) {
+      if (value(tokens[i - 1]) == value(tokens[i])) findings_.warn(key, *tokens[i]);
+    }
   }
 
   LintFindings& findings_;
-  std::unordered_set<std::string_view> words_;
-  std::unordered_set<int> codes_;
+  std::vector<const Token*> words_;
+  std::vector<const Token*> codes_;
 };
 
 }  // namespace
@@ -69,6 +88,7 @@ void lintWords(const TableBlocks& blocks, LintFindings& findings) {
       findings.warn(LintKey::UnreadSection, section.keyword);
     }
   }
+  reader.reportDuplicates();
 }
 
 }  // namespace host

@@ -46,7 +46,7 @@ std::string originText(const host::ParameterRow& row) {
 }
 
 /// The last block of a name, which counts.
-const Named* lastOf(const std::vector<Named>& blocks, std::string_view name) {
+const Named* lastOf(const std::deque<Named>& blocks, std::string_view name) {
   const auto found = std::find_if(blocks.rbegin(), blocks.rend(),
                                   [name](const Named& block) { return block.name.text == name; });
   return found == blocks.rend() ? nullptr : &*found;
@@ -60,7 +60,7 @@ std::string ownText(const OpenTable& table, const Named& block, bool isList) {
 }
 
 std::string valueText(const OpenTable& table, const std::string& what,
-                      const std::vector<Named>& blocks, std::string_view name,
+                      const std::deque<Named>& blocks, std::string_view name,
                       std::string_view known) {
   const std::string begin = "\n\n" + what + ": ";
   const Named* const block = lastOf(blocks, name);

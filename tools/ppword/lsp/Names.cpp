@@ -69,10 +69,12 @@ class PlaceSearch {
     if (token.text == name_.text)
       places_.push_back({token.offset, token.text.size(), isDefinition});
   }
-  void addNames(const std::vector<Named>& blocks, bool isDefinition) {
-    for (const Named& block : blocks) add(block.name, isDefinition);
+  template <class Blocks>
+  void addNames(const Blocks& blocks, bool isDefinition) {
+    for (const auto& block : blocks) add(block.name, isDefinition);
   }
-  void addTokens(const std::vector<Token>& tokens, bool isDefinition) {
+  template <class Tokens>
+  void addTokens(const Tokens& tokens, bool isDefinition) {
     for (const Token& token : tokens) add(token, isDefinition);
   }
 

@@ -50,7 +50,7 @@ void addSections(const TableBlocks& blocks, std::vector<Symbol>& symbols) {
   for (const Token& keyword : blocks.syntaxSections) symbols.push_back(sectionOf(keyword, 0, ""));
 }
 
-void addValues(Symbol::Kind kind, const std::vector<Named>& blocks, std::vector<Symbol>& symbols) {
+void addValues(Symbol::Kind kind, const std::deque<Named>& blocks, std::vector<Symbol>& symbols) {
   for (const Named& block : blocks)
     symbols.push_back(symbolOf(kind, block, shortText(block.values)));
 }
