@@ -13,6 +13,8 @@ class LineReport {
   LineReport(const TableLine& line, const LineReading& reading, LintFindings& findings)
       : line_(line), reading_(reading), findings_(findings) {}
 
+  /// False when a further finding of the kind would only be counted.
+  [[nodiscard]] bool isShown(LintKey key) const { return findings_.isShown(key); }
   /// `position` and `width`: of the reading's text.
   void warn(LintKey key, std::size_t position, std::size_t width, std::string_view subject,
             std::string_view meant = {}) {

@@ -54,13 +54,13 @@ class LineLint {
 
 }  // namespace
 
-std::vector<Diagnostic> lintTable(const std::string& path) {
-  return lintTable(TableBytes::read(path), path);
+std::vector<Diagnostic> lintTable(const std::string& path, long most) {
+  return lintTable(TableBytes::read(path), path, most);
 }
 
-std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path) {
+std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path, long most) {
   const TableBlocks blocks = readBlocksWithoutLines(bytes);
-  LintFindings findings(path, bytes);
+  LintFindings findings(path, bytes, most);
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
@@ -72,7 +72,7 @@ std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& pa
 }
 
 std::vector<Diagnostic> tableErrors(const TableBytes& bytes, const std::string& path) {
-  LintFindings findings(path, bytes);
+  LintFindings findings(path, bytes, kMostOfAKind);
   lintKeywordLines(bytes, findings);
   std::vector<Diagnostic> errors = findings.take();
   std::erase_if(errors, [](const Diagnostic& each) { return each.severity != Severity::Error; });

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <tuple>
-#include <unordered_map>
 #include <utility>
 
 #include "post/text/Utf8.h"
@@ -41,19 +40,56 @@ void LintFindings::warn(LintKey key, std::size_t offset, std::size_t width,
        std::string(meant)});
 }
 
-std::vector<Diagnostic> LintFindings::take() {
-  std::unordered_map<long, std::string> refused;
-  for (const Diagnostic& finding : findings_) {
-    if (finding.severity == Severity::Error) refused.emplace(finding.line, finding.key);
+void LintFindings::add(Diagnostic finding) {
+  if (finding.severity == Severity::Error) {
+    refused_.emplace(finding.line, finding.key == kNoKeyword);
   }
-  // A keyword line that the check refuses has its name told there; a line that is meant as one is
-  // no syntax.
+  Kind& kind = kinds_[finding.key];
+  if (++kind.count <= most_) {
+    findings_.push_back(std::move(finding));
+  } else if (kind.count == most_ + 1) {
+    kind.severity = finding.severity;
+    kind.line = finding.line;
+    kind.column = finding.column;
+  }
+}
+
+bool LintFindings::isShown(LintKey key) const {
+  const auto kind = kinds_.find(ruleOf(key).key);
+  return kind == kinds_.end() || kind->second.count < most_;
+}
+
+/// A keyword line that the check refuses has its name reported there; a line that is meant as one
+/// is not a syntax.
+void LintFindings::removeWhatErrorsSay() {
   const std::string_view unread = ruleOf(LintKey::UnreadName).key;
   std::erase_if(findings_, [&](const Diagnostic& finding) {
-    const auto error = refused.find(finding.line);
-    if (finding.severity == Severity::Error || error == refused.end()) return false;
-    return finding.key == unread || error->second == kNoKeyword;
+    const auto error = refused_.find(finding.line);
+    if (finding.severity == Severity::Error || error == refused_.end()) return false;
+    return finding.key == unread || error->second;
   });
+}
+
+void LintFindings::addRests() {
+  for (const auto& [key, kind] : kinds_) {
+    const long rest = kind.count - most_;
+    if (rest <= 0) continue;
+    findings_.push_back({kind.severity,
+                         file_,
+                         kind.line,
+                         kind.column,
+                         1,
+                         key,
+                         "this is the first of " + std::to_string(rest) +
+                             " more of this kind, which are not shown; mend those that are",
+                         {},
+                         {}});
+  }
+}
+
+std::vector<Diagnostic> LintFindings::take() {
+  removeWhatErrorsSay();
+  addRests();
   std::stable_sort(findings_.begin(), findings_.end(), [](const auto& left, const auto& right) {
     return std::tie(left.line, left.column) < std::tie(right.line, right.column);
   });

@@ -80,7 +80,8 @@ void lintParameters(const LineReading& reading, const LintParameters& parameters
     const std::string prefix(reading.text.substr(reference.start, 1));
     std::string subject = prefix;
     subject += reading.written(begin, name.size());
-    const std::string_view meant = parameters.nearestTo(name);
+    const bool isShown = report.isShown(LintKey::UnknownParameter);
+    const std::string_view meant = isShown ? parameters.nearestTo(name) : std::string_view();
     const std::string written = prefix + std::string(meant);
     if (!meant.empty()) (subject += ", perhaps ") += meant;
     // Blanks before the name are not replaced.

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <iostream>
+#include <limits>
 #include <random>
 #include <set>
 #include <string>
@@ -121,7 +122,8 @@ std::set<std::size_t> toldLines(const Texts& lines) {
   for (const std::string& line : lines) table += line + '\n';
   const TableFile file(table + "*END\n");
   std::set<std::size_t> told;
-  for (const auto& finding : host::lintTable(std::string(file.path().View()))) {
+  for (const auto& finding :
+       host::lintTable(std::string(file.path().View()), std::numeric_limits<long>::max())) {
     told.insert(static_cast<std::size_t>(finding.line - kFirst));
   }
   return told;

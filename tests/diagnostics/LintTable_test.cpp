@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -36,6 +37,27 @@ std::string words(std::string_view pairs) {
 }
 
 TEST(LintTable, EmptyTableHasNoSection) { EXPECT_EQ(lint(""), "0:0 no-section"); }
+
+TEST(LintTable, OfEachKindTheFirstThousandAreShown) {
+  std::string table = "*START_NC_COMMAND NC_A\n";
+  for (int i = 0; i < 1003; ++i) table += "GOTO/%MFG_OWN" + std::to_string(i) + "\nGOTO/,1\n";
+  const auto all = findings(table + "*COMMENT\n*END\n*END\n*END\n");
+  std::map<std::string, int> counts;
+  for (const Diagnostic& finding : all) ++counts[finding.key];
+  EXPECT_EQ(counts["unknown-parameter"], 1001);
+  EXPECT_EQ(counts["empty-argument"], 1001);
+  EXPECT_EQ(counts["ERR_5001"], 1);
+  const auto last = std::find_if(all.rbegin(), all.rend(), [](const Diagnostic& finding) {
+    return finding.key == "unknown-parameter";
+  });
+  ASSERT_NE(last, all.rend());
+  EXPECT_EQ(last->line, 2002);
+  EXPECT_EQ(last->column, 6);
+  EXPECT_EQ(last->severity, Severity::Warning);
+  EXPECT_EQ(last->message,
+            "this is the first of 3 more of this kind, which are not shown; mend those that are");
+  EXPECT_EQ(last->source.text, "GOTO/%MFG_OWN1000");
+}
 
 TEST(LintTable, AllRefusedLinesAreTold) {
   EXPECT_EQ(lint("*COMMENT\n"
