@@ -568,17 +568,17 @@ class Answers(program.ProgramTest):
         block = "*START_NC_COMMAND NC_STOP%d\nA A\n*END\n"
         session.send(opened("".join(block % i for i in range(6000))))
         diagnostics = session.published()["diagnostics"]
-        self.assertEqual(len(diagnostics), 5001)
+        self.assertEqual(len(diagnostics), 1001)
         self.assertEqual(
-            diagnostics[-1],
-            finding(3, "more-warnings", "1000 more findings are not shown", span(0, 0, 0)),
+            diagnostics[-1]["message"],
+            "this is the first of 5000 more of this kind, which are not shown; mend those that are",
         )
         self.assertEqual(len(session.ask(document(1, "documentSymbol"))["result"]), 6000)
 
     def test_one_long_line(self):
         session = self.session()
         session.send(opened("*START_NC_COMMAND NC_STOP\n" + 11000 * "A " + "\n*END\n"))
-        self.assertEqual(len(session.published()["diagnostics"]), 5001)
+        self.assertEqual(len(session.published()["diagnostics"]), 1001)
         uses = self.places(session, "references", 1, 0, context={"includeDeclaration": True})
         self.assertEqual(uses, [f"1:{2 * i}-{2 * i + 1}" for i in range(10000)])
 

@@ -8,7 +8,6 @@
 namespace lsp {
 namespace {
 
-constexpr std::size_t kMostFindings = 5000;
 constexpr std::size_t kMostPlaces = 10'000;
 // A range of more bytes is shown as one of so many.
 constexpr std::size_t kWidest = 4096;
@@ -111,15 +110,6 @@ Json proposalJson(const Proposal& proposal, const Json& range) {
   return item;
 }
 
-/// A note that counts the findings that are not shown.
-host::Diagnostic moreFindings(std::size_t count) {
-  host::Diagnostic more;
-  more.severity = host::Severity::Note;
-  more.key = "more-warnings";
-  more.message = std::to_string(count) + " more findings are not shown";
-  return more;
-}
-
 /// False when the client asks for other actions only.
 bool wantsFixes(const Json& params) {
   const auto context = params.find("context");
@@ -211,14 +201,9 @@ Json diagnosticsOf(OpenTable& table, Encoding encoding) {
   Ranges ranges(table, encoding);
   Json diagnostics = Json::array();
   const auto& findings = table.findings();
-  const std::size_t shown = std::min(findings.size(), kMostFindings);
-  for (const host::Diagnostic& finding : std::span(findings).first(shown)) {
+  for (const host::Diagnostic& finding : findings) {
     const auto [begin, end] = rangeOf(table, finding);
     diagnostics.push_back(findingJson(finding, ranges.of(begin, end)));
-  }
-  if (findings.size() > kMostFindings) {
-    diagnostics.push_back(
-        findingJson(moreFindings(findings.size() - kMostFindings), ranges.of(0, 0)));
   }
   return diagnostics;
 }
