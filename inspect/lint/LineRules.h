@@ -22,6 +22,15 @@ class LineReport {
     findings_.warn(key, line_.offsetOf(reading_.lineOffset(position)), written, subject, meant);
   }
 
+  /// Where a position of the reading's text is in the table.
+  [[nodiscard]] std::size_t offsetOf(std::size_t position) const {
+    return line_.offsetOf(reading_.lineOffset(position));
+  }
+  /// Warns of one byte of the table, which can be in an earlier line.
+  void warnAt(LintKey key, std::size_t offset, std::string_view subject) {
+    findings_.warn(key, offset, 1, subject);
+  }
+
  private:
   const TableLine& line_;
   const LineReading& reading_;

@@ -13,7 +13,7 @@ constexpr std::size_t kNone = std::string_view::npos;
 /// True when the word is the whole line, or has its "/" after it.
 bool isStatement(const LineReading& reading, const LineWord& word) {
   return word.end() == reading.text.size() || reading.text[word.end()] == '/' ||
-         reading.text[word.end()] == '=' || reading.text[word.end()] == ' ';
+         reading.text[word.end()] == ' ';
 }
 
 /// Warns of a major word that has something else than a "/" after it.
@@ -105,6 +105,10 @@ void lintWordsOfLine(const TableLine& line, const LineReading& reading,
   if (line.isAfterAnother) return;
   for (const LineWord& word : wordsOf(reading)) {
     if (word.text.starts_with(ppword::kParameterPrefix)) continue;
+    if (word.text.starts_with(ppword::kCommandPrefix) && !vocabulary.knows(word.text)) {
+      report.warn(LintKey::BareInstruction, word.at, word.text.size(), word.text);
+      continue;
+    }
     missingSlash(line, reading, word, vocabulary, report);
     const bool isDefined = word.end() < reading.text.size() && reading.text[word.end()] == '=';
     if (isDefined) uses.addSymbol(word.text);

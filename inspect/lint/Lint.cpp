@@ -4,6 +4,7 @@
 
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/LineWords.h"
+#include "inspect/lint/StatementRules.h"
 #include "inspect/lint/SyntaxLineReader.h"
 #include "inspect/lint/TableRules.h"
 #include "inspect/lint/VocabularyRules.h"
@@ -15,7 +16,11 @@ namespace {
 class LineLint {
  public:
   LineLint(const TableBlocks& blocks, std::string_view table, LintFindings& findings)
-      : parameters_(blocks), vocabulary_(blocks), findings_(findings), uses_(table) {}
+      : parameters_(blocks),
+        vocabulary_(blocks),
+        statements_(blocks),
+        findings_(findings),
+        uses_(table) {}
 
   void lint(const TableLine& line) {
     const LineReading& reading = reader_.read(line.text);
@@ -24,6 +29,8 @@ class LineLint {
     lintArithmetic(reading, report);
     lintExponents(reading, report);
     lintNames(reading, report);
+    lintCharacters(reading, report);
+    statements_.read(line, reading, report);
     lintParameters(reading, parameters_, report);
     lintWordsOfLine(line, reading, vocabulary_, report, uses_);
     lintWidth(reading, parameters_, report);
@@ -48,6 +55,7 @@ class LineLint {
   SyntaxLineReader reader_;
   LintParameters parameters_;
   LintVocabulary vocabulary_;
+  Statements statements_;
   LintFindings& findings_;
   TableUses uses_;
 };

@@ -42,6 +42,8 @@ std::vector<TableLine> mended(std::vector<TableLine> lines) {
     if (given == 0) continue;
     line.joinedAt = own;
     line.joinedOffset = lines[i + 1].offset;
+    // It ends with the comma that it took.
+    lines[i + 1].isContinued = true;
   }
   return lines;
 }
@@ -81,6 +83,7 @@ class BlockReader {
       readFormat(token);
     } else if (keyword->kind == KeywordKind::Command) {
       const Token name = readName(keyword->namePrefix);
+      command_ = name.text;
       if (blocks_ != nullptr) blocks_->commands.push_back({token, name, {}});
       if (hasBodies_) blocks_->bodies.emplace_back();
       readCommand();
@@ -101,6 +104,7 @@ class BlockReader {
     // Cut lines are mended in bodies of commands only.
     visitBody([this](const Token& token) {
       TableLine line{std::string(token.text), token.offset};
+      line.isFirst = line.isLast = true;
       if (visitLine_) visitLine_(line);
     });
   }
@@ -173,6 +177,8 @@ class BlockReader {
 
   void readInsert(const Token& keyword) {
     const Token name = readName(ppword::kCommandPrefix);
+    if (!body_.empty()) body_.back().isBeforeInsert = true;
+    isAfterInsert_ = true;
     if (blocks_ == nullptr) return;
     addPart(Part::Kind::Insert, blocks_->inserts.size());
     blocks_->inserts.push_back({keyword, name});
@@ -216,6 +222,9 @@ class BlockReader {
     }
     if (!visitLine_) return;
     TableLine line{std::move(text), token.offset};
+    line.command = command_;
+    line.isFirst = lastEnd_ == 0;
+    line.isAfterInsert = std::exchange(isAfterInsert_, false);
     line.isAfterAnother = lastEnd_ > 0 && isOnLineOf(lastEnd_, token);
     line.isContinued = lastEnd_ > 0 && lastGoesOn_;
     if (hasBodies_) addPart(Part::Kind::Line, blocks_->lines.size() + body_.size());
@@ -231,7 +240,9 @@ class BlockReader {
   }
 
   void endLines() {
+    if (!body_.empty()) body_.back().isLast = true;
     visitHeld();
+    isAfterInsert_ = false;
     lastEnd_ = 0;
   }
   void visitHeld() {
@@ -250,6 +261,8 @@ class BlockReader {
   /// before the first.
   std::size_t lastEnd_ = 0;
   bool lastGoesOn_ = false;
+  bool isAfterInsert_ = false;
+  std::string_view command_;
 };
 
 }  // namespace

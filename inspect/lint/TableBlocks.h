@@ -24,6 +24,13 @@ struct TableLine {
   bool isAfterAnother = false;
   /// True for a line that goes on with the one before it.
   bool isContinued = false;
+  /// Where the line is in its body, and whether an insert comes directly before or after it.
+  bool isFirst = false;
+  bool isLast = false;
+  bool isAfterInsert = false;
+  bool isBeforeInsert = false;
+  /// The command that the body is of; empty for a free syntax. It points into the table.
+  std::string_view command{};
 
   [[nodiscard]] std::size_t offsetOf(std::size_t position) const {
     return position < joinedAt ? offset + position : joinedOffset + position - joinedAt;

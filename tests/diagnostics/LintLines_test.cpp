@@ -112,7 +112,7 @@ TEST(LintLines, ParenthesesThatStayAreTold) {
              {"X/(E)", ""},
              {"X/(1,2)", ""},
              {"X/()", ""},
-             {"X/(1", ""},
+             {"X/(1", "3 unbalanced-parentheses"},
              {"X/%(1)", ""},
              {"INSERT X(%MFG_A)", ""},
              {"PPRINT (%MFG_A,+1)", ""}});
@@ -207,12 +207,12 @@ TEST(LintLines, NameThatGoesOnIsTold) {
 
 TEST(LintLines, LostEndOfNameIsTold) {
   expectAll({{"(P/%MFG_A)ON", "11 text-behind-parenthesis"},
-             {"(P/%MFG_A)$", "11 text-behind-parenthesis"},
+             {"(P/%MFG_A)$", "11 text-behind-parenthesis, 11 dangling-comma"},
              {"((P/%MFG_A))", ""},
              {"(P/%MFG_A),ON", ""},
-             {"X/%MFG_A$", "9 dollar-behind-name"},
-             {"X/&MFG_W,$", ""},
-             {"X/%MFG_A,$", ""}});
+             {"X/%MFG_A$", "9 dollar-behind-name, 9 dangling-comma"},
+             {"X/&MFG_W,$", "10 dangling-comma"},
+             {"X/%MFG_A,$", "10 dangling-comma"}});
 }
 
 TEST(LintLines, UnknownParameterIsTold) {
@@ -246,7 +246,7 @@ TEST(LintLines, MajorWordWithoutSlashIsTold) {
   expectAll({{"FEDRAT,0.1", "7 missing-slash"},
              {"FEDRAT.1", "7 missing-slash"},
              {"GOTO%MFG_A", "5 missing-slash"},
-             {"GOTO=1", ""},
+             {"GOTO=1", "5 missing-slash"},
              {"GOTO", ""},
              {"GOTO/1", ""},
              {"TLON,GOFWD/1", ""},
@@ -260,8 +260,8 @@ TEST(LintLines, EmptyArgumentIsTold) {
              {"GOTO/(POINT/1,)", "15 empty-argument"},
              {"GOTO/(,1)", "7 empty-argument"},
              {"GOTO/", "5 empty-argument"},
-             {"GOTO/1,$", ""},
-             {"GOTO/1,", ""},
+             {"GOTO/1,$", "8 dangling-comma"},
+             {"GOTO/1,", "7 dangling-comma"},
              {"PPRINT A,,B/", ""}});
 }
 
@@ -274,8 +274,8 @@ TEST(LintLines, LineBeyondColumn72IsTold) {
              {text61 + "XX,%MFG_B", "65 wide-line"},
              {text61 + "XXXX/&MFG_W", ""},
              {text61 + "XXXXX/&MFG_W", "68 wide-line"},
-             {text61 + "XXXXXXXXX,", ""},
-             {text61 + "XXXXXXXXXX,", "72 wide-line"},
+             {text61 + "XXXXXXXXX,", "71 dangling-comma"},
+             {text61 + "XXXXXXXXXX,", "72 dangling-comma, 72 wide-line"},
              {text61 + "/1+2", "63 wide-line"},
              {text61.substr(2) + "/1+2", ""},
              {text61 + "/%MFG_TOOL_NAME", ""},
@@ -290,6 +290,45 @@ TEST(LintLines, BlankThatEndsTheLineIsTold) {
              {"X/%MFG_A\n X/%MFG_B", ""},
              {"PPRINT A B", ""},
              {"X/1 PPRINT A", "5 split-line"}});
+}
+
+TEST(LintLines, CharactersThatSeparateNothingAreTold) {
+  expectAll({{"GOTO/1;2", "7 wrong-separator"},
+             {"GOTO\\1", "5 wrong-separator, 5 missing-slash"},
+             {"GOTO/1\\%2", ""},
+             {"PPRINT 1;2", ""},
+             {"$$ 1;2\\3", ""}});
+}
+
+TEST(LintLines, LetterInANumberIsTold) {
+  expectAll({{"DELAY/1O", "7 letter-in-number"},
+             {"DELAY/1O.5", "7 letter-in-number"},
+             {"DELAY/O.5", "7 letter-in-number"},
+             {"DELAY/.O5", "7 letter-in-number"},
+             {"DELAY/5o0", "7 letter-in-number"},
+             {"DELAY/1O,2O", "7 letter-in-number, 10 letter-in-number"},
+             {"DELAY/ON", ""},
+             {"DELAY/O1", ""},
+             {"DELAY/3AXIS", ""},
+             {"DELAY/%MFG_A1O", "7 unknown-parameter"},
+             {"PPRINT 1O", ""}});
+}
+
+TEST(LintLines, NameOfAnInstructionIsTold) {
+  expectAll({{"NC_GOTO", "1 bare-instruction"},
+             {"GOTO/NC_B", "6 bare-instruction"},
+             // The catalogue begins a line with it.
+             {"NC_HEAD_CHANGE/1", ""},
+             {"PPRINT NC_GOTO", ""}});
+}
+
+TEST(LintLines, ParenthesesThatDoNotMatchAreTold) {
+  expectAll({{"TLON/(LINE/1,2),ON", ""},
+             {"TLON/(LINE/1,2,ON", "6 unbalanced-parentheses"},
+             {"TLON/LINE/1,2),ON", "14 unbalanced-parentheses"},
+             {"TLON/((LINE/1,2)", "6 unbalanced-parentheses"},
+             {"X/%(A+1", "4 unbalanced-parentheses, 6 operator-in-expression"},
+             {"PPRINT :-)", ""}});
 }
 
 }  // namespace

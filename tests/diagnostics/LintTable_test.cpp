@@ -59,6 +59,32 @@ TEST(LintTable, OfEachKindTheFirstThousandAreShown) {
   EXPECT_EQ(last->source.text, "GOTO/%MFG_OWN1000");
 }
 
+TEST(LintTable, StatementsGoOverLines) {
+  const auto body = [](const std::string& lines, const std::string& rest = "") {
+    return lint("*START_NC_COMMAND NC_A\n" + lines + "\n*END\n" + rest);
+  };
+  EXPECT_EQ(body("TLON/(LINE/1,$\n2,3)"), "");
+  EXPECT_EQ(body("TLON/(LINE/1,\n2,3"), "2:6 unbalanced-parentheses");
+  EXPECT_EQ(body("TLON/(LINE/1,\n2),3)"), "3:5 unbalanced-parentheses");
+  EXPECT_EQ(body("TLON/(LINE/1\nGOTO/1)"),
+            "2:6 unbalanced-parentheses, 3:7 unbalanced-parentheses");
+  EXPECT_EQ(body("GOTO/1,2\n3,4"), "3:1 lost-continuation");
+  EXPECT_EQ(body("GOTO/1,2\n,3"), "3:1 lost-continuation");
+  EXPECT_EQ(body("GOTO/1,2\n%MFG_XPOINT,%MFG_YPOINT"), "3:1 lost-continuation");
+  EXPECT_EQ(body("GOTO/1,2\n%MFG_OUTPUT_COMMENT"), "");
+  EXPECT_EQ(body("GOTO/1,2\n5AXIS/1"), "");
+  EXPECT_EQ(body("GOTO/1,2,\n3,4,"), "3:4 dangling-comma");
+  // Each body ends a statement, that of a sequence too.
+  EXPECT_EQ(body("*START_SEQUENCE\nGOTO/1,\n*END\n*START_SEQUENCE\n2,3\n*END"),
+            "3:7 dangling-comma");
+}
+
+TEST(LintTable, InsertedBodiesCanBePartsOfStatements) {
+  const std::string part = "*START_NC_COMMAND NC_PART\n2,(3,\n*END\n";
+  EXPECT_EQ(lint(part + "*START_NC_COMMAND NC_A\nGOTO/1,\n*INSERT NC_PART\n4)\n*END\n"), "");
+  EXPECT_EQ(lint(part), "2:3 unbalanced-parentheses, 2:5 dangling-comma");
+}
+
 TEST(LintTable, AllRefusedLinesAreTold) {
   EXPECT_EQ(lint("*COMMENT\n"
                  "*INSERT X\n"
