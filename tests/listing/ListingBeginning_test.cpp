@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "post/toolpath/LineReader.h"
 #include "tests/listing/Listings.h"
 #include "tests/support/InputFile.h"
 
