@@ -196,6 +196,19 @@ class Actions(DocumentTest):
         self.run_document("add-command", "d", "")
         self.assertEqual(self.commands(), "PP commands (1)\n  1  , sequence 1\n")
 
+    def test_control_characters_are_refused(self):
+        self.make()
+        for action, what in (("set-syntax", "LINE"), ("add-command", "NAME")):
+            for text in ("A\nFINI", "A\tB", "\x7f"):
+                self.check(
+                    self.run_document(action, "d", text),
+                    2,
+                    "",
+                    f"ppword document: {what} has a control character, such as a tab or a line feed\n"
+                    "Try 'ppword document --help'.\n",
+                )
+        self.check(self.run_document("set-syntax", "d", "PPRINT/\u00d8"), 0, "d: user syntax set\n")
+
     def test_user_syntax_is_set(self):
         self.make()
         self.check(

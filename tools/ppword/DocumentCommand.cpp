@@ -66,7 +66,15 @@ void show(const DocumentOptions& options) {
   showContents(documentContents(*openDocumentFile(options.file)), section, options.format);
 }
 
+// A line feed in a line would make two lines of the text, which are counted as one.
+void requireNoControls(const std::string& text, const std::string& what) {
+  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
+  if (std::none_of(text.begin(), text.end(), isControl)) return;
+  throw UsageError{what + " has a control character, such as a tab or a line feed"};
+}
+
 void setSyntax(const DocumentOptions& options) {
+  requireNoControls(options.arguments[0], "LINE");
   change(options, [&](host::Document& document) {
     document.ppWordContainer()->SetUserSyntax(KEPUnicodeString(options.arguments[0]));
     return "user syntax set";
@@ -83,6 +91,7 @@ int numberOf(const std::string& text, const std::string& what) {
 
 void addCommand(const DocumentOptions& options) {
   const std::string& name = options.arguments[0];
+  requireNoControls(name, "NAME");
   const int sequence = options.arguments.size() > 1 ? numberOf(options.arguments[1], "NUMBER") : 1;
   change(options, [&](host::Document& document) {
     const KEPIMfgSyntaxEvaluation_var instruction =
