@@ -19,6 +19,7 @@ class Nowhere final : public LineSink {
 
 ExplainedElement explained(const WrittenElement& written) {
   return {written.element.line,
+          std::string(written.element.file),
           written.point,
           static_cast<long>(written.element.positions.size()),
           std::string(written.instruction),
@@ -37,6 +38,7 @@ class Run final : private ElementObserver {
     std::visit([this](const auto& piece) { generator_.put(piece); }, event);
   }
   [[nodiscard]] bool hasElements() const noexcept { return !elements_.empty(); }
+  [[nodiscard]] std::size_t count() const noexcept { return elements_.size(); }
   [[nodiscard]] std::vector<ExplainedElement> takeElements() { return std::move(elements_); }
 
  private:
@@ -65,10 +67,22 @@ bool readOn(ToolPathReader& toolPath, ToolPathEvent& event, bool isFound) {
   }
 }
 
-/// Notes where an element comes from.
+/// How many elements of a line are explained that an NC program repeats.
+constexpr std::size_t kMostOfLoop = 100;
+
+/// True when the elements of a line follow each other, and the event is after them. Of a line that
+/// an NC program runs several times the first time is of interest.
+bool isAfter(const ToolPathEvent& event, long line, bool isFound, bool isInOrder) {
+  if (!isFound) return false;
+  return isInOrder ? lineOf(event) > line : lineOf(event) != line;
+}
+
+/// Notes where an element comes from. One of a file that an NC program calls has another line.
 void note(const Element& element, long line, ExplainedElements& found) {
-  if (element.line < line) found.before = element.line;
-  if (element.line > line) found.after = element.line;
+  if (!element.file.empty()) return;
+  if (element.line < line) found.before = std::max(found.before, element.line);
+  const bool isNearer = found.after == 0 || element.line < found.after;
+  if (element.line > line && isNearer) found.after = element.line;
   if (element.line != line) return;
   const auto points = static_cast<long>(element.positions.size());
   found.mostPoints = std::max(found.mostPoints.value_or(0), points);
@@ -79,14 +93,16 @@ void note(const Element& element, long line, ExplainedElements& found) {
 ExplainedElements explainLine(const KEPVar<Document>& document, std::string_view name,
                               ToolPathReader& toolPath, long line, long point) {
   Run run(document, name, [line, point](const WrittenElement& written) {
-    return written.element.line == line && written.point == point;
+    return written.element.line == line && written.element.file.empty() && written.point == point;
   });
   ExplainedElements found;
   ToolPathEvent event;
-  while (found.after == 0 && readOn(toolPath, event, found.mostPoints.has_value())) {
-    if (lineOf(event) > line && found.mostPoints) break;
+  const bool isInOrder = toolPath.isInOrder();
+  const auto isOver = [&] { return isInOrder ? found.after != 0 : run.count() >= kMostOfLoop; };
+  while (!isOver() && readOn(toolPath, event, found.mostPoints.has_value())) {
+    if (isAfter(event, line, found.mostPoints.has_value(), isInOrder)) break;
     if (const auto* const element = std::get_if<Element>(&event)) note(*element, line, found);
-    if (found.after == 0) run.put(event);
+    if (!isOver()) run.put(event);
   }
   found.elements = run.takeElements();
   return found;

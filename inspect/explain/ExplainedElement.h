@@ -13,7 +13,9 @@ namespace host {
 
 /// An element at one of its points, with what every pass did for it.
 struct ExplainedElement {
+  /// In the tool path, or in `file`, which an NC program calls, if that is not empty.
   long line = 0;
+  std::string file;
   /// From 1, and how many there are; 1 and 0 for an element without points.
   long point = 1;
   long points = 0;

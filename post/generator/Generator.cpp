@@ -71,23 +71,23 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
     if (source == Source::Evaluation && !isGiven(name)) {
-      summary_.neverGiven.add(name, element_->line, titleOf(*element_));
+      summary_.neverGiven.add(name, element_->place(), titleOf(*element_));
     }
     if (source == Source::NotEvaluated) {
-      summary_.unevaluated.add(name, element_->line, titleOf(*element_));
+      summary_.unevaluated.add(name, element_->place(), titleOf(*element_));
     } else if (source == Source::Evaluation && lacksNumber(text)) {
-      summary_.withoutNumber.add(name, element_->line, titleOf(*element_));
+      summary_.withoutNumber.add(name, element_->place(), titleOf(*element_));
     }
   }
 
   void TextDropped(std::string_view name, std::string_view text) override {
-    summary_.dropped.add(std::string(name).append(text), element_->line, titleOf(*element_));
+    summary_.dropped.add(std::string(name).append(text), element_->place(), titleOf(*element_));
   }
 
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view /*result*/) override {
     if (outcome == Operation::Deleted) {
-      summary_.deleted.add(operation, element_->line, titleOf(*element_));
+      summary_.deleted.add(operation, element_->place(), titleOf(*element_));
     }
   }
 
@@ -165,7 +165,7 @@ void Generator::put(const Element& element) {
   if (element.positions.empty()) instantiate(instruction, element, 1);
   const auto count = static_cast<long>(std::max<std::size_t>(element.positions.size(), 1));
   summary_.elements += count;
-  summary_.instructions.add(instruction.name, element.line, title, count);
+  summary_.instructions.add(instruction.name, element.place(), title, count);
 }
 
 Generator::Instruction Generator::instructionOf(const Element& element) {
@@ -202,7 +202,7 @@ KEPIMfgSyntaxEvaluation_var Generator::evaluationOf(const Element& element) {
     // The container raises this for a sequential motion of an instruction that it does not have.
   }
   if (!evaluation) {
-    throw InputError(summary_.file, element.line, 0,
+    throw InputError(fileOf(element), element.line, 0,
                      "this document has no NC instruction " + element.instruction +
                          suggestionFor(element.instruction, *document_->features()));
   }
@@ -242,13 +242,17 @@ void Generator::instantiate(const Instruction& instruction, const Element& eleme
   for (const KEPUnicodeString& line : lines_) {
     sink_.write(line);
     if (line.GetLengthInChar() <= kStatementColumns) continue;
-    summary_.wide.add(instruction.name, element.line, titleOf(element));
+    summary_.wide.add(instruction.name, element.place(), titleOf(element));
   }
   summary_.lines += lines_.Size();
 }
 
+std::string_view Generator::fileOf(const Element& element) const {
+  return element.file.empty() ? summary_.file : element.file;
+}
+
 void Generator::refuse(const Element& element, std::string_view why) const {
-  throw InputError(summary_.file, element.line, 0, titleOf(element) + ' ' + std::string(why));
+  throw InputError(fileOf(element), element.line, 0, titleOf(element) + ' ' + std::string(why));
 }
 
 }  // namespace host

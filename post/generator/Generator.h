@@ -82,6 +82,8 @@ class Generator {
   [[nodiscard]] KEPIMfgPPCommand_var commandOf(const Element& element);
   void announce(const Instruction& instruction, const Element& element, long point) const;
   void instantiate(const Instruction& instruction, const Element& element, long point);
+  /// The file that holds the line of an element.
+  [[nodiscard]] std::string_view fileOf(const Element& element) const;
   [[noreturn]] void refuse(const Element& element, std::string_view why) const;
 
   KEPVar<Document> document_;

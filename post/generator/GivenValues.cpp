@@ -49,7 +49,7 @@ class ElementReader {
     if (!isUnit(axis)) count("axis");
   }
 
-  void count(std::string_view what) { impossible_.add(what, element_.line, title_); }
+  void count(std::string_view what) { impossible_.add(what, element_.place(), title_); }
 
  private:
   void read(const CircleChange& circle) {

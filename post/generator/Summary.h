@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/system/TextHash.h"
+#include "post/toolpath/ToolPath.h"
 
 namespace host {
 
@@ -21,10 +22,12 @@ class Tally {
     /// Where the name appears first: the line of the tool path, from 1, and its NC instruction.
     long firstLine = 0;
     std::string firstInstruction;
+    /// The file of that line if an NC program calls it; empty otherwise.
+    std::string firstFile;
   };
 
   /// Counts `times` appearances of a name.
-  void add(std::string_view name, long line, std::string_view instruction, long times = 1);
+  void add(std::string_view name, SourceLine place, std::string_view instruction, long times = 1);
 
   [[nodiscard]] const std::vector<Entry>& entries() const noexcept { return entries_; }
   [[nodiscard]] long others() const noexcept { return others_; }
@@ -38,14 +41,16 @@ class Tally {
   long total_ = 0;
 };
 
-inline void Tally::add(std::string_view name, long line, std::string_view instruction, long times) {
+inline void Tally::add(std::string_view name, SourceLine place, std::string_view instruction,
+                       long times) {
   total_ += times;
   const auto known = indexes_.find(name);
   if (known != indexes_.end()) {
     entries_[known->second].count += times;
   } else if (entries_.size() < kMostNames) {
     indexes_.emplace(name, entries_.size());
-    entries_.push_back({std::string(name), times, line, std::string(instruction)});
+    entries_.push_back(
+        {std::string(name), times, place.line, std::string(instruction), std::string(place.file)});
   } else {
     others_ += times;
   }

@@ -4,12 +4,12 @@
 
 namespace host {
 
-void CallCounts::add(std::string_view name, CallFate fate, long line) {
+void CallCounts::add(std::string_view name, CallFate fate, SourceLine place) {
   const auto known = std::ranges::find_if(counts_, [name, fate](const CallCount& call) {
     return call.name == name && call.fate == fate;
   });
   if (known == counts_.end()) {
-    counts_.push_back({std::string(name), fate, 1, line});
+    counts_.push_back({std::string(name), fate, 1, place.line, std::string(place.file)});
   } else {
     ++known->count;
   }

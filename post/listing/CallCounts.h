@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "post/toolpath/ToolPath.h"
+
 namespace host {
 
 /// How a call of a listing was written.
@@ -24,13 +26,15 @@ struct CallCount {
   long count;
   /// Line of the first one, from 1.
   long firstLine;
+  /// The file of that line if the NC program calls it; empty otherwise.
+  std::string firstFile{};
 };
 
 /// The calls of a listing by name and fate, in the order in which they appear first.
 class CallCounts {
  public:
   /// Counts one call.
-  void add(std::string_view name, CallFate fate, long line);
+  void add(std::string_view name, CallFate fate, SourceLine place);
 
   [[nodiscard]] const std::vector<CallCount>& all() const noexcept { return counts_; }
   /// How many calls have this fate.

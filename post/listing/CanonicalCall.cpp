@@ -195,7 +195,8 @@ class ArgumentReader {
 }  // namespace
 
 void LinePlace::refuse(std::size_t offset, std::string_view message) const {
-  throw InputError(file, line, static_cast<long>(offset) + 1, message);
+  const long start = line > 0 ? 1 : 0;
+  throw InputError(file, line, hasColumns ? static_cast<long>(offset) + 1 : start, message);
 }
 
 CanonicalCall parseCall(std::string_view line, const LinePlace& place) {
@@ -203,7 +204,8 @@ CanonicalCall parseCall(std::string_view line, const LinePlace& place) {
   Cursor cursor(line);
   CanonicalCall call;
   call.runningNumber = takeRunningNumber(cursor, place);
-  if (cursor.take(kBlockLetters).empty()) {
+  call.block = cursor.take(kBlockLetters);
+  if (call.block.empty()) {
     place.refuse(cursor.at(), "'.....' or a block number is expected after 'N'");
   }
   cursor.take(" ");

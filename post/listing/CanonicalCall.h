@@ -5,13 +5,21 @@
 #include <string>
 #include <string_view>
 
+#include "post/toolpath/ToolPath.h"
+
 namespace host {
 
 /// A line of an input, for messages about it.
 struct LinePlace {
   std::string_view file;
   long line = 0;
+  /// False for a line of an NC program that is known by its block number only: errors are at its
+  /// beginning.
+  bool hasColumns = true;
+  /// True in a file that the NC program calls.
+  bool isCalled = false;
 
+  [[nodiscard]] SourceLine source() const { return {line, isCalled ? file : std::string_view()}; }
   /// Raises an InputError at a byte of the line, counted from 0.
   [[noreturn]] void refuse(std::size_t offset, std::string_view message) const;
 };
@@ -19,6 +27,8 @@ struct LinePlace {
 /// The parts of one line of a canonical listing; every view refers to the line.
 struct CanonicalCall {
   long runningNumber = 0;
+  /// The block number as it is written, "....." for none.
+  std::string_view block;
   std::string_view name;
   /// Byte of the line where the name begins, from 0.
   std::size_t nameAt = 0;

@@ -54,20 +54,23 @@ ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions o
     : lines_(std::move(lines)),
       options_(std::move(options)),
       multaxDue_(options_.rotary),
-      modalCalls_(options_.vocabulary, options_.texts, options_.rotary.has_value(), events_) {}
+      modalCalls_(options_.vocabulary, options_.texts, options_.rotary.has_value(),
+                  options_.tools.get(), events_) {}
 
 ListingReader::~ListingReader() = default;
 
 bool ListingReader::waitsForUnit() const {
   if (hasBegun_ || outputUnit_ || options_.unit) return false;
-  const bool isAskedFor = options_.vocabulary.unit || options_.vocabulary.startMacro;
+  const bool isAskedFor =
+      options_.vocabulary.unit || options_.vocabulary.startMacro || options_.tools;
   return isAskedFor && events_.size() < kMostHeldEvents;
 }
 
 void ListingReader::begin() {
   hasBegun_ = true;
   const auto unit = outputUnit_ ? outputUnit_ : options_.unit;
-  const bool isAskedFor = options_.vocabulary.unit || options_.vocabulary.startMacro;
+  const bool isAskedFor =
+      options_.vocabulary.unit || options_.vocabulary.startMacro || options_.tools;
   if (unit || isAskedFor) {
     modalCalls_.stateUnit(unit.value_or(inputUnit_.value_or(LengthUnit::Millimetre)));
   }
@@ -96,20 +99,46 @@ bool ListingReader::readCall() {
   std::string_view line;
   if (!lines_->next(line)) {
     if (ended_) return false;
-    throw InputError(lines_->name(), lines_->lineNumber(), 0,
+    throw InputError(placeOfListing().file, placeOfListing().line, 0,
                      "the listing ends without PROGRAM_END or FINISH; it is cut short, or rs274 "
                      "stopped at an error in the program");
   }
   if (line.ends_with('\r')) line.remove_suffix(1);
-  const LinePlace place{lines_->name(), lines_->lineNumber()};
+  const LinePlace listed = placeOfListing();
   if (line.size() > kLongestLine) {
-    place.refuse(kLongestLine, "the line is longer than 64 KiB (65536 bytes)");
+    listed.refuse(kLongestLine, "the line is longer than 64 KiB (65536 bytes)");
   }
-  const CanonicalCall call = parseCall(line, place);
-  checkRunningNumber(call, place);
+  const CanonicalCall call = parseCall(line, listed);
+  checkRunningNumber(call, listed);
+  const LinePlace place = options_.blocks ? placeOf(call) : listed;
+  const std::size_t firstEvent = events_.size();
   const CallRule* const rule = findCallRule(call.name);
   count(call, rule != nullptr ? dispatch(*rule, call, place) : CallFate::Unknown, place);
+  if (place.isCalled) noteFile(place, firstEvent);
   return true;
+}
+
+// Where a line that is not a call is reported: a scratch listing is of no interest to its reader.
+LinePlace ListingReader::placeOfListing() const {
+  if (options_.blocks) return options_.blocks->placeOf("");
+  return {lines_->name(), lines_->lineNumber()};
+}
+
+LinePlace ListingReader::placeOf(const CanonicalCall& call) {
+  const LinePlace place = options_.blocks->placeOf(call.block);
+  const bool isEnd = call.name == "PROGRAM_END" && options_.blocks->isAfterProgram(call.block);
+  endWasAdded_ = endWasAdded_ || isEnd;
+  if (place.line > 0) block_ = place;
+  if (block_.line > 0) return block_;
+  LinePlace first = place;
+  first.line = 1;
+  return first;
+}
+
+void ListingReader::noteFile(const LinePlace& place, std::size_t firstEvent) {
+  for (std::size_t i = firstEvent; i < events_.size(); ++i) {
+    if (auto* const element = std::get_if<Element>(&events_[i])) element->file = place.file;
+  }
 }
 
 void ListingReader::checkRunningNumber(const CanonicalCall& call, const LinePlace& place) {
@@ -122,7 +151,7 @@ void ListingReader::checkRunningNumber(const CanonicalCall& call, const LinePlac
 }
 
 void ListingReader::count(const CanonicalCall& call, CallFate fate, const LinePlace& place) {
-  calls_.add(call.name, fate, place.line);
+  calls_.add(call.name, fate, place.source());
   if (calls_.names(CallFate::Unknown) <= kMostUnknownNames) return;
   place.refuse(call.nameAt, "more than " + std::to_string(kMostUnknownNames) +
                                 " different calls are unknown; this is not a listing of rs274");
@@ -220,7 +249,7 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
     put("NC_RAPID", place.line);
   } else if (onlyTurns(position, words)) {
     // Its feed rate is in degrees, which no word of the output can state.
-    calls_.add(call.name, CallFate::Dropped, place.line);
+    calls_.add(call.name, CallFate::Dropped, place.source());
   } else {
     modalCalls_.writeFeedRate(*outputUnit_, place.line);
   }

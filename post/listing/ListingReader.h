@@ -8,10 +8,12 @@
 #include <vector>
 
 #include "post/listing/ArcMove.h"
+#include "post/listing/BlockPlaces.h"
 #include "post/listing/CallCounts.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/ModalCalls.h"
 #include "post/listing/RotaryChain.h"
+#include "post/listing/ToolTable.h"
 #include "post/listing/Vocabulary.h"
 #include "post/listing/WorkFrame.h"
 #include "post/toolpath/ToolPath.h"
@@ -36,6 +38,11 @@ struct ListingOptions {
   /// True to write arcs that rise as chords too.
   bool helicesAsChords = false;
   ListedTexts texts = ListedTexts::Program;
+  /// The tools of the machine; null when they are unknown.
+  std::shared_ptr<const ToolTable> tools{};
+  /// The NC program that the listing was created from: events and messages have the places of its
+  /// blocks. Null for those of the listing.
+  std::shared_ptr<const BlockPlaces> blocks{};
 };
 
 /// Reads a canonical listing, one call a line, in constant memory. The table's own NC_START_MACRO
@@ -56,6 +63,7 @@ class ListingReader final : public ToolPathReader {
   ~ListingReader() override;
 
   [[nodiscard]] bool next(ToolPathEvent& event) override;
+  [[nodiscard]] bool isInOrder() const override { return options_.blocks == nullptr; }
 
   /// The calls read so far.
   [[nodiscard]] const CallCounts& calls() const noexcept { return calls_; }
@@ -64,11 +72,16 @@ class ListingReader final : public ToolPathReader {
   /// The unit of the positions in the output; nothing before the first move.
   [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
   [[nodiscard]] const Vocabulary& vocabulary() const noexcept { return options_.vocabulary; }
+  /// True when a line that follows the NC program ended it: the program has no M2 or M30.
+  [[nodiscard]] bool endWasAdded() const noexcept { return endWasAdded_; }
 
  private:
   [[nodiscard]] bool waitsForUnit() const;
   void begin();
   bool readCall();
+  [[nodiscard]] LinePlace placeOfListing() const;
+  [[nodiscard]] LinePlace placeOf(const CanonicalCall& call);
+  void noteFile(const LinePlace& place, std::size_t firstEvent);
   void checkRunningNumber(const CanonicalCall& call, const LinePlace& place);
   void count(const CanonicalCall& call, CallFate fate, const LinePlace& place);
   CallFate dispatch(const CallRule& rule, const CanonicalCall& call, const LinePlace& place);
@@ -113,6 +126,9 @@ class ListingReader final : public ToolPathReader {
   long frameLine_ = 0;
   bool frameChanged_ = true;
   bool ended_ = false;
+  bool endWasAdded_ = false;
+  /// The place of the last block that has a number, of an NC program.
+  LinePlace block_{};
 
   /// Where the move before ended, while that is known, and its rotary words.
   std::optional<Triple> lastPoint_;

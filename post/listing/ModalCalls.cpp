@@ -35,6 +35,16 @@ void setValue(NamedValues& values, std::string_view name, KEPMfgParameterValue v
   }
 }
 
+constexpr std::string_view kToolNumber = "MFG_TOOL_NUMBER";
+// What a tool table says of a tool.
+constexpr std::string_view kToolName = "MFG_TOOL_NAME";
+constexpr std::string_view kToolDiameter = "MFG_NOMINAL_DIAM";
+constexpr std::string_view kToolPocket = "MFG_TOOL_POCKET";
+
+bool isOfTool(std::string_view name) {
+  return name == kToolName || name == kToolDiameter || name == kToolPocket;
+}
+
 /// The activity that a whole listing belongs to.
 ActivityStart listedActivity(bool variesToolAxis) {
   ActivityStart activity;
@@ -83,17 +93,19 @@ std::vector<std::string_view> commentPieces(std::string_view text) {
 }  // namespace
 
 ModalCalls::ModalCalls(const Vocabulary& vocabulary, ListedTexts texts, bool variesToolAxis,
-                       std::vector<ToolPathEvent>& events)
+                       const ToolTable* tools, std::vector<ToolPathEvent>& events)
     : vocabulary_(vocabulary),
       texts_(texts),
+      tools_(tools),
       events_(events),
       activity_(listedActivity(variesToolAxis)) {
   events_.emplace_back(activity_);
 }
 
 void ModalCalls::stateUnit(LengthUnit unit) {
-  const auto state = [unit](ActivityStart& activity) {
+  const auto state = [this, unit](ActivityStart& activity) {
     setValue(activity.parameters, kUnitParameter, textValue(unitWord(unit)));
+    stateTool(activity, unit);
   };
   state(activity_);
   for (ToolPathEvent& event : events_) {
@@ -106,7 +118,29 @@ void ModalCalls::changeUnit(LengthUnit unit, long line) {
   const auto& parameters = activity_.parameters;
   const auto known = std::ranges::find(parameters, kUnitParameter, &NamedValues::value_type::first);
   const bool isSame = known != parameters.end() && known->second.text == word.text;
-  if (!isSame) setParameter(kUnitParameter, word, line);
+  if (isSame && tools_ == nullptr) return;
+  stateTool(activity_, unit);
+  setParameter(kUnitParameter, word, line);
+}
+
+// States what the table says of the tool of an activity, and takes away what it said of another.
+void ModalCalls::stateTool(ActivityStart& activity, LengthUnit unit) const {
+  if (tools_ == nullptr) return;
+  auto& parameters = activity.parameters;
+  std::erase_if(parameters, [](const auto& value) { return isOfTool(value.first); });
+  activity.assembly.reset();
+  const auto number = std::ranges::find(parameters, kToolNumber, &NamedValues::value_type::first);
+  if (number == parameters.end()) return;
+  const auto tool = tools_->tools.find(number->second.integer);
+  if (tool == tools_->tools.end()) return;
+  const auto length = [&](double value) { return realValue(converted(value, tools_->unit, unit)); };
+  const TableTool& row = tool->second;
+  if (!row.comment.empty()) setValue(parameters, kToolName, textValue(row.comment));
+  setValue(parameters, kToolDiameter, length(row.diameter));
+  setValue(parameters, kToolPocket, integerValue(row.pocket));
+  activity.assembly.emplace().parameters = {{"MFG_TL_SET_X", length(row.offset[0])},
+                                            {"MFG_TL_SET_Y", length(row.offset[1])},
+                                            {"MFG_TL_SET_Z", length(row.offset[2])}};
 }
 
 CallFate ModalCalls::dispatch(const ListedCall& call) {
@@ -213,7 +247,9 @@ CallFate ModalCalls::changeTool(const ListedCall& call) {
                       "no SELECT_TOOL before this selects a tool: CHANGE_TOOL names the pocket of "
                       "the tool, not its number");
   }
-  setParameter("MFG_TOOL_NUMBER", integerValue(*selectedTool_), call.place.line);
+  setValue(activity_.parameters, kToolNumber, integerValue(*selectedTool_));
+  stateTool(activity_, call.textUnit);
+  setParameter(kToolNumber, integerValue(*selectedTool_), call.place.line);
   return putInstruction(call, "NC_TOOL_CHANGE");
 }
 

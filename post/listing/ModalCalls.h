@@ -8,6 +8,7 @@
 #include "post/listing/CallTable.h"
 #include "post/listing/CanonicalCall.h"
 #include "post/listing/MachineState.h"
+#include "post/listing/ToolTable.h"
 #include "post/listing/Vocabulary.h"
 #include "post/toolpath/ToolPath.h"
 
@@ -32,9 +33,10 @@ struct ListedCall {
 /// What they need in the output is appended to `events`.
 class ModalCalls {
  public:
-  /// `variesToolAxis`: whether moves have tool axes.
+  /// `variesToolAxis`: whether moves have tool axes. `tools`: null when they are unknown; what the
+  /// table says of a tool is stated in the activity from its change on.
   ModalCalls(const Vocabulary& vocabulary, ListedTexts texts, bool variesToolAxis,
-             std::vector<ToolPathEvent>& events);
+             const ToolTable* tools, std::vector<ToolPathEvent>& events);
 
   /// States the unit of the text in the activity, also in the events that are there already.
   void stateUnit(LengthUnit unit);
@@ -59,11 +61,13 @@ class ModalCalls {
   CallFate stopProgram(const ListedCall& call, bool hasInstruction, std::string_view instruction);
   CallFate putInstruction(const ListedCall& call, std::string_view instruction);
 
+  void stateTool(ActivityStart& activity, LengthUnit unit) const;
   void setParameter(std::string_view name, KEPMfgParameterValue value, long line);
   void put(std::optional<Element> element, long line);
 
   const Vocabulary& vocabulary_;
   ListedTexts texts_;
+  const ToolTable* tools_;
   std::vector<ToolPathEvent>& events_;
   FeedState feed_;
   SpindleState spindle_;

@@ -22,7 +22,6 @@ std::string placed(std::string_view file, long line, long column, std::string_vi
 constexpr std::size_t kReadAhead = std::size_t{1} << 16U;
 // One byte more than the longest line shows that a line is too long.
 constexpr std::size_t kCapacity = LineReader::kLongestLine + 1 + kReadAhead;
-constexpr std::size_t kLeastPeek = 64;
 
 int openFile(const std::string& path) {
   if (path == "-") return STDIN_FILENO;
@@ -69,8 +68,8 @@ bool LineReader::next(std::string_view& line) {
   }
 }
 
-std::string_view LineReader::peek() {
-  while (unread().size() < kLeastPeek && fill()) {
+std::string_view LineReader::peek(std::size_t least) {
+  while (unread().size() < least && fill()) {
   }
   return unread();
 }

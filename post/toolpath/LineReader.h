@@ -47,8 +47,9 @@ class LineReader {
   /// cannot be read and for a line that is too long.
   [[nodiscard]] bool next(std::string_view& line);
 
-  /// The first unread bytes, at least 64 unless the file ends sooner. They stay unread.
-  [[nodiscard]] std::string_view peek();
+  /// The first unread bytes, at least `least` unless the file ends sooner; 64 KiB can be asked for.
+  /// They stay unread.
+  [[nodiscard]] std::string_view peek(std::size_t least = 64);
 
   /// Number of the line that was read last, from 1; 0 before the first.
   [[nodiscard]] long lineNumber() const noexcept { return lineNumber_; }

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "post/text/NcBlock.h"
 #include "post/text/Utf8.h"
 #include "post/toolpath/LineReader.h"
 
@@ -12,6 +13,8 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kDigits = "0123456789";
+/// How much of an input is looked at for the words of an NC program.
+constexpr std::size_t kFirstLines = 8192;
 
 std::string_view withoutLeading(std::string_view text, std::string_view set) {
   text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
@@ -63,12 +66,15 @@ ToolPathKind recogniseToolPath(LineReader& lines) {
   if (beginsListing(first)) return ToolPathKind::Listing;
   if (first.empty()) {
     throw InputError(lines.name(), 0, 0,
-                     "the input is empty; a job (JSON Lines) or a canonical listing is expected");
+                     "the input is empty; a job (JSON Lines), a canonical listing or an NC program "
+                     "is expected");
   }
+  if (looksLikeProgram(lines.peek(kFirstLines).substr(0, kFirstLines)))
+    return ToolPathKind::Program;
   throw InputError(lines.name(), 1, 1,
                    "neither a job (JSON Lines, begins with '{') nor a canonical listing (begins "
-                   "with '    1 N.....'); to create the listing of an NC program, use: rs274 -g "
-                   "PROGRAM LISTING");
+                   "with '    1 N.....') nor an NC program (has words such as G1 in its first "
+                   "lines)");
 }
 
 }  // namespace host

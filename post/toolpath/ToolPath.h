@@ -16,6 +16,15 @@ class LineReader;
 
 using Triple = std::array<double, 3>;
 
+/// A line of a tool path, from 1; of a file that an NC program calls if that has a name here.
+struct SourceLine {
+  // A line of the tool path itself.
+  SourceLine(long number) : line(number) {}  // NOLINT(google-explicit-constructor)
+  SourceLine(long number, std::string_view name) : line(number), file(name) {}
+  long line;
+  std::string_view file;
+};
+
 /// A point of the tool path and, where it changes, the tool axis there.
 struct Position {
   Triple point{};
@@ -70,6 +79,11 @@ struct Element {
   std::vector<Position> positions;
   /// Line of the input that holds the element, from 1.
   long line = 0;
+  /// The file that holds the line where it is not the tool path itself but a file that an NC
+  /// program calls; empty otherwise. The text belongs to the reader.
+  std::string_view file{};
+
+  [[nodiscard]] SourceLine place() const { return {line, file}; }
 };
 
 /// The activity that the elements after it belong to.
@@ -82,10 +96,10 @@ struct ActivityStart : ActivityValues {
 using ToolPathEvent = std::variant<Element, ActivityStart>;
 
 /// What a file of tool paths can be.
-enum class ToolPathKind { Job, Listing };
+enum class ToolPathKind { Job, Listing, Program };
 
-/// Recognises by its first bytes whether an input is a job (JSON Lines) or a canonical listing;
-/// they stay unread. Raises an InputError for an input that is neither.
+/// Recognises by its first bytes whether an input is a job (JSON Lines), a canonical listing or an
+/// NC program; they stay unread. Raises an InputError for an input that is none of them.
 [[nodiscard]] ToolPathKind recogniseToolPath(LineReader& lines);
 
 /// A place of a tool path as a user writes it, FILE:LINE or FILE:LINE:POINT. Both count from 1.
@@ -109,6 +123,8 @@ class ToolPathReader {
 
   /// Fills in the next event; false at the end. Raises an InputError for input that is refused.
   [[nodiscard]] virtual bool next(ToolPathEvent& event) = 0;
+  /// True when the lines of events never decrease: an NC program has loops and subroutines.
+  [[nodiscard]] virtual bool isInOrder() const { return true; }
 };
 
 }  // namespace host

@@ -181,15 +181,15 @@ class Jobs(program.ProgramTest):
         self.check_refused(
             "/dev/zero",
             "/dev/zero:1:1: error: neither a job (JSON Lines, begins with '{') nor a canonical "
-            "listing (begins with '    1 N.....'); to create the listing of an NC program, use: "
-            "rs274 -g PROGRAM LISTING\n",
+            "listing (begins with '    1 N.....') nor an NC program (has words such as G1 in its first "
+            "lines)\n",
         )
 
     def test_empty_device_is_refused(self):
         self.check_refused(
             "/dev/null",
-            "/dev/null: error: the input is empty; a job (JSON Lines) or a canonical listing is "
-            "expected\n",
+            "/dev/null: error: the input is empty; a job (JSON Lines), a canonical listing or an NC "
+            "program is expected\n",
         )
 
     def test_job_comes_through_a_pipe(self):

@@ -55,12 +55,12 @@ class Parameters(program.ProgramTest):
                 "instructions": ["NC_CIRCLE1", "NC_CIRCLE2", "NC_CYLNDR1", "NC_CYLNDR2"],
             },
         )
-        self.assertEqual(len(self.listed()), 113)
+        self.assertEqual(len(self.listed()), 114)
 
     def test_list_of_the_catalogue_has_a_short_form(self):
         alone = self.texts("parameters")
         self.assertEqual(alone, self.texts("--default", "parameters"))
-        self.assertTrue(alone.startswith("parameters (113)\n  MFG_XPOINT\n"))
+        self.assertTrue(alone.startswith("parameters (114)\n  MFG_XPOINT\n"))
         self.assertLessEqual(max(len(line) for line in alone.splitlines()), 80)
         # A file of that name is a table.
         self.write("parameters", TABLE)

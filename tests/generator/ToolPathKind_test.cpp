@@ -11,12 +11,13 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// "job", "listing", or "LINE:COLUMN: " and the message.
+/// "job", "listing", "program", or "LINE:COLUMN: " and the message.
 std::string kindOf(std::string_view text) {
   const InputFile file(text);
   host::LineReader lines(file.path());
   try {
-    return host::recogniseToolPath(lines) == host::ToolPathKind::Job ? "job" : "listing";
+    constexpr const char* kNames[] = {"job", "listing", "program"};
+    return kNames[static_cast<int>(host::recogniseToolPath(lines))];
   } catch (const host::InputError& error) {
     return std::to_string(error.line()) + ':' + std::to_string(error.column()) + ": " +
            error.message();
@@ -37,7 +38,8 @@ TEST(ToolPathKind, ListingBeginsWithTwoNumbers) {
 
 TEST(ToolPathKind, EmptyInputIsNeither) {
   constexpr std::string_view kMessage =
-      "0:0: the input is empty; a job (JSON Lines) or a canonical listing is expected";
+      "0:0: the input is empty; a job (JSON Lines), a canonical listing or an NC program is "
+      "expected";
   EXPECT_EQ(kindOf(""), kMessage);
   EXPECT_EQ(kindOf(" \n\n"), kMessage);
 }
@@ -45,12 +47,23 @@ TEST(ToolPathKind, EmptyInputIsNeither) {
 TEST(ToolPathKind, OtherInputIsNeither) {
   constexpr std::string_view kMessage =
       "1:1: neither a job (JSON Lines, begins with '{') nor a canonical listing (begins with "
-      "'    1 N.....'); to create the listing of an NC program, use: rs274 -g PROGRAM LISTING";
+      "'    1 N.....') nor an NC program (has words such as G1 in its first lines)";
   for (const std::string_view text :
-       {"G21 G90\n"sv, "%\n"sv, "N10 G0 X1\n"sv, "10 G0\n"sv, "1N..... ON_RESET()\n"sv, "12"sv,
-        "[1]\n"sv, "\xEF\xBB\xBFG0\n"sv, "\0\0\0\0"sv, "PK\x03\x04"sv}) {
+       {"%\n"sv, "(G1 X1)\n"sv, "; G1\n"sv, "X1 Y2\n"sv, "GOTO/1,2,3\n"sv, "12,G1\n"sv,
+        "PPRINT M6\n"sv, "1N..... ON_RESET()\n"sv, "12"sv, "#<g1> = 2\n"sv, "o100 if [#1 ge 5]\n"sv,
+        "[1]\n"sv, "G1 X1\n\0\n"sv, "*START_SYNTAXES\nG1 X1\n*END\n"sv, "\0\0\0\0"sv,
+        "PK\x03\x04"sv}) {
     EXPECT_EQ(kindOf(text), kMessage) << text;
   }
+}
+
+TEST(ToolPathKind, ProgramHasWordsInItsFirstLines) {
+  for (const std::string_view text :
+       {"G21 G90\n"sv, "%\nO0001\nG21\n"sv, "N10 G0 X1\n"sv, "g 1 x1"sv, "(a)\n\n  /n10m6t3\r\n"sv,
+        "#1=5 G1 X#1\n"sv, "10 G0\n"sv, "G[50+3]\nX[1]G0\n"sv, "\xEF\xBB\xBFG21\nG0\n"sv}) {
+    EXPECT_EQ(kindOf(text), "program") << text;
+  }
+  EXPECT_EQ(kindOf(std::string(8200, '\n') + "G1\n").substr(0, 4), "1:1:");
 }
 
 TEST(ToolPathKind, NothingIsTaken) {

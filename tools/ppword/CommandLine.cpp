@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -74,9 +75,16 @@ void addReading(CLI::App& command, ToolPathOptions& options) {
       const std::string reason = setReading(option.name, text, options);
       if (!reason.empty()) throw CLI::ValidationError(name, reason);
     };
-    command
-        .add_option_function<std::string>(name, take, std::string(option.help) + " (listings only)")
-        ->option_text(std::string(option.value));
+    const bool isForBoth = option.scope == ReadingScope::ListingsAndPrograms;
+    const std::string help =
+        std::string(option.help) + (isForBoth ? " (not for jobs)" : " (NC programs only)");
+    if (option.value.empty()) {
+      command.add_flag_function(
+          name, [take](std::int64_t /*count*/) { take(""); }, help);
+    } else {
+      command.add_option_function<std::string>(name, take, help)
+          ->option_text(std::string(option.value));
+    }
   }
 }
 
@@ -166,7 +174,8 @@ void addDocument(CLI::App& command, DocumentOptions& options) {
 }
 
 void addPost(CLI::App& command, PostOptions& options) {
-  addFile(command, "JOB", options.job, "Job or listing; - for standard input", " ")->required();
+  addFile(command, "JOB", options.job, "Job, listing or NC program; - for standard input", " ")
+      ->required();
   addFile(command, "-t,--table", options.table, "PP word table to load", "TABLE");
   addDocumentFile(command, options);
   command
@@ -180,6 +189,7 @@ void addPost(CLI::App& command, PostOptions& options) {
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
   command.add_flag("-v,--verbose", options.verbose, "Report what came from where");
+  command.add_flag("--listing", options.listing, "Write the listing of an NC program instead");
   addReading(command, options);
 }
 

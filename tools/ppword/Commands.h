@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <optional>
 #include <string>
@@ -57,14 +58,20 @@ struct ToolPathOptions {
   std::string table;
   /// Empty: the one that the job names, or a new one.
   std::string document;
-  /// For listings only: the options that were named, without "--", as they were written, and what
-  /// they mean.
+  /// For listings and NC programs only: the options that were named, without "--", as they were
+  /// written, and what they mean.
   std::map<std::string, std::string> reading;
   std::optional<host::LengthUnit> units;
   std::optional<host::RotaryChain> rotary;
   double chord = host::kChordDeviation;
   bool helicesAsChords = false;
   host::ListedTexts comments = host::ListedTexts::Program;
+  /// The files of tools and machine parameters; empty for none. Their unit.
+  std::string tools;
+  std::string machine;
+  host::LengthUnit machineUnits = host::LengthUnit::Millimetre;
+  bool unknownTools = false;
+  std::chrono::seconds timeout{60};
 };
 
 struct ExplainOptions : ToolPathOptions {
@@ -121,6 +128,8 @@ struct PostOptions : ToolPathOptions {
   std::string output;
   /// Where the lines come from; empty for no map.
   std::string map;
+  /// True to write the listing of an NC program instead of the text.
+  bool listing = false;
   StrictnessOptions strictness;
   bool verbose = false;
   OutputFormat format = OutputFormat::ForPeople;

@@ -127,7 +127,9 @@ Subject subjectOf(const ExplainOptions& options) {
 void requireSuitable(const ExplainOptions& options) {
   if (!options.place) {
     if (options.reading.empty()) return;
-    throw UsageError{readingNames() + " are for the listing of --job"};
+    throw UsageError{readingNames(ReadingScope::ListingsAndPrograms) +
+                     " are for the listing of --job, " + readingNames(ReadingScope::Programs) +
+                     " for its NC program"};
   }
   if (!options.syntax.empty()) throw UsageError{"--job takes no --syntax"};
   if (options.sequence) throw UsageError{"--job takes no --sequence: its element names it"};

@@ -176,7 +176,8 @@ Answer answerOf(const MappedText& mapped, const MappedLine& record, long line,
   if (!fits(element, record)) refuseOtherwise(map, line);
   const auto& explained = element->explanation.lines[static_cast<std::size_t>(record.syntax) - 1];
   const auto place = origins.placeOf(record.instruction, element->sequence, record.syntax);
-  Answer answer{line,     mapped.text, lineOfFile(mapped.text, line), mapped.options.job,
+  const std::string& file = element->file.empty() ? mapped.options.job : element->file;
+  Answer answer{line,     mapped.text, lineOfFile(mapped.text, line), file,
                 *element, explained,   originJson(place, input)};
   if (!fits(answer) || answer.origin != record.origin) refuseOtherwise(map, line);
   return answer;

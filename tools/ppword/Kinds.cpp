@@ -46,6 +46,12 @@ constexpr Kind kPostKinds[] = {
      "The machine would stay where it is.", "", ""},
     {kUnknownCall, "post", "warning", "a call of the listing is unknown", "correct the listing",
      "It may be a move.", "", ""},
+    {kMachineCoordinates, "post", "warning",
+     "an NC program moves in machine coordinates that are unknown",
+     "name the machine's parameters with --machine FILE",
+     "G53, G28 and G30 move to places of the machine. Without its offsets these are taken as 0: a "
+     "retract to the top of the machine becomes a traverse to the zero of the part.",
+     "", ""},
     {kTableEntry, "post", "warning", "an entry of the table is not loaded",
      "ppword check --lint TABLE says why",
      "The built-in entry of that name, or none, is used in its place.", "", ""},

@@ -42,6 +42,7 @@ inline constexpr std::string_view kMisspelt = "misspelt-parameter";
 inline constexpr std::string_view kLostCall = "lost-call";
 inline constexpr std::string_view kLostMove = "lost-move";
 inline constexpr std::string_view kUnknownCall = "unknown-call";
+inline constexpr std::string_view kMachineCoordinates = "machine-coordinates";
 inline constexpr std::string_view kTableEntry = "table-entry";
 // The kind of the lint, for lines that are put out.
 inline constexpr std::string_view kWideLine = "wide-line";

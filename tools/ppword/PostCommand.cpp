@@ -89,6 +89,29 @@ std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& 
   return std::make_unique<PostMap>(options, input, origins, output.lines());
 }
 
+// What is said of a listing that was written.
+void reportListing(const PostOptions& options, const std::string& name,
+                   const std::vector<host::MachineWord>& words, bool isRefused) {
+  if (options.format == OutputFormat::ForPrograms) {
+    const Json output = options.output.empty() ? Json(nullptr) : textJson(options.output);
+    writeMessage(documentText({{"file", textJson(name)},
+                               {"output", output},
+                               {"written", !isRefused},
+                               {"machineCoordinates", machineWordsJson(words)}}));
+    return;
+  }
+  for (const host::MachineWord& word : words) {
+    host::Diagnostic finding;
+    finding.severity = isRefused ? host::Severity::Error : host::Severity::Warning;
+    finding.file = word.file;
+    finding.line = word.line;
+    finding.key = kMachineCoordinates;
+    finding.message =
+        word.name + " moves in machine coordinates, which are unknown without --machine";
+    reportDiagnostic(finding);
+  }
+}
+
 ExitStatus generate(const PostOptions& options) {
   ToolPathInput input(options);
   LoadReport load;
@@ -98,7 +121,12 @@ ExitStatus generate(const PostOptions& options) {
   PostOutput output(options.output, strictness.isStrict());
   const auto map = mapOf(options, input, origins, output);
   const host::Summary summary = write(options, input, map.get(), output);
-  const PostReport report{summary, input.listing(), load.missing(), input.table(), options.output};
+  const PostReport report{summary,
+                          input.listing(),
+                          load.missing(),
+                          input.table(),
+                          input.isProgram() ? &input.machineWords() : nullptr,
+                          options.output};
   const std::string refusal = refusalOf(report, strictness);
   if (refusal.empty()) {
     output.finish();
@@ -106,6 +134,33 @@ ExitStatus generate(const PostOptions& options) {
   }
   reportRun(options, report, refusal, load, *input.document());
   return refusal.empty() ? ExitStatus::Done : ExitStatus::Refused;
+}
+
+// --listing takes what an NC program is run with, and nothing that is about the text.
+void requireListable(const PostOptions& options) {
+  const bool isAboutText = !options.table.empty() || !options.document.empty() ||
+                           !options.map.empty() || options.verbose;
+  if (isAboutText) throw UsageError{"--listing takes no -t, -d, --map or -v: it writes no text"};
+}
+
+void copyLines(host::LineReader& from, host::LineSink& to) {
+  for (std::string_view line; from.next(line);) to.write(line);
+}
+
+ExitStatus writeListing(const PostOptions& options) {
+  requireListable(options);
+  const Strictness strictness(options.strictness);
+  ToolPathInput input(options);
+  const host::ProgramListing listing = input.list();
+  const auto& words = input.machineWords();
+  const bool isRefused = !words.empty() && strictness.refuses(kMachineCoordinates);
+  if (!isRefused) {
+    PostOutput output(options.output, false);
+    copyLines(*listing.lines, output.lines());
+    output.finish();
+  }
+  reportListing(options, input.name(), words, isRefused);
+  return isRefused ? ExitStatus::Refused : ExitStatus::Done;
 }
 
 ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic) {
@@ -124,9 +179,11 @@ ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic
 ExitStatus postJob(const PostOptions& options) {
   try {
     requireOther(options, options.job == "-" ? "/dev/stdin" : options.job);
-    requireOther(options, options.table);
+    for (const std::string& file : {options.table, options.tools, options.machine}) {
+      requireOther(options, file);
+    }
     requireMappable(options);
-    return generate(options);
+    return options.listing ? writeListing(options) : generate(options);
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);
   } catch (const host::InputError& error) {

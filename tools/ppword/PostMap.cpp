@@ -39,7 +39,8 @@ PostMap::PostMap(const PostOptions& options, const ToolPathInput& input,
     : options_(options), input_(input), origins_(origins), text_(text), file_(options.map) {}
 
 void PostMap::elementBegins(const host::WrittenElement& written) {
-  element_ = {{"file", textJson(options_.job)},
+  const std::string file(written.element.file);
+  element_ = {{"file", textJson(file.empty() ? options_.job : file)},
               {"line", written.element.line},
               {"point", written.point},
               {"number", ++elements_}};

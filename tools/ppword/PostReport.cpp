@@ -30,6 +30,11 @@ struct Count {
   std::string place;
 };
 
+std::string placeText(long line, const std::string& file) {
+  return "in line " + std::to_string(line) +
+         (file.empty() ? "" : " of " + host::terminalSafe(file));
+}
+
 // Counts of one kind.
 struct Counts {
   std::string_view opening;
@@ -43,7 +48,7 @@ struct Counts {
 Counts countsOf(std::string_view opening, const Tally& tally) {
   Counts counts{opening, {}, tally.others()};
   for (const Tally::Entry& entry : tally.entries()) {
-    std::string place = "in line " + std::to_string(entry.firstLine);
+    std::string place = placeText(entry.firstLine, entry.firstFile);
     const bool isNamed = entry.firstInstruction.empty() || entry.firstInstruction == entry.name;
     if (!isNamed) place += ", " + host::terminalSafe(entry.firstInstruction);
     counts.all.push_back({host::terminalSafe(entry.name), entry.count, std::move(place)});
@@ -57,7 +62,17 @@ Counts countsOf(std::string_view opening, const PostReport& report, CallFate fat
   for (const host::CallCount& call : report.listing->calls().all()) {
     if (call.fate != fate) continue;
     counts.all.push_back(
-        {host::terminalSafe(call.name), call.count, "in line " + std::to_string(call.firstLine)});
+        {host::terminalSafe(call.name), call.count, placeText(call.firstLine, call.firstFile)});
+  }
+  return counts;
+}
+
+Counts machineCounts(const PostReport& report) {
+  Counts counts{"WARNING: machine positions unknown", {}};
+  if (report.machineWords == nullptr) return counts;
+  for (const host::MachineWord& word : *report.machineWords) {
+    const std::string file = word.file == report.summary.file ? "" : word.file;
+    counts.all.push_back({word.name, word.count, placeText(word.line, file)});
   }
   return counts;
 }
@@ -68,6 +83,7 @@ std::vector<Counts> findingsOf(const PostReport& report) {
   return {countsOf("WARNING: moves missing from the output", report, CallFate::UnsupportedMove),
           countsOf("WARNING: unknown calls, missing from the output", report, CallFate::Unknown),
           countsOf("WARNING: calls only partly written", report, CallFate::Dropped),
+          machineCounts(report),
           countsOf("WARNING: not evaluated", summary.unevaluated),
           countsOf("WARNING: printed without a number", summary.withoutNumber),
           countsOf("WARNING: names cut off", summary.dropped),
@@ -176,6 +192,7 @@ Json tallyJson(const Tally& tally, bool instructions) {
     Json json{
         {"name", textJson(entry.name)}, {"count", entry.count}, {"firstLine", entry.firstLine}};
     if (!instructions) json["firstInstruction"] = textJson(entry.firstInstruction);
+    if (!entry.firstFile.empty()) json["firstFile"] = textJson(entry.firstFile);
     array.push_back(std::move(json));
   }
   if (tally.others() > 0) array.push_back({{"name", nullptr}, {"count", tally.others()}});
@@ -191,10 +208,12 @@ std::string_view fateName(CallFate fate) {
 Json callsJson(const host::CallCounts& calls) {
   Json array = Json::array();
   for (const host::CallCount& call : calls.all()) {
-    array.push_back({{"name", textJson(call.name)},
-                     {"fate", fateName(call.fate)},
-                     {"count", call.count},
-                     {"firstLine", call.firstLine}});
+    Json json{{"name", textJson(call.name)},
+              {"fate", fateName(call.fate)},
+              {"count", call.count},
+              {"firstLine", call.firstLine}};
+    if (!call.firstFile.empty()) json["firstFile"] = textJson(call.firstFile);
+    array.push_back(std::move(json));
   }
   return array;
 }
@@ -214,6 +233,8 @@ std::vector<Loss> lossesOf(const PostReport& report) {
   const auto calls = [&](CallFate fate) {
     return report.listing == nullptr ? 0 : report.listing->calls().total(fate);
   };
+  long machineWords = 0;
+  for (const Count& count : machineCounts(report).all) machineWords += count.count;
   return {{kUnevaluated, summary.unevaluated.total()},
           {kWithoutNumber, summary.withoutNumber.total()},
           {kCutOff, summary.dropped.total()},
@@ -226,9 +247,14 @@ std::vector<Loss> lossesOf(const PostReport& report) {
           {kLostCall, calls(CallFate::Dropped)},
           {kLostMove, calls(CallFate::UnsupportedMove)},
           {kUnknownCall, calls(CallFate::Unknown)},
+          {kMachineCoordinates, machineWords, false, false},
           {kTableEntry, report.missingEntries},
           {kWideLine, summary.wide.total(), true, false}};
 }
+
+// What is said of the end of an NC program that has none.
+constexpr std::string_view kAddedEnd =
+    "  NOTE: the program has no M2 or M30; it was run with M2 as its last line";
 
 std::string outcomeText(const PostReport& report, std::string_view refusal) {
   const std::string output = report.output.empty() ? "standard output" : report.output;
@@ -277,6 +303,7 @@ std::string reportText(const PostReport& report, std::string_view refusal, bool 
       lines.push_back("  " + host::terminalSafe(line));
     }
   }
+  if (report.listing != nullptr && report.listing->endWasAdded()) lines.emplace_back(kAddedEnd);
   if (!verbose) limit(lines, kMostLines - std::min(linesSoFar + 1, kMostLines - 2));
   for (const std::string& line : lines) text += line + '\n';
   if (verbose) {
@@ -312,5 +339,19 @@ Json reportJson(const PostReport& report, bool written) {
     json["feedUnit"] = host::pluralOf(report.listing->vocabulary().feedPerMinute.value_or(*unit));
   }
   json["calls"] = callsJson(report.listing->calls());
+  if (report.machineWords == nullptr) return json;
+  json["machineCoordinates"] = machineWordsJson(*report.machineWords);
+  json["endAdded"] = report.listing->endWasAdded();
   return json;
+}
+
+Json machineWordsJson(const std::vector<host::MachineWord>& words) {
+  Json array = Json::array();
+  for (const host::MachineWord& word : words) {
+    array.push_back({{"name", word.name},
+                     {"count", word.count},
+                     {"file", textJson(word.file)},
+                     {"firstLine", word.line}});
+  }
+  return array;
 }

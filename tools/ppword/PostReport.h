@@ -1,9 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "post/generator/Summary.h"
 #include "post/listing/ListingReader.h"
+#include "post/program/ProgramCopy.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/PostTable.h"
@@ -16,6 +18,9 @@ struct PostReport {
   /// Entries of the table that should have been loaded and were not.
   long missingEntries;
   const PostTable& table;
+  /// The words of an NC program that move in unknown machine coordinates; null for another tool
+  /// path.
+  const std::vector<host::MachineWord>* machineWords;
   /// Where the text went; empty for the standard output.
   std::string output;
 };
@@ -33,3 +38,6 @@ struct PostReport {
 [[nodiscard]] std::string reportText(const PostReport& report, std::string_view refusal,
                                      bool verbose);
 [[nodiscard]] Json reportJson(const PostReport& report, bool written);
+
+/// The words of a program, for programs.
+[[nodiscard]] Json machineWordsJson(const std::vector<host::MachineWord>& words);

@@ -6,11 +6,15 @@
 
 #include "tools/ppword/Commands.h"
 
-/// An option that says how a listing is read and written. A job states all of it itself.
+/// What an option is for. A job takes none: it states all of it itself.
+enum class ReadingScope { ListingsAndPrograms, Programs };
+
+/// An option that says how a listing or an NC program is read and written.
 struct ReadingOption {
+  ReadingScope scope;
   /// Without the "--".
   std::string_view name;
-  /// What the help shows as its value, and of the option.
+  /// What the help shows as its value, empty for an option without one; and of the option.
   std::string_view value;
   std::string_view help;
   /// Takes a value; a text that is refused leaves the reason.
@@ -23,5 +27,8 @@ struct ReadingOption {
 [[nodiscard]] std::string setReading(std::string_view name, std::string_view text,
                                      ToolPathOptions& options);
 
-/// "--units, --rotary and --chord": all of them, for messages.
-[[nodiscard]] std::string readingNames();
+/// "--units, --rotary and --chord": all of a scope, for messages.
+[[nodiscard]] std::string readingNames(ReadingScope scope);
+
+/// True when an option of a scope was named.
+[[nodiscard]] bool names(const ToolPathOptions& options, ReadingScope scope);

@@ -52,23 +52,50 @@ std::vector<std::string> textWordsOf(const std::string& table) {
   return words;
 }
 
+/// The tool table that an option names; null without one.
+std::shared_ptr<const host::ToolTable> toolsOf(const ToolPathOptions& options) {
+  if (options.tools.empty()) return nullptr;
+  return std::make_shared<host::ToolTable>(
+      host::readToolTable(options.tools, options.machineUnits));
+}
+
 }  // namespace
 
 ToolPathInput::ToolPathInput(const ToolPathOptions& options)
     : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
-  if (host::recogniseToolPath(*lines_) == host::ToolPathKind::Listing) return;
-  if (!options.reading.empty()) {
-    throw UsageError{readingNames() + " are for listings; a job states its own"};
+  kind_ = host::recogniseToolPath(*lines_);
+  refuseOptions();
+  if (kind_ == host::ToolPathKind::Job) job_.emplace(std::move(lines_));
+}
+
+void ToolPathInput::refuseOptions() const {
+  using enum ReadingScope;
+  if (kind_ == host::ToolPathKind::Job && names(options_, ListingsAndPrograms)) {
+    throw UsageError{readingNames(ListingsAndPrograms) + " are for listings; a job states its own"};
   }
-  job_.emplace(std::move(lines_));
+  if (!isProgram() && names(options_, Programs)) {
+    throw UsageError{readingNames(Programs) + " are for NC programs"};
+  }
+}
+
+std::filesystem::path ToolPathInput::folder() const {
+  return std::filesystem::path(options_.job == "-" ? "" : options_.job).parent_path();
+}
+
+host::ProgramListing ToolPathInput::list() {
+  if (!isProgram()) throw UsageError{"--listing is for NC programs"};
+  host::ProgramListing listing =
+      host::listProgram(*lines_, {folder().string(), toolsOf(options_), options_.machine,
+                                  options_.machineUnits, options_.unknownTools, options_.timeout});
+  if (options_.machine.empty()) machineWords_ = std::move(listing.machineWords);
+  return listing;
 }
 
 std::string ToolPathInput::documentFile() const {
   if (!options_.document.empty() || !job_ || job_->header().document.empty()) {
     return options_.document;
   }
-  const auto folder = std::filesystem::path(options_.job == "-" ? "" : options_.job).parent_path();
-  return (folder / job_->header().document).string();
+  return (folder() / job_->header().document).string();
 }
 
 KEPVar<host::Document> ToolPathInput::openedDocument() const {
@@ -96,10 +123,16 @@ void ToolPathInput::setUp(bool hasStartMacro) {
   }
   host::TableWords words{{}, hasStartMacro};
   if (!table_.path.empty()) words.textWords = textWordsOf(table_.path);
-  listing_.emplace(
-      std::move(lines_),
-      host::ListingOptions{options_.units, options_.rotary, host::vocabularyOf(*document_, words),
-                           options_.chord, options_.helicesAsChords, options_.comments});
+  host::ListingOptions reading{
+      options_.units,   options_.rotary,          host::vocabularyOf(*document_, words),
+      options_.chord,   options_.helicesAsChords, options_.comments,
+      toolsOf(options_)};
+  if (isProgram()) {
+    host::ProgramListing program = list();
+    lines_ = std::move(program.lines);
+    reading.blocks = std::move(program.places);
+  }
+  listing_.emplace(std::move(lines_), std::move(reading));
 }
 
 host::ToolPathReader& ToolPathInput::events() {

@@ -1,31 +1,39 @@
 #pragma once
 
+#include <filesystem>
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/modeler/Document.h"
 #include "post/job/JobReader.h"
 #include "post/job/JobSetup.h"
 #include "post/listing/ListingReader.h"
+#include "post/program/NcProgram.h"
 #include "post/toolpath/ToolPath.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/PostTable.h"
 
-/// The tool path of a run, a job or a listing, with the document and the table that its text is
-/// written with.
+/// The tool path of a run, a job, a listing or an NC program, with the document and the table that
+/// its text is written with.
 class ToolPathInput {
  public:
   /// Opens the tool path, and reads the header of a job. Raises an InputError, or a UsageError for
-  /// options that are for listings only. The options must outlive the object.
+  /// options that are for another kind of tool path. The options must outlive the object.
   explicit ToolPathInput(const ToolPathOptions& options);
 
   /// The document file: that of the user, that of the job's header, or empty for none.
   [[nodiscard]] std::string documentFile() const;
 
-  /// Opens the document, loads the table and sets up both for the tool path. Raises a Refusal, an
-  /// InputError or a DocumentError. Before it there is no document and there are no events.
+  /// Opens the document, loads the table and sets up both for the tool path; runs an NC program.
+  /// Raises a Refusal, an InputError or a DocumentError. Before it there is no document and there
+  /// are no events.
   void open();
+
+  /// Runs an NC program, whose listing is then that of the program. A UsageError for another tool
+  /// path.
+  [[nodiscard]] host::ProgramListing list();
 
   [[nodiscard]] const KEPVar<host::Document>& document() const noexcept { return document_; }
   [[nodiscard]] host::ToolPathReader& events();
@@ -34,14 +42,22 @@ class ToolPathInput {
   [[nodiscard]] const host::ListingReader* listing() const {
     return listing_ ? &*listing_ : nullptr;
   }
+  /// The words of an NC program that move in machine coordinates which are unknown, since no
+  /// machine is named.
+  [[nodiscard]] const std::vector<host::MachineWord>& machineWords() const { return machineWords_; }
+  [[nodiscard]] bool isProgram() const noexcept { return kind_ == host::ToolPathKind::Program; }
   /// What messages and reports call the tool path.
   [[nodiscard]] std::string name() const;
 
  private:
   [[nodiscard]] KEPVar<host::Document> openedDocument() const;
   void setUp(bool hasStartMacro);
+  void refuseOptions() const;
+  [[nodiscard]] std::filesystem::path folder() const;
 
   const ToolPathOptions& options_;
+  host::ToolPathKind kind_ = host::ToolPathKind::Job;
+  std::vector<host::MachineWord> machineWords_;
   std::unique_ptr<host::LineReader> lines_;
   KEPVar<host::Document> document_;
   PostTable table_;
