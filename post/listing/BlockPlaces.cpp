@@ -8,11 +8,12 @@ namespace {
 
 constexpr long kLinesOfFile = 1'000'000'000;
 
-/// 0 for a text that is not a whole number.
+/// 0 for a text that is not a whole number from 0.
 long whole(std::string_view text) {
   long number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size() ? number : 0;
+  const bool isWhole = error == std::errc() && end == text.data() + text.size() && number >= 0;
+  return isWhole ? number : 0;
 }
 
 }  // namespace

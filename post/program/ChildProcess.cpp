@@ -50,24 +50,25 @@ struct Pipe {
   }
 };
 
-std::vector<char*> pointersTo(const std::vector<std::string>& texts) {
+std::vector<char*> pointersTo(std::vector<std::string>& texts) {
   std::vector<char*> pointers;
-  for (const std::string& text : texts) pointers.push_back(const_cast<char*>(text.c_str()));
+  for (std::string& text : texts) pointers.push_back(text.data());
   pointers.push_back(nullptr);
   return pointers;
 }
 
 /// What the child needs, prepared before it exists: it may only call what is safe after a fork.
 struct Preparation {
-  explicit Preparation(const ChildCommand& given) : command(given) {
+  explicit Preparation(const ChildCommand& given) : command(given), settings(given.environment) {
     texts.push_back(given.program);
     texts.insert(texts.end(), given.arguments.begin(), given.arguments.end());
     arguments = pointersTo(texts);
-    environment = pointersTo(given.environment);
+    environment = pointersTo(settings);
   }
 
   const ChildCommand& command;
   std::vector<std::string> texts;
+  std::vector<std::string> settings;
   std::vector<char*> arguments;
   std::vector<char*> environment;
   Pipe errors;

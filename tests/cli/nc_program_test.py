@@ -84,6 +84,14 @@ class Programs(NcProgramTest):
         )
         self.check(done, 0, text, report)
 
+    def test_examples_are_written_as_their_listings(self):
+        table = os.path.join(program.EXAMPLES, "mill.pptable")
+        for name, options in (("bracket", []), ("tilted", ["--rotary", "C:table:Z,A:table:X"])):
+            path = os.path.join(program.EXAMPLES, name)
+            listed = self.run_program("post", path + ".canon", "-t", table, *options)
+            posted = self.run_program("post", path + ".ngc", "-t", table, "--unknown-tools", *options)
+            self.assertEqual((posted.returncode, posted.stdout), (0, listed.stdout), posted.stderr)
+
     def test_program_in_inches(self):
         done = self.post("G20 F10\nG1 X1.5\nG1 Z-.25\nM30\n", "-o", "text")
         self.assertEqual(done.returncode, 0, done.stderr)

@@ -52,9 +52,9 @@ replaced (the parameter type, who answered, the value, the format) and what it c
 marks what is lost, cut or moved. Without TABLE and FILE the catalogue of a new document is used.
 The table is named with -t or as the first argument, not with both.
 
-With --job the elements that come from a line of a job or a listing are explained with the values
+With --job the elements that come from a line of a job, a listing or an NC program are explained with the values
 that they have there. LINE counts from 1, and so does POINT, among the points of an element; without
-it the first is taken. Table, document and the options for listings are those of 'ppword post'.
+it the first is taken. Table, document and the other options are those of 'ppword post'.
 
 With --map the argument is LINE, from 1: a line of the text that 'ppword post --map' wrote with this
 map. Shown are the line of the table and the element that it comes from, and the passes of the line.
@@ -71,6 +71,7 @@ Examples:
   ppword explain NC_GOTO --set MFG_XPOINT=10
   ppword explain mill.pptable NC_FEEDRATE
   ppword explain --job bracket.canon:500 -t mill.pptable
+  ppword explain --job bracket.ngc:77 --tools bracket.tbl
   ppword explain --map bracket.map 12
   ppword explain --syntax 'GOTO/%A+10,0' --set A=5
   ppword explain --syntax 'SPINDL/(%I/2),&W' --set I:int=7 --set W:text=RPM
@@ -125,7 +126,7 @@ Examples:
 
 inline constexpr const char* kPost = "Write the APT text of a tool path";
 inline constexpr const char* kPostFooter =
-    R"(JOB is a job (JSON Lines) or a listing as 'rs274 -g' prints it.
+    R"(JOB is a job (JSON Lines), an NC program, or a listing as 'rs274 -g' prints it.
 The PP words are those of a new document, or of a document file; TABLE is loaded over them, for
 this run only.
 A report goes to standard error: what was written, what could not be evaluated, which calls need no
@@ -138,8 +139,11 @@ A file appears whole or not at all. On standard output the lines appear one afte
 --strict only at the end, if nothing is missing.
 
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
-the table. It needs -o, a job or listing in a file, and appears after the text; then
+the table. It needs -o, a JOB that is a file, and appears after the text; then
 'ppword explain --map' explains a line of the text with it.
+
+An NC program is run through the installed rs274 (Debian package linuxcnc-uspace). Its tools are
+those of --tools only; G53, G28 and G30 need --machine.
 
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
 word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it if a positive word
@@ -152,7 +156,9 @@ Examples:
   ppword post bracket.canon -t mill.pptable -v --units inch -o bracket.apt
   ppword post bracket.canon -d part.ppdoc -o bracket.apt
   ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt
-  ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt)";
+  ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt
+  ppword post bracket.ngc -t mill.pptable --tools bracket.tbl -o bracket.apt
+  ppword post bracket.ngc --unknown-tools --listing -o bracket.canon)";
 
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =
