@@ -58,11 +58,25 @@ class TableScan {
   std::optional<Token> next() {
     auto token = cursor_.nextToken();
     if (!token || token->text.size() <= kMostCharacters) return token;
-    warn("long-token", *token,
-         "a word of " + std::to_string(token->text.size()) + " characters; words of more than " +
-             std::to_string(kMostCharacters) + " cannot be read, nor can what follows");
+    warnOfLongWord(*token);
     token->text = token->text.substr(0, kMostCharacters + 1);
     return token;
+  }
+
+  void warnOfLongWord(const Token& word) {
+    warn("long-token", word,
+         "a word of " + std::to_string(word.text.size()) + " characters; words of more than " +
+             std::to_string(kMostCharacters) + " cannot be read, nor can what follows");
+  }
+
+  /// The rest of a line with text. What looks for the blocks of a table reads its words too.
+  void readText() {
+    ppword::TableCursor words(cursor_);
+    const auto line = cursor_.nextLine();
+    const std::size_t end = line ? line->offset + line->text.size() : 0;
+    for (auto word = words.nextToken(); word && word->offset < end; word = words.nextToken()) {
+      if (word->text.size() > kMostCharacters) warnOfLongWord(*word);
+    }
   }
 
   std::optional<Token> nextPlain() {
@@ -113,7 +127,7 @@ class TableScan {
       const auto keyword = ppword::keywordInBody(token->text);
       if (!keyword) {
         ++body.elements;
-        if (ppword::isTextWord(token->text)) static_cast<void>(cursor_.nextLine());
+        if (ppword::isTextWord(token->text)) readText();
       } else if (*keyword == KeywordKind::List) {
         skipList();
       } else if (*keyword == KeywordKind::End) {

@@ -8,6 +8,7 @@
 #include "inspect/lint/SyntaxLineReader.h"
 #include "inspect/lint/TableRules.h"
 #include "inspect/lint/VocabularyRules.h"
+#include "language/table/TableSource.h"
 
 namespace host {
 namespace {
@@ -23,6 +24,8 @@ class LineLint {
         uses_(table) {}
 
   void lint(const TableLine& line) {
+    // No reader reads such a line: a word of it is too long, which has a warning of its own.
+    if (line.text.size() > 2 * ppword::kMostCharacters) return;
     const LineReading& reading = reader_.read(line.text);
     LineReport report(line, reading, findings_);
     if (line.isAfterAnother) report.warn(LintKey::SplitLine, 0, reading.text.size(), line.text);

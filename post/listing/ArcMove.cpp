@@ -145,9 +145,9 @@ std::optional<ArcPlane> arcPlane(std::string_view name) {
   return std::nullopt;
 }
 
-std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation) {
+std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation, double least) {
   const Sweep sweep(arc);
-  const double count = sweep.chords(deviation);
+  const double count = std::max(sweep.chords(deviation), least);
   if (!sweep.hasTurns() || !(count <= kMostChords)) return {};
   std::vector<ArcPoint> points;
   points.reserve(static_cast<std::size_t>(count));

@@ -41,9 +41,10 @@ struct ArcPoint {
 
 /// The ends of chords that are nowhere further than `deviation` from the curve; the last one is the
 /// end of the arc. The radius and the height change evenly along the arc, so that it can be a
-/// spiral; one without radius is a line. None for an arc of no turn or of more than 1000 turns, or
-/// one that takes more than 100,000 chords.
-[[nodiscard]] std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation);
+/// spiral; one without radius is a line. There are at least `least` of them. None for an arc of no
+/// turn or of more than 1000 turns, or one that takes more than 100,000 chords.
+[[nodiscard]] std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation,
+                                              double least = 1.0);
 
 /// The elements of an arc: NC_CIRCLE1 in the XY plane, NC_CYLNDR1 in another one, in pieces of less
 /// than half a turn, so that the end of each is the first point where its circle meets the line

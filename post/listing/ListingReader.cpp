@@ -1,5 +1,6 @@
 #include "post/listing/ListingReader.h"
 
+#include <algorithm>
 #include <cmath>
 #include <span>
 #include <string>
@@ -22,6 +23,8 @@ constexpr std::size_t kArcRotaryWords = 6;
 /// centre and end rounded, makes 0.00028 inch.
 constexpr double kArcTolerance = 0.003;
 constexpr std::size_t kMostHeldEvents = 10'000;
+/// How far a rotary word turns along a chord.
+constexpr double kMostDegrees = 1.0;
 constexpr double kArcToleranceOfInches = 0.0003 * 25.4;
 
 /// The x y z a b c among the arguments of a call.
@@ -40,6 +43,8 @@ void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& argume
         "the moves; create the listing without rotary offsets in the tool table");
   }
 }
+
+bool isNear(double one, double other, double doubt) { return std::abs(one - other) <= doubt; }
 
 [[noreturn]] void refuseCompensation(const CanonicalCall& call, const LinePlace& place) {
   place.refuse(
@@ -255,6 +260,7 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
   }
   put(moveInstruction(), place.line, position);
   lastPoint_ = position.point;
+  lastUnit_ = inputUnit_;
   lastWords_ = words;
 }
 
@@ -264,7 +270,18 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
   const auto start = std::exchange(lastPoint_, std::nullopt);
   // An arc begins at the last position of the output.
   if (!start || !plane_) return CallFate::UnsupportedMove;
-  const ArcMove arc = arcOf(arguments, *start);
+  ArcMove arc = arcOf(arguments, *start);
+  if (const double doubt = doubtOfStart(); doubt > 0.0) {
+    // What looks like a tiny arc can be a whole turn, and what rises by so little can be flat.
+    if (isNear(arc.start[plane_->first], arc.end[plane_->first], doubt) &&
+        isNear(arc.start[plane_->second], arc.end[plane_->second], doubt)) {
+      return CallFate::UnsupportedMove;
+    }
+    double& height = arc.start[plane_->normal];
+    if (isNear(height, arc.end[plane_->normal], doubt)) {
+      height = arc.center[plane_->normal] = arc.end[plane_->normal];
+    }
+  }
   const bool rises = arc.start[plane_->normal] != arc.end[plane_->normal];
   // Instructions of arcs state no tool axis.
   const bool asChords = options_.rotary || (rises && options_.helicesAsChords);
@@ -279,13 +296,28 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
     events_.emplace_back(std::move(element));
   }
   lastPoint_ = arc.end;
+  lastUnit_ = inputUnit_;
   return CallFate::Move;
+}
+
+/// How far the start of an arc can be from the point that the program means, seen from its end: 0
+/// unless the unit changed after the move before, since both are printed with four decimals.
+double ListingReader::doubtOfStart() const {
+  if (lastUnit_ == inputUnit_ || !lastUnit_) return 0.0;
+  constexpr double kHalfOfLastDigit = 0.00005;
+  return converted(kHalfOfLastDigit, *lastUnit_, *outputUnit_) +
+         converted(kHalfOfLastDigit, *inputUnit_, *outputUnit_);
 }
 
 CallFate ListingReader::moveAlongChords(const ArcMove& arc, const Triple& words,
                                         const LinePlace& place) {
   const double deviation = converted(options_.chordDeviation, LengthUnit::Millimetre, *outputUnit_);
-  const std::vector<ArcPoint> points = arcChords(arc, deviation);
+  double turn = 0.0;
+  for (std::size_t word = 0; word < words.size(); ++word) {
+    turn = std::max(turn, std::abs(words[word] - lastWords_[word]));
+  }
+  const double least = options_.rotary ? std::ceil(turn / kMostDegrees) : 1.0;
+  const std::vector<ArcPoint> points = arcChords(arc, deviation, least);
   if (points.empty()) return CallFate::UnsupportedMove;
   if (std::exchange(multaxDue_, false)) put("NC_MULTAX_ON", place.line);
   modalCalls_.writeFeedRate(*outputUnit_, place.line);
@@ -302,6 +334,7 @@ CallFate ListingReader::moveAlongChords(const ArcMove& arc, const Triple& words,
   }
   events_.emplace_back(std::move(element));
   lastPoint_ = arc.end;
+  lastUnit_ = inputUnit_;
   lastWords_ = words;
   return CallFate::Chords;
 }
@@ -331,10 +364,20 @@ void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArgume
   requireUnit(call, "a move", place);
   if (!outputUnit_) {
     outputUnit_ = options_.unit ? options_.unit : inputUnit_;
-    if (hasBegun_) modalCalls_.changeUnit(*outputUnit_, place.line);
+    if (hasBegun_) changeUnit(call, place);
   }
   checkFrame(call, place);
   checkRotaryWords(arguments, firstRotaryWord, place);
+}
+
+void ListingReader::changeUnit(const CanonicalCall& call, const LinePlace& place) {
+  const bool isStated = options_.vocabulary.unit || options_.vocabulary.startMacro;
+  if (isStated && modalCalls_.unit() != outputUnit_) {
+    place.refuse(call.nameAt,
+                 "the unit of the first move comes too late for the start of the text, which "
+                 "states another one; name it with --units mm or --units inch");
+  }
+  modalCalls_.changeUnit(*outputUnit_, place.line);
 }
 
 bool ListingReader::onlyTurns(const Position& position, const Triple& words) const {

@@ -96,10 +96,12 @@ class ListingReader final : public ToolPathReader {
             const LinePlace& place);
   CallFate moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
                         const LinePlace& place);
+  [[nodiscard]] double doubtOfStart() const;
   CallFate moveAlongChords(const ArcMove& arc, const Triple& words, const LinePlace& place);
   void prepareMove(const CanonicalCall& call, const CanonicalArguments& arguments,
                    std::size_t firstRotaryWord, const LinePlace& place);
   [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
+  void changeUnit(const CanonicalCall& call, const LinePlace& place);
   void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
   void checkFrame(const CanonicalCall& call, const LinePlace& place);
   void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
@@ -133,6 +135,8 @@ class ListingReader final : public ToolPathReader {
   /// Where the move before ended, while that is known, and its rotary words.
   std::optional<Triple> lastPoint_;
   Triple lastWords_{};
+  /// The unit in which it was listed.
+  std::optional<LengthUnit> lastUnit_;
   bool multaxDue_ = false;
   std::optional<ArcPlane> plane_ = ArcPlane{};
 

@@ -103,6 +103,7 @@ ModalCalls::ModalCalls(const Vocabulary& vocabulary, ListedTexts texts, bool var
 }
 
 void ModalCalls::stateUnit(LengthUnit unit) {
+  unit_ = unit;
   const auto state = [this, unit](ActivityStart& activity) {
     setValue(activity.parameters, kUnitParameter, textValue(unitWord(unit)));
     stateTool(activity, unit);
@@ -114,13 +115,10 @@ void ModalCalls::stateUnit(LengthUnit unit) {
 }
 
 void ModalCalls::changeUnit(LengthUnit unit, long line) {
-  const KEPMfgParameterValue word = textValue(unitWord(unit));
-  const auto& parameters = activity_.parameters;
-  const auto known = std::ranges::find(parameters, kUnitParameter, &NamedValues::value_type::first);
-  const bool isSame = known != parameters.end() && known->second.text == word.text;
+  const bool isSame = std::exchange(unit_, unit) == unit;
   if (isSame && tools_ == nullptr) return;
   stateTool(activity_, unit);
-  setParameter(kUnitParameter, word, line);
+  setParameter(kUnitParameter, textValue(unitWord(unit)), line);
 }
 
 // States what the table says of the tool of an activity, and takes away what it said of another.

@@ -40,6 +40,8 @@ class ModalCalls {
 
   /// States the unit of the text in the activity, also in the events that are there already.
   void stateUnit(LengthUnit unit);
+  /// What is stated.
+  [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return unit_; }
   /// States it from here on.
   void changeUnit(LengthUnit unit, long line);
 
@@ -67,6 +69,7 @@ class ModalCalls {
 
   const Vocabulary& vocabulary_;
   ListedTexts texts_;
+  std::optional<LengthUnit> unit_;
   const ToolTable* tools_;
   std::vector<ToolPathEvent>& events_;
   FeedState feed_;

@@ -114,6 +114,21 @@ class Parameters(program.ProgramTest):
         self.assertIn("in a job assembly.insert; always in\n      the format %12.6f", text)
         self.assertIn("in a job feedrate.type; words: MMPM, MMPR", text)
 
+    def test_instruction_alone_means_its_parameters(self):
+        self.assertEqual(
+            self.texts("--of", "NC_PROBE", "table"),
+            self.texts("table", "parameters", "--of", "NC_PROBE"),
+        )
+        self.assertEqual(
+            self.texts("--of", "NC_GOTO"), self.texts("parameters", "--of", "NC_GOTO")
+        )
+        self.check(
+            self.run_program("list", "parameters", "--of", ""),
+            1,
+            "",
+            "ppword list: there is no NC instruction ''\n",
+        )
+
     def test_mistakes(self):
         unknown = self.run_program("list", "parameters", "--of", "NC_DRILING")
         self.check(

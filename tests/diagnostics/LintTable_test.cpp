@@ -172,7 +172,7 @@ TEST(LintTable, CodeThatDoesNotConvertIsTold) {
 TEST(LintTable, RestOfALongTextIsALineOfItsOwn) {
   const std::string text(1100, 'x');
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text + "\n*END\n"),
-            "2:73 wide-line, 2:1030 split-line, 2:1102 wide-line");
+            "2:8 long-token, 2:73 wide-line, 2:1030 split-line, 2:1102 wide-line");
   EXPECT_EQ(lint("*START_NC_COMMAND NC_A\nPPRINT " + text.substr(0, 1021) + "\n*END\n"),
             "2:73 wide-line");
 }

@@ -41,6 +41,22 @@ TEST(TableWarnings, EmptyFileHasNoSection) {
   EXPECT_EQ(warnings(""), "T: warning no-section: the table has no block, so it changes nothing\n");
 }
 
+TEST(TableWarnings, LongWordOfATextEndsTheTableToo) {
+  const auto columns = [](std::size_t length, const std::string& word = "PPRINT ") {
+    const TableFile file("*START_NC_COMMAND NC_A\n" + word + std::string(length, 'x') +
+                         " y\n*END\n*START_NC_COMMAND NC_GOTO\nGO/1\n*END\n");
+    std::string text;
+    for (const Diagnostic& warning : tableWarnings(std::string(file.path().View()))) {
+      text +=
+          std::to_string(warning.line) + ':' + std::to_string(warning.column) + ' ' + warning.key;
+    }
+    return text;
+  };
+  EXPECT_EQ(columns(1023), "");
+  EXPECT_EQ(columns(1024), "2:8 long-token");
+  EXPECT_EQ(columns(1024, "$$ short words and "), "2:20 long-token");
+}
+
 TEST(TableWarnings, KeywordBehindASlashIsNoSection) {
   EXPECT_EQ(warnings("/*START_SYNTAXES\n*END\n"),
             "T: warning no-section: the table has no block, so it changes nothing\n");

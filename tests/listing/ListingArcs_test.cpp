@@ -47,6 +47,12 @@ std::string cut(const std::string& text) {
   return std::regex_replace(text, std::regex(R"((\.\d{6})\d+)"), "$1");
 }
 
+host::ListingOptions inMillimetres() {
+  host::ListingOptions options;
+  options.unit = host::LengthUnit::Millimetre;
+  return options;
+}
+
 /// The arc's part of the counted calls.
 std::string fateOfArc(const std::string& calls, const host::ListingOptions& options = {}) {
   const std::string counts = countCalls(program(calls), options);
@@ -221,12 +227,14 @@ TEST(ListingArcs, ArcWithoutRadiusIsALine) {
 TEST(ListingArcs, ArcWithToolAxesIsWrittenAsChords) {
   host::ListingOptions options = rotary("A:table:X");
   options.chordDeviation = 2.0;
-  // The word A goes from 0 to 90 while the arc does.
-  EXPECT_EQ(cut(arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 90.0, 0.0, 0.0)", "", options)),
+  // The word A goes from 89 to 91 while the arc does.
+  EXPECT_EQ(cut(readListing(program("STRAIGHT_FEED(10.0, 0.0, 0.0, 89.0, 0.0, 0.0)\n"
+                                    "ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 91.0, 0.0, 0.0)\n"),
+                            options)),
             "NC_MULTAX_ON\n"
-            "NC_GOTO_VARIABLE_AXIS 10 0 0 axis 0.000000 0.000000 1.000000\n"
-            "NC_GOTO_VARIABLE_AXIS 7.071067 7.071067 0 axis 0.000000 0.707107 "
-            "0.707107 0 10 0 axis 0.000000 1.000000 0.000000\n");
+            "NC_GOTO_VARIABLE_AXIS 10 0 0 axis 0.000000 0.999848 0.017452\n"
+            "NC_GOTO_VARIABLE_AXIS 7.071067 7.071067 0 axis 0.000000 1.000000 0.000000 0 10 0 "
+            "axis 0.000000 0.999848 -0.017452\n");
   EXPECT_EQ(fateOfArc(std::string(kStart) + std::string(kArc) + '\n', options), "chords ");
 }
 
@@ -292,6 +300,53 @@ TEST(ListingArcs, ArcOfTooManyChordsIsLost) {
   EXPECT_EQ(
       fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 11.0, 0.0, 0.0, 9, 0.0, 0, 0, 0)\n", options),
       "lost ");
+}
+
+TEST(ListingArcs, WholeTurnAfterAChangeOfUnitsIsNotTakenForATinyArc) {
+  // 0.50004 inch is printed as 0.5000, which is 12.7 mm, and then as 12.7010 mm.
+  const auto fate = [](const std::string& end) {
+    return fateOfArc(
+        "USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n"
+        "STRAIGHT_FEED(1.0, 0.5, 0.0, 0.0, 0.0, 0.0)\n"
+        "USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+        "ARC_FEED(25.4000, " +
+            end + ", 20.4, 12.701, 1, 0.0, 0.0, 0.0, 0.0)\n",
+        inMillimetres());
+  };
+  EXPECT_EQ(fate("12.7010"), "lost ");
+  EXPECT_EQ(fate("12.7000"), "lost ");
+  EXPECT_EQ(fate("12.7200"), "move ");
+  // In one unit both ends are printed alike.
+  EXPECT_EQ(fateOfArc(std::string(kStart) + "ARC_FEED(10.0, 0.001, 0.0, 0.0, 1, 0.0, 0, 0, 0)\n"),
+            "move ");
+}
+
+TEST(ListingArcs, ArcThatRisesByRoundingOnlyIsFlat) {
+  const auto instruction = [](const std::string& height) {
+    const std::string text = readListing(program("USE_LENGTH_UNITS(CANON_UNITS_INCHES)\n"
+                                                 "STRAIGHT_FEED(0.0, 0.0, 0.1235, 0.0, 0.0, 0.0)\n"
+                                                 "USE_LENGTH_UNITS(CANON_UNITS_MM)\n"
+                                                 "ARC_FEED(10.0, 0.0, 5.0, 0.0, -1, " +
+                                                 height + ", 0.0, 0.0, 0.0)\n"),
+                                         inMillimetres());
+    const std::size_t at = text.find('\n') + 1;
+    return text.substr(at, text.find(' ', at) - at);
+  };
+  // 0.1235 inch is 3.1369 mm.
+  EXPECT_EQ(instruction("3.1358"), "NC_CIRCLE1");
+  EXPECT_EQ(instruction("3.1400"), "NC_HELICAL_INTERPOLATION");
+}
+
+TEST(ListingArcs, RotaryWordsTurnByADegreeAtMostAlongAChord) {
+  host::ListingOptions options = rotary("A:table:X");
+  options.chordDeviation = 2.0;
+  const std::string text =
+      arcFrom10("ARC_FEED(0.0, 10.0, 0.0, 0.0, 1, 0.0, 90.0, 0.0, 0.0)", "", options);
+  std::size_t axes = 0;
+  for (std::size_t at = text.find(" axis"); at != text.npos; at = text.find(" axis", at + 1)) {
+    ++axes;
+  }
+  EXPECT_EQ(axes, 91U);
 }
 
 TEST(ListingArcs, RotaryWordOfAnArcIsRefusedLikeThatOfAMove) {

@@ -73,10 +73,16 @@ TEST(ListingBeginning, UnitStaysThatOfTheText) {
 TEST(ListingBeginning, LongBeginningIsNotHeld) {
   std::string calls;
   for (int i = 0; i < 10'100; ++i) calls += "COMMENT(\"A\")\n";
-  const std::string units =
-      unitsOf(calls + std::string(kInches) + std::string(kFirstMove), withMacro());
+  const std::string units = unitsOf(calls + std::string(kFirstMove), withMacro());
   EXPECT_TRUE(units.starts_with("MM:NC_START_MACRO MM:NC_OUTPUT_COMMENT ")) << units.substr(0, 80);
-  EXPECT_TRUE(units.ends_with(" MM:NC_OUTPUT_COMMENT INCHES:NC_GOTO"));
+  EXPECT_TRUE(units.ends_with(" MM:NC_OUTPUT_COMMENT MM:NC_GOTO"));
+  // The start of the text would state the wrong unit.
+  const std::string read =
+      readListing(program(calls + std::string(kInches) + std::string(kFirstMove)), withMacro());
+  EXPECT_TRUE(read.ends_with(
+      "NC_OUTPUT_COMMENT <A>\n10103:14: the unit of the first move comes too late for the start of "
+      "the text, which states another one; name it with --units mm or --units inch\n"))
+      << read.substr(read.size() - 200);
 }
 
 TEST(ListingBeginning, StartMacroIsOfTheFirstLine) {

@@ -101,8 +101,8 @@ struct ListOptions {
   std::string firstName;
   std::string secondName;
   bool ofDefaultCatalogue = false;
-  /// The NC instruction whose parameters are asked for; empty for all.
-  std::string instruction;
+  /// The NC instruction whose parameters are asked for; nothing for all.
+  std::optional<std::string> instruction;
   OutputFormat format = OutputFormat::ForPeople;
 };
 

@@ -31,6 +31,9 @@ ListSubject subjectOf(const ListOptions& options) {
   const bool isAlone =
       !namesTable && first == kParameters && !std::filesystem::is_regular_file(first);
   if (isAlone) return {"", first};
+  // Only parameters are those of an instruction.
+  const bool isOfOne = options.instruction.has_value() && options.secondName.empty();
+  if (isOfOne) return {first, std::string(kParameters)};
   if (first.empty()) throw UsageError{"TABLE is required"};
   return {first, options.secondName};
 }
@@ -52,16 +55,16 @@ ExitStatus refuseUnknown(const std::string& instruction, const Contents& content
 }
 
 // The parameters of a document with the table.
-ExitStatus listParameters(const std::string& table, const std::string& instruction,
+ExitStatus listParameters(const std::string& table, const std::optional<std::string>& instruction,
                           OutputFormat format) {
   const KEPVar<host::Document> document = host::newDocument();
   if (!table.empty()) loadTable(*document, table);
   const Contents contents = documentContents(*document);
   const bool isKnown =
-      instruction.empty() ||
+      !instruction ||
       std::any_of(contents.commands.begin(), contents.commands.end(),
-                  [&](const InstructionEntry& entry) { return entry.name == instruction; });
-  if (!isKnown) return refuseUnknown(instruction, contents);
+                  [&](const InstructionEntry& entry) { return entry.name == *instruction; });
+  if (!isKnown) return refuseUnknown(*instruction, contents);
   showParameters(parametersOf(contents, instruction), format);
   return ExitStatus::Done;
 }
@@ -78,7 +81,7 @@ ExitStatus listTable(const std::string& table, const std::string& section, Outpu
 ExitStatus listTable(const ListOptions& options) {
   const auto& [table, section] = subjectOf(options);
   requireSectionOf(section);
-  if (!options.instruction.empty() && section != kParameters) {
+  if (options.instruction && section != kParameters) {
     throw UsageError{"--of is for the section parameters"};
   }
   try {

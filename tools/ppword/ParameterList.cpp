@@ -131,12 +131,13 @@ Json entryJson(const ParameterEntry& entry) {
 
 }  // namespace
 
-std::vector<ParameterEntry> parametersOf(const Contents& contents, std::string_view instruction) {
+std::vector<ParameterEntry> parametersOf(const Contents& contents,
+                                         const std::optional<std::string>& instruction) {
   std::vector<ParameterEntry> all = ParameterEntries(contents).take();
-  if (instruction.empty()) return all;
-  std::erase_if(all, [instruction](const ParameterEntry& entry) {
+  if (!instruction) return all;
+  std::erase_if(all, [&instruction](const ParameterEntry& entry) {
     const auto& uses = entry.instructions;
-    return std::find(uses.begin(), uses.end(), instruction) == uses.end();
+    return std::find(uses.begin(), uses.end(), *instruction) == uses.end();
   });
   return all;
 }

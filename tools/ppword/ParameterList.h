@@ -22,8 +22,8 @@ struct ParameterEntry {
 /// The known parameters and those of a document: first the known ones in their order. Of an
 /// instruction only those that it refers to; a name that the document does not have refers to
 /// nothing.
-[[nodiscard]] std::vector<ParameterEntry> parametersOf(const Contents& contents,
-                                                       std::string_view instruction);
+[[nodiscard]] std::vector<ParameterEntry> parametersOf(
+    const Contents& contents, const std::optional<std::string>& instruction);
 
 /// Writes them to the standard output.
 void showParameters(const std::vector<ParameterEntry>& parameters, OutputFormat format);
