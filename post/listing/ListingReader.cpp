@@ -241,7 +241,7 @@ void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& 
   frameChanged_ = true;
   if (frame_.isSameAs(before)) return;
   frameCall_ = rule.name;
-  frameLine_ = place.line;
+  framePlace_ = place.source();
 }
 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
@@ -401,18 +401,24 @@ void ListingReader::requireUnit(const CanonicalCall& call, std::string_view what
                                 "or --units inch");
 }
 
+// "SET_G92_OFFSET in line 8", of a file if an NC program calls it.
+std::string ListingReader::frameText() const {
+  std::string text = std::string(frameCall_) + " in line " + std::to_string(framePlace_.line);
+  if (!framePlace_.file.empty()) (text += " of ") += framePlace_.file;
+  return text;
+}
+
 void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place) {
   if (!std::exchange(frameChanged_, false)) return;
   if (!frameOfMoves_) frameOfMoves_ = frame_;
   if (options_.rotary && frame_.isTurned()) {
     place.refuse(call.nameAt,
-                 "the coordinate system has rotary offsets or a rotated XY plane (" +
-                     std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
+                 "the coordinate system has rotary offsets or a rotated XY plane (" + frameText() +
                      "), so the tool axis is unknown; create the listing without them");
   }
   if (frame_.isSameAs(*frameOfMoves_)) return;
   place.refuse(call.nameAt, "this move uses another coordinate system than the moves before it (" +
-                                std::string(frameCall_) + " in line " + std::to_string(frameLine_) +
+                                frameText() +
                                 "); create a separate listing for each coordinate system");
 }
 

@@ -103,6 +103,7 @@ class ListingReader final : public ToolPathReader {
   [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
   void changeUnit(const CanonicalCall& call, const LinePlace& place);
   void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
+  [[nodiscard]] std::string frameText() const;
   void checkFrame(const CanonicalCall& call, const LinePlace& place);
   void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
                         const LinePlace& place) const;
@@ -123,9 +124,9 @@ class ListingReader final : public ToolPathReader {
   std::optional<LengthUnit> outputUnit_;
   WorkFrame frame_;
   std::optional<WorkFrame> frameOfMoves_;
-  /// The call that changed the frame last, and its line, for messages.
+  /// The call that changed the frame last, and its place, for messages.
   std::string_view frameCall_;
-  long frameLine_ = 0;
+  SourceLine framePlace_ = 0;
   bool frameChanged_ = true;
   bool ended_ = false;
   bool endWasAdded_ = false;

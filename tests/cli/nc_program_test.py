@@ -181,6 +181,15 @@ class Programs(NcProgramTest):
             source="G55 G0 X1",
         )
 
+    def test_offsets_of_called_files_are_named(self):
+        self.write("shift.ngc", "o<shift> sub\nG92 X5\no<shift> endsub\n")
+        self.check_refused(
+            "G21\nG0 X1\no<shift> call\nG0 X2\nM2\n",
+            "part.ngc:4:1: error: this move uses another coordinate system than the moves before it "
+            "(SET_G92_OFFSET in line 2 of shift.ngc); create a separate listing for each coordinate system",
+            source="G0 X2",
+        )
+
     def test_counts_name_the_lines_of_called_files(self):
         self.write("inner.ngc", "o<inner> sub\nG0 X2\nG64 M49\nG33 K1 Z1\no<inner> endsub\n")
         done = self.post("G21 S100 M3\no<inner> call\nM2\n", "-v")

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
+#include <iterator>
 #include <string>
 
 namespace {
@@ -14,9 +16,12 @@ using host::numberedBlock;
 std::string wordsOf(std::string_view line) {
   std::string text;
   for (const host::NcWord& word : NcBlock(line).words()) {
-    if (!text.empty()) text += ' ';
-    text +=
-        word.letter + std::to_string(word.value).substr(0, std::to_string(word.value).size() - 5);
+    char value[40];
+    const auto end =
+        std::to_chars(std::begin(value), std::end(value), word.value, std::chars_format::fixed, 1)
+            .ptr;
+    text += text.empty() ? "" : " ";
+    (text += word.letter).append(value, end);
   }
   return text;
 }

@@ -52,9 +52,10 @@ replaced (the parameter type, who answered, the value, the format) and what it c
 marks what is lost, cut or moved. Without TABLE and FILE the catalogue of a new document is used.
 The table is named with -t or as the first argument, not with both.
 
-With --job the elements that come from a line of a job, a listing or an NC program are explained with the values
-that they have there. LINE counts from 1, and so does POINT, among the points of an element; without
-it the first is taken. Table, document and the other options are those of 'ppword post'.
+With --job the elements that come from a line of a job, a listing or an NC program are explained
+with the values that they have there. LINE counts from 1, and so does POINT, among the points of an
+element; without it the first is taken. Table, document and the other options are those of 'ppword
+post'.
 
 With --map the argument is LINE, from 1: a line of the text that 'ppword post --map' wrote with this
 map. Shown are the line of the table and the element that it comes from, and the passes of the line.
@@ -139,8 +140,8 @@ A file appears whole or not at all. On standard output the lines appear one afte
 --strict only at the end, if nothing is missing.
 
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
-the table. It needs -o, a JOB that is a file, and appears after the text; then
-'ppword explain --map' explains a line of the text with it.
+the table. It needs -o, a JOB that is a file, and appears after the text; then 'ppword explain
+--map' explains a line of the text with it.
 
 An NC program is run through the installed rs274 (Debian package linuxcnc-uspace). Its tools are
 those of --tools only; G53, G28 and G30 need --machine.
