@@ -154,15 +154,17 @@ class Records(Map):
             self.assertEqual(given, True if name == "table" else None)
 
     def test_line_feed_in_a_line_makes_two_lines(self):
-        instruction = "NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX"
-        for arguments in (("new", "d"), ("set-syntax", "d", "PPRINT/A\nB")):
-            self.assertEqual(self.run_program("document", *arguments).returncode, 0)
-        self.write("job", HEADER + f'{{"nc":"{instruction}"}}\n{{"nc":"NC_RAPID"}}\n' + END)
-        self.post("job", "-d", "d", "-o", "text", "--map", "map")
+        # Only a setting can bring one.
+        setting = {"env": {**os.environ, "MFG_UNEVALUATED_PPPARAMETER": "A\nB"}}
+        self.write("table", "*START_NC_COMMAND NC_A\nPPRINT/%MFG_NONE\n*END\n")
+        self.write("job", HEADER + '{"nc":"NC_A"}\n{"nc":"NC_RAPID"}\n' + END)
+        arguments = ("post", "job", "-t", "table", "-o", "text", "--map", "map")
+        self.assertEqual(self.run_program(*arguments, **setting).returncode, 0)
         self.assertEqual(self.read("text"), "PPRINT/A\nB\nRAPID\n")
         lines = [(each["line"], each["syntax"], each["element"]["line"]) for each in self.mapped()[1]]
         self.assertEqual(lines, [(1, 1, 2), (2, 1, 2), (3, 1, 3)])
-        self.assertIn(f"text:2:1: note: written by {instruction}\n  B\n", self.explain(2).stdout)
+        shown = self.run_program("explain", "--map", "map", "2", **setting).stdout
+        self.assertIn("text:2:1: note: written by NC_A\n  B\n", shown)
 
     def test_name_used_twice_is_that_of_the_load(self):
         # The last command counts, but further sequences are those of the first one.
