@@ -1,20 +1,21 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 #include <vector>
 
 namespace host {
 
 /// An "*INSERT" of a command body: the command that it names, and where it begins in the table.
 struct Insert {
-  std::string name;
+  std::string_view name;
   std::size_t offset = 0;
 };
 
-/// The body of an NC command or NC instruction as the table reader takes it.
+/// The body of an NC command or NC instruction as the table reader takes it. The names point into
+/// the table.
 struct CommandBody {
-  std::string name;
+  std::string_view name;
   std::size_t elements = 0;
   std::vector<Insert> inserts;
 };

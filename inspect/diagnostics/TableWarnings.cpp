@@ -122,7 +122,7 @@ class TableScan {
   void readCommand(std::vector<CommandBody>& bodies) {
     const auto name = next();
     if (!name || !name->text.starts_with(ppword::kCommandPrefix)) return;
-    CommandBody body{std::string(name->text), 0, {}};
+    CommandBody body{name->text, 0, {}};
     for (auto token = nextPlain(); token; token = nextPlain()) {
       const auto keyword = ppword::keywordInBody(token->text);
       if (!keyword) {
@@ -136,7 +136,7 @@ class TableScan {
       } else if (*keyword == KeywordKind::Insert) {
         const auto inserted = next();
         if (!inserted || !inserted->text.starts_with(ppword::kCommandPrefix)) return;
-        body.inserts.push_back({std::string(inserted->text), token->offset});
+        body.inserts.push_back({inserted->text, token->offset});
       }
     }
   }
@@ -147,7 +147,7 @@ class TableScan {
   }
 
   void warn(const InsertFault& fault) {
-    const std::string& command = fault.command->name;
+    const std::string command(fault.command->name);
     const std::size_t width = ppword::kInsertKeyword.size() + 1 + fault.insert->name.size();
     warn("endless-insert", table_.placeOf(fault.insert->offset), width,
          fault.endless ? "the inserts of " + command + " never end, so its lines cannot be read"

@@ -70,6 +70,8 @@ std::vector<Diagnostic> lintTable(const std::string& path, long most) {
 }
 
 std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path, long most) {
+  // First, so that what it needs and what the blocks need is not in memory at once.
+  auto warnings = allTableWarnings(bytes, path);
   const TableBlocks blocks = readBlocksWithoutLines(bytes);
   LintFindings findings(path, bytes, most);
   lintKeywordLines(bytes, findings);
@@ -78,7 +80,7 @@ std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& pa
   LineLint lines(blocks, bytes.text(), findings);
   visitLines(bytes, [&lines](const TableLine& line) { lines.lint(line); });
   lines.lintUses(blocks);
-  for (Diagnostic& warning : allTableWarnings(bytes, path)) findings.add(std::move(warning));
+  for (Diagnostic& warning : warnings) findings.add(std::move(warning));
   return findings.take();
 }
 

@@ -1,6 +1,9 @@
 """The kinds of findings: what they mean, and which of them a run refuses."""
 
 import json
+import os
+import subprocess
+import unittest
 
 import program
 
@@ -136,6 +139,45 @@ class Kinds(program.ProgramTest):
             self.assertIn(kind["command"], ("check", "post"))
             self.assertIn(kind["severity"], ("warning", "note"))
             self.assertEqual("reported" in kind, kind["command"] == "check")
+
+
+@unittest.skipIf(program.SANITIZED, "the sanitizers need memory of their own")
+class LintMemory(program.ProgramTest):
+    SIZE = 2_000_000
+
+    def peak(self, table):
+        """The most kilobytes that a lint of the table has in memory."""
+        self.write("table", table)
+        server = subprocess.Popen(
+            [program.PPWORD, "check", "--lint", "table"],
+            cwd=self.folder,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+        )
+        _, status, usage = os.wait4(server.pid, 0)
+        server.returncode = os.waitstatus_to_exitcode(status)
+        self.assertEqual(server.returncode, 0)
+        return usage.ru_maxrss
+
+    def check_share(self, opening, block, closing=""):
+        empty = self.peak("*START_SYNTAXES\nRAPID\n*END\n")
+        count = self.SIZE // len(block % 1)
+        table = opening + "".join(block % i for i in range(count)) + closing
+        share = (self.peak(table) - empty) * 1024 / len(table)
+        self.assertLess(share, 8)
+
+    def test_of_short_lines(self):
+        self.check_share("", "*START_NC_COMMAND NC_C%d\n" + 5 * "SPINDL/OFF\nRAPID\n" + "*END\n")
+
+    def test_of_words(self):
+        self.check_share("*START_MINOR_WORDS\n", "WORD%d,%%d\n".replace("%%d", "7"), "*END\n")
+
+    def test_of_inserts(self):
+        part = "*START_NC_COMMAND NC_A\nRAPID\n*END\n"
+        self.check_share(part, "*START_NC_COMMAND NC_B%d\n*INSERT NC_A\n*INSERT NC_A\n*END\n")
+
+    def test_of_one_body(self):
+        self.check_share("*START_NC_COMMAND NC_A\n", "GOTO/%d\n", "*END\n")
 
 
 if __name__ == "__main__":
