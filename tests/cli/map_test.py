@@ -281,7 +281,7 @@ class Changes(Map):
             self.write(name, "X" + before[1:])
             self.refused(f"{name}: error: the {what} has changed since the map was written{AGAIN}\n")
             os.remove(os.path.join(self.folder, name))
-            self.refused(f"{name}: error: the {what} of the map cannot be read\n")
+            self.refused(f"{name}: error: the {what} of the map cannot be read; its name is looked for from the current folder\n")
             self.write(name, before)
         self.assertEqual(self.explain(1).returncode, 0)
 
@@ -295,7 +295,7 @@ class Changes(Map):
     def test_pipe_in_place_of_the_text_is_not_waited_for(self):
         os.remove(os.path.join(self.folder, "text"))
         os.mkfifo(os.path.join(self.folder, "text"))
-        self.refused("text: error: the text of the map cannot be read\n")
+        self.refused("text: error: the text of the map cannot be read; its name is looked for from the current folder\n")
 
     def test_other_settings_are_noticed(self):
         self.write("job", HEADER + '{"nc":"NC_A"}\n' + END)
@@ -420,6 +420,11 @@ class Mistakes(Map):
         self.mistaken(again, "post", "-", "-o", "text", "--map", "map")
         os.mkfifo(os.path.join(self.folder, "pipe"))
         self.mistaken(again, "post", "pipe", "-o", "text", "--map", "map")
+        self.mistaken(again, "post", "/dev/stdin", "-o", "text", "--map", "map")
+        self.mistaken(
+            "--map needs a file as output: explain --map reads it again",
+            *("post", "job", "-o", "/dev/null", "--map", "map"),
+        )
         self.assertEqual(self.files(), ["job", "pipe", "table"])
 
     def test_line_is_checked(self):

@@ -57,7 +57,11 @@ long numberOf(const Json& json) { return json.get_ref<const Json::number_integer
 std::string unchanged(const Json& marked, const std::string& what) {
   std::string file = jsonText(marked.at("file"));
   const auto mark = host::markOfFile(file);
-  if (!mark) refuseMap(file, 0, "the " + what + " of the map cannot be read");
+  if (!mark) {
+    refuseMap(file, 0,
+              "the " + what +
+                  " of the map cannot be read; its name is looked for from the current folder");
+  }
   if (marked.at("bytes") == mark->size() && marked.at("digest") == mark->digest()) return file;
   refuseMap(file, 0, "the " + what + " has changed since the map was written" + kAgain);
 }

@@ -36,9 +36,15 @@ void requireMappable(const PostOptions& options) {
   if (options.map.empty()) return;
   if (options.map == "-") throw UsageError{"--map needs a file, not the standard output"};
   if (options.output.empty()) throw UsageError{"--map needs -o FILE, the text that it is about"};
-  std::error_code error;
-  if (options.job == "-" || std::filesystem::is_other(options.job, error)) {
+  const auto isLasting = [](const std::string& file) {
+    std::error_code error;
+    return !file.starts_with("/dev/") && !std::filesystem::is_other(file, error);
+  };
+  if (options.job == "-" || !isLasting(options.job)) {
     throw UsageError{"--map needs a file as JOB: explain --map reads it again"};
+  }
+  if (!isLasting(options.output)) {
+    throw UsageError{"--map needs a file as output: explain --map reads it again"};
   }
   if (isSamePlace(options.map, options.output)) {
     throw UsageError{"the map would replace the output " + options.output};
