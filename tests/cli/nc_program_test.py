@@ -61,7 +61,7 @@ class NcProgramTest(program.ProgramTest):
         self.assertNotIn("text", self.files())
 
     def put_interpreter(self, script):
-        """Puts a shell script into the place of rs274; gives the environment for it."""
+        """Puts a shell script into the place of rs274; returns the environment for it."""
         folder = os.path.join(self.folder, "bin")
         os.makedirs(folder, exist_ok=True)
         path = os.path.join(folder, "rs274")

@@ -1,6 +1,7 @@
 #include "tools/ppword/lsp/Catalogue.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "host/modeler/Document.h"
 
@@ -9,7 +10,7 @@ namespace {
 
 Catalogue makeCatalogue() {
   Catalogue made{documentContents(*host::newDocument()), {}};
-  made.parameters = parametersOf(made.contents, "");
+  made.parameters = parametersOf(made.contents, std::nullopt);
   return made;
 }
 
