@@ -180,7 +180,7 @@ std::string numberedBlock(std::string_view line, const std::string& number) {
     if (digit == std::string_view::npos || !isDigit(rest[digit])) return std::string(line);
     rest.remove_prefix(std::min(rest.find_first_not_of("0123456789. \t", 1), rest.size()));
   }
-  const std::string numbered = (start + 'N' + number + ' ').append(rest);
+  std::string numbered = (start + 'N' + number + ' ').append(rest);
   if (numbered.size() <= kLongestBlock) return numbered;
   return line.size() <= kLongestBlock ? start.append(rest) : std::string(line);
 }

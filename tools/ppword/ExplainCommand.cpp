@@ -137,7 +137,7 @@ void requireSuitable(const ExplainOptions& options) {
 }
 
 KEPVar<host::Document> documentOf(const ExplainOptions& options, const std::string& table) {
-  const KEPVar<host::Document> document =
+  KEPVar<host::Document> document =
       options.document.empty() ? host::newDocument() : openDocumentFile(options.document);
   if (!table.empty()) loadTable(*document, table);
   return document;

@@ -79,7 +79,7 @@ void readOptions(const Json& header, const std::string& map, MappedText& text) {
   if (document.given) options.document = document.file;
   for (const auto& [name, value] : header.at("reading").items()) {
     const std::string reason = setReading(name, jsonText(value), options);
-    if (!reason.empty()) refuseMap(map, 1, "--" + name + ": " + reason);
+    if (!reason.empty()) refuseMap(map, 1, (("--" + name) += ": ") += reason);
   }
 }
 

@@ -115,8 +115,9 @@ bool wantsFixes(const Json& params) {
   const auto context = params.find("context");
   if (context == params.end() || !context->contains("only")) return true;
   const Json& only = context->at("only");
-  return std::any_of(only.begin(), only.end(),
-                     [](const Json& kind) { return kind == "quickfix" || kind == ""; });
+  return std::any_of(only.begin(), only.end(), [](const Json& kind) {
+    return kind == "quickfix" || kind == Json(std::string());
+  });
 }
 
 Json actionJson(const Question& question, const host::Diagnostic& finding, const Json& range) {
