@@ -47,8 +47,8 @@ void StatedNames::readNames(const NamedValues& values, const ActivityStart& acti
       ++known->second.count;
       continue;
     }
+    if (suspects_.size() + others_.size() >= Tally::kMostNames) continue;
     const std::string_view meant = meantBy(name);
-    if (suspects_.size() + others_.size() >= 2 * Tally::kMostNames) continue;
     if (meant.empty()) {
       others_.emplace(name, true);
     } else {

@@ -22,10 +22,11 @@ constexpr std::size_t kArcRotaryWords = 6;
 /// rounding to thousandths makes them. Listings have four decimals, which for inches, with start,
 /// centre and end rounded, makes 0.00028 inch.
 constexpr double kArcTolerance = 0.003;
-constexpr std::size_t kMostHeldEvents = 10'000;
+constexpr double kArcToleranceOfInches = 0.0003 * 25.4;
 /// How far a rotary word turns along a chord.
 constexpr double kMostDegrees = 1.0;
-constexpr double kArcToleranceOfInches = 0.0003 * 25.4;
+/// How many events are held back until the unit is known.
+constexpr std::size_t kMostHeldEvents = 10'000;
 
 /// The x y z a b c among the arguments of a call.
 std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
@@ -46,6 +47,17 @@ void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& argume
 
 bool isNear(double one, double other, double doubt) { return std::abs(one - other) <= doubt; }
 
+/// Takes an arc that rises by no more than the doubt for flat. False for one whose ends are so near
+/// to each other: it can be a tiny arc or a whole turn.
+bool settleStart(ArcMove& arc, double doubt) {
+  const auto isSame = [&](std::size_t axis) {
+    return isNear(arc.start[axis], arc.end[axis], doubt);
+  };
+  const std::size_t normal = arc.plane.normal;
+  if (isSame(normal)) arc.start[normal] = arc.center[normal] = arc.end[normal];
+  return !isSame(arc.plane.first) || !isSame(arc.plane.second);
+}
+
 [[noreturn]] void refuseCompensation(const CanonicalCall& call, const LinePlace& place) {
   place.refuse(
       call.nameAt,
@@ -64,19 +76,21 @@ ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions o
 
 ListingReader::~ListingReader() = default;
 
+bool ListingReader::textStatesUnit() const {
+  return options_.vocabulary.unit || options_.vocabulary.startMacro;
+}
+
+bool ListingReader::needsUnit() const { return textStatesUnit() || options_.tools; }
+
 bool ListingReader::waitsForUnit() const {
   if (hasBegun_ || outputUnit_ || options_.unit) return false;
-  const bool isAskedFor =
-      options_.vocabulary.unit || options_.vocabulary.startMacro || options_.tools;
-  return isAskedFor && events_.size() < kMostHeldEvents;
+  return needsUnit() && events_.size() < kMostHeldEvents;
 }
 
 void ListingReader::begin() {
   hasBegun_ = true;
   const auto unit = outputUnit_ ? outputUnit_ : options_.unit;
-  const bool isAskedFor =
-      options_.vocabulary.unit || options_.vocabulary.startMacro || options_.tools;
-  if (unit || isAskedFor) {
+  if (unit || needsUnit()) {
     modalCalls_.stateUnit(unit.value_or(inputUnit_.value_or(LengthUnit::Millimetre)));
   }
   if (!options_.vocabulary.startMacro) return;
@@ -271,16 +285,8 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
   // An arc begins at the last position of the output.
   if (!start || !plane_) return CallFate::UnsupportedMove;
   ArcMove arc = arcOf(arguments, *start);
-  if (const double doubt = doubtOfStart(); doubt > 0.0) {
-    // What looks like a tiny arc can be a whole turn, and what rises by so little can be flat.
-    if (isNear(arc.start[plane_->first], arc.end[plane_->first], doubt) &&
-        isNear(arc.start[plane_->second], arc.end[plane_->second], doubt)) {
-      return CallFate::UnsupportedMove;
-    }
-    double& height = arc.start[plane_->normal];
-    if (isNear(height, arc.end[plane_->normal], doubt)) {
-      height = arc.center[plane_->normal] = arc.end[plane_->normal];
-    }
+  if (const double doubt = doubtOfStart(); doubt > 0.0 && !settleStart(arc, doubt)) {
+    return CallFate::UnsupportedMove;
   }
   const bool rises = arc.start[plane_->normal] != arc.end[plane_->normal];
   // Instructions of arcs state no tool axis.
@@ -371,8 +377,7 @@ void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArgume
 }
 
 void ListingReader::changeUnit(const CanonicalCall& call, const LinePlace& place) {
-  const bool isStated = options_.vocabulary.unit || options_.vocabulary.startMacro;
-  if (isStated && modalCalls_.unit() != outputUnit_) {
+  if (textStatesUnit() && modalCalls_.unit() != outputUnit_) {
     place.refuse(call.nameAt,
                  "the unit of the first move comes too late for the start of the text, which "
                  "states another one; name it with --units mm or --units inch");

@@ -48,10 +48,9 @@ struct ListingOptions {
 /// Reads a canonical listing, one call a line, in constant memory. The table's own NC_START_MACRO
 /// comes first. Every activity has the parameter MFG_UNIT; if the document asks for it, nothing is
 /// delivered before the unit is known, which is that of the first move, or before 10,000 events.
-/// Moves, feed rates, the
-/// spindle, tool changes, dwells, texts and what else the document has words for become elements;
-/// every call is counted. Anything that would leave a position in doubt raises an InputError with
-/// file, line and column.
+/// Moves, feed rates, the spindle, tool changes, dwells, texts and what else the document has words
+/// for become elements; every call is counted. Anything that would leave a position in doubt raises
+/// an InputError with file, line and column.
 class ListingReader final : public ToolPathReader {
  public:
   /// The longest line, without its end.
@@ -76,6 +75,9 @@ class ListingReader final : public ToolPathReader {
   [[nodiscard]] bool endWasAdded() const noexcept { return endWasAdded_; }
 
  private:
+  /// Whether the text states its unit, and whether that or a tool's length needs it.
+  [[nodiscard]] bool textStatesUnit() const;
+  [[nodiscard]] bool needsUnit() const;
   [[nodiscard]] bool waitsForUnit() const;
   void begin();
   bool readCall();

@@ -11,10 +11,7 @@ Json optionalJson(const std::optional<std::string>& text) {
 }
 
 Json linesJson(const std::optional<Lines>& lines) {
-  if (!lines) return nullptr;
-  Json array = Json::array();
-  for (const std::string& line : *lines) array.push_back(textJson(line));
-  return array;
+  return lines ? textsJson(*lines) : Json(nullptr);
 }
 
 Json wordsJson(const Contents& contents) {

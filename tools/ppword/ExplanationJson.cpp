@@ -14,12 +14,6 @@ Json optionalJson(const std::optional<Text>& text) {
   return text ? textJson(*text) : Json();
 }
 
-Json notesJson(const std::vector<std::string>& notes) {
-  Json array = Json::array();
-  for (const std::string& note : notes) array.push_back(textJson(note));
-  return array;
-}
-
 Json valueJson(const std::optional<KEPMfgParameterValue>& value) {
   if (!value) return {};
   switch (value->kind) {
@@ -64,7 +58,7 @@ Json passJson(const host::ExplainedPass& pass) {
           {"line", textJson(pass.line)},
           {"references", arrayJson(pass.references, referenceJson)},
           {"operations", arrayJson(pass.operations, operationJson)},
-          {"notes", notesJson(pass.notes)}};
+          {"notes", textsJson(pass.notes)}};
 }
 
 }  // namespace
@@ -72,7 +66,7 @@ Json passJson(const host::ExplainedPass& pass) {
 Json lineJson(const host::ExplainedLine& line) {
   return {{"passes", arrayJson(line.passes, passJson)},
           {"output", optionalJson(line.output)},
-          {"notes", notesJson(line.notes)}};
+          {"notes", textsJson(line.notes)}};
 }
 
 Json explainedLinesJson(const host::Explanation& explanation) {

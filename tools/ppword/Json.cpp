@@ -39,6 +39,12 @@ Json textJson(std::string_view text) {
   return {{"latin1", latin1ToUtf8(text)}};
 }
 
+Json textsJson(const std::vector<std::string>& texts) {
+  Json array = Json::array();
+  for (const std::string& text : texts) array.push_back(textJson(text));
+  return array;
+}
+
 std::string jsonText(const Json& json) {
   if (json.is_string()) return json.get<std::string>();
   return utf8ToLatin1(json.at("latin1").get_ref<const std::string&>());

@@ -3,6 +3,7 @@
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "inspect/diagnostics/Diagnostic.h"
 
@@ -11,6 +12,9 @@ using Json = nlohmann::ordered_json;
 /// A text as JSON: a string; a text that is not UTF-8 is the object {"latin1": STRING}, where each
 /// character of the string is the byte with its number.
 [[nodiscard]] Json textJson(std::string_view text);
+
+/// Texts as an array.
+[[nodiscard]] Json textsJson(const std::vector<std::string>& texts);
 
 /// The text that textJson wrote. Raises a JSON exception for what it does not write.
 [[nodiscard]] std::string jsonText(const Json& json);

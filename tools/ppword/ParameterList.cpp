@@ -109,12 +109,6 @@ std::string entryText(const ParameterEntry& entry) {
   return text;
 }
 
-Json linesJson(const std::vector<std::string>& lines) {
-  Json array = Json::array();
-  for (const std::string& line : lines) array.push_back(textJson(line));
-  return array;
-}
-
 Json entryJson(const ParameterEntry& entry) {
   Json json{{"name", textJson(entry.name)}};
   const host::ParameterRow* const row = entry.known == nullptr ? nullptr : entry.known->row;
@@ -124,8 +118,8 @@ Json entryJson(const ParameterEntry& entry) {
   json["source"] = row == nullptr ? Json() : Json(host::sourceName(row->source));
   json["job"] = row == nullptr ? Json() : Json(row->job);
   json["format"] = entry.format ? textJson(*entry.format) : Json();
-  json["list"] = entry.list ? linesJson(*entry.list) : Json();
-  json["instructions"] = linesJson(entry.instructions);
+  json["list"] = entry.list ? textsJson(*entry.list) : Json();
+  json["instructions"] = textsJson(entry.instructions);
   return json;
 }
 
