@@ -28,12 +28,6 @@ constexpr double kMostDegrees = 1.0;
 /// How many events are held back until the unit is known.
 constexpr std::size_t kMostHeldEvents = 10'000;
 
-/// The x y z a b c among the arguments of a call.
-std::span<const double, WorkFrame::kAxes> axes(const CanonicalArguments& arguments,
-                                               std::size_t first) {
-  return std::span(arguments.numbers).subspan(first).first<WorkFrame::kAxes>();
-}
-
 void checkToolOffset(const CanonicalCall& call, const CanonicalArguments& arguments,
                      const LinePlace& place) {
   for (std::size_t axis = kLinearAxes; axis < kLinearAxes + kRotaryWords; ++axis) {
@@ -70,6 +64,7 @@ bool settleStart(ArcMove& arc, double doubt) {
 ListingReader::ListingReader(std::unique_ptr<LineReader> lines, ListingOptions options)
     : lines_(std::move(lines)),
       options_(std::move(options)),
+      systems_(options_.vocabulary.origin, options_.convertsOrigins, options_.rotary.has_value()),
       multaxDue_(options_.rotary),
       modalCalls_(options_.vocabulary, options_.texts, options_.rotary.has_value(),
                   options_.tools.get(), events_) {}
@@ -192,10 +187,8 @@ CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call
   switch (rule.effect) {
     case CallEffect::Traverse:
     case CallEffect::Feed:
-      move(rule, call, arguments, place);
-      return CallFate::Move;
     case CallEffect::Arc:
-      return moveAlongArc(call, arguments, place);
+      return dispatchMove(rule, call, arguments, place);
     case CallEffect::Plane:
       plane_ = arcPlane(arguments.text);
       return CallFate::Other;
@@ -208,7 +201,7 @@ CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call
     case CallEffect::FixtureOffset:
     case CallEffect::ProgramOffset:
     case CallEffect::PlaneRotation:
-      changeFrame(rule, arguments, place);
+      systems_.change(rule, arguments, inputUnit_.value_or(LengthUnit::Millimetre), place.source());
       lastPoint_.reset();
       return CallFate::Other;
     case CallEffect::ToolOffset:
@@ -240,22 +233,17 @@ void ListingReader::useUnits(const CanonicalArguments& arguments, const LinePlac
       "unknown length unit; CANON_UNITS_MM, CANON_UNITS_INCHES or CANON_UNITS_CM is expected");
 }
 
-void ListingReader::changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
-                                const LinePlace& place) {
-  const double millimetres =
-      converted(1.0, inputUnit_.value_or(LengthUnit::Millimetre), LengthUnit::Millimetre);
-  const WorkFrame before = frame_;
-  if (rule.effect == CallEffect::FixtureOffset) {
-    frame_.setFixtureOffset(axes(arguments, 1), millimetres);
-  } else if (rule.effect == CallEffect::ProgramOffset) {
-    frame_.setProgramOffset(axes(arguments, 0), millimetres);
+CallFate ListingReader::dispatchMove(const CallRule& rule, const CanonicalCall& call,
+                                     const CanonicalArguments& arguments, const LinePlace& place) {
+  const std::size_t first = events_.size();
+  CallFate fate = CallFate::Move;
+  if (rule.effect == CallEffect::Arc) {
+    fate = moveAlongArc(call, arguments, place);
   } else {
-    frame_.setRotation(arguments.numbers[0]);
+    move(rule, call, arguments, place);
   }
-  frameChanged_ = true;
-  if (frame_.isSameAs(before)) return;
-  frameCall_ = rule.name;
-  framePlace_ = place.source();
+  systems_.convert(std::span(events_).subspan(first));
+  return fate;
 }
 
 void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
@@ -372,7 +360,9 @@ void ListingReader::prepareMove(const CanonicalCall& call, const CanonicalArgume
     outputUnit_ = options_.unit ? options_.unit : inputUnit_;
     if (hasBegun_) changeUnit(call, place);
   }
-  checkFrame(call, place);
+  if (const WorkFrame* const system = systems_.beforeMove(call, *outputUnit_, place)) {
+    modalCalls_.writeOrigin(*system, *outputUnit_, place.line);
+  }
   checkRotaryWords(arguments, firstRotaryWord, place);
 }
 
@@ -404,27 +394,6 @@ void ListingReader::requireUnit(const CanonicalCall& call, std::string_view what
   place.refuse(call.nameAt, std::string(what) +
                                 " comes before any length unit; name the unit with --units mm "
                                 "or --units inch");
-}
-
-// "SET_G92_OFFSET in line 8", of a file if an NC program calls it.
-std::string ListingReader::frameText() const {
-  std::string text = std::string(frameCall_) + " in line " + std::to_string(framePlace_.line);
-  if (!framePlace_.file.empty()) (text += " of ") += framePlace_.file;
-  return text;
-}
-
-void ListingReader::checkFrame(const CanonicalCall& call, const LinePlace& place) {
-  if (!std::exchange(frameChanged_, false)) return;
-  if (!frameOfMoves_) frameOfMoves_ = frame_;
-  if (options_.rotary && frame_.isTurned()) {
-    place.refuse(call.nameAt,
-                 "the coordinate system has rotary offsets or a rotated XY plane (" + frameText() +
-                     "), so the tool axis is unknown; create the listing without them");
-  }
-  if (frame_.isSameAs(*frameOfMoves_)) return;
-  place.refuse(call.nameAt, "this move uses another coordinate system than the moves before it (" +
-                                frameText() +
-                                "); create a separate listing for each coordinate system");
 }
 
 void ListingReader::checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,

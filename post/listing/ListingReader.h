@@ -10,12 +10,12 @@
 #include "post/listing/ArcMove.h"
 #include "post/listing/BlockPlaces.h"
 #include "post/listing/CallCounts.h"
+#include "post/listing/CoordinateSystems.h"
 #include "post/listing/LengthUnit.h"
 #include "post/listing/ModalCalls.h"
 #include "post/listing/RotaryChain.h"
 #include "post/listing/ToolTable.h"
 #include "post/listing/Vocabulary.h"
-#include "post/listing/WorkFrame.h"
 #include "post/toolpath/ToolPath.h"
 
 namespace host {
@@ -37,6 +37,8 @@ struct ListingOptions {
   double chordDeviation = kChordDeviation;
   /// True to write arcs that rise as chords too.
   bool helicesAsChords = false;
+  /// True to convert all moves to the coordinate system of the first one.
+  bool convertsOrigins = false;
   ListedTexts texts = ListedTexts::Program;
   /// The tools of the machine; null when they are unknown.
   std::shared_ptr<const ToolTable> tools{};
@@ -71,6 +73,7 @@ class ListingReader final : public ToolPathReader {
   /// The unit of the positions in the output; nothing before the first move.
   [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return outputUnit_; }
   [[nodiscard]] const Vocabulary& vocabulary() const noexcept { return options_.vocabulary; }
+  [[nodiscard]] const CoordinateSystems& systems() const noexcept { return systems_; }
   /// True when a line that follows the NC program ended it: the program has no M2 or M30.
   [[nodiscard]] bool endWasAdded() const noexcept { return endWasAdded_; }
 
@@ -92,10 +95,10 @@ class ListingReader final : public ToolPathReader {
   CallFate dispatchModal(const CallRule& rule, const CanonicalCall& call,
                          const CanonicalArguments& arguments, const LinePlace& place);
   void useUnits(const CanonicalArguments& arguments, const LinePlace& place);
-  void changeFrame(const CallRule& rule, const CanonicalArguments& arguments,
-                   const LinePlace& place);
   void move(const CallRule& rule, const CanonicalCall& call, const CanonicalArguments& arguments,
             const LinePlace& place);
+  CallFate dispatchMove(const CallRule& rule, const CanonicalCall& call,
+                        const CanonicalArguments& arguments, const LinePlace& place);
   CallFate moveAlongArc(const CanonicalCall& call, const CanonicalArguments& arguments,
                         const LinePlace& place);
   [[nodiscard]] double doubtOfStart() const;
@@ -105,8 +108,6 @@ class ListingReader final : public ToolPathReader {
   [[nodiscard]] ArcMove arcOf(const CanonicalArguments& arguments, const Triple& start) const;
   void changeUnit(const CanonicalCall& call, const LinePlace& place);
   void requireUnit(const CanonicalCall& call, std::string_view what, const LinePlace& place);
-  [[nodiscard]] std::string frameText() const;
-  void checkFrame(const CanonicalCall& call, const LinePlace& place);
   void checkRotaryWords(const CanonicalArguments& arguments, std::size_t first,
                         const LinePlace& place) const;
   [[nodiscard]] Position positionOf(const CanonicalArguments& arguments) const;
@@ -124,12 +125,7 @@ class ListingReader final : public ToolPathReader {
   long lastRunningNumber_ = 0;
   std::optional<LengthUnit> inputUnit_;
   std::optional<LengthUnit> outputUnit_;
-  WorkFrame frame_;
-  std::optional<WorkFrame> frameOfMoves_;
-  /// The call that changed the frame last, and its place, for messages.
-  std::string_view frameCall_;
-  SourceLine framePlace_ = 0;
-  bool frameChanged_ = true;
+  CoordinateSystems systems_;
   bool ended_ = false;
   bool endWasAdded_ = false;
   /// The place of the last block that has a number, of an NC program.

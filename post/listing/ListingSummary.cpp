@@ -32,6 +32,14 @@ std::vector<std::string> summaryLines(const ListingReader& listing) {
   if (listing.hasToolAxes()) {
     lines.emplace_back("positions taken as those of the tool's tip in the part's frame");
   }
+  if (listing.systems().hasConverted()) {
+    lines.emplace_back("positions in the coordinate system of the first move");
+  }
+  if (const auto systems = listing.systems().merged()) {
+    lines.push_back("WARNING: coordinate systems " + std::to_string(systems->first) + " and " +
+                    std::to_string(systems->second) + " have the same offsets, so their moves are");
+    lines.emplace_back("  written as in one; are these the machine's offsets?");
+  }
   if (const long count = bareTexts(listing); count > 0) {
     lines.push_back("WARNING: comments written as statements: " + std::to_string(count) +
                     "; use --comments none, or");

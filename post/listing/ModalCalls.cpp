@@ -35,6 +35,9 @@ void setValue(NamedValues& values, std::string_view name, KEPMfgParameterValue v
   }
 }
 
+// The origin and the axes of a coordinate system.
+constexpr std::string_view kAxisSystem = "MFG_NCAXIS_";
+
 constexpr std::string_view kToolNumber = "MFG_TOOL_NUMBER";
 // What a tool table says of a tool.
 constexpr std::string_view kToolName = "MFG_TOOL_NAME";
@@ -119,6 +122,22 @@ void ModalCalls::changeUnit(LengthUnit unit, long line) {
   if (isSame && tools_ == nullptr) return;
   stateTool(activity_, unit);
   setParameter(kUnitParameter, textValue(unitWord(unit)), line);
+}
+
+void ModalCalls::writeOrigin(const WorkFrame& system, LengthUnit unit, long line) {
+  auto& parameters = activity_.parameters;
+  const auto state = [&parameters](std::string_view of, const Triple& values) {
+    for (std::size_t axis = 0; axis < values.size(); ++axis) {
+      std::string name(kAxisSystem);
+      setValue(parameters, (((name += "XYZ"[axis]) += '_') += of), realValue(values[axis]));
+    }
+  };
+  state("ORIG", system.origin(unit));
+  state("VECX", turnedAboutZ({1.0, 0.0, 0.0}, system.rotation()));
+  state("VECY", turnedAboutZ({0.0, 1.0, 0.0}, system.rotation()));
+  state("VECZ", {0.0, 0.0, 1.0});
+  setParameter("MFG_ORIGIN_NUMBER", integerValue(system.number()), line);
+  put(elementOf("NC_ORIGIN"), line);
 }
 
 // States what the table says of the tool of an activity, and takes away what it said of another.

@@ -10,6 +10,7 @@
 #include "post/listing/MachineState.h"
 #include "post/listing/ToolTable.h"
 #include "post/listing/Vocabulary.h"
+#include "post/listing/WorkFrame.h"
 #include "post/toolpath/ToolPath.h"
 
 namespace host {
@@ -44,6 +45,9 @@ class ModalCalls {
   [[nodiscard]] std::optional<LengthUnit> unit() const noexcept { return unit_; }
   /// States it from here on.
   void changeUnit(LengthUnit unit, long line);
+
+  /// States a coordinate system in the activity, and writes NC_ORIGIN.
+  void writeOrigin(const WorkFrame& system, LengthUnit unit, long line);
 
   /// Handles a call. Raises an InputError for one whose meaning is in doubt.
   CallFate dispatch(const ListedCall& call);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <initializer_list>
 #include <string_view>
 #include <utility>
 
@@ -59,6 +60,21 @@ bool refersTo(const KEPUnicodeString& line, std::string_view parameter) {
   return at != text.npos && at > 0 && (text[at - 1] == '%' || text[at - 1] == '&');
 }
 
+bool prints(const Texts& lines, std::string_view parameter) {
+  return std::any_of(lines.begin(), lines.end(),
+                     [&](const KEPUnicodeString& line) { return refersTo(line, parameter); });
+}
+
+OriginWords originWords(const Texts& lines) {
+  const auto printsAll = [&lines](std::initializer_list<std::string_view> parameters) {
+    return std::ranges::all_of(parameters,
+                               [&](auto parameter) { return prints(lines, parameter); });
+  };
+  return {prints(lines, "MFG_ORIGIN_NUMBER"),
+          printsAll({"MFG_NCAXIS_X_ORIG", "MFG_NCAXIS_Y_ORIG", "MFG_NCAXIS_Z_ORIG"}),
+          printsAll({"MFG_NCAXIS_X_VECX", "MFG_NCAXIS_Y_VECX"})};
+}
+
 /// False for a line that readers take for a comment.
 bool isStatement(std::string_view line, const std::vector<std::string>& textWords) {
   if (line.starts_with("$$")) return false;
@@ -74,10 +90,7 @@ bool isAskedFor(const Document& document, std::string_view parameter) {
     for (int position = 1; position <= type->GetNumberOfAttributes(); ++position) {
       const Texts lines =
           textsOf(document, type->GetName(), type->GetAttribute(position).GetName());
-      const bool refers =
-          std::any_of(lines.begin(), lines.end(),
-                      [&](const KEPUnicodeString& line) { return refersTo(line, parameter); });
-      if (refers) return true;
+      if (prints(lines, parameter)) return true;
     }
   }
   return false;
@@ -100,6 +113,8 @@ Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
     return refersTo(line, "MFG_OUTPUT_COMMENT") && isStatement(line.View(), table.textWords);
   });
   vocabulary.startMacro = table.startMacro && hasLines(document, "NC_START_MACRO");
+  const Texts origin = textsOf(document, "NC_ORIGIN", "Syntaxe");
+  if (table.origin && origin.Size() > 0) vocabulary.origin = originWords(origin);
   vocabulary.unit = isAskedFor(document, kUnitParameter);
   return vocabulary;
 }

@@ -15,6 +15,16 @@ class Document;
 inline constexpr std::string_view kListingInstructions[] = {"NC_COOLANT", "NC_PROGRAM_STOP",
                                                             "NC_OPTIONAL_STOP"};
 
+/// What an NC_ORIGIN prints of a coordinate system.
+struct OriginWords {
+  /// MFG_ORIGIN_NUMBER.
+  bool number = false;
+  /// MFG_NCAXIS_X_ORIG, MFG_NCAXIS_Y_ORIG and MFG_NCAXIS_Z_ORIG.
+  bool coordinates = false;
+  /// MFG_NCAXIS_X_VECX and MFG_NCAXIS_Y_VECX.
+  bool rotation = false;
+};
+
 /// What the NC instructions of a document can express of a listing, besides what every one can.
 struct Vocabulary {
   /// The unit that the words of feed rates name (MMPM, IPM, MMPR, IPR), and those of surface speeds
@@ -32,6 +42,8 @@ struct Vocabulary {
   bool bareTexts = false;
   /// Whether a table has an NC_START_MACRO of its own.
   bool startMacro = false;
+  /// What the NC_ORIGIN of a table prints; nothing if no table has one of its own.
+  std::optional<OriginWords> origin;
   /// Whether a line of an instruction refers to MFG_UNIT.
   bool unit = false;
 };
@@ -41,6 +53,7 @@ struct TableWords {
   /// The major words with text.
   std::vector<std::string> textWords;
   bool startMacro = false;
+  bool origin = false;
 };
 
 /// The vocabulary of a document in its current state.

@@ -121,7 +121,7 @@ class Arguments(program.ProgramTest):
         self.write("job", program.JOB)
         self.check_mistake(
             ["post", "job", "--units", "mm"],
-            "--units, --rotary, --chord, --helices, --comments, --tools and --machine-units are for listings; a job states its own",
+            "--units, --rotary, --chord, --helices, --origins, --comments, --tools and --machine-units are for listings; a job states its own",
             "ppword post",
         )
 

@@ -272,9 +272,9 @@ class Mistakes(Place):
 
     def test_options_of_listings_need_one(self):
         self.mistaken(
-            "--units, --rotary, --chord, --helices, --comments, --tools and --machine-units are for listings; a job states its own", "--job", "job:4", "--units", "mm"
+            "--units, --rotary, --chord, --helices, --origins, --comments, --tools and --machine-units are for listings; a job states its own", "--job", "job:4", "--units", "mm"
         )
-        self.mistaken("--units, --rotary, --chord, --helices, --comments, --tools and --machine-units are for the listing of --job, --machine, --unknown-tools and --timeout for its NC program", "NC_GOTO", "--units", "mm")
+        self.mistaken("--units, --rotary, --chord, --helices, --origins, --comments, --tools and --machine-units are for the listing of --job, --machine, --unknown-tools and --timeout for its NC program", "NC_GOTO", "--units", "mm")
 
 
 class Tables(Place):

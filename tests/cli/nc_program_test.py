@@ -177,7 +177,8 @@ class Programs(NcProgramTest):
         self.check_refused(
             "G21\n" + offsets + "M2\n",
             "part.ngc:5:1: error: this move uses another coordinate system than the moves before it "
-            "(SET_G5X_OFFSET in line 5); create a separate listing for each coordinate system",
+            "(SET_G5X_OFFSET in line 5); write NC_ORIGIN in a table, or "
+            "convert the moves with --origins convert",
             source="G55 G0 X1",
         )
 
@@ -186,7 +187,8 @@ class Programs(NcProgramTest):
         self.check_refused(
             "G21\nG0 X1\no<shift> call\nG0 X2\nM2\n",
             "part.ngc:4:1: error: this move uses another coordinate system than the moves before it "
-            "(SET_G92_OFFSET in line 2 of shift.ngc); create a separate listing for each coordinate system",
+            "(SET_G92_OFFSET in line 2 of shift.ngc); write NC_ORIGIN in a table, or "
+            "convert the moves with --origins convert",
             source="G0 X2",
         )
 
@@ -386,7 +388,7 @@ class Options(NcProgramTest):
         self.write("part.canon", SHORT)
         usage = "Try 'ppword post --help'.\n"
         both = (
-            "ppword post: --units, --rotary, --chord, --helices, --comments, --tools and --machine-units are for "
+            "ppword post: --units, --rotary, --chord, --helices, --origins, --comments, --tools and --machine-units are for "
             "listings; a job states its own\n"
         )
         alone = "ppword post: --machine, --unknown-tools and --timeout are for NC programs\n"

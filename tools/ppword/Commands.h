@@ -65,6 +65,7 @@ struct ToolPathOptions {
   std::optional<host::RotaryChain> rotary;
   double chord = host::kChordDeviation;
   bool helicesAsChords = false;
+  bool convertsOrigins = false;
   host::ListedTexts comments = host::ListedTexts::Program;
   /// The files of tools and machine parameters; empty for none. Their unit.
   std::string tools;

@@ -46,6 +46,13 @@ void takeHelices(std::string_view text, ToolPathOptions& options, std::string& r
   }
 }
 
+void takeOrigins(std::string_view text, ToolPathOptions& options, std::string& reason) {
+  options.convertsOrigins = text == "convert";
+  if (text != "convert" && text != "lines") {
+    reason = "'" + std::string(text) + "' is neither lines nor convert";
+  }
+}
+
 void takeComments(std::string_view text, ToolPathOptions& options, std::string& reason) {
   using enum host::ListedTexts;
   if (text == "all") {
@@ -101,6 +108,7 @@ constexpr ReadingOption kOptions[] = {
     {kBoth, "rotary", "AXES", "What the rotary words turn", takeRotary},
     {kBoth, "chord", "LENGTH", "How far a chord may be from its arc, in mm: 0.01", takeChord},
     {kBoth, "helices", "helix|chords", "How arcs that rise are written: helix", takeHelices},
+    {kBoth, "origins", "lines|convert", "Changes of the coordinate system: lines", takeOrigins},
     {kBoth, "comments", "all|program|none", "Which comments are written: program", takeComments},
     {kBoth, "tools", "FILE", "Tool table with names, diameters and lengths", takeTools},
     {kBoth, "machine-units", "mm|inch", "Unit of --tools and --machine: mm", takeMachineUnits},

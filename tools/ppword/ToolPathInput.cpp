@@ -1,6 +1,8 @@
 #include "tools/ppword/ToolPathInput.h"
 
 #include <filesystem>
+#include <functional>
+#include <set>
 #include <utility>
 
 #include "host/document/DocumentFile.h"
@@ -13,32 +15,34 @@
 namespace {
 
 constexpr std::string_view kStartMacro = "NC_START_MACRO";
+constexpr std::string_view kOrigin = "NC_ORIGIN";
 
-/// Notices when a table that is loaded has a start macro.
-class StartMacro final : public KEPMfgPPWordListener {
+/// Notices which NC instructions a table that is loaded has.
+class LoadedInstructions final : public KEPMfgPPWordListener {
  public:
   void TableEntry(Section section, int /*number*/, std::string_view name,
                   Outcome outcome) override {
     const bool isLoaded = outcome == Outcome::Created || outcome == Outcome::Replaced;
     const bool isCommand = section == Section::Command || section == Section::Sequence;
-    isLoaded_ = isLoaded_ || (isCommand && isLoaded && name == kStartMacro);
+    if (isCommand && isLoaded && (name == kStartMacro || name == kOrigin)) names_.emplace(name);
   }
-  [[nodiscard]] bool isLoaded() const noexcept { return isLoaded_; }
+  [[nodiscard]] bool has(std::string_view name) const { return names_.contains(name); }
 
  private:
-  bool isLoaded_ = false;
+  std::set<std::string, std::less<>> names_;
 };
 
-std::optional<Lines> startLinesOf(const host::Document& document) {
+std::optional<Lines> linesOf(const host::Document& document, std::string_view instruction) {
   for (const InstructionEntry& entry : documentContents(document).commands) {
-    if (entry.name == kStartMacro) return entry.lines;
+    if (entry.name == instruction) return entry.lines;
   }
   return std::nullopt;
 }
 
-/// True for a document whose start macro is that of a new one: no table brought another one.
-bool hasBuiltInStart(const host::Document& document) {
-  return startLinesOf(document) == startLinesOf(*host::newDocument());
+/// True for a document whose lines of an instruction are not those of a new one: a table brought
+/// them.
+bool hasOwn(const host::Document& document, std::string_view instruction) {
+  return linesOf(document, instruction) != linesOf(*host::newDocument(), instruction);
 }
 
 /// The major words with text of a table.
@@ -105,28 +109,30 @@ KEPVar<host::Document> ToolPathInput::openedDocument() const {
 
 void ToolPathInput::open() {
   document_ = openedDocument();
-  StartMacro startMacro;
+  LoadedInstructions loaded;
   {
-    const host::ListenerScope scope(startMacro);
+    const host::ListenerScope scope(loaded);
     if (!options_.table.empty()) loadGivenTable(*document_, options_.table, table_);
   }
-  const bool isStored = !documentFile().empty() && !hasBuiltInStart(*document_);
-  setUp(startMacro.isLoaded() || isStored);
+  const bool isStored = !documentFile().empty();
+  const auto isOwn = [&](std::string_view instruction) {
+    return loaded.has(instruction) || (isStored && hasOwn(*document_, instruction));
+  };
+  setUp({{}, isOwn(kStartMacro), isOwn(kOrigin)});
   if (job_) loadNamedTable(document_, job_->header(), table_);
 }
 
 // Opens a listing with the words of the document, or sets up the document for a job.
-void ToolPathInput::setUp(bool hasStartMacro) {
+void ToolPathInput::setUp(host::TableWords words) {
   if (job_) {
     setup_.emplace(job_->header(), *document_);
     return;
   }
-  host::TableWords words{{}, hasStartMacro};
   if (!table_.path.empty()) words.textWords = textWordsOf(table_.path);
   host::ListingOptions reading{
-      options_.units,   options_.rotary,          host::vocabularyOf(*document_, words),
-      options_.chord,   options_.helicesAsChords, options_.comments,
-      toolsOf(options_)};
+      options_.units,    options_.rotary,          host::vocabularyOf(*document_, words),
+      options_.chord,    options_.helicesAsChords, options_.convertsOrigins,
+      options_.comments, toolsOf(options_)};
   if (isProgram()) {
     host::ProgramListing program = list();
     lines_ = std::move(program.lines);

@@ -51,7 +51,7 @@ class ToolPathInput {
 
  private:
   [[nodiscard]] KEPVar<host::Document> openedDocument() const;
-  void setUp(bool hasStartMacro);
+  void setUp(host::TableWords words);
   void refuseOptions() const;
   [[nodiscard]] std::filesystem::path folder() const;
 
