@@ -4,6 +4,7 @@ import program
 
 MACRO = "*START_NC_INSTRUCTION NC_START_MACRO\nPARTNO PART\nUNITS/&MFG_UNIT\n*END\n"
 COMMENT = "*START_NC_INSTRUCTION NC_OUTPUT_COMMENT\nMSG/%MFG_OUTPUT_COMMENT\n*END\n"
+ORIGIN = "*START_NC_INSTRUCTION NC_ORIGIN\nORIGIN/%MFG_ORIGIN_NUMBER\n*END\n"
 WORDS = "*START_MAJOR_WORDS_WITH_TEXT\nMSG,1\n*END\n"
 
 
@@ -95,6 +96,59 @@ class Listings(program.ProgramTest):
             ],
         )
 
+    def two_systems(self, offsets="10.0, 20.0, 0.0"):
+        second = f"SET_G5X_OFFSET(2, {offsets}, 0.0, 0.0, 0.0)"
+        self.write("canon", listing(feed(1, 2), second, feed(3, 4)))
+
+    def test_changes_of_the_coordinate_system_are_chosen(self):
+        self.two_systems()
+        self.write("table", ORIGIN)
+        first = "GOTO/    1.00000,    2.00000,    0.00000"
+        same = "GOTO/    3.00000,    4.00000,    0.00000"
+        converted = [first, "GOTO/   13.00000,   24.00000,    0.00000"]
+        lines = [first, "ORIGIN/2", same]
+        self.assertEqual(self.posted("-t", "table"), lines)
+        self.assertEqual(self.posted("-t", "table", "--origins", "lines", "--strict"), lines)
+        self.assertEqual(self.posted("-t", "table", "--origins", "convert"), converted)
+        self.assertEqual(self.posted("--origins", "convert", "--strict"), converted)
+        # A document that has loaded the table has its line too.
+        self.run_program("document", "new", "d")
+        refused = self.run_program("post", "canon", "-d", "d", "-o", "text")
+        self.assertEqual(refused.returncode, 1)
+        self.assertIn("; write NC_ORIGIN in a table, or convert the moves with ", refused.stderr)
+        self.assertNotIn("text", self.files())
+        self.run_program("document", "load-table", "d", "table")
+        self.assertEqual(self.posted("-d", "d"), lines)
+
+    def test_systems_that_are_the_same_are_warned_of(self):
+        self.two_systems("0.0, 0.0, 0.0")
+        self.write("table", ORIGIN)
+        warning = (
+            "  WARNING: coordinate systems 1 and 2 have the same offsets, so their moves are\n"
+            "    written as in one; are these the machine's offsets?\n"
+        )
+        for options in ((), ("--origins", "convert")):
+            run = self.run_program("post", "canon", *options)
+            self.assertEqual(run.returncode, 0)
+            self.assertIn(warning, run.stderr)
+        named = self.run_program("post", "canon", "-t", "table")
+        self.assertNotIn("WARNING", named.stderr)
+        self.assertIn("ORIGIN/2\n", named.stdout)
+
+    def test_summary_names_the_system_of_converted_moves(self):
+        self.two_systems()
+        run = self.run_program("post", "canon", "--origins", "convert", "-o", "text")
+        self.check(
+            run,
+            0,
+            "",
+            "canon: 2 elements, 2 lines\n"
+            "  moves: STRAIGHT_FEED 2\n"
+            "  positions in millimetres\n"
+            "  positions in the coordinate system of the first move\n"
+            "text: written\n",
+        )
+
     def test_mistakes(self):
         self.write("canon", listing())
         length = "a length from 0.000001 to 1000 in millimetres"
@@ -105,6 +159,7 @@ class Listings(program.ProgramTest):
             ("--chord", "nan", f"'nan' is not {length}"),
             ("--chord", "1mm", f"'1mm' is not {length}"),
             ("--helices", "arcs", "'arcs' is neither helix nor chords"),
+            ("--origins", "all", "'all' is neither lines nor convert"),
             ("--comments", "some", "'some' is not all, program or none"),
             ("--units", "cm", "'cm' is neither mm nor inch"),
         ):

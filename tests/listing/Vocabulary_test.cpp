@@ -13,11 +13,11 @@ namespace {
 
 using host::LengthUnit;
 
-host::Vocabulary wordsWith(std::string_view table) {
+host::Vocabulary wordsWith(std::string_view table, const host::TableWords& words = {}) {
   const KEPVar<host::Document> document = host::newDocument();
   const InputFile file(table);
   EXPECT_EQ(document->ppWordContainer()->LoadPPWordTable(KEPUnicodeString(file.path())), S_OK);
-  return host::vocabularyOf(*document);
+  return host::vocabularyOf(*document, words);
 }
 
 TEST(Vocabulary, DefaultCatalogueNamesMillimetresAndPutsTextsBare) {
@@ -105,6 +105,33 @@ TEST(Vocabulary, StartMacroIsThatOfATable) {
   const KEPVar<host::Document> document = host::newDocument();
   EXPECT_FALSE(host::vocabularyOf(*document).startMacro);
   EXPECT_TRUE(host::vocabularyOf(*document, {{}, true}).startMacro);
+}
+
+host::Vocabulary withOrigin(std::string_view lines, bool isOwn = true) {
+  return wordsWith("*START_NC_INSTRUCTION NC_ORIGIN\n" + std::string(lines) + "\n*END\n",
+                   {{}, false, isOwn});
+}
+
+TEST(Vocabulary, OriginIsThatOfATableOnly) {
+  EXPECT_FALSE(host::vocabularyOf(*host::newDocument(), {}).origin);
+  EXPECT_FALSE(withOrigin("ORIGIN/%MFG_ORIGIN_NUMBER", false).origin);
+  EXPECT_TRUE(withOrigin("ORIGIN/%MFG_ORIGIN_NUMBER").origin);
+}
+
+TEST(Vocabulary, OriginPrintsWhatItsLinesReferTo) {
+  const auto number = withOrigin("ORIGIN/MFG_NCAXIS_X_ORIG,%MFG_ORIGIN_NUMBER").origin;
+  EXPECT_TRUE(number->number);
+  EXPECT_FALSE(number->coordinates);
+  EXPECT_FALSE(number->rotation);
+  const auto two = withOrigin("ORIGIN/%MFG_NCAXIS_X_ORIG,&MFG_NCAXIS_Y_ORIG").origin;
+  EXPECT_FALSE(two->coordinates);
+  const auto all = withOrigin(
+                       "ORIGIN/%MFG_NCAXIS_X_ORIG,&MFG_NCAXIS_Y_ORIG,$\n%MFG_NCAXIS_Z_ORIG\n"
+                       "ROTATE/%MFG_NCAXIS_X_VECX,%MFG_NCAXIS_Y_VECX")
+                       .origin;
+  EXPECT_FALSE(all->number);
+  EXPECT_TRUE(all->coordinates);
+  EXPECT_TRUE(all->rotation);
 }
 
 }  // namespace
