@@ -48,6 +48,7 @@ install(
   # How the host stores documents and files, and how its model offers interfaces, is internal.
   REGEX "/document/(Database|Digest|DocumentFormat|StoredDocument)\\.h$" EXCLUDE
   REGEX "/manufacturing/(OperationExtensions|ToolChange|ToolExtensions)\\.h$" EXCLUDE
+  REGEX "/modeler/FeatureOrder\\.h$" EXCLUDE
   REGEX "/system/FilePlace\\.h$" EXCLUDE)
 
 install(

@@ -5,13 +5,13 @@
 #include <map>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "host/document/Digest.h"
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
 #include "host/document/StoredDocument.h"
+#include "host/modeler/FeatureOrder.h"
 
 namespace host {
 namespace {
@@ -32,87 +32,17 @@ std::int64_t stored(const std::array<std::pair<Kind, std::int64_t>, kCount>& num
                       "cannot be written: " + std::string(reason));
 }
 
-/// The features of a document, base types before those that derive from them, and those of one
-/// container in the order of their creation.
-class StorageOrder {
- public:
-  struct Entry {
-    const Feature* feature;
-    /// The number of its container from 1; nothing for a type that was removed.
-    Number container;
-    Number base;
-  };
+/// The number of a place, which counts from 0, in a file.
+Number idOf(std::optional<std::size_t> place) {
+  return place ? Number(static_cast<std::int64_t>(*place) + 1) : Number();
+}
 
-  StorageOrder(const Document& document, const Database& database) : database_(database) {
-    if (std::ssize(document.containers()) > format::kMostContainers) {
-      refuse(database_, "it has more than 1000 containers");
-    }
-    for (const Container* container : document.containers()) {
-      Members members;
-      for (const auto& member : container->ListMembersHere(KEPInterfaceId<KEPISpecObject>())) {
-        members.features.push_back(KEPVar<Feature>(member).Get());
-      }
-      homes_.emplace(container, homes_.size());
-      members_.push_back(std::move(members));
-    }
-    for (std::size_t home = 0; home < members_.size(); ++home) {
-      while (members_[home].next < members_[home].features.size()) addNext(home);
-    }
+void requireDepth(const FeatureOrder& order, const Database& database) {
+  for (const FeatureOrder::Entry& entry : order.entries()) {
+    if (entry.depth <= format::kMostBaseTypes) continue;
+    refuse(database, "a type in it has more than 64 types above it");
   }
-
-  [[nodiscard]] const std::vector<Entry>& entries() const noexcept { return entries_; }
-
- private:
-  struct Members {
-    std::vector<const Feature*> features;
-    std::size_t next = 0;
-  };
-
-  [[nodiscard]] static const Feature* baseOf(const Feature& feature) {
-    return static_cast<const Feature*>(feature.GetBaseType().Get());
-  }
-
-  /// Adds the next member of a container behind its base types.
-  void addNext(std::size_t home) {
-    const Feature& feature = *members_[home].features[members_[home].next++];
-    std::vector<const Feature*> bases;
-    for (const Feature* base = baseOf(feature); base != nullptr && !ids_.contains(base);
-         base = baseOf(*base)) {
-      bases.push_back(base);
-      if (bases.size() > format::kMostBaseTypes) refuseDepth();
-    }
-    for (auto base = bases.rbegin(); base != bases.rend(); ++base) addBase(**base);
-    append(feature, home);
-  }
-
-  void addBase(const Feature& base) {
-    const auto home = homes_.find(base.GetContainer());
-    if (home == homes_.end()) return append(base, std::nullopt);
-    while (!ids_.contains(&base)) addNext(home->second);
-  }
-
-  void append(const Feature& feature, std::optional<std::size_t> home) {
-    const Feature* const base = baseOf(feature);
-    const Number baseId = base == nullptr ? Number() : ids_.at(base);
-    const int depth = baseId ? depths_[static_cast<std::size_t>(*baseId) - 1] + 1 : 0;
-    if (depth > format::kMostBaseTypes) refuseDepth();
-    const Number container = home ? Number(static_cast<std::int64_t>(*home) + 1) : Number();
-    entries_.push_back({&feature, container, baseId});
-    depths_.push_back(depth);
-    ids_.emplace(&feature, static_cast<std::int64_t>(entries_.size()));
-  }
-
-  [[noreturn]] void refuseDepth() const {
-    refuse(database_, "a type in it has more than 64 types above it");
-  }
-
-  const Database& database_;
-  std::unordered_map<const KEPIContainer*, std::size_t> homes_;
-  std::vector<Members> members_;
-  std::vector<Entry> entries_;
-  std::vector<int> depths_;
-  std::unordered_map<const Feature*, std::int64_t> ids_;
-};
+}
 
 class Writer {
  public:
@@ -122,7 +52,8 @@ class Writer {
   std::int64_t write(const Document& document) {
     makeTables();
     writeContainers(document);
-    const StorageOrder order(document, database_);
+    const FeatureOrder order(document.containers());
+    requireDepth(order, database_);
     writeFeatures(order);
     writeAttributes(order);
     writeDesignParameters(document);
@@ -174,6 +105,9 @@ class Writer {
   }
 
   void writeContainers(const Document& document) {
+    if (std::ssize(document.containers()) > format::kMostContainers) {
+      refuse(database_, "it has more than 1000 containers");
+    }
     Statement statement(database_, "INSERT INTO container VALUES(?,?)");
     std::int64_t id = 0;
     for (const Container* container : document.containers()) {
@@ -181,20 +115,20 @@ class Writer {
     }
   }
 
-  void writeFeatures(const StorageOrder& order) {
+  void writeFeatures(const FeatureOrder& order) {
     Statement statement(database_, "INSERT INTO feature VALUES(?,?,?,?,?,?)");
     std::int64_t id = 0;
-    for (const auto& [feature, container, base] : order.entries()) {
-      insert(statement, ++id, container, stored(format::kFeatureKinds, feature->kind()),
-             feature->GetName(), base, std::int64_t{feature->isPublished()});
+    for (const auto& [feature, container, base, depth] : order.entries()) {
+      insert(statement, ++id, idOf(container), stored(format::kFeatureKinds, feature->kind()),
+             feature->GetName(), idOf(base), std::int64_t{feature->isPublished()});
     }
   }
 
-  void writeAttributes(const StorageOrder& order) {
+  void writeAttributes(const FeatureOrder& order) {
     Statement attribute(database_, "INSERT INTO attribute VALUES(?,?,?,?,?,?,?)");
     Statement text(database_, "INSERT INTO text VALUES(?,?,?,?)");
     std::int64_t feature = 0;
-    for (const StorageOrder::Entry& entry : order.entries()) {
+    for (const FeatureOrder::Entry& entry : order.entries()) {
       ++feature;
       std::int64_t position = 0;
       for (const Slot& slot : entry.feature->attributes().slots()) {

@@ -1,5 +1,9 @@
 #include "host/modeler/Document.h"
 
+#include <utility>
+
+#include "host/modeler/FeatureOrder.h"
+
 namespace host {
 namespace {
 
@@ -10,6 +14,48 @@ void createPPCommandType(Container& container) {
   attributes->AddAttribute("CommandName", KEPISpecAttribute::Kind::String);
   attributes->AddAttribute("SequenceNumber", KEPISpecAttribute::Kind::Integer);
 }
+
+/// Makes a copy of a document.
+class Copying {
+ public:
+  KEPVar<Document> copy(const Document& document) {
+    const auto& containers = document.containers();
+    for (std::size_t place = 1; place < containers.size(); ++place) {
+      copy_->addContainer(containers[place]->lateType());
+    }
+    homes_ = copy_->containers();
+    // A type that was removed while others derive from it belongs to no container.
+    nowhere_ = KEPVar<Container>::Adopt(new Container(*copy_, ""));
+    const FeatureOrder order(containers);
+    for (const FeatureOrder::Entry& entry : order.entries()) add(entry);
+    for (const auto& [name, value] : document.designParameters()) {
+      copy_->setDesignParameter(name, value);
+    }
+    copy_->setNeedsUpgrade(document.NeedsUpgrade());
+    return copy_;
+  }
+
+ private:
+  void add(const FeatureOrder::Entry& entry) {
+    const Feature& feature = *entry.feature;
+    Container& home = entry.container ? *homes_[*entry.container] : *nowhere_;
+    const KEPISpecObject_var base(entry.base ? features_[*entry.base].Get() : nullptr);
+    KEPISpecObject* const made = feature.kind() == Feature::Kind::StartUp
+                                     ? home.CreateStartUp(feature.GetName(), base)
+                                     : home.CreateInstance(base, feature.GetName());
+    auto copied = KEPVar<Feature>::Adopt(static_cast<Feature*>(made));
+    copied->attributes() = feature.attributes();
+    if (feature.isPublished()) copied->publish();
+    // Its name is free again for another type.
+    if (!entry.container) home.removeMember(*copied);
+    features_.push_back(std::move(copied));
+  }
+
+  KEPVar<Document> copy_ = Document::createEmpty();
+  std::vector<Container*> homes_;
+  KEPVar<Container> nowhere_;
+  std::vector<KEPVar<Feature>> features_;
+};
 
 }  // namespace
 
@@ -61,6 +107,8 @@ KEPVar<Document> newDocument() {
   document->ppWordContainer()->Initialize(/*skipAttributeUpgrade=*/false);
   return document;
 }
+
+KEPVar<Document> copyOf(const Document& document) { return Copying().copy(document); }
 
 std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document) {
   std::vector<KEPIMfgPPCommand_var> commands;

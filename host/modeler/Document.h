@@ -75,6 +75,11 @@ class KEP_PLATFORM Document final : public ContainerOwner {
 /// error is raised.
 [[nodiscard]] KEP_PLATFORM KEPVar<Document> newDocument();
 
+/// A document with the content of another one: its containers, features, attributes and design
+/// parameters. Values that the module holds outside of features (motion buffers, current objects)
+/// are those of a new document. It comes from no file. The original does not change and may end.
+[[nodiscard]] KEP_PLATFORM KEPVar<Document> copyOf(const Document& document);
+
 /// The PP commands of a document, each an instance in its PP word container, in the order of their
 /// creation. They have no name of their own: a command is known by its position here, from 1.
 [[nodiscard]] KEP_PLATFORM std::vector<KEPIMfgPPCommand_var> ppCommands(const Document& document);

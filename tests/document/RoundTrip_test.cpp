@@ -29,7 +29,12 @@ class RoundTrip : public testing::Test, protected PPWordDocument {
     saveDocument(*document, folder.path("part.ppdoc"));
     return openDocument(folder.path("part.ppdoc"));
   }
-  void expectTheSame() const { EXPECT_EQ(contentOf(*reopened()), contentOf(*document)); }
+  void expectTheSame() const { expectSame(*reopened()); }
+  /// The same content in what came back, and in a copy.
+  void expectSame(const Document& other) const {
+    EXPECT_EQ(contentOf(other), contentOf(*document));
+    EXPECT_EQ(contentOf(*copyOf(*document)), contentOf(*document));
+  }
 
   [[nodiscard]] KEPVar<Feature> feature(std::string_view name) const { return find(name); }
 };
@@ -135,7 +140,7 @@ TEST_F(RoundTrip, OwnValuesOfInstancesStayTheirs) {
   const auto other = KEPISpecObject_var::Adopt(features->CreateInstance(find("NC_ONE"), "Other"));
   KEPISpecAttrAccess_var(own)->SetString("Syntaxe", "OWN/1");
   const auto opened = reopened();
-  EXPECT_EQ(contentOf(*opened), contentOf(*document));
+  expectSame(*opened);
   KEPISpecAttrAccess_var(KEPISpecObject_var::Adopt(opened->features()->FindStartUp("NC_ONE")))
       ->SetString("Syntaxe", "NEW/1");
   const auto entries = listing(opened->features());
@@ -191,7 +196,7 @@ TEST_F(RoundTrip, FurtherContainersAreKept) {
   make("NC_TWO", "MfgPPSyntax");
   document->addContainer("MfgPPWordCont");
   const auto opened = reopened();
-  EXPECT_EQ(contentOf(*opened), contentOf(*document));
+  expectSame(*opened);
   const auto found = KEPISpecObject_var::Adopt(opened->containers()[1]->FindStartUp("Other"));
   ASSERT_TRUE(found);
   EXPECT_EQ(ppword::test::entryOf(found), "Other : NC_ONE\n  Syntaxe: ONE/1\n");
@@ -204,7 +209,7 @@ TEST_F(RoundTrip, RemovedTypesLiveOnInThoseThatDeriveFromThem) {
   for (const char* name : {"NC_OLD", "NC_MIDDLE"}) KEPILifeCycleObject_var(find(name))->remove();
   instruction("NC_OLD", {"NEW/1"});
   const auto opened = reopened();
-  EXPECT_EQ(contentOf(*opened), contentOf(*document));
+  expectSame(*opened);
   const auto entries = listing(opened->features());
   EXPECT_EQ(entries[entries.size() - 2], "I : NC_MIDDLE\n  Syntaxe: OLD/1\n");
   EXPECT_EQ(entries.back(), "NC_OLD : MfgPPSyntax\n  Syntaxe: NEW/1\n");
@@ -260,6 +265,34 @@ TEST_F(RoundTrip, TextBeyondTheLimitIsRefused) {
     EXPECT_EQ(error.reason(), "cannot be written: a text in it is longer than 16 MiB");
   }
   EXPECT_EQ(folder.size(), 0U);
+}
+
+TEST_F(RoundTrip, CopyLivesOnWithoutItsOriginal) {
+  instruction("NC_ONE", {"ONE/1"});
+  document->setDesignParameter("a", 1.5);
+  const KEPVar<Document> copy = copyOf(*document);
+  KEPISpecAttrAccess_var(find("NC_ONE"))->SetString("Syntaxe", "CHANGED");
+  document = nullptr;
+  const auto type = KEPISpecObject_var::Adopt(copy->features()->FindStartUp("NC_ONE"));
+  EXPECT_EQ(ppword::test::entryOf(type), "NC_ONE : MfgPPSyntax\n  Syntaxe: ONE/1\n");
+  EXPECT_EQ(copy->designParameters().at("a"), 1.5);
+  EXPECT_EQ(copy->storedStamp(), 0);
+}
+
+TEST(NewDocument, CopyAnswersAsItsOriginal) {
+  const auto document = newDocument();
+  ASSERT_EQ(
+      document->ppWordContainer()->LoadPPWordTable(PPWORD_SOURCE_DIR "/examples/mill.pptable"),
+      S_OK);
+  addCommand(*document, "NC_START_MACRO", 1);
+  const KEPVar<Document> copy = copyOf(*document);
+  EXPECT_EQ(contentOf(*copy), contentOf(*document));
+  EXPECT_EQ(ppword::test::referencesOf(copy), ppword::test::referencesOf(document));
+  KEPListValKEPUnicodeString lines;
+  const auto commands = ppCommands(*copy);
+  ASSERT_EQ(commands.size(), 1U);
+  EXPECT_TRUE(commands[0]->Evaluate(lines));
+  EXPECT_EQ(ppword::test::texts(lines), (Texts{"PARTNO MILLED PART", "UNITS/", "MACHIN/MILL,1"}));
 }
 
 }  // namespace
