@@ -76,14 +76,15 @@ struct InsertValues {
 };
 
 struct ToolAssemblyValues {
-  /// True for the assembly of a turning tool, which alone has a reference and radii.
+  /// True for the assembly of a turning tool.
   bool isLathe = false;
   /// Under the names that NC output knows them by, such as MFG_TL_SET_X.
   NamedValues parameters;
   /// MfgInvertedAssembly.
   NamedValues attributes;
   std::optional<InsertValues> insert;
-  /// Number of the tool point that the setting values refer to.
+  /// Number of a corrector. In the assembly of a turning tool also of the tool point that the
+  /// setting values refer to; they refer to point 9 in any other one.
   std::optional<int> reference;
   /// Radii of the cutting edge at the tool points.
   std::optional<std::map<std::string, double, std::less<>>> radii;
@@ -107,7 +108,7 @@ struct ActivityValues {
   std::optional<StrategyValues> strategy;
   std::optional<ToolPathValues> toolPath;
   std::optional<TurningValues> turning;
-  // Of lathe and sequential groove operations.
+  /// A lathe or sequential groove operation is a turning operation without these values too.
   std::optional<LatheValues> lathe;
   // Of sequential operations.
   std::optional<std::vector<SequentialMotionValues>> motions;

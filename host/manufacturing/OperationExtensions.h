@@ -26,11 +26,13 @@ class FeedrateParameters final : public NamedTable<FeedrateParameters, KEPIMfgFe
   KEPICkeParm_var spindle_;
 };
 
-/// The way of rotation and the correctors of a turning operation.
+/// The way of rotation and the correctors of a turning operation, or of another one that states
+/// them.
 class LatheOperation final : public ModelExtension<LatheOperation, KEPIMfgLatheOperation> {
  public:
   explicit LatheOperation(const ActivityValues& values)
-      : values_(values.lathe.value_or(LatheValues())) {}
+      : LatheOperation(values.lathe.value_or(LatheValues())) {}
+  explicit LatheOperation(const LatheValues& values) : values_(values) {}
 
   HRESULT GetWayOfRotation(int& code) const override;
   HRESULT GetDefaultCorrector(int& number, KEPUnicodeString& outputPoint) const override;

@@ -60,7 +60,8 @@ class LatheToolAssembly final : public ModelExtension<LatheToolAssembly, KEPIMfg
   explicit LatheToolAssembly(const ToolAssemblyValues& /*values*/) {}
 };
 
-/// The point of a turning tool that its setting values refer to.
+/// The number of a corrector and, in the assembly of a turning tool, of the point that its setting
+/// values refer to.
 class LatheRefCompensation final
     : public ModelExtension<LatheRefCompensation, KEPIMfgLatheRefCompensation> {
  public:

@@ -63,9 +63,6 @@ struct KindRule {
 
 bool isOperation(ActivityKind kind) { return kind >= ActivityKind::Machining; }
 bool isSequential(ActivityKind kind) { return kind >= ActivityKind::SequentialAxial; }
-bool isLathe(ActivityKind kind) {
-  return kind == ActivityKind::Lathe || kind == ActivityKind::SequentialGroove;
-}
 bool isToolChange(ActivityKind kind) { return kind == ActivityKind::ToolChange; }
 
 template <auto kMember>
@@ -82,7 +79,7 @@ constexpr KindRule kKindRules[] = {
     {"strategy", states<&ActivityValues::strategy>, isOperation, kAnyOperation},
     {"toolPath", states<&ActivityValues::toolPath>, isOperation, kAnyOperation},
     {"turning", states<&ActivityValues::turning>, isOperation, kAnyOperation},
-    {"lathe", states<&ActivityValues::lathe>, isLathe, R"("lathe" or "sequentialGroove")"},
+    {"lathe", states<&ActivityValues::lathe>, isOperation, kAnyOperation},
     {"motions", states<&ActivityValues::motions>, isSequential,
      R"("sequentialAxial" or "sequentialGroove")"},
 };

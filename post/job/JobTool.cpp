@@ -92,11 +92,7 @@ void read(Value value, const Place& place, ToolValues& tool) {
 }
 
 void read(Value value, const Place& place, ToolAssemblyValues& assembly) {
-  const char* const at = value.raw_json_token().data();
   readFields<ToolAssemblyValues>(value, place, kAssemblyKeys, assembly);
-  if (assembly.isLathe) return;
-  if (assembly.reference) place.refuse(at, R"(the key "reference" needs the kind "lathe")");
-  if (assembly.radii) place.refuse(at, R"(the key "radii" needs the kind "lathe")");
 }
 
 void readOutputPoints(Value value, const Place& place, std::map<int, std::string>& points) {

@@ -111,6 +111,13 @@ TEST(JobActivity, LatheHasWayAndCorrectors) {
   EXPECT_EQ(activity.lathe->defaultCorrector, 12);
 }
 
+TEST(JobActivity, EveryOperationCanBeALatheOperationToo) {
+  const std::string_view lines[] = {
+      R"({"activity":"A","kind":"machining","lathe":{"way":-1}})",
+      R"({"activity":"A","lathe":{"way":-1},"kind":"sequentialAxial","motions":[{}]})"};
+  for (const std::string_view line : lines) EXPECT_EQ(activityOf(line).lathe->way, -1) << line;
+}
+
 TEST(JobActivity, EmptyLatheTellsNothing) {
   const ActivityStart activity =
       activityOf(R"({"activity":"A","kind":"sequentialGroove","lathe":{}})");
@@ -165,7 +172,15 @@ TEST(JobActivity, EmptyToolOffersNeitherCompensationNorReplay) {
                activity.assembly->radii);
 }
 
-TEST(JobActivity, AssemblyHasWhatItsKindAllows) {
+TEST(JobActivity, AssemblyOfAMillHasReferenceAndRadii) {
+  const ActivityStart activity =
+      activityOf(R"({"activity":"A","assembly":{"reference":2,"radii":{"P3":0.21}}})");
+  EXPECT_FALSE(activity.assembly->isLathe);
+  EXPECT_EQ(activity.assembly->reference, 2);
+  EXPECT_EQ(activity.assembly->radii->at("P3"), 0.21);
+}
+
+TEST(JobActivity, AssemblyOfATurningToolHasReferenceAndRadii) {
   const ActivityStart activity = activityOf(
       R"({"activity":"A","assembly":{"reference":9,"radii":{"P3":0.21,"P9":0.4},"kind":"lathe",)"
       R"("parameters":{"MFG_TL_SET_X":{"real":62.5}},"inverted":true}})");

@@ -46,13 +46,13 @@ REFUSED = """
 {"activity":"A","kind":"milling"}
 {"activity":"A","kind":"lathe","motions":[]}
 {"activity":"A","lathe":{}}
-{"activity":"A","kind":"sequentialAxial","lathe":{}}
+{"activity":"A","kind":"toolChange","lathe":{}}
 {"activity":"A","kind":"toolChange","strategy":{}}
 {"activity":"A","feedsAndSpeeds":{}}
 {"activity":"A","kind":"machining","operation":{"name":"B","kind":"machining"}}
 {"activity":"A","kind":"toolChange","operation":{"name":"B"}}
 {"activity":"A","kind":"toolChange","operation":{"name":"B","kind":"toolChange"}}
-{"activity":"A","kind":"toolChange","operation":{"name":"B","kind":"machining","lathe":{}}}
+{"activity":"A","kind":"toolChange","operation":{"name":"B","kind":"machining","lathe":{"way":"-1"}}}
 {"activity":"A","kind":"toolChange","operation":{"name":"B","kind":"lathe","motions":[]}}
 {"activity":"A","kind":"machining","feedsAndSpeeds":{"spindleWay":"clw"}}
 {"activity":"A","kind":"machining","feedsAndSpeeds":{"machining":{"type":"linear"}}}
@@ -66,8 +66,8 @@ REFUSED = """
 {"activity":"A","kind":"sequentialAxial","motions":[{"feedsAndSpeeds":{"spindleSpeed":"own"}}]}
 {"activity":"A","tool":{"name":"T"}}
 {"activity":"A","tool":{"replay":{"9":[1,2]}}}
-{"activity":"A","assembly":{"reference":9}}
-{"activity":"A","assembly":{"kind":"mill","radii":{}}}
+{"activity":"A","assembly":{"reference":"P9"}}
+{"activity":"A","assembly":{"kind":"mill","radii":{"":1}}}
 {"activity":"A","assembly":{"kind":"lathe","reference":0}}
 {"activity":"A","assembly":{"insert":{"noseRadius":1}}}
 {"activity":"A","assembly":{"insert":{"type":"MfgGrooveInsert","noseRadius":1}}}

@@ -122,6 +122,29 @@ TEST(Activity, WhatIsNotStatedIsNotOffered) {
   EXPECT_EQ(offered(toolChange), "activity change");
 }
 
+TEST(Activity, OperationThatStatesLatheValuesIsATurningOperationToo) {
+  const std::pair<ActivityKind, std::string_view> operations[] = {
+      {ActivityKind::Plain, "activity"},
+      {ActivityKind::ToolChange, "activity change"},
+      {ActivityKind::Machining, "activity operation path lathe"},
+      {ActivityKind::Lathe, "activity operation path lathe"},
+      {ActivityKind::SequentialAxial, "activity operation path lathe"},
+      {ActivityKind::SequentialGroove, "activity operation path lathe"}};
+  for (const auto& [kind, interfaces] : operations) {
+    ActivityValues values = valuesOf(kind);
+    values.lathe.emplace();
+    EXPECT_EQ(offered(Activity::create(values)), interfaces) << static_cast<int>(kind);
+  }
+}
+
+TEST(Activity, LatheValuesDoNotChangeTheLateTypes) {
+  ActivityValues values = valuesOf(ActivityKind::SequentialAxial);
+  values.lathe.emplace();
+  const KEPVar<Activity> activity = Activity::create(values);
+  EXPECT_TRUE(activity->IsAKindOf("MfgSequentialAxialOperation"));
+  EXPECT_FALSE(activity->IsAKindOf("MfgLatheOperation"));
+}
+
 TEST(Activity, AskingTwiceGivesTheSameObject) {
   const auto activity = Activity::create(fullValues(ActivityKind::SequentialGroove));
   const KEPIMfgSequentialMotions_var first = activity;
@@ -135,7 +158,7 @@ TEST(Activity, ExtensionsAreFoundThroughTheDictionary) {
   const KEPIMfgLatheOperation_var lathe = activity;
   const auto* const interfaceClass = KEPInterfaceId<KEPIMfgLatheOperation>();
   EXPECT_NE(findCreator("MfgLatheOperation", interfaceClass), nullptr);
-  EXPECT_EQ(findCreator("MfgMachiningOperation", interfaceClass), nullptr);
+  EXPECT_EQ(findCreator("MfgActivity", interfaceClass), nullptr);
   ASSERT_NE(lathe->GetMetaObject(), nullptr);
   EXPECT_EQ(lathe->GetMetaObject()->GetName(), "LatheOperation");
   EXPECT_EQ(lathe->GetMetaObject()->GetBase(), interfaceClass);

@@ -118,6 +118,25 @@ TEST(LatheOperation, TellsItsWayOfRotation) {
   EXPECT_EQ(code, -1);
 }
 
+TEST(LatheOperation, AxialOneTellsWhatItStates) {
+  ActivityValues values = operationValues(ActivityKind::SequentialAxial);
+  values.lathe = {-1, {{1, "P9"}, {2, "P3"}}, 2};
+  values.motions.emplace(1);
+  const auto activity = Activity::create(values);
+  const KEPIMfgLatheOperation_var operation = activity;
+  int code = 0;
+  EXPECT_EQ(operation->GetWayOfRotation(code), S_OK);
+  EXPECT_EQ(code, -1);
+  KEPUnicodeString point;
+  EXPECT_EQ(operation->GetCorrector(1, point), S_OK);
+  EXPECT_EQ(point, KEPUnicodeString("P9"));
+  int number = 0;
+  EXPECT_EQ(operation->GetDefaultCorrector(number, point), S_OK);
+  EXPECT_EQ(number, 2);
+  EXPECT_EQ(point, KEPUnicodeString("P3"));
+  EXPECT_EQ(KEPIMfgSequentialMotions_var(activity)->GetMotions().Size(), 1);
+}
+
 TEST(LatheOperation, TellsTheOutputPointOfACorrector) {
   const auto operation = latheOperation({{}, {{1, "P9"}, {2, "P3"}}, {}});
   KEPUnicodeString point("kept");

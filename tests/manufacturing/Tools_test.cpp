@@ -78,14 +78,15 @@ TEST(ToolAssembly, GivesItsAttributesAndGeometricParameters) {
   EXPECT_FALSE(assembly->GetInsert());
 }
 
-TEST(ToolAssembly, OnlyThatOfATurningToolOffersWhatTurningNeeds) {
+TEST(ToolAssembly, OnlyThatOfATurningToolIsALatheAssembly) {
   ToolAssemblyValues values;
   values.reference = 9;
   values.radii.emplace();
   const KEPBaseUnknown_var milling = assemblyOf(values);
+  EXPECT_FALSE(milling->IsAKindOf("MfgLatheToolAssembly"));
   EXPECT_FALSE(KEPIMfgLatheToolAssembly_var(milling));
-  EXPECT_FALSE(KEPIMfgLatheRefCompensation_var(milling));
-  EXPECT_FALSE(KEPIMfgLatheToolInsertUtilities_var(milling));
+  EXPECT_TRUE(KEPIMfgLatheRefCompensation_var(milling));
+  EXPECT_TRUE(KEPIMfgLatheToolInsertUtilities_var(milling));
   values.isLathe = true;
   const KEPBaseUnknown_var turning = assemblyOf(values);
   EXPECT_TRUE(turning->IsAKindOf("MfgLatheToolAssembly"));
@@ -96,27 +97,39 @@ TEST(ToolAssembly, OnlyThatOfATurningToolOffersWhatTurningNeeds) {
   EXPECT_TRUE(KEPIMfgLatheToolInsertUtilities_var(turning));
 }
 
-TEST(ToolAssembly, OfATurningToolWithoutReferenceAndRadiiOffersNeither) {
+TEST(ToolAssembly, WithoutReferenceAndRadiiOffersNeither) {
+  for (const bool isLathe : {false, true}) {
+    ToolAssemblyValues values;
+    values.isLathe = isLathe;
+    const KEPBaseUnknown_var assembly = assemblyOf(values);
+    EXPECT_EQ(static_cast<bool>(KEPIMfgLatheToolAssembly_var(assembly)), isLathe);
+    EXPECT_FALSE(KEPIMfgLatheRefCompensation_var(assembly));
+    EXPECT_FALSE(KEPIMfgLatheToolInsertUtilities_var(assembly));
+  }
+}
+
+TEST(ToolAssembly, OffersReferenceAndRadiiEachByItself) {
   ToolAssemblyValues values;
-  values.isLathe = true;
-  const KEPBaseUnknown_var assembly = assemblyOf(values);
-  EXPECT_TRUE(KEPIMfgLatheToolAssembly_var(assembly));
-  EXPECT_FALSE(KEPIMfgLatheRefCompensation_var(assembly));
-  EXPECT_FALSE(KEPIMfgLatheToolInsertUtilities_var(assembly));
+  values.reference = 9;
+  EXPECT_FALSE(KEPIMfgLatheToolInsertUtilities_var(assemblyOf(values)));
+  values.reference.reset();
+  values.radii.emplace();
+  EXPECT_FALSE(KEPIMfgLatheRefCompensation_var(assemblyOf(values)));
 }
 
 TEST(ToolAssembly, TellsItsReference) {
-  ToolAssemblyValues values;
-  values.isLathe = true;
-  values.reference = 3;
-  int number = 0;
-  EXPECT_EQ(KEPIMfgLatheRefCompensation_var(assemblyOf(values))->GetNumber(number), S_OK);
-  EXPECT_EQ(number, 3);
+  for (const bool isLathe : {false, true}) {
+    ToolAssemblyValues values;
+    values.isLathe = isLathe;
+    values.reference = 3;
+    int number = 0;
+    EXPECT_EQ(KEPIMfgLatheRefCompensation_var(assemblyOf(values))->GetNumber(number), S_OK);
+    EXPECT_EQ(number, 3);
+  }
 }
 
 TEST(ToolAssembly, TellsTheRadiusAtAPoint) {
   ToolAssemblyValues values;
-  values.isLathe = true;
   values.radii = {{"P3", 0.21}, {"P9", 0.4}};
   const KEPIMfgLatheToolInsertUtilities_var utilities = assemblyOf(values);
   double radius = 7;
