@@ -22,6 +22,14 @@ Walk walkCommands(TableSource& source, Visit visit) {
   return Walk::Whole;
 }
 
+/// Calls `visit` with the name of each command, empty when it has none, and the position at which
+/// its body begins: those of the queries by index, in one walk.
+template <class Visit>
+void forEachCommand(TableSource& source, Visit visit) {
+  const auto walk = [&](auto each) { return walkCommands(source, each); };
+  forEachName(source, walk, kCommandPrefix, visit);
+}
+
 [[nodiscard]] bool numberOfCommands(TableSource& source, int& count);
 [[nodiscard]] bool nameOfCommand(TableSource& source, int index, std::string& name);
 [[nodiscard]] bool rangeOfCommand(TableSource& source, std::string_view name, int& range);

@@ -12,6 +12,13 @@ namespace ppword {
 // The queries on the sections beside the commands. Contracts as those of the reader's operations.
 
 // The sections with the values of parameters: `keyword` is kListKeyword or kFormatKeyword.
+/// As forEachCommand, for lists or formats.
+template <class Visit>
+void forEachParameter(TableSource& source, std::string_view keyword, Visit visit) {
+  const auto walk = [&](auto each) { return walkKeyword(source, keyword, each); };
+  forEachName(source, walk, kParameterPrefix, visit);
+}
+
 [[nodiscard]] bool numberOfParameters(TableSource& source, std::string_view keyword, int& count);
 [[nodiscard]] bool nameOfParameter(TableSource& source, std::string_view keyword, int index,
                                    std::string& name);

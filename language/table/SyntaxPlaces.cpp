@@ -8,12 +8,7 @@ namespace ppword {
 
 SyntaxPlaces::SyntaxPlaces(std::string_view table) : table_(table) {
   MemorySource source(table_);
-  walkCommands(source, [&] {
-    const long here = source.position();
-    static_cast<void>(nextName(source, kCommandPrefix));
-    bodies_.push_back(source.position());
-    return !source.seek(here);
-  });
+  forEachCommand(source, [&](const std::string& /*name*/, long body) { bodies_.push_back(body); });
 }
 
 bool SyntaxPlaces::goTo(TableSource& source, int number) const {

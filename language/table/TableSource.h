@@ -77,6 +77,19 @@ template <class WalkKeywords>
   return true;
 }
 
+/// Calls `visit` after each keyword of a walk, which is given the visit to make, with the name that
+/// follows it (empty when that does not begin with `prefix`) and the position after the name. The
+/// walk goes on after the keyword itself.
+template <class WalkKeywords, class Visit>
+void forEachName(TableSource& source, WalkKeywords walk, std::string_view prefix, Visit visit) {
+  walk([&] {
+    const long here = source.position();
+    const std::string name(nextName(source, prefix).value_or(""));
+    visit(name, source.position());
+    return !source.seek(here);
+  });
+}
+
 [[nodiscard]] bool contains(std::string_view text, std::string_view part);
 
 }  // namespace ppword

@@ -8,6 +8,7 @@
 
 #include "System/KEPList.h"
 #include "host/modeler/Document.h"
+#include "language/table/TableEntries.h"
 #include "tools/ppword/Commands.h"
 
 using Lines = std::vector<std::string>;
@@ -23,20 +24,9 @@ struct AptWord {
 [[nodiscard]] std::vector<AptWord> paired(const KEPListValKEPString& words,
                                           const KEPRawCollint& kinds, const KEPRawCollint& codes);
 
-/// A name or lines that cannot be read are absent.
-struct InstructionEntry {
-  std::optional<std::string> name;
-  std::optional<Lines> lines;
-  std::vector<std::optional<Lines>> sequences;
-};
-struct ListEntry {
-  std::optional<std::string> name;
-  std::optional<Lines> values;
-};
-struct FormatEntry {
-  std::optional<std::string> name;
-  std::optional<std::string> format;
-};
+using InstructionEntry = ppword::CommandEntry;
+using ppword::FormatEntry;
+using ppword::ListEntry;
 
 /// A value that is not set is absent.
 struct PPCommandEntry {
@@ -68,7 +58,7 @@ struct Contents {
 };
 
 /// What the reader finds in the table at `path`: at least the section of that name, all sections
-/// without one. Lines and values after a million more than the table has bytes cannot be read.
+/// without one.
 [[nodiscard]] Contents tableContents(const std::string& path, std::string_view section);
 
 /// What a document holds.

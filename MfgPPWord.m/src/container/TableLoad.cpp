@@ -65,10 +65,8 @@ class TableLoad {
   void loadCommands() {
     MemorySource source(table_);
     int number = 0;
-    walkCommands(source, [&] {
-      const long here = source.position();
-      loadCommandAndSequences(source, ++number);
-      return !source.seek(here);
+    forEachCommand(source, [&](const std::string& name, long body) {
+      loadCommandAndSequences(++number, name, body);
     });
   }
 
@@ -76,23 +74,19 @@ class TableLoad {
   void loadFormats() { loadParameters(kFormatKeyword, Section::Format, &TableLoad::loadFormat); }
 
  private:
-  void loadCommandAndSequences(TableSource& source, int number) {
-    std::string name;
+  void loadCommandAndSequences(int number, const std::string& name, long body) {
     int sequences = 0;
-    const Outcome outcome = loadCommand(source, name, sequences);
+    const Outcome outcome = loadCommand(name, body, sequences);
     report(Section::Command, number, name, outcome);
     if (sequences >= kFirstFurtherSequence) loadSequences(name, sequences);
   }
 
-  /// Loads the first sequence of the command whose name follows. `sequences` is the number of all
-  /// that it has; 0 when it is not loaded.
-  Outcome loadCommand(TableSource& source, std::string& name, int& sequences) {
-    const auto found = nextName(source, kCommandPrefix);
-    if (!found) return Outcome::NameUnreadable;
-    name = *found;
+  /// Loads the first sequence of a command. `sequences` is the number of all that it has; unchanged
+  /// when it is not loaded.
+  Outcome loadCommand(const std::string& name, long body, int& sequences) {
+    if (name.empty()) return Outcome::NameUnreadable;
     // deliberate: this command never enters a container
     if (name == kNeverLoaded) return Outcome::NeverLoaded;
-    const long body = source.position();
     int count = 0;
     if (!reading_.seek(body) || !numberOfSequences(reading_, count) || !reading_.seek(body)) {
       return Outcome::ContentUnreadable;
@@ -149,13 +143,10 @@ class TableLoad {
   void loadParameters(std::string_view keyword, Section section, LoadParameter loadParameter) {
     MemorySource source(table_);
     int number = 0;
-    walkKeyword(source, keyword, [&] {
-      const long here = source.position();
-      const std::string name(nextName(source, kParameterPrefix).value_or(""));
-      reading_.seek(source.position());
+    forEachParameter(source, keyword, [&](const std::string& name, long body) {
+      reading_.seek(body);
       report(section, ++number, name,
              name.empty() ? Outcome::NameUnreadable : (this->*loadParameter)(name));
-      return !source.seek(here);
     });
   }
 
