@@ -12,7 +12,7 @@
 
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
@@ -165,7 +165,11 @@ void Database::beginWriting() {
   run("BEGIN IMMEDIATE");
 }
 
-void Database::commit() { run("COMMIT"); }
+std::string Database::commit() {
+  const int code = sqlite3_exec(connection_.get(), "COMMIT", nullptr, nullptr, nullptr);
+  if ((code & 0xFF) == SQLITE_NOMEM) throw std::bad_alloc();
+  return code == SQLITE_OK ? "" : reasonOf(code, connection_.get());
+}
 
 void Database::refuse(std::string_view reason) const {
   throw DocumentError(Kind::Refused, name_, reason);

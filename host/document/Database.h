@@ -27,7 +27,8 @@ class Database {
   /// can write. It is undone unless it is committed.
   void beginReading();
   void beginWriting();
-  void commit();
+  /// Empty, or why it failed: before the change, or after it.
+  [[nodiscard]] std::string commit();
 
   /// Raises the error of a result code, which is not success.
   [[noreturn]] void fail(int code) const;

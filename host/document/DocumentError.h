@@ -8,10 +8,11 @@
 
 namespace host {
 
-/// A document file that is refused, or that could not be written; what it holds is as it was.
+/// A document file that is refused, or that could not be written: what it holds is as it was. Or
+/// one that was written, but it is not certain that a power failure leaves it so.
 class KEP_PLATFORM DocumentError : public std::runtime_error {
  public:
-  enum class Kind { Refused, NotWritten };
+  enum class Kind { Refused, NotWritten, NotCertain };
 
   /// what() is "FILE: error: REASON".
   DocumentError(Kind kind, std::string_view file, std::string_view reason);

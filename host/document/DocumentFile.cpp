@@ -1,16 +1,14 @@
 #include "host/document/DocumentFile.h"
 
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cerrno>
-#include <cstdio>
 #include <utility>
 
 #include "host/document/Database.h"
 #include "host/document/StoredDocument.h"
-#include "host/system/FilePlace.h"
+#include "host/system/FileBeside.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
@@ -31,57 +29,58 @@ void requireUpgraded(const Document& document, const std::string& path) {
   throw DocumentError(Kind::Refused, path, "the document is of an older version; upgrade it first");
 }
 
-/// Gives a file another name that nothing has yet.
-bool moveToNewName(const std::string& from, const std::string& to) {
-  if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return true;
-  // Some file systems lack the one way, some the other.
-  return errno == EINVAL && ::link(from.c_str(), to.c_str()) == 0;
+/// True when the file holds the state with this stamp.
+bool holds(const std::string& path, std::int64_t stamp) {
+  try {
+    Database database(path, path);
+    database.beginReading();
+    static_cast<void>(requireDocument(database));
+    return storedStamp(database) == stamp;
+  } catch (const DocumentError&) {
+    return false;
+  }
 }
 
-/// A file that is not in its place yet; it goes with the object unless it was put there.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const std::string& target) : target_(target) {
-    FileBeside file = createBeside(target);
-    if (file.descriptor < 0) refuseWriting(target, systemReason(errno));
-    ::close(file.descriptor);
-    path_ = std::move(file.path);
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-  ~TemporaryFile() {
-    ::unlink(path_.c_str());
-    ::unlink((path_ + "-journal").c_str());
-  }
-
-  [[nodiscard]] const std::string& path() const noexcept { return path_; }
-
-  /// Puts the file in its place unless something stands there.
-  void place() {
-    if (!moveToNewName(path_, target_)) refuseWriting(target_, systemReason(errno));
-    if (!synchroniseFolderOf(target_)) refuseWriting(target_, systemReason(errno));
-  }
-
- private:
-  const std::string& target_;
-  std::string path_;
-};
+/// Writes the document into the file at `path` and ends the transaction and the connection. Returns
+/// why the system failed although the file holds the document; empty when it did not.
+std::string store(const Document& document, std::unique_ptr<Database> database,
+                  const std::string& path, std::int64_t& stamp) {
+  stamp = writeDocument(document, *database);
+  const std::string name = database->name();
+  std::string failure = database->commit();
+  database.reset();
+  // What comes after the change, such as synchronising the folder, can fail too.
+  if (!failure.empty() && !holds(path, stamp)) refuseWriting(name, failure);
+  return failure;
+}
 
 void saveNew(Document& document, const std::string& path) {
   // It would be taken for an unfinished change of the new file.
   if (isThere(path + "-journal")) {
     refuseWriting(path, "the journal of a lost document, " + path + "-journal, lies there");
   }
-  TemporaryFile file(path);
+  FileBeside file;
+  if (!file.create(path)) refuseWriting(path, systemReason(errno));
+  auto database = std::make_unique<Database>(file.path(), path);
+  database->beginWriting();
   std::int64_t stamp = 0;
-  {
-    Database database(file.path(), path);
-    database.beginWriting();
-    stamp = writeDocument(document, database);
-    database.commit();
-  }
-  file.place();
+  store(document, std::move(database), file.path(), stamp);
+  const auto outcome = file.place(FileBeside::Existing::Kept);
+  const std::string reason = systemReason(errno);
+  if (outcome == FileBeside::Outcome::Failed) refuseWriting(path, reason);
   document.setStoredStamp(stamp);
+  if (outcome == FileBeside::Outcome::NotCertain) {
+    throw DocumentError(Kind::NotCertain, path, doubtText(reason));
+  }
+}
+
+/// Changes a file that exists, in the transaction that has begun.
+void saveChange(Document& document, std::unique_ptr<Database> database) {
+  const std::string path = database->name();
+  std::int64_t stamp = 0;
+  const std::string failure = store(document, std::move(database), path, stamp);
+  document.setStoredStamp(stamp);
+  if (!failure.empty()) throw DocumentError(Kind::NotCertain, path, doubtText(failure));
 }
 
 }  // namespace
@@ -96,15 +95,13 @@ void saveDocument(Document& document, const std::string& path) {
   requireUpgraded(document, path);
   if (!isThere(path)) return saveNew(document, path);
   if (document.storedStamp() == 0) refuseWriting(path, systemReason(EEXIST));
-  Database database(path, path);
-  database.beginWriting();
-  static_cast<void>(requireDocument(database));
-  if (storedStamp(database) != document.storedStamp()) {
+  auto database = std::make_unique<Database>(path, path);
+  database->beginWriting();
+  static_cast<void>(requireDocument(*database));
+  if (storedStamp(*database) != document.storedStamp()) {
     refuseWriting(path, "it holds another document, or was changed since this one was opened");
   }
-  const std::int64_t stamp = writeDocument(document, database);
-  database.commit();
-  document.setStoredStamp(stamp);
+  saveChange(document, std::move(database));
 }
 
 void upgradeDocument(Document& document) {
@@ -123,10 +120,7 @@ DocumentChange::~DocumentChange() = default;
 
 void DocumentChange::save() {
   requireUpgraded(*document_, database_->name());
-  const std::int64_t stamp = writeDocument(*document_, *database_);
-  database_->commit();
-  document_->setStoredStamp(stamp);
-  database_.reset();
+  saveChange(*document_, std::move(database_));
 }
 
 }  // namespace host

@@ -20,7 +20,7 @@ class Database;
 /// Saves a document in one transaction. A file that is not there appears whole or not at all. One
 /// that is there must hold the state that the document was opened from or saved as: neither another
 /// document nor the change of another process is ever replaced. After a DocumentError the file is
-/// as it was.
+/// as it was, unless its kind is NotCertain: then the document is saved.
 KEP_PLATFORM void saveDocument(Document& document, const std::string& path);
 
 /// Brings a document that needs it to the present version: initialises its PP word container, which

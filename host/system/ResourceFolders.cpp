@@ -8,7 +8,7 @@
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgUtilities.h"
 #include "System/KEPMakePath.h"
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {

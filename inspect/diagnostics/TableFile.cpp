@@ -6,8 +6,8 @@
 
 #include <cerrno>
 
-#include "host/system/FilePlace.h"
 #include "host/system/MessageCatalogue.h"
+#include "host/system/SystemReason.h"
 #include "language/table/MemorySource.h"
 
 namespace host {

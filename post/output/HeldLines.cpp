@@ -4,7 +4,7 @@
 #include <cerrno>
 #include <string>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 
 namespace host {

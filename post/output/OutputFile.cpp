@@ -8,9 +8,8 @@
 #include <cerrno>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
@@ -28,6 +27,12 @@ std::filesystem::path resolved(std::filesystem::path path) {
     path = path.parent_path() / std::filesystem::read_symlink(path, error);
   }
   return path;
+}
+
+/// Closes a copy of a descriptor: some systems report only then what could not be written.
+bool closesWell(int descriptor) {
+  const int copy = ::dup(descriptor);
+  return copy >= 0 && ::close(copy) == 0;
 }
 
 }  // namespace
@@ -52,7 +57,7 @@ OutputFile::OutputFile(const std::string& path)
     openBeside();
   }
   require(descriptor_ >= 0);
-  const bool replaces = exists && !temporary_.empty();
+  const bool replaces = exists && temporary_.descriptor() >= 0;
   if (replaces) require(::fchmod(descriptor_, status.st_mode & kPermissions) == 0);
 }
 
@@ -67,8 +72,9 @@ void OutputFile::finish() {
   flush();
   require(synchronise(descriptor_));
   if (target_ == "-") return;
-  require(::close(std::exchange(descriptor_, -1)) == 0);
-  if (!temporary_.empty()) putInPlace();
+  require(closesWell(descriptor_));
+  if (temporary_.descriptor() >= 0) putInPlace();
+  close();
 }
 
 void OutputFile::require(bool success) {
@@ -79,10 +85,10 @@ void OutputFile::require(bool success) {
 }
 
 void OutputFile::close() noexcept {
-  if (descriptor_ >= 0 && target_ != "-") ::close(descriptor_);
-  if (!temporary_.empty()) ::unlink(temporary_.c_str());
+  const bool isOwn = target_ != "-" && temporary_.descriptor() < 0;
+  if (descriptor_ >= 0 && isOwn) ::close(descriptor_);
   descriptor_ = -1;
-  temporary_.clear();
+  temporary_.discard();
 }
 
 void OutputFile::openBeside() {
@@ -91,9 +97,7 @@ void OutputFile::openBeside() {
   errno = ELOOP;
   if (std::filesystem::is_symlink(place, error)) return;
   target_ = place.string();
-  FileBeside file = createBeside(target_);
-  descriptor_ = file.descriptor;
-  if (descriptor_ >= 0) temporary_ = std::move(file.path);
+  if (temporary_.create(target_)) descriptor_ = temporary_.descriptor();
 }
 
 void OutputFile::flush() {
@@ -107,9 +111,9 @@ void OutputFile::flush() {
 }
 
 void OutputFile::putInPlace() {
-  require(::rename(temporary_.c_str(), target_.c_str()) == 0);
-  temporary_.clear();
-  require(synchroniseFolderOf(target_));
+  const auto outcome = temporary_.place(FileBeside::Existing::Replaced);
+  require(outcome != FileBeside::Outcome::Failed);
+  if (outcome == FileBeside::Outcome::NotCertain) doubt_ = systemReason(errno);
 }
 
 }  // namespace host

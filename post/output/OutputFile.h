@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "host/system/FileBeside.h"
 #include "post/output/LineSink.h"
 
 namespace host {
@@ -41,6 +42,12 @@ class OutputFile final : public LineSink {
   /// afterwards.
   void finish();
 
+  /// Of a finished file: why a power failure may undo that it is in its place; empty when nothing
+  /// is known against it.
+  [[nodiscard]] const std::string& doubt() const noexcept { return doubt_; }
+  /// The name in messages.
+  [[nodiscard]] const std::string& name() const noexcept { return name_; }
+
  private:
   /// Closes and raises the OutputError of the last system call unless it succeeded.
   void require(bool success);
@@ -51,10 +58,11 @@ class OutputFile final : public LineSink {
 
   std::string name_;
   std::string target_;
-  /// The temporary file; empty for output that is written directly.
-  std::string temporary_;
+  /// Without a file for output that is written directly.
+  FileBeside temporary_;
   int descriptor_ = -1;
   std::string buffer_;
+  std::string doubt_;
 };
 
 }  // namespace host

@@ -6,7 +6,7 @@
 #include <set>
 #include <utility>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 #include "post/program/ChildProcess.h"
 #include "post/program/InterpreterError.h"

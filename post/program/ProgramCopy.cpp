@@ -5,7 +5,7 @@
 #include <cmath>
 #include <fstream>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 #include "post/text/NcBlock.h"
 

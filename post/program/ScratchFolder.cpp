@@ -5,7 +5,7 @@
 #include <string>
 #include <system_error>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 
 namespace host {

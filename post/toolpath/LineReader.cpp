@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 
 namespace host {
 namespace {

@@ -544,7 +544,7 @@ class Trouble(DocumentTest):
     def test_full_standard_output_does_not_undo_a_change(self):
         with open("/dev/full", "w", encoding="ascii") as full:
             done = self.run_document("add-command", "d", "NC_GOTO", stdout=full)
-        self.assertEqual(done.returncode, 3)
+        self.assertEqual(done.returncode, 5)
         self.assertIn("1  NC_GOTO", self.commands())
 
     def test_special_files_are_no_documents(self):

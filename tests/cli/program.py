@@ -60,6 +60,17 @@ class ProgramTest(unittest.TestCase):
             **options,
         )
 
+    def run_with_fault(self, fault, *arguments, **options):
+        """A run in which calls of the system fail; Faults.cpp says how `fault` is written."""
+        sanitizer = os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"
+        environment = {
+            **os.environ,
+            "LD_PRELOAD": os.environ["PPWORD_FAULTS"],
+            "ASAN_OPTIONS": sanitizer.lstrip(":"),
+            "PPWORD_FAULT": fault,
+        }
+        return self.run_program(*arguments, env=environment, **options)
+
     def check(self, done, status, stdout="", stderr=""):
         self.assertEqual((done.stderr or "", done.stdout or ""), (stderr, stdout))
         self.assertEqual(done.returncode, status)

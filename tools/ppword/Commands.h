@@ -13,8 +13,16 @@
 #include "post/listing/RotaryChain.h"
 #include "post/toolpath/ToolPath.h"
 
-/// Exit statuses; for several files the highest is returned.
-enum class ExitStatus { Done = 0, Refused = 1, Usage = 2, NotWritten = 3, Internal = 4 };
+/// Exit statuses; for several files the highest is returned. Unconfirmed: what was asked for is
+/// written, but a power failure may undo that, or its success could not be printed.
+enum class ExitStatus {
+  Done = 0,
+  Refused = 1,
+  Usage = 2,
+  NotWritten = 3,
+  Internal = 4,
+  Unconfirmed = 5
+};
 
 enum class OutputFormat { ForPeople, ForPrograms };
 

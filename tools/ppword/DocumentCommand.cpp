@@ -11,6 +11,7 @@
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/Diagnostic.h"
+#include "post/output/OutputFile.h"
 #include "post/text/FoldedLines.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
@@ -22,11 +23,22 @@
 
 namespace {
 
-void reportDone(const DocumentOptions& options, const std::string& done) {
+void report(const DocumentOptions& options, const std::string& done) {
   if (options.format == OutputFormat::ForPrograms) {
     writeOutput(documentText({{"file", textJson(options.file)}, {"saved", true}, {"done", done}}));
   } else {
     writeOutput(host::terminalSafe(options.file) + ": " + done + '\n');
+  }
+}
+
+// The document is saved already: that this cannot be printed is not a failure to write it.
+void reportDone(const DocumentOptions& options, const std::string& done) {
+  try {
+    report(options, done);
+  } catch (const host::OutputError& error) {
+    throw host::DocumentError(
+        host::DocumentError::Kind::NotCertain, options.file,
+        "is written, but " + error.file() + " cannot be written: " + error.reason());
   }
 }
 
@@ -136,15 +148,13 @@ void reset(const DocumentOptions& options) {
   });
 }
 
-std::string upgraded(const std::string& file) {
-  host::DocumentChange change(file);
-  if (!change.document()->NeedsUpgrade()) return "needs no upgrade";
+void upgrade(const DocumentOptions& options) {
+  host::DocumentChange change(options.file);
+  if (!change.document()->NeedsUpgrade()) return report(options, "needs no upgrade");
   host::upgradeDocument(*change.document());
   change.save();
-  return "upgraded";
+  reportDone(options, "upgraded");
 }
-
-void upgrade(const DocumentOptions& options) { reportDone(options, upgraded(options.file)); }
 
 struct Action {
   std::string_view name;
@@ -271,7 +281,7 @@ ExitStatus runDocument(const DocumentOptions& options) {
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);
   } catch (const host::DocumentError& error) {
-    if (error.kind() == host::DocumentError::Kind::NotWritten) throw;
+    if (error.kind() != host::DocumentError::Kind::Refused) throw;
     return refuse(options, documentDiagnostic(error));
   }
 }

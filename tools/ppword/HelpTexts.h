@@ -15,7 +15,8 @@ inline constexpr const char* kProgramFooter = R"(Examples:
   ppword post bracket.canon -t mill.pptable -o bracket.apt
 
 Exit status: 0 done; 1 input refused or unreadable; 2 wrong use; 3 output not written; 4 internal
-error. For several files it is the highest.
+error; 5 output written, but a power failure may undo it, or this could not be printed. For several
+files it is the highest.
 
 'ppword COMMAND --help' explains a command.)";
 

@@ -51,16 +51,43 @@ void requireMappable(const PostOptions& options) {
   }
 }
 
+// Files that are written, but perhaps not for good, and why.
+class Doubts {
+ public:
+  void add(const host::OutputFile& file) {
+    if (!file.doubt().empty()) doubts_.emplace_back(file.name(), file.doubt());
+  }
+  void addTo(Json& report) const {
+    for (const auto& [file, reason] : doubts_) {
+      report["notCertain"].push_back({{"file", textJson(file)}, {"reason", reason}});
+    }
+  }
+  void report() const {
+    for (const auto& [file, reason] : doubts_) {
+      const std::string text = (file + ' ') += host::doubtText(reason);
+      writeMessage("ppword: error: " + host::terminalSafe(text) + '\n');
+    }
+  }
+  [[nodiscard]] ExitStatus status() const {
+    return doubts_.empty() ? ExitStatus::Done : ExitStatus::Unconfirmed;
+  }
+
+ private:
+  std::vector<std::pair<std::string, std::string>> doubts_;
+};
+
 void reportRun(const PostOptions& options, const PostReport& report, std::string_view refusal,
-               const LoadReport& load, const host::Document& document) {
+               const Doubts& doubts, const LoadReport& load, const host::Document& document) {
   if (options.format == OutputFormat::ForPrograms) {
     Json json = reportJson(report, refusal.empty());
+    doubts.addTo(json);
     if (options.verbose) json["load"] = load.json(document);
     writeMessage(documentText(json));
     return;
   }
   if (options.verbose) writeMessage("load report:\n" + load.text(document));
   writeMessage(reportText(report, refusal, options.verbose));
+  doubts.report();
 }
 
 // Opens the tool path with its document and its table; what became of the table goes to the
@@ -97,15 +124,19 @@ std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& 
 
 // What is said of a listing that was written.
 void reportListing(const PostOptions& options, const std::string& name,
-                   const std::vector<host::MachineWord>& words, bool isRefused) {
+                   const std::vector<host::MachineWord>& words, bool isRefused,
+                   const Doubts& doubts) {
   if (options.format == OutputFormat::ForPrograms) {
     const Json output = options.output.empty() ? Json(nullptr) : textJson(options.output);
-    writeMessage(documentText({{"file", textJson(name)},
-                               {"output", output},
-                               {"written", !isRefused},
-                               {"machineCoordinates", machineWordsJson(words)}}));
+    Json json{{"file", textJson(name)},
+              {"output", output},
+              {"written", !isRefused},
+              {"machineCoordinates", machineWordsJson(words)}};
+    doubts.addTo(json);
+    writeMessage(documentText(json));
     return;
   }
+  doubts.report();
   for (const host::MachineWord& word : words) {
     host::Diagnostic finding;
     finding.severity = isRefused ? host::Severity::Error : host::Severity::Warning;
@@ -134,12 +165,15 @@ ExitStatus generate(const PostOptions& options) {
                           input.isProgram() ? &input.machineWords() : nullptr,
                           options.output};
   const std::string refusal = refusalOf(report, strictness);
+  Doubts doubts;
   if (refusal.empty()) {
     output.finish();
+    doubts.add(output.file());
     if (map) map->finish();
+    if (map) doubts.add(map->file());
   }
-  reportRun(options, report, refusal, load, *input.document());
-  return refusal.empty() ? ExitStatus::Done : ExitStatus::Refused;
+  reportRun(options, report, refusal, doubts, load, *input.document());
+  return refusal.empty() ? doubts.status() : ExitStatus::Refused;
 }
 
 // --listing takes what an NC program is run with, and nothing that is about the text.
@@ -160,13 +194,15 @@ ExitStatus writeListing(const PostOptions& options) {
   const host::ProgramListing listing = input.list();
   const auto& words = input.machineWords();
   const bool isRefused = !words.empty() && strictness.refuses(kMachineCoordinates);
+  Doubts doubts;
   if (!isRefused) {
     PostOutput output(options.output, false);
     copyLines(*listing.lines, output.lines());
     output.finish();
+    doubts.add(output.file());
   }
-  reportListing(options, input.name(), words, isRefused);
-  return isRefused ? ExitStatus::Refused : ExitStatus::Done;
+  reportListing(options, input.name(), words, isRefused, doubts);
+  return isRefused ? ExitStatus::Refused : doubts.status();
 }
 
 ExitStatus refuse(const PostOptions& options, const host::Diagnostic& diagnostic) {

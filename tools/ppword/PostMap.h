@@ -38,6 +38,7 @@ class PostMap final : public host::ElementObserver, public host::LineSink {
 
   /// Puts the map in its place, after the text. Without it the place stays as it was.
   void finish();
+  [[nodiscard]] const host::OutputFile& file() const noexcept { return file_; }
 
  private:
   void addRecord();

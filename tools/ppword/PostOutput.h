@@ -28,6 +28,7 @@ class PostOutput {
 
   /// Puts the text in its place. Without it the place stays as it was.
   void finish();
+  [[nodiscard]] const host::OutputFile& file() const noexcept { return file_; }
 
  private:
   host::OutputFile file_;

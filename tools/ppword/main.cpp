@@ -23,7 +23,9 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
   } catch (const host::OutputError& error) {
     return failed(ExitStatus::NotWritten, error.file() + " cannot be written: " + error.reason());
   } catch (const host::DocumentError& error) {
-    return failed(ExitStatus::NotWritten, error.file() + ' ' + error.reason());
+    const bool isSaved = error.kind() == host::DocumentError::Kind::NotCertain;
+    return failed(isSaved ? ExitStatus::Unconfirmed : ExitStatus::NotWritten,
+                  error.file() + ' ' + error.reason());
   } catch (const KEPError& error) {
     return failed(ExitStatus::Internal, error.GetNLSMessage().View());
   } catch (const std::bad_alloc&) {

@@ -1,0 +1,130 @@
+"""Calls of the system that fail: what is said, and what is left."""
+
+import errno
+import json
+import os
+
+import program
+from program import APT, JOB, REPORT
+
+FULL = "standard output cannot be written: No space left on device\n"
+DOUBT = "is written, but its place on the disk is not certain: Input/output error\n"
+# SQLite does not store the number of an error in its journal.
+IN_DATABASE = "disk I/O error"
+FOLDER_IS_NOT_SYNCHRONISED = f"fsync:folder:0:{errno.EIO}"
+FILE_IS_NOT_SYNCHRONISED = f"fsync:file:0:{errno.EIO}"
+
+
+class PlaceOfText(program.ProgramTest):
+    def setUp(self):
+        super().setUp()
+        self.write("job", JOB)
+        self.write("apt", "old\n")
+
+    def test_text_in_a_folder_that_is_not_synchronised_is_written(self):
+        done = self.run_with_fault(FOLDER_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt")
+        self.check(done, 5, "", f"{REPORT}apt: written\nppword: error: apt {DOUBT}")
+        self.assertEqual((self.files(), self.read("apt")), (["apt", "job"], APT))
+
+    def test_programs_get_the_reason(self):
+        done = self.run_with_fault(
+            FOLDER_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt", "--format", "json"
+        )
+        self.assertEqual(done.returncode, 5)
+        report = json.loads(done.stderr)
+        self.assertEqual(
+            (report["written"], report["notCertain"]),
+            (True, [{"file": "apt", "reason": "Input/output error"}]),
+        )
+        self.assertNotIn(
+            "notCertain", self.run_program("post", "job", "-o", "apt", "--format", "json").stderr
+        )
+
+    def test_map_is_written_too(self):
+        done = self.run_with_fault(
+            FOLDER_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt", "--map", "map"
+        )
+        doubts = f"ppword: error: apt {DOUBT}ppword: error: map {DOUBT}"
+        self.check(done, 5, "", f"{REPORT}apt: written\n{doubts}")
+        self.assertEqual(self.files(), ["apt", "job", "map"])
+
+    def test_text_that_is_not_synchronised_leaves_the_old_file(self):
+        done = self.run_with_fault(FILE_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt")
+        self.check(done, 3, "", "ppword: error: apt cannot be written: Input/output error\n")
+        self.assertEqual((self.files(), self.read("apt")), (["apt", "job"], "old\n"))
+
+    def test_folder_that_cannot_be_opened_leaves_the_old_file(self):
+        os.mkdir(os.path.join(self.folder, "out"))
+        self.write("out/apt", "old\n")
+        fault = f"open:out:0:{errno.EACCES}"
+        done = self.run_with_fault(fault, "post", "job", "-o", "out/apt")
+        self.check(done, 3, "", "ppword: error: out/apt cannot be written: Permission denied\n")
+        self.assertEqual((os.listdir(f"{self.folder}/out"), self.read("out/apt")), (["apt"], "old\n"))
+
+
+class PlaceOfDocument(program.ProgramTest):
+    def commands(self):
+        return self.run_program("document", "show", "d", "pp-commands").stdout
+
+    def test_new_document_in_a_folder_that_is_not_synchronised_is_written(self):
+        done = self.run_with_fault(FOLDER_IS_NOT_SYNCHRONISED, "document", "new", "d")
+        self.check(done, 5, "", f"ppword: error: d {DOUBT}")
+        self.assertEqual(self.files(), ["d"])
+        self.assertEqual(self.run_program("document", "show", "d").returncode, 0)
+
+    def test_new_document_in_a_folder_that_cannot_be_opened_is_not_there(self):
+        os.mkdir(os.path.join(self.folder, "out"))
+        done = self.run_with_fault(f"open:out:0:{errno.EACCES}", "document", "new", "out/d")
+        self.check(done, 3, "", "ppword: error: out/d cannot be written: Permission denied\n")
+        self.assertEqual(os.listdir(f"{self.folder}/out"), [])
+
+    def test_new_document_that_is_not_synchronised_is_not_there(self):
+        done = self.run_with_fault(FILE_IS_NOT_SYNCHRONISED, "document", "new", "d")
+        self.check(done, 3, "", f"ppword: error: d cannot be written: {IN_DATABASE}\n")
+        self.assertEqual(self.files(), [])
+
+    def test_change_is_written_when_what_comes_after_its_commit_fails(self):
+        self.run_program("document", "new", "d")
+        add = ("document", "add-command", "d", "NC_GOTO")
+        done = self.run_with_fault(FOLDER_IS_NOT_SYNCHRONISED, *add)
+        doubt = DOUBT.replace("Input/output error", IN_DATABASE)
+        self.check(done, 5, "", f"ppword: error: d {doubt}")
+        self.assertIn("NC_GOTO", self.commands())
+        self.assertEqual(self.files(), ["d"])
+
+    def test_change_that_is_not_synchronised_is_undone(self):
+        self.run_program("document", "new", "d")
+        before = self.commands()
+        add = ("document", "add-command", "d", "NC_GOTO")
+        for calls in range(2):
+            fault = f"fsync:file:{calls}:{errno.EIO}"
+            self.check(
+                self.run_with_fault(fault, *add),
+                3,
+                "",
+                f"ppword: error: d cannot be written: {IN_DATABASE}\n",
+            )
+            self.assertEqual(self.commands(), before)
+
+
+class SuccessThatCannotBePrinted(program.ProgramTest):
+    def run_document(self, *arguments):
+        with open("/dev/full", "w", encoding="ascii") as full:
+            return self.run_program("document", *arguments, stdout=full)
+
+    def test_saved_document_gives_5(self):
+        message = f"ppword: error: d is written, but {FULL}"
+        self.check(self.run_document("new", "d"), 5, "", message)
+        self.check(self.run_document("add-command", "d", "NC_GOTO"), 5, "", message)
+        self.check(self.run_document("reset", "d", "--format", "json"), 5, "", message)
+        shown = self.run_program("document", "show", "d", "pp-commands")
+        self.assertIn("NC_GOTO", shown.stdout)
+
+    def test_nothing_saved_gives_3(self):
+        self.run_program("document", "new", "d")
+        for action in ("show", "upgrade"):
+            self.check(self.run_document(action, "d"), 3, "", f"ppword: error: {FULL}")
+
+
+if __name__ == "__main__":
+    program.main()
