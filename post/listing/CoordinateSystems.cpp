@@ -24,7 +24,7 @@ CoordinateSystems::CoordinateSystems(const std::optional<OriginWords>& words, bo
                                      bool withToolAxes)
     : words_(converts ? std::nullopt : words), converts_(converts), withToolAxes_(withToolAxes) {}
 
-void CoordinateSystems::change(const CallRule& rule, const CanonicalArguments& arguments,
+bool CoordinateSystems::change(const CallRule& rule, const CanonicalArguments& arguments,
                                LengthUnit unit, SourceLine place) {
   const WorkFrame before = now_;
   if (rule.effect == CallEffect::FixtureOffset) {
@@ -36,34 +36,41 @@ void CoordinateSystems::change(const CallRule& rule, const CanonicalArguments& a
     now_.setRotation(arguments.numbers[0]);
   }
   isChanged_ = true;
-  if (now_.isSameAs(before) && now_.number() == before.number()) return;
+  const bool isMoved = !now_.isSameAs(before);
+  if (!isMoved && now_.number() == before.number()) return false;
   changedBy_ = rule.name;
   changedAt_ = place;
+  return isMoved;
 }
 
 const WorkFrame* CoordinateSystems::beforeMove(const CanonicalCall& call, LengthUnit unit,
                                                const LinePlace& place) {
   if (!std::exchange(isChanged_, false)) return nullptr;
   checkTurned(call, place);
-  if (!text_) {
-    const WorkFrame* const first = stateNow();
-    return words_ && !first->isPlain() ? first : nullptr;
-  }
-  const bool isSame = now_.isSameAs(*text_);
-  const bool isRenumbered = now_.number() != text_->number();
+  if (!std::exchange(hasBegun_, true)) return begin();
+  const bool isSame = now_.isSameAs(text_);
+  const bool isRenumbered = now_.number() != text_.number();
   const bool needsLine = words_ && (!isSame || (isRenumbered && words_->number));
   if (needsLine || !isSame) checkChange(call, place);
-  if (needsLine) return stateNow();
-  if (isSame && isRenumbered) merged_ = {text_->number(), now_.number()};
+  if (needsLine) {
+    stateNow();
+    return &text_;
+  }
+  if (isSame && isRenumbered) merged_ = {text_.number(), now_.number()};
   motion_.reset();
-  if (!isSame) motion_.emplace(now_, *text_, unit);
+  if (!isSame) motion_.emplace(now_, text_, unit);
   return nullptr;
 }
 
-const WorkFrame* CoordinateSystems::stateNow() {
+const WorkFrame* CoordinateSystems::begin() {
+  if (words_) unsaid_ = missingWords();
+  stateNow();
+  return words_ && unsaid_.empty() && !now_.isPlain() ? &text_ : nullptr;
+}
+
+void CoordinateSystems::stateNow() {
   text_ = now_;
   if (hasNumber()) numbered_.insert_or_assign(now_.number(), now_);
-  return &*text_;
 }
 
 void CoordinateSystems::checkTurned(const CanonicalCall& call, const LinePlace& place) const {
@@ -81,11 +88,11 @@ void CoordinateSystems::checkChange(const CanonicalCall& call, const LinePlace& 
                      changeText() + "); " + advice);
   };
   if (!converts_ && !words_) refuse("write NC_ORIGIN in a table, or " + std::string(kConvert));
-  if (!now_.turnsWordsAs(*text_)) {
+  if (!now_.turnsWordsAs(text_)) {
     refuse("its rotary words mean other angles; create the listing without rotary offsets");
   }
   if (converts_) return;
-  const std::string_view words = missingWords();
+  const std::string_view words = unsaid_.empty() ? missingWords() : unsaid_;
   if (words.empty()) return;
   refuse(("the NC_ORIGIN of the table has to print " + std::string(words) + " for it, or ")
              .append(kConvert));
@@ -93,7 +100,7 @@ void CoordinateSystems::checkChange(const CanonicalCall& call, const LinePlace& 
 
 std::string_view CoordinateSystems::missingWords() const {
   if (words_->coordinates) {
-    return words_->rotation || now_.isRotatedAs(*text_) ? "" : kRotation;
+    return words_->rotation || now_.isRotatedAs(text_) ? "" : kRotation;
   }
   return words_->number && isNamed() ? "" : kCoordinates;
 }

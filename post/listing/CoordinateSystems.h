@@ -24,8 +24,9 @@ class CoordinateSystems {
   /// `words`: what the table's own NC_ORIGIN prints, nothing without one.
   CoordinateSystems(const std::optional<OriginWords>& words, bool converts, bool withToolAxes);
 
-  /// Takes a call that sets an offset or the rotation, with lengths in a unit.
-  void change(const CallRule& rule, const CanonicalArguments& arguments, LengthUnit unit,
+  /// Takes a call that sets an offset or the rotation, with lengths in a unit. Returns true when
+  /// positions mean another place after it.
+  bool change(const CallRule& rule, const CanonicalArguments& arguments, LengthUnit unit,
               SourceLine place);
 
   /// Before a move. Returns the system that NC_ORIGIN has to state, null for none. Raises an
@@ -35,6 +36,8 @@ class CoordinateSystems {
   /// Converts the elements of the move, if its system is not that of the text.
   void convert(std::span<ToolPathEvent> events);
 
+  /// That of positions now.
+  [[nodiscard]] const WorkFrame& current() const noexcept { return now_; }
   /// True when moves were converted.
   [[nodiscard]] bool hasConverted() const noexcept { return hasConverted_; }
   /// The numbers of two systems whose moves are written as in one, since their offsets are the
@@ -42,7 +45,8 @@ class CoordinateSystems {
   [[nodiscard]] std::optional<std::pair<int, int>> merged() const { return merged_; }
 
  private:
-  [[nodiscard]] const WorkFrame* stateNow();
+  [[nodiscard]] const WorkFrame* begin();
+  void stateNow();
   void checkTurned(const CanonicalCall& call, const LinePlace& place) const;
   void checkChange(const CanonicalCall& call, const LinePlace& place) const;
   [[nodiscard]] std::string_view missingWords() const;
@@ -55,8 +59,12 @@ class CoordinateSystems {
   bool withToolAxes_;
 
   WorkFrame now_;
-  /// The system that the text is in; nothing before the first move.
-  std::optional<WorkFrame> text_;
+  /// The system that the text is in; before the first move that of a machine without offsets.
+  WorkFrame text_;
+  bool hasBegun_ = false;
+  /// What NC_ORIGIN would have to print for the system of the first move. It was not written then,
+  /// as for a text in one system.
+  std::string_view unsaid_;
   /// By their numbers, from 1 to 9, the last systems that the text was in.
   std::map<int, WorkFrame> numbered_;
   std::optional<FrameMotion> motion_;

@@ -15,9 +15,9 @@ class FrameMotion {
   /// Converts the points and directions of an element, also those of its arc or helix. Tool axes
   /// and lengths stay.
   void apply(Element& element) const;
+  void movePoint(Triple& point) const;
 
  private:
-  void movePoint(Triple& point) const;
   void moveDirection(Triple& direction) const;
   void moveCircle(CircleChange& circle) const;
   void moveHelix(HelixChange& helix) const;

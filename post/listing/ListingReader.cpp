@@ -194,6 +194,7 @@ CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call
       return CallFate::Other;
     case CallEffect::UnsupportedMove:
       lastPoint_.reset();
+      nearPoint_.reset();
       return CallFate::UnsupportedMove;
     case CallEffect::Units:
       useUnits(arguments, place);
@@ -201,12 +202,11 @@ CallFate ListingReader::dispatch(const CallRule& rule, const CanonicalCall& call
     case CallEffect::FixtureOffset:
     case CallEffect::ProgramOffset:
     case CallEffect::PlaneRotation:
-      systems_.change(rule, arguments, inputUnit_.value_or(LengthUnit::Millimetre), place.source());
-      lastPoint_.reset();
+      changeSystem(rule, arguments, place);
       return CallFate::Other;
     case CallEffect::ToolOffset:
-      lastPoint_.reset();
       checkToolOffset(call, arguments, place);
+      changeToolOffset(arguments);
       return CallFate::Other;
     default:
       return dispatchModal(rule, call, arguments, place);
@@ -261,7 +261,7 @@ void ListingReader::move(const CallRule& rule, const CanonicalCall& call,
     modalCalls_.writeFeedRate(*outputUnit_, place.line);
   }
   put(moveInstruction(), place.line, position);
-  lastPoint_ = position.point;
+  lastPoint_ = nearPoint_ = position.point;
   lastUnit_ = inputUnit_;
   lastWords_ = words;
 }
@@ -270,6 +270,7 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
                                      const LinePlace& place) {
   prepareMove(call, arguments, kArcRotaryWords, place);
   const auto start = std::exchange(lastPoint_, std::nullopt);
+  nearPoint_.reset();
   // An arc begins at the last position of the output.
   if (!start || !plane_) return CallFate::UnsupportedMove;
   ArcMove arc = arcOf(arguments, *start);
@@ -289,7 +290,7 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
     element.line = place.line;
     events_.emplace_back(std::move(element));
   }
-  lastPoint_ = arc.end;
+  lastPoint_ = nearPoint_ = arc.end;
   lastUnit_ = inputUnit_;
   return CallFate::Move;
 }
@@ -327,7 +328,7 @@ CallFate ListingReader::moveAlongChords(const ArcMove& arc, const Triple& words,
     element.positions.push_back(positionAt(point, here));
   }
   events_.emplace_back(std::move(element));
-  lastPoint_ = arc.end;
+  lastPoint_ = nearPoint_ = arc.end;
   lastUnit_ = inputUnit_;
   lastWords_ = words;
   return CallFate::Chords;
@@ -375,8 +376,33 @@ void ListingReader::changeUnit(const CanonicalCall& call, const LinePlace& place
   modalCalls_.changeUnit(*outputUnit_, place.line);
 }
 
+void ListingReader::changeSystem(const CallRule& rule, const CanonicalArguments& arguments,
+                                 const LinePlace& place) {
+  const WorkFrame before = systems_.current();
+  const LengthUnit unit = inputUnit_.value_or(LengthUnit::Millimetre);
+  if (!systems_.change(rule, arguments, unit, place.source())) return;
+  lastPoint_.reset();
+  if (nearPoint_) FrameMotion(before, systems_.current(), *outputUnit_).movePoint(*nearPoint_);
+}
+
+void ListingReader::changeToolOffset(const CanonicalArguments& arguments) {
+  const double step = tenthsOf(inputUnit_.value_or(LengthUnit::Millimetre));
+  for (std::size_t axis = 0; axis < kLinearAxes; ++axis) {
+    const double now = arguments.numbers[axis] * step;
+    const double before = std::exchange(toolOffset_[axis], now);
+    if (now == before) continue;
+    lastPoint_.reset();
+    if (nearPoint_) (*nearPoint_)[axis] += (before - now) / tenthsOf(*outputUnit_);
+  }
+}
+
 bool ListingReader::onlyTurns(const Position& position, const Triple& words) const {
-  return lastPoint_ == position.point && lastWords_ != words;
+  if (lastWords_ == words) return false;
+  if (lastPoint_) return *lastPoint_ == position.point;
+  // The offsets before and after, and both points, are rounded to four decimals.
+  const double doubt = converted(0.0003, *inputUnit_, *outputUnit_);
+  const auto isSame = [doubt](double one, double other) { return isNear(one, other, doubt); };
+  return nearPoint_ && std::ranges::equal(*nearPoint_, position.point, isSame);
 }
 
 void ListingReader::put(std::string_view instruction, long line, std::optional<Position> position) {

@@ -116,6 +116,9 @@ class ListingReader final : public ToolPathReader {
   [[nodiscard]] std::string_view moveInstruction() const {
     return options_.rotary ? "NC_GOTO_VARIABLE_AXIS" : "NC_GOTO";
   }
+  void changeSystem(const CallRule& rule, const CanonicalArguments& arguments,
+                    const LinePlace& place);
+  void changeToolOffset(const CanonicalArguments& arguments);
   [[nodiscard]] bool onlyTurns(const Position& position, const Triple& words) const;
   void put(std::string_view instruction, long line, std::optional<Position> position = {});
 
@@ -133,6 +136,10 @@ class ListingReader final : public ToolPathReader {
 
   /// Where the move before ended, while that is known, and its rotary words.
   std::optional<Triple> lastPoint_;
+  /// The same also after a change of the system or the tool offset, whose rounding is in it.
+  std::optional<Triple> nearPoint_;
+  /// In tenths of a millimetre.
+  Triple toolOffset_{};
   Triple lastWords_{};
   /// The unit in which it was listed.
   std::optional<LengthUnit> lastUnit_;

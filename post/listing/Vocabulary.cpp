@@ -65,6 +65,26 @@ bool prints(const Texts& lines, std::string_view parameter) {
                      [&](const KEPUnicodeString& line) { return refersTo(line, parameter); });
 }
 
+/// False for a line that readers take for a comment.
+bool isStatement(std::string_view line, const std::vector<std::string>& textWords) {
+  if (line.starts_with("$$")) return false;
+  const std::string_view word = line.substr(0, line.find_first_of(" /,%&"));
+  const bool isComment = ppword::isTextWord(word) || word == "REMARK";
+  return !isComment && std::find(textWords.begin(), textWords.end(), word) == textWords.end();
+}
+
+/// The lines of statements, with those that go on in them.
+Texts statementsOf(const Texts& lines, const std::vector<std::string>& textWords) {
+  Texts statements;
+  bool goesOn = false;
+  for (const KEPUnicodeString& line : lines) {
+    const bool isTaken = goesOn || isStatement(line.View(), textWords);
+    if (isTaken) statements.Append(line);
+    goesOn = isTaken && line.View().ends_with('$');
+  }
+  return statements;
+}
+
 OriginWords originWords(const Texts& lines) {
   const auto printsAll = [&lines](std::initializer_list<std::string_view> parameters) {
     return std::ranges::all_of(parameters,
@@ -73,14 +93,6 @@ OriginWords originWords(const Texts& lines) {
   return {prints(lines, "MFG_ORIGIN_NUMBER"),
           printsAll({"MFG_NCAXIS_X_ORIG", "MFG_NCAXIS_Y_ORIG", "MFG_NCAXIS_Z_ORIG"}),
           printsAll({"MFG_NCAXIS_X_VECX", "MFG_NCAXIS_Y_VECX"})};
-}
-
-/// False for a line that readers take for a comment.
-bool isStatement(std::string_view line, const std::vector<std::string>& textWords) {
-  if (line.starts_with("$$")) return false;
-  const std::string_view word = line.substr(0, line.find_first_of(" /,%&"));
-  const bool isComment = ppword::isTextWord(word) || word == "REMARK";
-  return !isComment && std::find(textWords.begin(), textWords.end(), word) == textWords.end();
 }
 
 /// True when some instruction of a document refers to a parameter.
@@ -114,7 +126,9 @@ Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
   });
   vocabulary.startMacro = table.startMacro && hasLines(document, "NC_START_MACRO");
   const Texts origin = textsOf(document, "NC_ORIGIN", "Syntaxe");
-  if (table.origin && origin.Size() > 0) vocabulary.origin = originWords(origin);
+  if (table.origin && origin.Size() > 0) {
+    vocabulary.origin = originWords(statementsOf(origin, table.textWords));
+  }
   vocabulary.unit = isAskedFor(document, kUnitParameter);
   return vocabulary;
 }

@@ -182,9 +182,6 @@ TEST(ListingArcs, ArcThatCannotBeSaidIsLost) {
       {"start moved by a tool offset",
        "STRAIGHT_FEED(10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
        "USE_TOOL_LENGTH_OFFSET(0.0 0.0 5.0, 0.0 0.0 0.0, 0.0 0.0 0.0)\n"},
-      {"start moved by an offset",
-       "STRAIGHT_FEED(10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"
-       "SET_G92_OFFSET(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"},
       {"axes that the text lacks",
        "STRAIGHT_FEED(10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\nSELECT_PLANE(CANON_PLANE_UV)\n"},
   };

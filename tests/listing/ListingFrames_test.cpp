@@ -286,12 +286,25 @@ TEST(ListingOrigins, CoordinatesSayNothingOfARotation) {
       "NC_GOTO 1 2 3\n" + lacking("SET_XY_ROTATION", "MFG_NCAXIS_X_VECX and MFG_NCAXIS_Y_VECX");
   EXPECT_EQ(readListing(listing, kCoordinates), refused);
   EXPECT_EQ(readListing(listing, printing({true, true, false})), refused);
-  // All moves are rotated alike.
-  EXPECT_EQ(readListing(twoMovesWith("SET_XY_ROTATION(90.0)\n",
-                                     "SET_G5X_OFFSET(1, 5.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n"),
-                        kCoordinates)
-                .substr(0, 8),
-            "activity");
+}
+
+// The system of the first move is stated whole, or not at all: then nothing may change.
+TEST(ListingOrigins, FirstSystemThatTheLineCannotSayIsTheOnlyOne) {
+  constexpr std::string_view kRotated = "SET_XY_ROTATION(90.0)\n";
+  constexpr std::string_view kShifted = "SET_G92_OFFSET(50.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n";
+  constexpr std::string_view kSecond = "SET_G5X_OFFSET(2, 5.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n";
+  constexpr std::string_view kNoShift = "SET_G92_OFFSET(0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n";
+  EXPECT_EQ(readListing(twoMovesWith(kRotated, ""), kCoordinates),
+            "NC_GOTO 1 2 3\nNC_GOTO 1 2 3\n");
+  EXPECT_EQ(
+      readListing(twoMovesWith(kRotated, kSecond), kCoordinates),
+      "NC_GOTO 1 2 3\n" + lacking("SET_G5X_OFFSET", "MFG_NCAXIS_X_VECX and MFG_NCAXIS_Y_VECX", 5));
+  EXPECT_EQ(readListing(twoMovesWith(kShifted, ""), kNumber), "NC_GOTO 1 2 3\nNC_GOTO 1 2 3\n");
+  EXPECT_EQ(
+      readListing(twoMovesWith(kShifted, std::string(kSecond).append(kNoShift)), kNumber),
+      "NC_GOTO 1 2 3\n6:14: this move uses another coordinate system than the moves before it "
+      "(SET_G92_OFFSET in line 5); the NC_ORIGIN of the table has to print " +
+          std::string(kOrigins) + " for it, or convert the moves with --origins convert\n");
 }
 
 TEST(ListingOrigins, OtherAnglesAreRefusedInEveryWay) {
@@ -370,6 +383,50 @@ TEST(ListingOrigins, ArcsAndHelicesAreConvertedWhole) {
             "NC_GOTO 1 2 3\nNC_GOTO 0 0 10\n"
             "NC_CYLNDR1 along 0 1 0 center 0 0 0 radius 10 normal -1 0 0 to 0 10 0 at 0 10 0\n"
             "NC_GOTO -2 1 3\n");
+}
+
+// Rates of moves that only turn are in degrees: they are not written, and counted.
+TEST(ListingFrames, MoveThatOnlyTurnsAfterAChangeOfTheOffsetsHasNoRate) {
+  constexpr std::string_view kBefore =
+      "SET_FEED_RATE(100.0)\nSTRAIGHT_FEED(1.0, 2.0, 30.0, 0.0, 0.0, 0.0)\n";
+  constexpr std::string_view kTurn = "SET_FEED_RATE(500.0)\n";
+  struct Case {
+    std::string_view change;
+    std::string_view turn;
+  };
+  constexpr Case kCases[] = {
+      {"USE_TOOL_LENGTH_OFFSET(0.0 0.0 25.0, 0.0 0.0 0.0, 0.0 0.0 0.0)\n",
+       "STRAIGHT_FEED(1.0, 2.0, 5.0, 90.0, 0.0, 0.0)\n"},
+      {"SET_G5X_OFFSET(2, 10.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n",
+       "STRAIGHT_FEED(-9.0, 2.0, 30.0, 90.0, 0.0, 0.0)\n"},
+  };
+  host::ListingOptions options = rotary("A:table:X");
+  options.convertsOrigins = true;
+  for (const auto& [change, turn] : kCases) {
+    const std::string calls = std::string(kBefore).append(change).append(kTurn).append(turn);
+    EXPECT_EQ(readListing(program(calls), options).find("500"), std::string::npos);
+    EXPECT_NE(countCalls(program(calls), options).find("says more STRAIGHT_FEED 1"),
+              std::string::npos);
+    // One that moves as well has its rate.
+    const std::string other = calls + "STRAIGHT_FEED(2.0, 2.0, 5.0, 0.0, 0.0, 0.0)\n";
+    EXPECT_NE(readListing(program(other), options).find("NC_FEEDRATE 500 LINEARFEEDRATE"),
+              std::string::npos);
+  }
+}
+
+TEST(ListingFrames, ArcAfterOffsetsThatAreSetAgainIsWritten) {
+  constexpr std::string_view kQuarter = "ARC_FEED(2.0, 1.0, 1.0, 1.0, 1, 3.0, 0.0, 0.0, 0.0)\n";
+  for (const std::string_view call :
+       {"SET_G5X_OFFSET(1, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n",
+        "USE_TOOL_LENGTH_OFFSET(0.0 0.0 0.0, 0.0 0.0 0.0, 0.0 0.0 0.0)\n"}) {
+    const std::string calls = std::string(kMove).append(call).append(kQuarter);
+    EXPECT_EQ(countCalls(program(calls)).find("lost"), std::string::npos) << call;
+    EXPECT_NE(readListing(program(calls)).find("NC_CIRCLE1"), std::string::npos) << call;
+  }
+  // In another system the arc begins at another place.
+  const std::string moved =
+      std::string(kMove) + "SET_G92_OFFSET(5.0, 0.0, 0.0, 0.0, 0.0, 0.0)\n" + std::string(kQuarter);
+  EXPECT_NE(countCalls(program(moved), converting()).find("lost ARC_FEED 1"), std::string::npos);
 }
 
 }  // namespace

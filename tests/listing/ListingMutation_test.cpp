@@ -79,7 +79,8 @@ long countCallsNamed(const std::string& text, std::string_view name) {
   std::istringstream lines(text);
   for (std::string line; std::getline(lines, line);) {
     const std::size_t block = line.find('N');
-    const std::size_t start = line.find_first_not_of(".0123456789 ", block + 1);
+    const std::size_t blockEnd = line.find_first_not_of(".0123456789", block + 1);
+    const std::size_t start = line.find_first_not_of(' ', blockEnd);
     const std::size_t end = line.find('(');
     if (start < end && std::string_view(line).substr(start, end - start) == name) ++count;
   }

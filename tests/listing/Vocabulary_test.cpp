@@ -134,4 +134,14 @@ TEST(Vocabulary, OriginPrintsWhatItsLinesReferTo) {
   EXPECT_TRUE(all->rotation);
 }
 
+TEST(Vocabulary, OriginPrintsNothingInComments) {
+  const auto comment = withOrigin(
+                           "PPRINT %MFG_NCAXIS_X_ORIG,%MFG_NCAXIS_Y_ORIG,%MFG_NCAXIS_Z_ORIG\n"
+                           "$$ %MFG_NCAXIS_X_VECX,%MFG_NCAXIS_Y_VECX\nORIGIN/%MFG_ORIGIN_NUMBER")
+                           .origin;
+  EXPECT_TRUE(comment->number);
+  EXPECT_FALSE(comment->coordinates);
+  EXPECT_FALSE(comment->rotation);
+}
+
 }  // namespace
