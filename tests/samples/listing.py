@@ -7,7 +7,7 @@ The text is that of examples/mill.pptable. `statements_of` gives the statements 
 import re
 
 MILLIMETRES = {"CANON_UNITS_MM": 1.0, "CANON_UNITS_INCHES": 25.4, "CANON_UNITS_CM": 10.0}
-CALL = re.compile(r"^ *\d+ N[.\d]+ *([A-Z_]+)\((.*)\)$")
+CALL = re.compile(r"^ *\d+ N[.\d]+ *([A-Z][A-Z0-9_]+)\((.*)\)$")
 
 
 def calls_of(listing):
