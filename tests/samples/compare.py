@@ -4,7 +4,7 @@ import math
 
 import geometry
 from geometry import add, cross, dot, unit
-from plain import HALF_DIGIT
+from plain import HALF_DIGIT, HALF_DIGIT_OF_AXES
 
 # How far start and end of an arc may differ in radius, by the unit of the listing; in millimetres.
 SAME_RADIUS = {1.0: 0.003, 25.4: 0.00762, 10.0: 0.003}
@@ -112,8 +112,8 @@ class Comparison:
             self.stated = move.system
         system = self.stated
         near(point, [length / self.unit for length in system.to_machine([0, 0, 0])], self.place)
-        near(x_axis, system.direction([1, 0, 0]), self.place)
-        near(y_axis, system.direction([0, 1, 0]), self.place)
+        near(x_axis, system.direction([1, 0, 0]), self.place, HALF_DIGIT_OF_AXES)
+        near(y_axis, system.direction([0, 1, 0]), self.place, HALF_DIGIT_OF_AXES)
 
     def arc(self, move, motion):
         arc = move.arc.placed(self.placement)
@@ -187,7 +187,7 @@ class Comparison:
             total += (self.swept(arc, arc.at(total / arc.swept), point) + slack) % math.tau - slack
             total = min(total, arc.swept)
             self.along(arc, last / arc.swept, total / arc.swept, at, point)
-            self.words_along(move, last / arc.swept, total / arc.swept, motion.values[3:])
+            self.words_along(move, arc, (last, total), motion.values[3:])
             at = point
             if total > arc.swept - slack:
                 break
@@ -202,9 +202,14 @@ class Comparison:
             off = off_chord(point, begin, end)
             assert off <= self.chord, f"{self.place}: {off} off the curve"
 
-    def words_along(self, move, last, share, axis):
+    def words_along(self, move, arc, angles, axis):
         """The tool axis of a chord's end: rotary words change evenly, by a degree at most."""
+        if not self.rotary:
+            return
         change = add(move.words, move.words_before, -1.0)
-        if self.rotary:
-            assert (share - last) * max(map(abs, change)) <= 1.0 + 1e-6, self.place
-            near(axis, self.axis(add(move.words_before, change, share)), self.place, 1e-5)
+        last, share = (angle / arc.swept for angle in angles)
+        doubt = self.slack(arc) / arc.swept
+        most = max(map(abs, change))
+        assert (share - last - doubt) * most <= 1.0, f"{self.place}: more than a degree"
+        tolerance = HALF_DIGIT + doubt * math.radians(most)
+        near(axis, self.axis(add(move.words_before, change, share)), self.place, tolerance)

@@ -60,6 +60,7 @@ DECIMALS = 6
 # The axes of a system have more, since they are multiplied with lengths.
 DECIMALS_OF_AXES = 9
 HALF_DIGIT = 0.5 * 10**-DECIMALS
+HALF_DIGIT_OF_AXES = 0.5 * 10**-DECIMALS_OF_AXES
 # Words that move nothing.
 STILL = {"LOADTL", "SPINDL", "DELAY", "STOP", "OPSTOP", "FINI"}
 Origin = collections.namedtuple("Origin", "number point x_axis y_axis")
