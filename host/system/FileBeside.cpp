@@ -68,10 +68,15 @@ bool FileBeside::rename(Existing existing) {
   return true;
 }
 
-FileBeside::Outcome FileBeside::place(Existing existing) {
-  if (!rename(existing)) return Outcome::Failed;
+bool FileBeside::takeName(Existing existing) {
+  if (!rename(existing)) return false;
   path_.clear();
-  return synchronise(folder_) ? Outcome::Placed : Outcome::NotCertain;
+  return true;
+}
+
+FileBeside::Outcome FileBeside::place(Existing existing) {
+  if (!takeName(existing)) return Outcome::Failed;
+  return confirm() ? Outcome::Placed : Outcome::NotCertain;
 }
 
 }  // namespace host

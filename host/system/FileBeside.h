@@ -37,10 +37,16 @@ class KEP_PLATFORM FileBeside {
   [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
 
   enum class Existing { Replaced, Kept };
+  /// Renames the file, which must be synchronised, to the name of its target. False: the target is
+  /// as it was.
+  [[nodiscard]] bool takeName(Existing existing);
+  /// Synchronises the folder of a file that has its name.
+  [[nodiscard]] bool confirm() { return synchronise(folder_); }
+
   /// Failed: the target is as it was. NotCertain: the file is in its place, but a power failure may
   /// undo that, because the folder could not be synchronised.
   enum class Outcome { Placed, NotCertain, Failed };
-  /// Renames the file, which must be synchronised, to the name of its target.
+  /// Does both.
   [[nodiscard]] Outcome place(Existing existing);
 
  private:

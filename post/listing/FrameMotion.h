@@ -7,6 +7,7 @@
 namespace host {
 
 /// Writes in one coordinate system what is listed in another: a rotation about Z, then a shift.
+/// Both systems are on the same machine, so that a point keeps its machine coordinates.
 class FrameMotion {
  public:
   /// `unit` is that of the lengths.

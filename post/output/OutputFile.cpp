@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <functional>
 #include <system_error>
 
 #include "host/system/SystemReason.h"
@@ -35,6 +36,21 @@ bool closesWell(int descriptor) {
   return copy >= 0 && ::close(copy) == 0;
 }
 
+/// Lets the system begin to write a file to the disk; nothing waits for it.
+void startWriting(int descriptor) {
+  static_cast<void>(::sync_file_range(descriptor, 0, 0, SYNC_FILE_RANGE_WRITE));
+}
+
+/// The OutputError that a step raises; null for none.
+std::exception_ptr errorOf(const std::function<void()>& step) {
+  try {
+    step();
+    return nullptr;
+  } catch (const OutputError&) {
+    return std::current_exception();
+  }
+}
+
 }  // namespace
 
 OutputError::OutputError(std::string_view file, std::string_view reason)
@@ -57,7 +73,7 @@ OutputFile::OutputFile(const std::string& path)
     openBeside();
   }
   require(descriptor_ >= 0);
-  const bool replaces = exists && temporary_.descriptor() >= 0;
+  const bool replaces = exists && isBeside();
   if (replaces) require(::fchmod(descriptor_, status.st_mode & kPermissions) == 0);
 }
 
@@ -68,13 +84,44 @@ void OutputFile::write(std::string_view line) {
   buffer_.append(line).push_back('\n');
 }
 
-void OutputFile::finish() {
+void OutputFile::complete() {
   flush();
-  require(synchronise(descriptor_));
-  if (target_ == "-") return;
-  require(closesWell(descriptor_));
-  if (temporary_.descriptor() >= 0) putInPlace();
-  close();
+  buffer_.shrink_to_fit();
+}
+
+void OutputFile::finish() {
+  complete();
+  synchroniseText();
+  takeName();
+  confirm();
+}
+
+std::vector<std::exception_ptr> OutputFile::finishTogether(const std::vector<OutputFile*>& files) {
+  std::vector<std::exception_ptr> errors(files.size());
+  const auto forAll = [&](auto step) {
+    for (std::size_t at = 0; at < files.size(); ++at) {
+      if (!errors[at]) errors[at] = errorOf([&] { step(*files[at]); });
+    }
+  };
+  forAll([](OutputFile& file) { file.complete(); });
+  // All are on their way to the disk before the first is waited for.
+  forAll([](OutputFile& file) { startWriting(file.descriptor_); });
+  forAll([](OutputFile& file) { file.synchroniseText(); });
+  forAll([](OutputFile& file) { file.takeName(); });
+  DoubtOfFolders doubts;
+  forAll([&doubts](OutputFile& file) { file.confirmWith(doubts); });
+  return errors;
+}
+
+void OutputFile::confirmWith(DoubtOfFolders& doubts) {
+  const auto [known, isNew] = doubts.try_emplace(std::filesystem::path(target_).parent_path());
+  if (isNew) {
+    confirm();
+    known->second = doubt_;
+  } else {
+    doubt_ = known->second;
+    close();
+  }
 }
 
 void OutputFile::require(bool success) {
@@ -85,7 +132,7 @@ void OutputFile::require(bool success) {
 }
 
 void OutputFile::close() noexcept {
-  const bool isOwn = target_ != "-" && temporary_.descriptor() < 0;
+  const bool isOwn = target_ != "-" && !isBeside();
   if (descriptor_ >= 0 && isOwn) ::close(descriptor_);
   descriptor_ = -1;
   temporary_.discard();
@@ -110,10 +157,18 @@ void OutputFile::flush() {
   buffer_.clear();
 }
 
-void OutputFile::putInPlace() {
-  const auto outcome = temporary_.place(FileBeside::Existing::Replaced);
-  require(outcome != FileBeside::Outcome::Failed);
-  if (outcome == FileBeside::Outcome::NotCertain) doubt_ = systemReason(errno);
+void OutputFile::synchroniseText() {
+  require(synchronise(descriptor_));
+  if (target_ != "-") require(closesWell(descriptor_));
+}
+
+void OutputFile::takeName() {
+  if (isBeside()) require(temporary_.takeName(FileBeside::Existing::Replaced));
+}
+
+void OutputFile::confirm() {
+  if (isBeside() && !temporary_.confirm()) doubt_ = systemReason(errno);
+  close();
 }
 
 }  // namespace host

@@ -1,8 +1,11 @@
 #pragma once
 
+#include <exception>
+#include <map>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/system/FileBeside.h"
 #include "post/output/LineSink.h"
@@ -38,9 +41,15 @@ class OutputFile final : public LineSink {
   /// Writes the line unchanged, and a line feed after it.
   void write(std::string_view line) override;
 
+  /// Ends the text; nothing can be written afterwards.
+  void complete();
   /// Makes sure that everything is on the disk, and renames the file. Nothing can be written
   /// afterwards.
   void finish();
+  /// Finishes several files: they are synchronised, then all are renamed, then each folder is
+  /// synchronised once. Returns the OutputError of each, null for a file that is in its place.
+  [[nodiscard]] static std::vector<std::exception_ptr> finishTogether(
+      const std::vector<OutputFile*>& files);
 
   /// Of a finished file: why a power failure may undo that it is in its place; empty when nothing
   /// is known against it.
@@ -54,7 +63,15 @@ class OutputFile final : public LineSink {
   void close() noexcept;
   void openBeside();
   void flush();
-  void putInPlace();
+  void synchroniseText();
+  void takeName();
+  /// Synchronises the folder of the file, which has its name.
+  void confirm();
+  /// By folder: what is known against the files that have their names there.
+  using DoubtOfFolders = std::map<std::string, std::string>;
+  /// Synchronises each folder only once.
+  void confirmWith(DoubtOfFolders& doubts);
+  [[nodiscard]] bool isBeside() const noexcept { return temporary_.descriptor() >= 0; }
 
   std::string name_;
   std::string target_;

@@ -116,7 +116,16 @@ class SuccessThatCannotBePrinted(program.ProgramTest):
         message = f"ppword: error: d is written, but {FULL}"
         self.check(self.run_document("new", "d"), 5, "", message)
         self.check(self.run_document("add-command", "d", "NC_GOTO"), 5, "", message)
-        self.check(self.run_document("reset", "d", "--format", "json"), 5, "", message)
+        report = json.loads(self.run_document("reset", "d", "--format", "json").stderr)
+        self.assertEqual(
+            report,
+            {
+                "status": 5,
+                "diagnostics": [
+                    {"severity": "error", "message": message[len("ppword: error: ") : -1]}
+                ],
+            },
+        )
         shown = self.run_program("document", "show", "d", "pp-commands")
         self.assertIn("NC_GOTO", shown.stdout)
 

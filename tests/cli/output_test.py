@@ -33,15 +33,13 @@ class StandardOutput(program.ProgramTest):
                 "ppword: error: standard output cannot be written: No space left on device\n",
             )
 
-    def test_closed_pipe_gives_3(self):
+    def test_closed_pipe_gives_3_in_silence(self):
         for command in self.COMMANDS:
             reader, writer = os.pipe()
             os.close(reader)
             done = self.run_program(*command, stdout=writer)
             os.close(writer)
-            self.check(
-                done, 3, "", "ppword: error: standard output cannot be written: Broken pipe\n"
-            )
+            self.check(done, 3)
 
     def test_closed_descriptor_gives_3(self):
         for command in self.COMMANDS:

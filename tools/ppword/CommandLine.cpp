@@ -13,6 +13,7 @@
 #include "host/system/Module.h"
 #include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Commands.h"
+#include "tools/ppword/Failure.h"
 #include "tools/ppword/HelpTexts.h"
 #include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
@@ -28,30 +29,46 @@ std::string numberMistake(const std::string& text) {
   return error == std::errc() && rest == end ? "" : "'" + text + "' is not a whole number";
 }
 
-// Accepts one of two words.
-CLI::Validator oneOf(std::array<std::string_view, 2> words) {
-  const auto mistake = [words](const std::string& text) {
-    if (text == words[0] || text == words[1]) return std::string();
-    return "'" + text + "' is neither " + std::string(words[0]) + " nor " + std::string(words[1]);
-  };
-  return {mistake, ""};
+// Empty for a number of processes.
+std::string processesMistake(const std::string& text) {
+  constexpr int kMost = 256;
+  int number = 0;
+  const char* const end = text.data() + text.size();
+  const auto [rest, error] = std::from_chars(text.data(), end, number);
+  if (error == std::errc() && rest == end && number >= 1 && number <= kMost) return "";
+  return "'" + text + "' is not a number of processes from 1 to 256";
 }
+
+struct Format {
+  std::string_view name;
+  OutputFormat format;
+};
+constexpr std::array<Format, 3> kFormats{{{"text", OutputFormat::ForPeople},
+                                          {"json", OutputFormat::ForPrograms},
+                                          {"jsonl", OutputFormat::Records}}};
 
 // Empty for a text that can name a file. A variable of a script that was never set names none.
 std::string nameMistake(const std::string& text) {
   return text.empty() ? "a file name is expected, not an empty text" : "";
 }
 
-void addFormat(CLI::App& command, OutputFormat& format) {
+// Records are for commands that run many jobs.
+void addFormat(CLI::App& command, OutputFormat& format, bool hasRecords) {
+  const auto take = [&format, hasRecords](const std::string& name) {
+    for (const Format& each : kFormats) {
+      if (each.name == name && (hasRecords || each.format != OutputFormat::Records)) {
+        format = each.format;
+        return;
+      }
+    }
+    throw CLI::ValidationError(
+        "--format",
+        "'" + name + (hasRecords ? "' is not text, json or jsonl" : "' is neither text nor json"));
+  };
   command
-      .add_option_function<std::string>(
-          "--format",
-          [&format](const std::string& value) {
-            format = value == "json" ? OutputFormat::ForPrograms : OutputFormat::ForPeople;
-          },
-          "Report for people (text) or programs (json)")
-      ->check(oneOf({"text", "json"}))
-      ->option_text("text|json");
+      .add_option_function<std::string>("--format", take,
+                                        "Report for people (text) or programs (json)")
+      ->option_text(hasRecords ? "text|json|jsonl" : "text|json");
 }
 
 CLI::Option* addFile(CLI::App& command, const char* name, std::string& file,
@@ -174,8 +191,10 @@ void addDocument(CLI::App& command, DocumentOptions& options) {
 }
 
 void addPost(CLI::App& command, PostOptions& options) {
-  addFile(command, "JOB", options.job, "Job, listing or NC program; - for standard input", " ")
-      ->required();
+  command.add_option("JOB", options.jobs, "Jobs, listings, NC programs; - for standard input")
+      ->check(CLI::Validator(&nameMistake, ""))
+      ->required()
+      ->option_text("...");
   addFile(command, "-t,--table", options.table, "PP word table to load", "TABLE");
   addDocumentFile(command, options);
   command
@@ -188,7 +207,13 @@ void addPost(CLI::App& command, PostOptions& options) {
   addFile(command, "--map", options.map, "Write where each line of -o comes from", "FILE");
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
+  addFile(command, "--output-dir", options.outputFolder, "Write the text of each JOB into DIR",
+          "DIR");
+  command.add_option("-j,--jobs", options.processes, "How many processes post: 1")
+      ->check(CLI::Validator(&processesMistake, ""))
+      ->option_text("N");
   command.add_flag("-v,--verbose", options.verbose, "Report what came from where");
+  command.add_flag("-q,--quiet", options.quiet, "Report nothing of what succeeded");
   command.add_flag("--listing", options.listing, "Write the listing of an NC program instead");
   addReading(command, options);
 }
@@ -225,7 +250,10 @@ using Run = std::function<ExitStatus()>;
 template <class Options, void (*add)(CLI::App&, Options&), ExitStatus (*run)(const Options&)>
 Run prepare(CLI::App& command) {
   const auto options = std::make_shared<Options>();
-  if constexpr (requires { options->format; }) addFormat(command, options->format);
+  if constexpr (requires { options->format; }) {
+    constexpr bool kHasRecords = requires { options->outputFolder; };
+    addFormat(command, options->format, kHasRecords);
+  }
   add(command, *options);
   return [options] { return run(*options); };
 }
@@ -298,6 +326,7 @@ class Arguments {
 
   // Nothing when there is a command to run.
   [[nodiscard]] std::optional<ExitStatus> parse(int argc, const char* const* argv) {
+    forPrograms_ = asksForJson(argc, argv);
     try {
       app_.parse(argc, argv);
       return std::nullopt;
@@ -347,15 +376,29 @@ class Arguments {
 
   [[nodiscard]] ExitStatus refuse(const std::string& mistake) const {
     const std::string name = (&named() == &app_ ? "" : "ppword ") + named().get_name();
+    if (forPrograms_) return reportFailure({ExitStatus::Usage, name + ": " + mistake}, true);
     writeMessage(host::terminalSafe(name + ": " + mistake) + "\nTry '" + name + " --help'.\n");
     return ExitStatus::Usage;
   }
 
   CLI::App app_{help::kProgram, "ppword"};
   Run run_;
+  bool forPrograms_ = false;
 };
 
 }  // namespace
+
+bool asksForJson(int argc, const char* const* argv) {
+  const std::vector<std::string_view> words(argv, argv + argc);
+  const auto isJson = [](std::string_view name) { return name == "json" || name == "jsonl"; };
+  for (std::size_t at = 1; at < words.size(); ++at) {
+    constexpr std::string_view kOption = "--format";
+    const std::string_view word = words[at];
+    if (word == kOption && at + 1 < words.size() && isJson(words[at + 1])) return true;
+    if (word.starts_with("--format=") && isJson(word.substr(kOption.size() + 1))) return true;
+  }
+  return false;
+}
 
 ExitStatus runCommandLine(int argc, const char* const* argv) {
   Arguments arguments;

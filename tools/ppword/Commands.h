@@ -24,7 +24,8 @@ enum class ExitStatus {
   Unconfirmed = 5
 };
 
-enum class OutputFormat { ForPeople, ForPrograms };
+/// Records: a line of JSON for each of many jobs.
+enum class OutputFormat { ForPeople, ForPrograms, Records };
 
 /// Arguments that a command cannot work with. A command raises it before it has done anything.
 struct UsageError {
@@ -34,6 +35,9 @@ struct UsageError {
 /// Runs the command that the arguments ask for. A help text, the version or a mistake in the
 /// arguments is written here.
 [[nodiscard]] ExitStatus runCommandLine(int argc, const char* const* argv);
+
+/// True when --format json or jsonl is among the arguments, whatever else is wrong with them.
+[[nodiscard]] bool asksForJson(int argc, const char* const* argv);
 
 /// The values of the options --strict and --allow, one for each time that they are given: keys
 /// between commas, or kAllKinds for --strict alone.
@@ -133,6 +137,13 @@ struct DocumentOptions {
 [[nodiscard]] std::string documentHelp(std::string_view action);
 
 struct PostOptions : ToolPathOptions {
+  /// As they are named; `job` is the one of the run.
+  std::vector<std::string> jobs;
+  /// Where the texts of many jobs go; empty for a run of one.
+  std::string outputFolder;
+  int processes = 1;
+  /// True to report nothing of what succeeded.
+  bool quiet = false;
   /// Empty: the standard output.
   std::string output;
   /// Where the lines come from; empty for no map.
@@ -146,6 +157,11 @@ struct PostOptions : ToolPathOptions {
 
 /// Writes the APT text of a tool path, and a report to the standard error.
 [[nodiscard]] ExitStatus postJob(const PostOptions& options);
+
+/// Posts every job into its file of the output folder, each with a document of its own, in one or
+/// several processes. Reports each job as it ends, then the totals. Returns the highest status.
+/// What is wrong with the options is raised before anything is written.
+[[nodiscard]] ExitStatus postManyJobs(const PostOptions& options);
 
 struct DiffOptions {
   std::string before;

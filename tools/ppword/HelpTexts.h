@@ -147,6 +147,9 @@ the table. It needs -o, a JOB that is a file, and appears after the text; then '
 An NC program is run through the installed rs274 (Debian package linuxcnc-uspace). Its tools are
 those of --tools only; G53, G28 and G30 need --machine.
 
+--output-dir posts any number of jobs, each into DIR/NAME.apt; -j N uses N processes. One that fails
+does not stop the others; the exit status is the highest.
+
 AXES are the rotary axes from the part to the tool, separated by commas, each WORD:PART:AXIS: the
 word A, B or C; what it turns, table or head; about X, Y or Z, with "-" before it if a positive word
 turns clockwise.
@@ -160,7 +163,8 @@ Examples:
   ppword post drilling.job.jsonl -t mill.pptable -o drilling.apt
   ppword post tilted.canon --rotary C:table:Z,A:table:X -o tilted.apt
   ppword post bracket.ngc -t mill.pptable --tools bracket.tbl -o bracket.apt
-  ppword post bracket.ngc --unknown-tools --listing -o bracket.canon)";
+  ppword post bracket.ngc --unknown-tools --listing -o bracket.canon
+  ppword post bracket.canon drilling.job.jsonl --output-dir texts -j 4)";
 
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =

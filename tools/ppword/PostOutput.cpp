@@ -52,7 +52,13 @@ host::LineSink& PostOutput::lines() {
   return file_;
 }
 
-void PostOutput::finish() {
+void PostOutput::complete() {
   if (held_) held_->release(file_);
+  held_.reset();
+  file_.complete();
+}
+
+void PostOutput::finish() {
+  complete();
   file_.finish();
 }

@@ -26,8 +26,11 @@ class PostOutput {
 
   [[nodiscard]] host::LineSink& lines();
 
+  /// Ends the text, which then waits for OutputFile::finishTogether.
+  void complete();
   /// Puts the text in its place. Without it the place stays as it was.
   void finish();
+  [[nodiscard]] host::OutputFile& file() noexcept { return file_; }
   [[nodiscard]] const host::OutputFile& file() const noexcept { return file_; }
 
  private:

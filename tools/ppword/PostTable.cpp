@@ -60,23 +60,27 @@ void loadGivenTable(host::Document& document, const std::string& path, PostTable
   table.given = true;
 }
 
-void loadNamedTable(const KEPVar<host::Document>& document, const host::JobHeader& header,
-                    PostTable& table) {
+void findNamedTable(const host::JobHeader& header, PostTable& table) {
   table.named = header.table;
   if (header.table.empty() || table.given || isSwitchedOff()) return;
-  const KEPUnicodeString name(header.table);
   KEPUnicodeString found;
-  if (KEPMfgPPWordUtilities::BuildCompletePathFromPPWordTableName(name, found) == 0) {
+  if (KEPMfgPPWordUtilities::BuildCompletePathFromPPWordTableName(KEPUnicodeString(header.table),
+                                                                  found) == 0) {
     refuseName(header);
   }
-  const std::string path(found.View());
-  requireReadable(path);
+  table.path = found.View();
+  table.hidden = hiddenFiles(header.table);
+}
+
+void loadNamedTable(const KEPVar<host::Document>& document, const host::JobHeader& header,
+                    PostTable& table) {
+  findNamedTable(header, table);
+  if (table.given || table.path.empty()) return;
+  requireReadable(table.path);
   int isFound = 0;
   requireLoaded(KEPMfgPPWordUtilities::InitializePPWordsEnvironment(
                     host::programOf(header, document), &isFound),
-                path);
-  table.path = path;
-  table.hidden = hiddenFiles(header.table);
+                table.path);
 }
 
 std::string tableText(const PostTable& table) {

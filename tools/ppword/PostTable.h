@@ -24,8 +24,11 @@ struct PostTable {
 /// Loads the file at `path`, whatever the setting MFG_PPTABLE_NOLOAD says. Raises a Refusal.
 void loadGivenTable(host::Document& document, const std::string& path, PostTable& table);
 
-/// Loads the table that the header names, unless one was given or the setting MFG_PPTABLE_NOLOAD is
-/// set. Raises a Refusal.
+/// Finds the table that the header names, unless one was given or the setting MFG_PPTABLE_NOLOAD is
+/// set. Raises a Refusal for a name that is in no folder.
+void findNamedTable(const host::JobHeader& header, PostTable& table);
+
+/// Loads the table that findNamedTable finds. Raises a Refusal.
 void loadNamedTable(const KEPVar<host::Document>& document, const host::JobHeader& header,
                     PostTable& table);
 

@@ -9,6 +9,7 @@
 #include "host/system/ListenerScope.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Contents.h"
+#include "tools/ppword/LoadedTables.h"
 #include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
 
@@ -65,8 +66,8 @@ std::shared_ptr<const host::ToolTable> toolsOf(const ToolPathOptions& options) {
 
 }  // namespace
 
-ToolPathInput::ToolPathInput(const ToolPathOptions& options)
-    : options_(options), lines_(std::make_unique<host::LineReader>(options.job)) {
+ToolPathInput::ToolPathInput(const ToolPathOptions& options, LoadedTables* tables)
+    : options_(options), tables_(tables), lines_(std::make_unique<host::LineReader>(options.job)) {
   kind_ = host::recogniseToolPath(*lines_);
   refuseOptions();
   if (kind_ == host::ToolPathKind::Job) job_.emplace(std::move(lines_));
@@ -102,24 +103,31 @@ std::string ToolPathInput::documentFile() const {
   return (folder() / job_->header().document).string();
 }
 
-KEPVar<host::Document> ToolPathInput::openedDocument() const {
+void ToolPathInput::openDocument() {
   const std::string file = documentFile();
-  return file.empty() ? host::newDocument() : openDocumentFile(file);
+  if (tables_ != nullptr) {
+    table_.path = options_.table;
+    table_.given = !options_.table.empty();
+    if (job_) findNamedTable(job_->header(), table_);
+    document_ = tables_->documentWith(file, table_.path);
+    return;
+  }
+  document_ = file.empty() ? host::newDocument() : openDocumentFile(file);
+  if (!options_.table.empty()) loadGivenTable(*document_, options_.table, table_);
 }
 
 void ToolPathInput::open() {
-  document_ = openedDocument();
   LoadedInstructions loaded;
   {
     const host::ListenerScope scope(loaded);
-    if (!options_.table.empty()) loadGivenTable(*document_, options_.table, table_);
+    openDocument();
   }
   const bool isStored = !documentFile().empty();
   const auto isOwn = [&](std::string_view instruction) {
     return loaded.has(instruction) || (isStored && hasOwn(*document_, instruction));
   };
   setUp({{}, isOwn(kStartMacro), isOwn(kOrigin)});
-  if (job_) loadNamedTable(document_, job_->header(), table_);
+  if (job_ && tables_ == nullptr) loadNamedTable(document_, job_->header(), table_);
 }
 
 // Opens a listing with the words of the document, or sets up the document for a job.

@@ -15,13 +15,16 @@
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/PostTable.h"
 
+class LoadedTables;
+
 /// The tool path of a run, a job, a listing or an NC program, with the document and the table that
 /// its text is written with.
 class ToolPathInput {
  public:
   /// Opens the tool path, and reads the header of a job. Raises an InputError, or a UsageError for
-  /// options that are for another kind of tool path. The options must outlive the object.
-  explicit ToolPathInput(const ToolPathOptions& options);
+  /// options that are for another kind of tool path. The options must outlive the object, and so
+  /// must the tables of a run of many jobs; null for another run.
+  explicit ToolPathInput(const ToolPathOptions& options, LoadedTables* tables = nullptr);
 
   /// The document file: that of the user, that of the job's header, or empty for none.
   [[nodiscard]] std::string documentFile() const;
@@ -50,12 +53,13 @@ class ToolPathInput {
   [[nodiscard]] std::string name() const;
 
  private:
-  [[nodiscard]] KEPVar<host::Document> openedDocument() const;
+  void openDocument();
   void setUp(host::TableWords words);
   void refuseOptions() const;
   [[nodiscard]] std::filesystem::path folder() const;
 
   const ToolPathOptions& options_;
+  LoadedTables* tables_;
   host::ToolPathKind kind_ = host::ToolPathKind::Job;
   std::vector<host::MachineWord> machineWords_;
   std::unique_ptr<host::LineReader> lines_;

@@ -1,0 +1,133 @@
+#include "tools/ppword/PostRun.h"
+
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "host/system/ListenerScope.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
+#include "post/generator/Generator.h"
+#include "tools/ppword/Kinds.h"
+#include "tools/ppword/LoadReport.h"
+#include "tools/ppword/PostMap.h"
+#include "tools/ppword/PostReport.h"
+#include "tools/ppword/Progress.h"
+#include "tools/ppword/Refusal.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/ToolPathInput.h"
+
+namespace {
+
+// Opens the tool path with its document and its table; what became of the table goes to the
+// listeners.
+void open(const PostOptions& options, ToolPathInput& input, LoadReport& load,
+          host::TableOrigins& origins) {
+  requireOther(options, input.documentFile());
+  {
+    const host::ListenerScope scope(load);
+    const host::ListenerScope inner(origins);
+    input.open();
+  }
+  requireOther(options, input.table().path);
+}
+
+// Writes the text to `output`, and its map if there is one.
+host::Summary write(ToolPathInput& input, PostMap* map, PostOutput& output, bool showsProgress) {
+  host::LineSink& sink = map != nullptr ? *map : output.lines();
+  host::Generator generator(input.document(), input.name(), sink, map);
+  Progress progress(input.events(), showsProgress);
+  generator.run(progress);
+  return generator.summary();
+}
+
+// Null when none is asked for.
+std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& input,
+                               host::TableOrigins& origins, PostOutput& output) {
+  if (options.map.empty()) return nullptr;
+  if (!input.table().path.empty()) origins.read(input.table().path);
+  return std::make_unique<PostMap>(options, input, origins, output.lines());
+}
+
+// What is said of the run: for people and for programs.
+void report(const PostOptions& options, const PostReport& report, std::string_view refusal,
+            const LoadReport& load, const host::Document& document, PostOutcome& outcome) {
+  if (options.format == OutputFormat::ForPeople) {
+    if (options.verbose) outcome.text = "load report:\n" + load.text(document);
+    outcome.text += reportText(report, refusal, options.verbose);
+    return;
+  }
+  outcome.report = reportJson(report, refusal.empty());
+  if (options.verbose) outcome.report["load"] = load.json(document);
+}
+
+PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Placing& place) {
+  ToolPathInput input(options, tables);
+  LoadReport load;
+  host::TableOrigins origins;
+  open(options, input, load, origins);
+  const Strictness strictness(options.strictness);
+  auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict());
+  const auto map = mapOf(options, input, origins, *output);
+  const bool isAlone = tables == nullptr;
+  const host::Summary summary =
+      write(input, map.get(), *output, isAlone && showsProgress(options.format));
+  const PostReport made{summary,
+                        input.listing(),
+                        load.missing(),
+                        input.table(),
+                        input.isProgram() ? &input.machineWords() : nullptr,
+                        options.output};
+  const std::string refusal = refusalOf(made, strictness);
+  PostOutcome outcome;
+  outcome.elements = summary.elements;
+  outcome.lines = summary.lines;
+  report(options, made, refusal, load, *input.document(), outcome);
+  if (refusal.empty()) {
+    place(std::move(output), map.get(), outcome);
+  } else {
+    outcome.status = ExitStatus::Refused;
+  }
+  return outcome;
+}
+
+PostOutcome refusalOutcome(const std::string& file, const host::Diagnostic& diagnostic) {
+  PostOutcome outcome;
+  outcome.status = ExitStatus::Refused;
+  outcome.text = host::diagnosticText(diagnostic, showsColours());
+  outcome.report = {{"file", textJson(file)},
+                    {"written", false},
+                    {"diagnostics", Json::array({diagnosticJson(diagnostic)})}};
+  return outcome;
+}
+
+}  // namespace
+
+void requireOther(const PostOptions& options, const std::string& input) {
+  for (const auto& [what, file] : {std::pair("output", options.output), {"map", options.map}}) {
+    if (!isSameFile(file, input)) continue;
+    throw UsageError{"the " + std::string(what) + " would replace the input " + file};
+  }
+}
+
+void PostOutcome::addDoubt(const host::OutputFile& file) {
+  if (file.doubt().empty()) return;
+  status = ExitStatus::Unconfirmed;
+  const std::string said = (file.name() + ' ') += host::doubtText(file.doubt());
+  text += "ppword: error: " + host::terminalSafe(said) + '\n';
+  report["notCertain"].push_back({{"file", textJson(file.name())}, {"reason", file.doubt()}});
+}
+
+PostOutcome outcomeOf(const std::string& job, const std::function<PostOutcome()>& run) {
+  try {
+    return run();
+  } catch (const Refusal& refusal) {
+    return refusalOutcome(job, refusal.diagnostic);
+  } catch (const host::InputError& error) {
+    return refusalOutcome(job, host::inputDiagnostic(error));
+  } catch (const host::DocumentError& error) {
+    return refusalOutcome(job, documentDiagnostic(error));
+  }
+}
+
+PostOutcome postToolPath(const PostOptions& options, LoadedTables* tables, const Placing& place) {
+  return outcomeOf(options.job, [&] { return generate(options, tables, place); });
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <string>
+
+#include "tools/ppword/Commands.h"
+#include "tools/ppword/Json.h"
+#include "tools/ppword/PostOutput.h"
+
+class LoadedTables;
+class PostMap;
+
+/// What became of a tool path, and what is said of it.
+struct PostOutcome {
+  ExitStatus status = ExitStatus::Done;
+  long elements = 0;
+  long lines = 0;
+  /// For people: lines.
+  std::string text;
+  /// For programs.
+  Json report;
+
+  /// Notes that a file is written, but perhaps not for good.
+  void addDoubt(const host::OutputFile& file);
+};
+
+/// The outcome of `run`, or that of a tool path, document or table which it refuses.
+[[nodiscard]] PostOutcome outcomeOf(const std::string& job,
+                                    const std::function<PostOutcome()>& run);
+
+/// Puts the text of a run in its place, then its map, which is null if there is none; notes doubts
+/// in the outcome. A text that is refused gets no place.
+using Placing = std::function<void(std::unique_ptr<PostOutput> text, PostMap* map, PostOutcome&)>;
+
+/// Posts the tool path of the options. Input that is refused is an outcome; a UsageError or an
+/// OutputError is raised. `tables`: those of a run of many jobs; null for another run.
+[[nodiscard]] PostOutcome postToolPath(const PostOptions& options, LoadedTables* tables,
+                                       const Placing& place);
+
+/// Raises a UsageError when the output or the map would replace a file that the run reads.
+void requireOther(const PostOptions& options, const std::string& input);

@@ -1,0 +1,94 @@
+#include "tools/ppword/many/JobPoster.h"
+
+#include <exception>
+#include <nlohmann/json.hpp>
+#include <utility>
+
+#include "tools/ppword/Failure.h"
+
+namespace {
+
+constexpr std::size_t kMostInGroup = 64;
+// A record waits no longer for others to join its group.
+constexpr std::chrono::milliseconds kLongestWait{500};
+
+PostOutcome failureOutcome(const JobFile& job, const Failure& failure) {
+  PostOutcome outcome;
+  outcome.status = failure.status;
+  outcome.text = failureText(failure);
+  outcome.report = {{"file", textJson(job.job)},
+                    {"output", textJson(job.output)},
+                    {"written", false},
+                    {"diagnostics", Json::array({failureJson(failure)})}};
+  return outcome;
+}
+
+JobRecord recordOf(const PostOptions& options, std::size_t index, const PostOutcome& outcome) {
+  JobRecord record{index, outcome.status, outcome.elements, outcome.lines, outcome.text};
+  if (options.format == OutputFormat::ForPeople) return record;
+  Json json{{"layout", kRecordLayout}, {"status", static_cast<int>(outcome.status)}};
+  json.update(outcome.report);
+  record.text = json.dump() + '\n';
+  return record;
+}
+
+}  // namespace
+
+JobPoster::JobPoster(const PostOptions& options, const std::vector<JobFile>& jobs,
+                     RecordTaker deliver)
+    : options_(options), jobs_(jobs), deliver_(std::move(deliver)) {}
+
+void JobPoster::post(std::size_t index) {
+  if (pending_.empty()) begin_ = Clock::now();
+  pending_.push_back(run(index));
+  if (pending_.size() == kMostInGroup || Clock::now() - begin_ >= kLongestWait) place();
+}
+
+void JobPoster::finish() { place(); }
+
+JobPoster::Pending JobPoster::run(std::size_t index) {
+  Pending pending{index, {}, nullptr};
+  PostOptions options = options_;
+  options.job = jobs_[index].job;
+  options.output = jobs_[index].output;
+  const auto hold = [&pending](std::unique_ptr<PostOutput> text, PostMap*, PostOutcome&) {
+    text->complete();
+    pending.text = std::move(text);
+  };
+  try {
+    pending.outcome = postToolPath(options, &tables_, hold);
+  } catch (...) {
+    pending.outcome = failureOutcome(jobs_[index], currentFailure());
+    pending.text.reset();
+  }
+  return pending;
+}
+
+void JobPoster::place() {
+  std::vector<host::OutputFile*> texts;
+  for (const Pending& pending : pending_) {
+    if (pending.text) texts.push_back(&pending.text->file());
+  }
+  const auto errors = host::OutputFile::finishTogether(texts);
+  auto error = errors.begin();
+  for (Pending& pending : pending_) {
+    if (pending.text) note(*error++, pending);
+    deliver_(recordOf(options_, pending.index, pending.outcome));
+  }
+  pending_.clear();
+}
+
+// What became of a text that was to be put in its place.
+void JobPoster::note(const std::exception_ptr& error, Pending& pending) const {
+  try {
+    if (error) std::rethrow_exception(error);
+    pending.outcome.addDoubt(pending.text->file());
+  } catch (...) {
+    pending.outcome = failureOutcome(jobs_[pending.index], currentFailure());
+  }
+}
+
+JobRecord failureRecord(const PostOptions& options, const std::vector<JobFile>& jobs,
+                        std::size_t index, const Failure& failure) {
+  return recordOf(options, index, failureOutcome(jobs[index], failure));
+}

@@ -1,0 +1,175 @@
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <system_error>
+#include <utility>
+#include <vector>
+
+#include "post/output/OutputFile.h"
+#include "tools/ppword/Progress.h"
+#include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/many/JobPoster.h"
+#include "tools/ppword/many/Workers.h"
+
+namespace {
+
+// The text of part.jsonl is part.apt.
+std::string outputOf(const PostOptions& options, const std::string& job) {
+  const std::string name = std::filesystem::path(job).stem().string() + ".apt";
+  return (std::filesystem::path(options.outputFolder) / name).string();
+}
+
+std::vector<JobFile> jobsOf(const PostOptions& options) {
+  std::vector<JobFile> jobs;
+  std::map<std::string, std::string> taken;
+  for (const std::string& job : options.jobs) {
+    if (job == "-") throw UsageError{"--output-dir needs files, not the standard input"};
+    jobs.push_back({job, outputOf(options, job)});
+    const auto [known, isNew] = taken.emplace(jobs.back().output, job);
+    if (isNew) continue;
+    throw UsageError{"the texts of " + known->second + " and " + job + " would both be " +
+                     known->first};
+  }
+  return jobs;
+}
+
+using FileNumber = std::pair<dev_t, ino_t>;
+
+std::optional<FileNumber> numberOf(const std::string& file) {
+  struct stat state {};
+  if (file.empty() || ::stat(file.c_str(), &state) != 0) return std::nullopt;
+  return FileNumber(state.st_dev, state.st_ino);
+}
+
+// No text may replace what another job, or every job, is read from.
+void requireOthers(const PostOptions& options, const std::vector<JobFile>& jobs) {
+  std::map<FileNumber, std::string> inputs;
+  const auto add = [&inputs](const std::string& file) {
+    if (const auto number = numberOf(file)) inputs.emplace(*number, file);
+  };
+  for (const auto& file : {options.table, options.document, options.tools, options.machine}) {
+    add(file);
+  }
+  for (const JobFile& job : jobs) add(job.job);
+  for (const JobFile& job : jobs) {
+    const auto number = numberOf(job.output);
+    const auto input = number ? inputs.find(*number) : inputs.end();
+    if (input == inputs.end()) continue;
+    throw UsageError{"the output " + job.output + " would replace the input " + input->second};
+  }
+}
+
+// What a run of many jobs does not have.
+void requireMany(const PostOptions& options) {
+  const bool isOther = !options.output.empty() || !options.map.empty() || options.listing;
+  if (isOther) throw UsageError{"--output-dir takes no -o, --map or --listing"};
+  if (options.format == OutputFormat::ForPrograms) {
+    throw UsageError{"--output-dir reports each job as it ends: use --format jsonl"};
+  }
+}
+
+void createFolder(const std::string& folder) {
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error) throw host::OutputError(folder, error.message());
+}
+
+// Shows the records as they come, and the totals.
+class Records {
+ public:
+  Records(const PostOptions& options, std::size_t jobs) : options_(options), jobs_(jobs) {}
+
+  void take(const JobRecord& record) {
+    status_ = std::max(status_, record.status);
+    const bool isWritten =
+        record.status == ExitStatus::Done || record.status == ExitStatus::Unconfirmed;
+    written_ += isWritten ? 1 : 0;
+    elements_ += isWritten ? record.elements : 0;
+    lines_ += isWritten ? record.lines : 0;
+    ++ended_;
+    if (!options_.quiet || record.status != ExitStatus::Done) show(record.text);
+    if (showsProgress(options_.format) && line_.isDue() && ended_ < jobs_) {
+      line_.show(std::to_string(ended_) + " of " + std::to_string(jobs_) + " jobs");
+    }
+  }
+
+  [[nodiscard]] ExitStatus finish() {
+    if (!options_.quiet || status_ != ExitStatus::Done) show(totals());
+    return status_;
+  }
+
+ private:
+  void show(const std::string& text) {
+    if (options_.format == OutputFormat::Records) return writeOutput(text);
+    line_.clear();
+    writeMessage(text);
+  }
+
+  [[nodiscard]] std::string totals() const {
+    if (options_.format == OutputFormat::Records) {
+      const Json totals{{"jobs", jobs_},
+                        {"written", written_},
+                        {"notWritten", jobs_ - written_},
+                        {"elements", elements_},
+                        {"lines", lines_}};
+      const Json record{
+          {"layout", kRecordLayout}, {"status", static_cast<int>(status_)}, {"totals", totals}};
+      return record.dump() + '\n';
+    }
+    return std::to_string(jobs_) + (jobs_ == 1 ? " job: " : " jobs: ") + std::to_string(written_) +
+           " written, " + std::to_string(jobs_ - written_) + " not written; " +
+           std::to_string(elements_) + " elements, " + std::to_string(lines_) + " lines\n";
+  }
+
+  const PostOptions& options_;
+  std::size_t jobs_;
+  std::size_t ended_ = 0;
+  std::size_t written_ = 0;
+  long elements_ = 0;
+  long lines_ = 0;
+  ExitStatus status_ = ExitStatus::Done;
+  ProgressLine line_;
+};
+
+void postHere(const PostOptions& options, const std::vector<JobFile>& jobs,
+              const RecordTaker& take) {
+  JobPoster poster(options, jobs, take);
+  for (std::size_t index = 0; index < jobs.size(); ++index) poster.post(index);
+  poster.finish();
+}
+
+void postInProcesses(const PostOptions& options, const std::vector<JobFile>& jobs,
+                     const RecordTaker& take) {
+  const Work work = [&](const std::function<std::size_t()>& next, const RecordTaker& send) {
+    JobPoster poster(options, jobs, send);
+    for (std::size_t index = next(); index < jobs.size(); index = next()) poster.post(index);
+    poster.finish();
+  };
+  const LostTaker takeLost = [&](std::size_t index, const std::string& reason) {
+    const Failure failure{ExitStatus::Internal, jobs[index].output + " is not certain to be " +
+                                                    "written: its process was ended by " + reason};
+    take(failureRecord(options, jobs, index, failure));
+  };
+  runInProcesses(jobs.size(), options.processes, work, take, takeLost);
+}
+
+}  // namespace
+
+ExitStatus postManyJobs(const PostOptions& options) {
+  requireMany(options);
+  const std::vector<JobFile> jobs = jobsOf(options);
+  requireOthers(options, jobs);
+  createFolder(options.outputFolder);
+  Records records(options, jobs.size());
+  const RecordTaker take = [&records](const JobRecord& record) { records.take(record); };
+  if (options.processes == 1) {
+    postHere(options, jobs, take);
+  } else {
+    postInProcesses(options, jobs, take);
+  }
+  return records.finish();
+}
