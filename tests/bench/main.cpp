@@ -34,6 +34,8 @@ constexpr Ratio kRatios[] = {
     {"opening 10,000 PP commands to reading the rows", "openDocument/10000", "readRows/10000", 0},
     {"saving 10,000 PP commands to 1,000", "saveDocument/10000", "saveDocument/1000", 0},
     {"table of 3,000 commands to one of 300", "loadTable/3000", "loadTable/300", 12},
+    {"list of 3,000 commands to one of 300", "listTable/3000", "listTable/300", 12},
+    {"list of 30,000 commands to one of 3,000", "listTable/30000", "listTable/3000", 14},
     {"code of a word among 5,000 to one among 50", "codeOfWord/5000", "codeOfWord/50", 4},
     {"word of a code among 5,000 to one among 50", "wordOfCode/5000", "wordOfCode/50", 4},
 };

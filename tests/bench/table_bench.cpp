@@ -1,4 +1,5 @@
-// Loading a table into a document that holds the default catalogue, and asking for words and codes.
+// Loading a table into a document that holds the default catalogue, listing its entries, and asking
+// for words and codes.
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -12,6 +13,7 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "KEPMfgPPWordUtilities.h"
 #include "host/modeler/Document.h"
+#include "language/table/TableEntries.h"
 
 namespace {
 
@@ -58,6 +60,19 @@ void loadTable(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
 }
 BENCHMARK(loadTable)->Arg(300)->Arg(3000)->Unit(benchmark::kMillisecond);
+
+/// The entries that `ppword list` shows.
+void listTable(benchmark::State& state) {
+  const std::string text = tableOfInstructions(state.range(0));
+  for (auto _ : state) {
+    ppword::TableEntries entries(text);
+    benchmark::DoNotOptimize(entries.commands());
+    benchmark::DoNotOptimize(entries.lists());
+    benchmark::DoNotOptimize(entries.formats());
+  }
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(listTable)->Arg(300)->Arg(3000)->Arg(30000)->Unit(benchmark::kMillisecond);
 
 /// A process-wide list of `count` words while the object lives.
 class StoredWords {
