@@ -143,6 +143,128 @@ class Actions(DocumentTest):
                 " this command\n",
             )
 
+    def test_several_commands_are_added_in_one_change(self):
+        self.make()
+        self.run_document("load-table", "d", "table")
+        self.check(
+            self.run_document("add-command", "d", "NC_TWO", "NC_TWO", "2", "NC_GOTO"),
+            0,
+            "d: PP commands 1 to 3 added\n",
+        )
+        done = self.run_document("add-command", "--format", "json", "d", "NC_RAPID", "NC_TWO")
+        self.assertEqual(
+            json.loads(done.stdout),
+            {"file": "d", "saved": True, "done": "PP commands 4 to 5 added"},
+        )
+        self.assertEqual(
+            self.commands(),
+            "PP commands (5)\n  1  NC_TWO, sequence 1\n  2  NC_TWO, sequence 2\n"
+            "  3  NC_GOTO, sequence 1\n  4  NC_RAPID, sequence 1\n  5  NC_TWO, sequence 1\n",
+        )
+
+    def test_commands_are_added_from_a_file(self):
+        self.make()
+        self.run_document("load-table", "d", "table")
+        self.write("names", "NC_TWO\r\n\n  NC_TWO\t2 \n \t\nNC_GOTO")
+        self.check(
+            self.run_document("add-command", "d", "--from", "names"),
+            0,
+            "d: PP commands 1 to 3 added\n",
+        )
+        done = self.run_document("add-command", "d", "--from", "-", stdin=None, input="NC_RAPID\n")
+        self.check(done, 0, "d: PP command 4 added\n")
+        self.assertEqual(
+            self.commands(),
+            "PP commands (4)\n  1  NC_TWO, sequence 1\n  2  NC_TWO, sequence 2\n"
+            "  3  NC_GOTO, sequence 1\n  4  NC_RAPID, sequence 1\n",
+        )
+
+    def test_equal_warnings_of_several_commands_are_one(self):
+        self.make()
+        self.check(
+            self.run_document("add-command", "d", "NC_X", "NC_GOTO", "2", "NC_X", "NC_GOTO", "3"),
+            0,
+            "d: PP commands 1 to 4 added\n",
+            "d: warning no-instruction: the document has no NC instruction 'NC_X' for this command\n"
+            "d: warning no-sequence: 'NC_GOTO' has no sequence 2; it has 1\n"
+            "d: warning no-sequence: 'NC_GOTO' has no sequence 3; it has 1\n",
+        )
+
+    def test_mistake_in_a_file_of_names_adds_nothing(self):
+        self.make()
+        mistakes = [
+            (
+                "NC_A\nNC_B 0\n",
+                "names:2:6: error: the number of a sequence is a whole number from 1 to 2147483647,"
+                " not '0'\n  NC_B 0\n       ^\n",
+            ),
+            (
+                "NC_A NC_B\n",
+                "names:1:6: error: the number of a sequence is a whole number from 1 to 2147483647,"
+                " not 'NC_B'\n  NC_A NC_B\n       ^\n",
+            ),
+            (
+                "NC_A 1  2 3\n",
+                "names:1:9: error: '2' is one word too many: a line is NAME or NAME NUMBER\n"
+                "  NC_A 1  2 3\n          ^\n",
+            ),
+            (
+                "NC_A\n\n NC\x01\n",
+                "names:3:2: error: the name has a control character\n   NC\\x01\n   ^\n",
+            ),
+            (
+                b"\xef\xbb\xbfNC_A\n",
+                "names:1:1: error: the file begins with a byte-order mark; write it as UTF-8 without"
+                " one\n  \\xef\\xbb\\xbfNC_A\n  ^~~~~~~~~~~~\n",
+            ),
+            ("", "names: error: there is no name in it\n"),
+            (" \n\r\n", "names: error: there is no name in it\n"),
+            ("A" * 1048577, "names:1: error: the line is longer than 1 MiB (1048576 bytes)\n"),
+            ("NC_A\n" * 1000001, "names:1000001: error: there are more than 1000000 names\n"),
+        ]
+        before = self.read("d")
+        for text, message in mistakes:
+            self.write("names", text)
+            self.check(self.run_document("add-command", "d", "--from", "names"), 1, "", message)
+            self.assertEqual(self.read("d"), before)
+        done = self.run_document("add-command", "d", "--from", "-", stdin=None, input="A\nB C\n")
+        self.check(
+            done,
+            1,
+            "",
+            "standard input:2:3: error: the number of a sequence is a whole number from 1 to"
+            " 2147483647, not 'C'\n",
+        )
+        self.check(
+            self.run_document("add-command", "d", "--from", "none"),
+            1,
+            "",
+            "none: error: cannot be opened: No such file or directory\n",
+        )
+        self.assertEqual(self.read("d"), before)
+
+    def test_mistake_in_a_file_of_names_is_told_in_json(self):
+        self.make()
+        self.write("names", "NC_A 1 2\n")
+        done = self.run_document("add-command", "d", "--from", "names", "--format", "json")
+        self.assertEqual(done.returncode, 1)
+        told = json.loads(done.stdout)
+        self.assertEqual((told["file"], told["saved"]), ("d", False))
+        self.assertEqual(
+            told["diagnostics"],
+            [
+                {
+                    "severity": "error",
+                    "file": "names",
+                    "line": 1,
+                    "column": 8,
+                    "message": "'2' is one word too many: a line is NAME or NAME NUMBER",
+                    "source": "NC_A 1 2",
+                    "sourceColumn": 1,
+                }
+            ],
+        )
+
     def test_command_is_removed_and_later_ones_move_up(self):
         self.make()
         for name in ("NC_GOTO", "NC_RAPID", "NC_FROM"):
@@ -443,6 +565,24 @@ class Refusals(DocumentTest):
                 ["add-command", "d", "NC_GOTO", "2147483648"],
                 "NUMBER is a whole number from 1 to 2147483647, not '2147483648'",
             ),
+            (
+                ["add-command", "d", "NC_GOTO", "NC_GOTO", ""],
+                "NUMBER is a whole number from 1 to 2147483647, not ''",
+            ),
+            (
+                ["add-command", "d", "NC_GOTO", "1.5"],
+                "NUMBER is a whole number from 1 to 2147483647, not '1.5'",
+            ),
+            (
+                ["add-command", "d", "--", "NC_GOTO", "-1"],
+                "NUMBER is a whole number from 1 to 2147483647, not '-1'",
+            ),
+            (["add-command", "d", "NC_GOTO", "1", "2"], "'2' is one argument too many"),
+            (
+                ["add-command", "d", "NC_GOTO", "--from", "table"],
+                "'NC_GOTO' is one argument too many with --from",
+            ),
+            (["reset", "d", "--from", "table"], "--from is for add-command"),
             (["show", "d", "format"], "there is no section 'format'; did you mean 'formats'?"),
         ]
         for arguments, message in mistakes:

@@ -188,6 +188,8 @@ void addDocument(CLI::App& command, DocumentOptions& options) {
   command.add_option("ACTION", options.action, "What to do")->required()->option_text(" ");
   command.add_option("FILE", options.file, "Document file")->required()->option_text(" ");
   command.add_option("ARGUMENT", options.arguments, "Arguments of the action")->option_text("...");
+  addFile(command, "--from", options.names,
+          "add-command: one NAME or NAME NUMBER a line; - for standard input", "NAMES");
 }
 
 void addPost(CLI::App& command, PostOptions& options) {

@@ -126,6 +126,8 @@ struct DocumentOptions {
   std::string action;
   std::string file;
   std::vector<std::string> arguments;
+  /// A file with the names of PP commands to add, "-" for the standard input; empty without one.
+  std::string names;
   OutputFormat format = OutputFormat::ForPeople;
 };
 

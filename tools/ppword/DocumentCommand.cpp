@@ -1,8 +1,11 @@
 #include <algorithm>
-#include <charconv>
+#include <limits>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "KEPIMfgPPWordFactory.h"
@@ -11,8 +14,10 @@
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/output/OutputFile.h"
 #include "post/text/FoldedLines.h"
+#include "tools/ppword/AddedCommands.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/HelpTexts.h"
@@ -78,53 +83,75 @@ void show(const DocumentOptions& options) {
   showContents(documentContents(*openDocumentFile(options.file)), section, options.format);
 }
 
-// A line feed in a line would make two lines of the text, which are counted as one.
-void requireNoControls(const std::string& text, const std::string& what) {
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
-  if (std::none_of(text.begin(), text.end(), isControl)) return;
-  throw UsageError{what + " has a control character, such as a tab or a line feed"};
-}
-
 void setSyntax(const DocumentOptions& options) {
-  requireNoControls(options.arguments[0], "LINE");
+  if (hasControl(options.arguments[0])) {
+    throw UsageError{"LINE has a control character, such as a tab or a line feed"};
+  }
   change(options, [&](host::Document& document) {
     document.ppWordContainer()->SetUserSyntax(KEPUnicodeString(options.arguments[0]));
     return "user syntax set";
   });
 }
 
-int numberOf(const std::string& text, const std::string& what) {
-  int number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [rest, error] = std::from_chars(text.data(), end, number);
-  if (error == std::errc() && rest == end && number >= 1) return number;
-  throw UsageError{what + " is a whole number from 1 to 2147483647, not '" + text + "'"};
+// The key and the message of a warning.
+using CommandWarning = std::pair<std::string_view, std::string>;
+
+// Nothing for a command that can be posted.
+std::optional<CommandWarning> warningOf(const AddedCommand& command, host::Document& document) {
+  const auto& [name, sequence] = command;
+  const KEPIMfgSyntaxEvaluation_var instruction =
+      KEPISpecObject_var::Adopt(document.features()->FindStartUp(name));
+  if (!instruction) {
+    return CommandWarning("no-instruction",
+                          "the document has no NC instruction '" + name + "' for this command");
+  }
+  const int count = host::sequenceCount(instruction);
+  if (sequence <= count) return std::nullopt;
+  return CommandWarning("no-sequence", "'" + name + "' has no sequence " +
+                                           std::to_string(sequence) + "; it has " +
+                                           std::to_string(count));
 }
 
-void addCommand(const DocumentOptions& options) {
-  const std::string& name = options.arguments[0];
-  requireNoControls(name, "NAME");
-  const int sequence = options.arguments.size() > 1 ? numberOf(options.arguments[1], "NUMBER") : 1;
-  change(options, [&](host::Document& document) {
-    const KEPIMfgSyntaxEvaluation_var instruction =
-        KEPISpecObject_var::Adopt(document.features()->FindStartUp(name));
-    if (!instruction) {
-      warn(options.file, "no-instruction",
-           "the document has no NC instruction '" + name + "' for this command");
-    } else if (const int count = host::sequenceCount(instruction); sequence > count) {
-      warn(options.file, "no-sequence",
-           "'" + name + "' has no sequence " + std::to_string(sequence) + "; it has " +
-               std::to_string(count));
+// Each warning once.
+void warnOfCommands(const std::string& file, const std::vector<AddedCommand>& commands,
+                    host::Document& document) {
+  std::set<std::string> known;
+  for (const AddedCommand& command : commands) {
+    const auto warning = warningOf(command, document);
+    if (warning && known.insert(warning->second).second) {
+      warn(file, warning->first, warning->second);
     }
-    KEPIMfgPPCommand_var command;
-    KEPIMfgPPWordFactory_var(document.features())
-        ->CreatePPCommand(command, KEPUnicodeString(name), sequence);
-    return "PP command " + std::to_string(host::ppCommands(document).size()) + " added";
+  }
+}
+
+std::string commandsAdded(std::size_t first, std::size_t count) {
+  if (count == 1) return "PP command " + std::to_string(first) + " added";
+  return "PP commands " + std::to_string(first) + " to " + std::to_string(first + count - 1) +
+         " added";
+}
+
+void addCommands(const DocumentOptions& options) {
+  const auto commands =
+      options.names.empty() ? commandsOf(options.arguments) : commandsFrom(options.names);
+  change(options, [&](host::Document& document) {
+    warnOfCommands(options.file, commands, document);
+    const std::size_t before = host::ppCommands(document).size();
+    const KEPIMfgPPWordFactory_var factory = document.features();
+    for (const auto& [name, sequence] : commands) {
+      KEPIMfgPPCommand_var command;
+      factory->CreatePPCommand(command, KEPUnicodeString(name), sequence);
+    }
+    return commandsAdded(before + 1, commands.size());
   });
 }
 
+std::size_t positionOf(const std::string& text) {
+  if (const auto number = numberFromOne(text)) return static_cast<std::size_t>(*number);
+  throw UsageError{"POSITION" + std::string(kFromOne) + text + "'"};
+}
+
 void removeCommand(const DocumentOptions& options) {
-  const auto position = static_cast<std::size_t>(numberOf(options.arguments[0], "POSITION"));
+  const std::size_t position = positionOf(options.arguments[0]);
   change(options, [&](host::Document& document) {
     const auto commands = host::ppCommands(document);
     if (position > commands.size()) {
@@ -156,6 +183,8 @@ void upgrade(const DocumentOptions& options) {
   reportDone(options, "upgraded");
 }
 
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+
 struct Action {
   std::string_view name;
   std::size_t leastArguments;
@@ -181,11 +210,14 @@ constexpr Action kActions[] = {
     {"set-syntax", 1, 1, "LINE", "set the one line of NC_COMMAND_FOR_PARAMETERIZED_USER_SYNTAX",
      "The instruction gets exactly this line. Write -- before a line that begins with '-'.",
      "part.ppdoc \"PPRINT/%MFG_XPOINT\"", setSyntax},
-    {"add-command", 1, 2, "NAME [NUMBER]",
-     "add a PP command: an NC instruction and one of its sequences",
-     "Without NUMBER it is sequence 1. A job posts the command by its position in pp-commands: the "
-     "last one. An instruction or a sequence that the document does not have gets a warning.",
-     "part.ppdoc NC_TOOL_CHANGE", addCommand},
+    {"add-command", 1, kAnyNumber, "NAME...",
+     "add PP commands: NC instructions, each with one of its sequences",
+     "A number after a NAME is the sequence, 1 without it. All commands are added in one change, "
+     "or "
+     "none. With --from NAMES they are in a file, or on the standard input (-): one NAME or NAME "
+     "NUMBER a line. A job posts a command by its position in pp-commands: new ones come last. An "
+     "instruction or a sequence that the document does not have gets a warning.",
+     "part.ppdoc NC_TOOL_CHANGE", addCommands},
     {"remove-command", 1, 1, "POSITION", "remove a PP command; later ones move up by one position",
      "Jobs that post one of the later commands by its position must be changed too.",
      "part.ppdoc 1", removeCommand},
@@ -214,17 +246,28 @@ const Action& actionOf(const std::string& name) {
   throw UsageError{"there is no action '" + name + "'" + suggestion(name, names)};
 }
 
-void perform(const DocumentOptions& options) {
-  const Action& action = actionOf(options.action);
-  const std::size_t count = options.arguments.size();
-  if (options.file.empty()) throw UsageError{"FILE is required"};
-  if (count < action.leastArguments) {
-    const std::string_view needed = action.arguments.substr(0, action.arguments.find(' '));
+void requireArguments(const Action& action, const std::vector<std::string>& arguments) {
+  if (arguments.size() < action.leastArguments) {
+    const std::string_view needed =
+        action.arguments.substr(0, action.arguments.find_first_of(" ."));
     throw UsageError{std::string(action.name) + " needs " + std::string(needed)};
   }
-  if (count > action.mostArguments) {
-    throw UsageError{"'" + options.arguments[action.mostArguments] + "' is one argument too many"};
+  if (arguments.size() > action.mostArguments) {
+    throw UsageError{"'" + arguments[action.mostArguments] + "' is one argument too many"};
   }
+}
+
+// --from takes the place of the arguments.
+void requireNames(const Action& action, const std::vector<std::string>& arguments) {
+  if (action.run != addCommands) throw UsageError{"--from is for add-command"};
+  if (arguments.empty()) return;
+  throw UsageError{"'" + arguments[0] + "' is one argument too many with --from"};
+}
+
+void perform(const DocumentOptions& options) {
+  const Action& action = actionOf(options.action);
+  if (options.file.empty()) throw UsageError{"FILE is required"};
+  (options.names.empty() ? requireArguments : requireNames)(action, options.arguments);
   action.run(options);
 }
 
@@ -280,6 +323,8 @@ ExitStatus runDocument(const DocumentOptions& options) {
     return ExitStatus::Done;
   } catch (const Refusal& refusal) {
     return refuse(options, refusal.diagnostic);
+  } catch (const host::InputError& error) {
+    return refuse(options, host::inputDiagnostic(error));
   } catch (const host::DocumentError& error) {
     if (error.kind() != host::DocumentError::Kind::Refused) throw;
     return refuse(options, documentDiagnostic(error));
