@@ -1,8 +1,10 @@
 #include "inspect/diagnostics/TableBytes.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
+#include "inspect/diagnostics/TableFile.h"
 #include "language/table/MemorySource.h"
 
 namespace host {
@@ -20,7 +22,10 @@ TableBytes::TableBytes(std::string bytes) : bytes_(std::move(bytes)), blocks_{{0
 }
 
 TableBytes TableBytes::read(const std::string& path) {
-  return TableBytes(ppword::tableBytes(path.c_str()).value_or(""));
+  errno = 0;
+  auto bytes = ppword::tableBytes(path.c_str());
+  if (!bytes) throw UnreadableTable{unreadableTable(path, errno)};
+  return TableBytes(*std::move(bytes));
 }
 
 TableBytes::LineStart TableBytes::lineStartOf(std::size_t offset) const {

@@ -17,8 +17,8 @@ class TableBytes {
   };
 
   explicit TableBytes(std::string bytes);
-  /// The bytes of the file at `path`; none when it cannot be read, or is larger than a table may
-  /// be.
+  /// The bytes of the file at `path`. Raises an UnreadableTable when it cannot be read, or is
+  /// larger than a table may be.
   [[nodiscard]] static TableBytes read(const std::string& path);
 
   [[nodiscard]] std::string_view text() const noexcept { return bytes_; }

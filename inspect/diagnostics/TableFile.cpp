@@ -31,16 +31,26 @@ std::string reasonAgainst(const std::string& path) {
   return readable ? "" : systemReason(error);
 }
 
-}  // namespace
-
-std::optional<Diagnostic> unreadableTable(const std::string& path) {
-  const std::string reason = reasonAgainst(path);
-  if (reason.empty()) return std::nullopt;
+Diagnostic unreadable(const std::string& path, const std::string& reason) {
   Diagnostic diagnostic;
   diagnostic.file = path;
   diagnostic.key = "ERR_5009";
   diagnostic.message = messageText("System", "TABLE_UNREADABLE", {KEPUnicodeString(reason)}).View();
   return diagnostic;
+}
+
+}  // namespace
+
+std::optional<Diagnostic> unreadableTable(const std::string& path) {
+  const std::string reason = reasonAgainst(path);
+  if (reason.empty()) return std::nullopt;
+  return unreadable(path, reason);
+}
+
+Diagnostic unreadableTable(const std::string& path, int error) {
+  const std::string reason = reasonAgainst(path);
+  if (!reason.empty()) return unreadable(path, reason);
+  return unreadable(path, error != 0 ? systemReason(error) : "it changes while it is read");
 }
 
 }  // namespace host

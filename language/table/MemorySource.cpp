@@ -57,7 +57,7 @@ std::optional<std::string> tableBytes(const char* path, std::size_t most) {
     bytes.resize(size);
     if (read < kPiece) break;
   }
-  if (bytes.size() > most) return std::nullopt;
+  if (bytes.size() > most || std::ferror(stream.file()) != 0) return std::nullopt;
   return bytes;
 }
 

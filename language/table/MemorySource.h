@@ -56,8 +56,8 @@ class MemorySource final : public TableSource {
 /// The most bytes that a table may have to be read whole.
 inline constexpr std::size_t kMostTableBytes = std::size_t{1} << 30U;
 
-/// All bytes of the table at `path`. Nothing when it cannot be opened as the reader opens it, and
-/// when there are more than `most`.
+/// All bytes of the table at `path`. Nothing when it cannot be opened as the reader opens it, when
+/// it cannot be read to its end, and when there are more than `most`.
 [[nodiscard]] std::optional<std::string> tableBytes(const char* path,
                                                     std::size_t most = kMostTableBytes);
 

@@ -10,13 +10,13 @@
 #include <functional>
 #include <system_error>
 
+#include "host/system/FileBeside.h"
 #include "host/system/SystemReason.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 16U;
-constexpr mode_t kPermissions = 0777;
 
 constexpr int kMostLinks = 40;
 
@@ -34,6 +34,14 @@ std::filesystem::path resolved(std::filesystem::path path) {
 bool closesWell(int descriptor) {
   const int copy = ::dup(descriptor);
   return copy >= 0 && ::close(copy) == 0;
+}
+
+/// True for a file that its mode allows no one to write, or not this user. The superuser may write
+/// any other file.
+bool isProtected(const std::string& path, const struct stat& status) {
+  constexpr mode_t kWriting = S_IWUSR | S_IWGRP | S_IWOTH;
+  if ((status.st_mode & kWriting) == 0) return true;
+  return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) != 0 && errno == EACCES;
 }
 
 /// Lets the system begin to write a file to the disk; nothing waits for it.
@@ -60,7 +68,7 @@ OutputError::OutputError(std::string_view file, std::string_view reason)
 
 OutputError::~OutputError() = default;
 
-OutputFile::OutputFile(const std::string& path)
+OutputFile::OutputFile(const std::string& path, Protected writeProtected)
     : name_(path == "-" ? "standard output" : path), target_(path) {
   buffer_.reserve(kBufferSize);
   struct stat status {};
@@ -70,11 +78,12 @@ OutputFile::OutputFile(const std::string& path)
   } else if (exists && !S_ISREG(status.st_mode)) {
     descriptor_ = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
   } else {
+    if (exists && writeProtected == Protected::Refused && isProtected(path, status)) {
+      throw OutputError(name_, "it is write-protected; --force replaces it");
+    }
     openBeside();
   }
   require(descriptor_ >= 0);
-  const bool replaces = exists && isBeside();
-  if (replaces) require(::fchmod(descriptor_, status.st_mode & kPermissions) == 0);
 }
 
 OutputFile::~OutputFile() { close(); }
@@ -132,10 +141,10 @@ void OutputFile::require(bool success) {
 }
 
 void OutputFile::close() noexcept {
-  const bool isOwn = target_ != "-" && !isBeside();
+  const bool isOwn = target_ != "-" && temporary_ == nullptr;
   if (descriptor_ >= 0 && isOwn) ::close(descriptor_);
   descriptor_ = -1;
-  temporary_.discard();
+  if (temporary_) temporary_->discard();
 }
 
 void OutputFile::openBeside() {
@@ -144,7 +153,8 @@ void OutputFile::openBeside() {
   errno = ELOOP;
   if (std::filesystem::is_symlink(place, error)) return;
   target_ = place.string();
-  if (temporary_.create(target_)) descriptor_ = temporary_.descriptor();
+  temporary_ = std::make_unique<FileBeside>();
+  if (temporary_->create(target_)) descriptor_ = temporary_->descriptor();
 }
 
 void OutputFile::flush() {
@@ -163,11 +173,11 @@ void OutputFile::synchroniseText() {
 }
 
 void OutputFile::takeName() {
-  if (isBeside()) require(temporary_.takeName(FileBeside::Existing::Replaced));
+  if (temporary_) require(temporary_->takeName(FileBeside::Existing::Replaced));
 }
 
 void OutputFile::confirm() {
-  if (isBeside() && !temporary_.confirm()) doubt_ = systemReason(errno);
+  if (temporary_ && !temporary_->confirm()) doubt_ = systemReason(errno);
   close();
 }
 

@@ -2,15 +2,17 @@
 
 #include <exception>
 #include <map>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "host/system/FileBeside.h"
 #include "post/output/LineSink.h"
 
 namespace host {
+
+class FileBeside;
 
 /// Output that could not be written: the file and the operating system's reason.
 class OutputError : public std::runtime_error {
@@ -28,13 +30,17 @@ class OutputError : public std::runtime_error {
 
 /// A text file that appears whole or not at all: it is written to a temporary file in the same
 /// folder and renamed when it is finished. Until then, and after a failure, an older file is
-/// unchanged. The permissions of a file that is replaced are kept. Devices, pipes and the standard
+/// unchanged. A file that is replaced keeps its permissions and, where the system allows, its owner
+/// and its group. Devices, pipes and the standard
 /// output are written directly. Every failure raises an OutputError. The process must ignore
 /// SIGPIPE and SIGXFSZ, which would end it before the error is seen.
 class OutputFile final : public LineSink {
  public:
+  /// What becomes of a file that no one, or not this user, may write.
+  enum class Protected { Refused, Replaced };
+
   /// Opens the output; "-" is the standard output, to which nothing else may write meanwhile.
-  explicit OutputFile(const std::string& path);
+  explicit OutputFile(const std::string& path, Protected writeProtected = Protected::Refused);
   /// Removes what was written if it is not finished.
   ~OutputFile() override;
 
@@ -71,12 +77,11 @@ class OutputFile final : public LineSink {
   using DoubtOfFolders = std::map<std::string, std::string>;
   /// Synchronises each folder only once.
   void confirmWith(DoubtOfFolders& doubts);
-  [[nodiscard]] bool isBeside() const noexcept { return temporary_.descriptor() >= 0; }
 
   std::string name_;
   std::string target_;
-  /// Without a file for output that is written directly.
-  FileBeside temporary_;
+  /// Null for output that is written directly.
+  std::unique_ptr<FileBeside> temporary_;
   int descriptor_ = -1;
   std::string buffer_;
   std::string doubt_;

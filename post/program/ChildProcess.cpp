@@ -14,6 +14,10 @@
 #include <cstdlib>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
+
+#include "host/system/SystemReason.h"
+#include "post/output/OutputFile.h"
 
 namespace host {
 namespace {
@@ -228,6 +232,20 @@ std::string findProgram(const std::string& name) {
     if (folder.starts_with('/') && isRunnable(path)) return path.string();
   }
   return "";
+}
+
+ScratchFolder::ScratchFolder() {
+  std::error_code error;
+  const std::filesystem::path folder = std::filesystem::temp_directory_path(error);
+  std::string name =
+      ((error ? "/tmp" : std::filesystem::absolute(folder)) / "ppword.XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) throw OutputError("scratch folder", systemReason(errno));
+  path_ = name;
+}
+
+ScratchFolder::~ScratchFolder() {
+  std::error_code error;
+  std::filesystem::remove_all(path_, error);
 }
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <csignal>
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -47,5 +48,21 @@ inline constexpr std::size_t kMostErrorBytes = std::size_t{1} << 16U;
 /// The absolute path of a program of the setting PATH; empty when there is none. Folders that are
 /// not absolute are skipped, so that nothing beside an input is run.
 [[nodiscard]] std::string findProgram(const std::string& name);
+
+/// A folder of its own for one run, which only this user can read. It is removed in the end, with
+/// everything in it.
+class ScratchFolder {
+ public:
+  /// An OutputError if it cannot be created.
+  ScratchFolder();
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
+  ~ScratchFolder();
+
+  [[nodiscard]] const std::filesystem::path& path() const noexcept { return path_; }
+
+ private:
+  std::filesystem::path path_;
+};
 
 }  // namespace host

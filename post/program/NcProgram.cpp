@@ -6,11 +6,11 @@
 #include <set>
 #include <utility>
 
+#include "host/system/EndingSignals.h"
 #include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 #include "post/program/ChildProcess.h"
 #include "post/program/InterpreterError.h"
-#include "post/program/ScratchFolder.h"
 
 namespace host {
 namespace {

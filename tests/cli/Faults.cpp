@@ -3,11 +3,13 @@
 // succeed, all after them fail with the number ERROR. With a negative number they succeed, and the
 // first of them raises the signal -ERROR.
 //
-// CALL is fsync (SUBJECT: folder or file) or open (SUBJECT: how the path ends).
+// CALL is fsync (SUBJECT: folder or file), open (SUBJECT: how the path ends) or fread (SUBJECT is
+// empty; it fails with EBADF).
 
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <csignal>
@@ -107,6 +109,17 @@ int fsync(int descriptor) {
   if (isSubject && fails()) return -1;
   static const auto real = next<int (*)(int)>("fsync");
   return real(descriptor);
+}
+
+size_t fread(void* bytes, size_t size, size_t count, FILE* file) {
+  if (isMeant("fread") && fails()) {
+    // Only the library itself can mark a stream as failed.
+    const int unreadable = open("/dev/null", O_WRONLY);
+    dup2(unreadable, fileno(file));
+    close(unreadable);
+  }
+  static const auto real = next<size_t (*)(void*, size_t, size_t, FILE*)>("fread");
+  return real(bytes, size, count, file);
 }
 
 int fdatasync(int descriptor) { return fsync(descriptor); }

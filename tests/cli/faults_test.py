@@ -135,5 +135,48 @@ class SuccessThatCannotBePrinted(program.ProgramTest):
             self.check(self.run_document(action, "d"), 3, "", f"ppword: error: {FULL}")
 
 
+class Tables(program.ProgramTest):
+    ERROR = "ERR_5009: the PP word table cannot be opened: "
+    COMMANDS = (
+        ["check", "table"],
+        ["check", "--lint", "table"],
+        ["check", "table", "--format", "json"],
+        ["list", "table", "formats"],
+        ["words", "table"],
+        ["diff", "table", "other"],
+        ["post", "job", "-t", "table"],
+        ["post", "job", "-t", "table", "-o", "apt", "--map", "map"],
+    )
+
+    def setUp(self):
+        super().setUp()
+        self.write("table", "*START_FORMAT MFG_XPOINT\n%.3f\n*END\n*START_SYNTAXES\nRAPID\n*END\n")
+        self.write("other", "*START_FORMAT MFG_XPOINT\n%.2f\n*END\n")
+        self.write("job", JOB)
+
+    def test_table_that_cannot_be_opened_again_is_an_error(self):
+        for command in self.COMMANDS:
+            sound = self.run_program(*command)
+            for openings in range(100):
+                done = self.run_with_fault(f"open:table:{openings}:{errno.EMFILE}", *command)
+                if (done.returncode, done.stdout) == (sound.returncode, sound.stdout):
+                    break
+                self.assertEqual(done.returncode, 2 if command[0] == "diff" else 1, command)
+                said = done.stdout if "json" in command else done.stderr
+                self.assertIn("Too many open files", said, (command, openings))
+            self.assertGreater(openings, 1, command)
+            self.assertLess(openings, 99, command)
+
+    def test_table_that_cannot_be_read_to_its_end_is_an_error(self):
+        self.write("table", "*START_FORMAT MFG_XPOINT\n%.3f\n*END\n" * 5000)
+        for command in (["check", "table"], ["check", "--lint", "table"]):
+            self.check(
+                self.run_with_fault("fread::0:9", *command),
+                1,
+                "table: refused\n",
+                f"table: error {self.ERROR}Bad file descriptor\n",
+            )
+
+
 if __name__ == "__main__":
     program.main()

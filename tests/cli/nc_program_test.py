@@ -372,6 +372,15 @@ class Refusals(NcProgramTest):
             self.assertNotIn("text", self.files())
             os.remove(os.path.join(self.folder, "running"))
 
+    def test_signal_that_is_ignored_does_not_end_the_run(self):
+        script = f'kill -HUP $PPID; printf "{SHORT[:-1]}\\n" > "$listing"'
+        done = self.post(
+            "G21\nM2\n",
+            env=self.put_interpreter(script),
+            preexec_fn=lambda: signal.signal(signal.SIGHUP, signal.SIG_IGN),
+        )
+        self.assertEqual((done.returncode, self.files().count("text")), (0, 0))
+
     def test_scratch_folder_that_cannot_be_created(self):
         folder = os.path.join(self.folder, "locked")
         os.mkdir(folder, 0o500)

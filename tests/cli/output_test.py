@@ -3,6 +3,7 @@
 import os
 import resource
 import subprocess
+import unittest
 
 import program
 from program import APT, JOB, LACKING_JOB, REPORT
@@ -184,6 +185,105 @@ class OutputFile(program.ProgramTest):
             "directory\n",
         )
         self.assertEqual(self.files(), ["job"])
+
+
+class WriteProtectedTest(program.ProgramTest):
+    REFUSED = "ppword: error: {} cannot be written: it is write-protected; --force replaces it\n"
+    OTHER_USER = 4711
+    OTHER_GROUP = 4712
+
+    def setUp(self):
+        super().setUp()
+        self.write("job", JOB)
+        self.write("apt", "old\n")
+
+    def set_rights(self, name, mode, user=None, group=None):
+        path = os.path.join(self.folder, name)
+        if user is not None:
+            os.chown(path, user, group)
+        os.chmod(path, mode)
+
+    def rights(self, name):
+        state = os.stat(os.path.join(self.folder, name))
+        return state.st_mode & 0o7777, state.st_uid, state.st_gid
+
+
+class WriteProtected(WriteProtectedTest):
+    def test_file_that_no_one_may_write_is_refused(self):
+        self.set_rights("apt", 0o444)
+        for prefix in ([], ["--strict"]):
+            done = self.run_program("post", *prefix, "job", "-o", "apt")
+            self.check(done, 3, "", self.REFUSED.format("apt"))
+        self.assertEqual((self.files(), self.read("apt")), (["apt", "job"], "old\n"))
+
+    def test_force_replaces_it_and_its_mode_stays(self):
+        self.set_rights("apt", 0o444)
+        done = self.run_program("post", "job", "-o", "apt", "--force")
+        self.check(done, 0, "", REPORT + "apt: written\n")
+        self.assertEqual((self.read("apt"), self.rights("apt")[0]), (APT, 0o444))
+
+    def test_force_does_not_matter_for_other_files(self):
+        for name in ("apt", "new"):
+            done = self.run_program("post", "job", "-o", name, "--force")
+            self.check(done, 0, "", REPORT + f"{name}: written\n")
+        self.assertEqual((self.read("apt"), self.read("new")), (APT, APT))
+
+    def test_map_that_no_one_may_write_is_refused(self):
+        self.write("map", "old\n")
+        self.set_rights("map", 0o400)
+        command = ("post", "job", "-o", "apt", "--map", "map")
+        self.check(self.run_program(*command), 3, "", self.REFUSED.format("map"))
+        self.assertEqual((self.read("apt"), self.read("map")), ("old\n", "old\n"))
+        self.assertEqual(self.run_program(*command, "--force").returncode, 0)
+        self.assertEqual((self.read("apt"), self.rights("map")[0]), (APT, 0o400))
+
+    def test_private_file_is_private_while_it_is_written(self):
+        self.set_rights("apt", 0o600)
+        with self.begun("post", "-", "-o", "apt") as process:
+            mode = self.rights(self.temporary_files()[0])[0]
+            self.finish(process)
+        self.assertEqual((mode, self.rights("apt")[0]), (0o600, 0o600))
+        self.assertEqual(self.read("apt"), self.BEGUN_APT)
+
+
+@unittest.skipUnless(os.geteuid() == 0, "only the superuser can act as other users")
+class OtherUsers(WriteProtectedTest):
+    def setUp(self):
+        super().setUp()
+        os.chmod(self.folder, 0o777)
+
+    def run_as_other(self, *arguments):
+        return self.run_program(
+            *arguments, user=self.OTHER_USER, group=self.OTHER_GROUP, extra_groups=[]
+        )
+
+    def test_owner_and_group_stay_when_the_superuser_writes(self):
+        self.set_rights("apt", 0o640, self.OTHER_USER, self.OTHER_GROUP)
+        self.assertEqual(self.run_program("post", "job", "-o", "apt").returncode, 0)
+        self.assertEqual(self.read("apt"), APT)
+        self.assertEqual(self.rights("apt"), (0o640, self.OTHER_USER, self.OTHER_GROUP))
+
+    def test_file_of_another_user_is_refused(self):
+        self.set_rights("apt", 0o644, 0, 0)
+        done = self.run_as_other("post", "job", "-o", "apt")
+        self.check(done, 3, "", self.REFUSED.format("apt"))
+        self.assertEqual((self.read("apt"), self.rights("apt")), ("old\n", (0o644, 0, 0)))
+
+    def test_file_that_its_group_may_write_keeps_its_group(self):
+        self.set_rights("apt", 0o664, 0, self.OTHER_GROUP)
+        self.assertEqual(self.run_as_other("post", "job", "-o", "apt").returncode, 0)
+        self.assertEqual(self.read("apt"), APT)
+        self.assertEqual(self.rights("apt"), (0o664, self.OTHER_USER, self.OTHER_GROUP))
+
+    def test_force_replaces_the_file_of_another_user(self):
+        self.set_rights("apt", 0o644, 0, 0)
+        self.assertEqual(self.run_as_other("post", "job", "-o", "apt", "--force").returncode, 0)
+        self.assertEqual(self.rights("apt"), (0o644, self.OTHER_USER, self.OTHER_GROUP))
+
+    def test_own_file_without_writing_is_refused(self):
+        self.set_rights("apt", 0o464, self.OTHER_USER, self.OTHER_GROUP)
+        done = self.run_as_other("post", "job", "-o", "apt")
+        self.check(done, 3, "", self.REFUSED.format("apt"))
 
 
 class Strict(program.ProgramTest):

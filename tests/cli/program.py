@@ -3,6 +3,7 @@
 import os
 import subprocess
 import tempfile
+import time
 import unittest
 
 PPWORD = os.environ["PPWORD"]
@@ -70,6 +71,37 @@ class ProgramTest(unittest.TestCase):
             "PPWORD_FAULT": fault,
         }
         return self.run_program(*arguments, env=environment, **options)
+
+    # Longer than what the program reads at once.
+    BEGUN_ELEMENTS = 3000
+    BEGUN_APT = APT * BEGUN_ELEMENTS
+
+    def temporary_files(self):
+        return [name for name in self.files() if name.startswith(".ppword-")]
+
+    def begun(self, *arguments, **options):
+        """A process that has begun to write its output and waits for the rest of its job."""
+        process = subprocess.Popen(
+            [PPWORD, *arguments],
+            cwd=self.folder,
+            stdin=subprocess.PIPE,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+            **options,
+        )
+        header, element, _ = JOB.splitlines(keepends=True)
+        process.stdin.write((header + element * self.BEGUN_ELEMENTS).encode())
+        process.stdin.flush()
+        end = time.monotonic() + 60
+        while not self.temporary_files() and process.poll() is None and time.monotonic() < end:
+            time.sleep(0.01)
+        return process
+
+    def finish(self, process):
+        """Writes the end of the job of a process that has begun."""
+        process.stdin.write(JOB.splitlines(keepends=True)[2].encode())
+        process.stdin.close()
+        process.wait(60)
 
     def check(self, done, status, stdout="", stderr=""):
         self.assertEqual((done.stderr or "", done.stdout or ""), (stderr, stdout))

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string>
 
+#include "inspect/diagnostics/TableFile.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {
@@ -72,11 +73,18 @@ TEST(TableBytes, ColumnAfterTheEndIsEmpty) {
   EXPECT_FALSE(excerpt.goesOn);
 }
 
-TEST(TableBytes, FileThatCannotBeReadHasNoBytes) {
+TEST(TableBytes, FileThatCannotBeReadIsAnError) {
   const TableFile file("text");
   EXPECT_EQ(TableBytes::read(std::string(file.path().View())).text(), "text");
   file.remove();
-  EXPECT_EQ(TableBytes::read(std::string(file.path().View())).text(), "");
+  try {
+    static_cast<void>(TableBytes::read(std::string(file.path().View())));
+    FAIL() << "nothing was raised";
+  } catch (const UnreadableTable& unreadable) {
+    EXPECT_EQ(unreadable.diagnostic.key, "ERR_5009");
+    EXPECT_EQ(unreadable.diagnostic.message,
+              "the PP word table cannot be opened: No such file or directory");
+  }
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "tests/table/TableFiles.h"
 
 namespace host {
@@ -195,10 +196,10 @@ TEST(TableWarnings, BinaryBytesAreRead) {
   EXPECT_EQ(warnings(std::string_view("\0\xFF\x80*START_LIST MFG_A\n\0\n*END\n", 28)), "");
 }
 
-TEST(TableWarnings, AbsentFileHasNoSection) {
+TEST(TableWarnings, AbsentFileIsAnError) {
   const TableFile file("");
   file.remove();
-  EXPECT_EQ(tableWarnings(std::string(file.path().View())).size(), 1U);
+  EXPECT_THROW(static_cast<void>(tableWarnings(std::string(file.path().View()))), UnreadableTable);
 }
 
 }  // namespace

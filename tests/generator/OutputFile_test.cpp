@@ -157,12 +157,14 @@ TEST(OutputFile, LinkThatLeadsNowhereGivesTheReasonAndStays) {
 
 TEST(OutputFile, NameThatIsTakenBesideIsLeftAlone) {
   const Scratch scratch;
-  const std::string taken = ".ppword-" + std::to_string(::getpid()) + "-0.tmp";
-  static_cast<void>(scratch.file(taken, "of somebody else"));
+  OutputFile first(scratch.path("out"));
+  first.write("FIRST");
   EXPECT_EQ(errorOf(scratch.path("out"), {"FINI"}), "none");
   EXPECT_EQ(scratch.text("out"), "FINI\n");
-  EXPECT_EQ(scratch.text(taken), "of somebody else");
   EXPECT_EQ(scratch.size(), 2U);
+  first.finish();
+  EXPECT_EQ(scratch.text("out"), "FIRST\n");
+  EXPECT_EQ(scratch.size(), 1U);
 }
 
 TEST(OutputFile, UnusablePlaceGivesTheReason) {

@@ -7,7 +7,7 @@
 
 #include <csignal>
 
-#include "post/program/ScratchFolder.h"
+#include "host/system/EndingSignals.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 #include <nlohmann/json.hpp>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
 #include "post/text/FoldedLines.h"
@@ -21,12 +22,14 @@ struct Verdict {
   std::vector<host::Diagnostic> findings;
 };
 
-Verdict verdictOf(const std::string& path, bool lint) {
+Verdict verdictOf(const std::string& path, bool lint) try {
   auto refusal = tableRefusal(path);
   // A file that cannot be read has no place to look at.
   if (lint && !(refusal && refusal->line == 0)) return {!refusal, host::lintTable(path)};
   if (refusal) return {false, {std::move(*refusal)}};
   return {true, host::tableWarnings(path)};
+} catch (const host::UnreadableTable& unreadable) {
+  return {false, {unreadable.diagnostic}};
 }
 
 bool isRefused(const Verdict& verdict, const Strictness& strictness) {

@@ -207,6 +207,7 @@ void addPost(CLI::App& command, PostOptions& options) {
       ->check(CLI::Validator(&nameMistake, ""))
       ->option_text("FILE");
   addFile(command, "--map", options.map, "Write where each line of -o comes from", "FILE");
+  command.add_flag("--force", options.force, "Replace an output or a map that is write-protected");
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
   addFile(command, "--output-dir", options.outputFolder, "Write the text of each JOB into DIR",

@@ -152,6 +152,8 @@ struct PostOptions : ToolPathOptions {
   std::string map;
   /// True to write the listing of an NC program instead of the text.
   bool listing = false;
+  /// True to replace a write-protected output or map.
+  bool force = false;
   StrictnessOptions strictness;
   bool verbose = false;
   OutputFormat format = OutputFormat::ForPeople;

@@ -28,13 +28,19 @@ std::string_view sectionName(ChangedSection section) {
 
 // --- The two tables
 
-// Why a table cannot be compared.
-std::vector<host::Diagnostic> errorsOf(const std::string& path, const host::TableBytes& table) {
+// Reads a table; returns why it cannot be compared.
+std::vector<host::Diagnostic> errorsOf(const std::string& path,
+                                       std::optional<host::TableBytes>& table) {
   if (auto unreadable = host::unreadableTable(path)) return {std::move(*unreadable)};
-  auto refusal = tableRefusal(path);
-  if (!refusal) return {};
-  auto errors = host::tableErrors(table, path);
-  return errors.empty() ? std::vector{std::move(*refusal)} : errors;
+  try {
+    table = host::TableBytes::read(path);
+    auto refusal = tableRefusal(path);
+    if (!refusal) return {};
+    auto errors = host::tableErrors(*table, path);
+    return errors.empty() ? std::vector{std::move(*refusal)} : errors;
+  } catch (const host::UnreadableTable& unreadable) {
+    return {unreadable.diagnostic};
+  }
 }
 
 ExitStatus refuseTables(const std::vector<host::Diagnostic>& errors, OutputFormat format) {
@@ -166,12 +172,12 @@ Json changesJson(const std::vector<TableChange>& changes, const DiffOptions& opt
 }  // namespace
 
 ExitStatus diffTables(const DiffOptions& options) {
-  const auto before = host::TableBytes::read(options.before);
-  const auto after = host::TableBytes::read(options.after);
+  std::optional<host::TableBytes> before;
+  std::optional<host::TableBytes> after;
   std::vector<host::Diagnostic> errors = errorsOf(options.before, before);
   for (host::Diagnostic& error : errorsOf(options.after, after)) errors.push_back(std::move(error));
   if (!errors.empty()) return refuseTables(errors, options.format);
-  const auto changes = host::tableChanges(before, after);
+  const auto changes = host::tableChanges(*before, *after);
   writeOutput(options.format == OutputFormat::ForPrograms
                   ? documentText(changesJson(changes, options))
                   : changesText(changes, options));

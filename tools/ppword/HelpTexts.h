@@ -137,8 +137,9 @@ line.
 Without -t the table is the one that the resource of the job names ('ppword tables' shows those that
 can be named). With the setting MFG_PPTABLE_NOLOAD the table of the job is not loaded.
 
-A file appears whole or not at all. On standard output the lines appear one after the other; with
---strict only at the end, if nothing is missing.
+A file appears whole or not at all. One that is replaced keeps its permissions and, where the system
+allows, its owner and group; one that is write-protected is replaced only with --force. On standard
+output the lines appear one after the other; with --strict only at the end, if nothing is missing.
 
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
 the table. It needs -o, a JOB that is a file, and appears after the text; then 'ppword explain

@@ -75,7 +75,7 @@ PostOutcome writeListing(const PostOptions& options) {
   const bool isRefused = !words.empty() && strictness.refuses(kMachineCoordinates);
   PostOutcome outcome = listingOutcome(options, input.name(), words, isRefused);
   if (isRefused) return outcome;
-  PostOutput output(options.output, false);
+  PostOutput output(options.output, false, protectionOf(options.force));
   copyLines(*listing.lines, output.lines());
   output.finish();
   outcome.addDoubt(output.file());

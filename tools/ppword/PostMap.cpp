@@ -4,6 +4,8 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "tools/ppword/PostOutput.h"
+
 namespace {
 
 // A file with the mark by which a change of it is noticed.
@@ -36,7 +38,11 @@ Json originJson(const std::optional<host::TableBytes::Place>& place, const ToolP
 
 PostMap::PostMap(const PostOptions& options, const ToolPathInput& input,
                  host::TableOrigins& origins, host::LineSink& text)
-    : options_(options), input_(input), origins_(origins), text_(text), file_(options.map) {}
+    : options_(options),
+      input_(input),
+      origins_(origins),
+      text_(text),
+      file_(options.map, protectionOf(options.force)) {}
 
 void PostMap::elementBegins(const host::WrittenElement& written) {
   const std::string file(written.element.file);

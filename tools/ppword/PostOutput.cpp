@@ -41,7 +41,9 @@ bool isSamePlace(const std::string& left, const std::string& right) {
   return isSameFile(left, right) || (!place(left).empty() && place(left) == place(right));
 }
 
-PostOutput::PostOutput(const std::string& output, bool strict) : file_(placeOf(output)) {
+PostOutput::PostOutput(const std::string& output, bool strict,
+                       host::OutputFile::Protected writeProtected)
+    : file_(placeOf(output), writeProtected) {
   if (strict && isDirect(placeOf(output))) held_ = std::make_unique<host::HeldLines>();
 }
 

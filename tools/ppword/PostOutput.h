@@ -14,12 +14,18 @@
 /// The same, also for a file that does not exist yet.
 [[nodiscard]] bool isSamePlace(const std::string& left, const std::string& right);
 
+/// What becomes of a write-protected output.
+[[nodiscard]] inline host::OutputFile::Protected protectionOf(bool force) {
+  using enum host::OutputFile::Protected;
+  return force ? Replaced : Refused;
+}
+
 /// The output file or standard output of a post run. An OutputError reports what cannot be written.
 class PostOutput {
  public:
   /// Empty for the standard output. A strict run holds back until the end what cannot be taken
   /// back.
-  PostOutput(const std::string& output, bool strict);
+  PostOutput(const std::string& output, bool strict, host::OutputFile::Protected writeProtected);
   ~PostOutput();
   PostOutput(const PostOutput&) = delete;
   PostOutput& operator=(const PostOutput&) = delete;

@@ -3,8 +3,10 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "host/system/FileBeside.h"
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "post/generator/Generator.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/LoadReport.h"
@@ -65,7 +67,8 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   host::TableOrigins origins;
   open(options, input, load, origins);
   const Strictness strictness(options.strictness);
-  auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict());
+  auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict(),
+                                             protectionOf(options.force));
   const auto map = mapOf(options, input, origins, *output);
   const bool isAlone = tables == nullptr;
   const host::Summary summary =
@@ -123,6 +126,8 @@ PostOutcome outcomeOf(const std::string& job, const std::function<PostOutcome()>
     return refusalOutcome(job, refusal.diagnostic);
   } catch (const host::InputError& error) {
     return refusalOutcome(job, host::inputDiagnostic(error));
+  } catch (const host::UnreadableTable& unreadable) {
+    return refusalOutcome(job, unreadable.diagnostic);
   } catch (const host::DocumentError& error) {
     return refusalOutcome(job, documentDiagnostic(error));
   }

@@ -1,4 +1,5 @@
 #include "KEPMfgPPTableTxt.h"
+#include "inspect/diagnostics/TableBytes.h"
 #include "tools/ppword/Contents.h"
 
 namespace {
@@ -45,7 +46,11 @@ Contents tableContents(const std::string& path, std::string_view section) {
   if (wanted("words")) contents.words = wordsOf(table);
   if (wanted("syntaxes")) contents.syntaxes = syntaxesOf(table);
   const auto bytes = ppword::tableBytes(path.c_str());
-  if (!bytes) return contents;
+  if (!bytes) {
+    // A query that could not read the file has found nothing; this says why.
+    static_cast<void>(host::TableBytes::read(path));
+    return contents;
+  }
   ppword::TableEntries entries(*bytes);
   if (wanted("commands") || wanted("sequences")) contents.commands = entries.commands();
   if (wanted("lists")) contents.lists = entries.lists();

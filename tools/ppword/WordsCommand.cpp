@@ -4,6 +4,7 @@
 
 #include "KEPMfgPPWordUtilities.h"
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/Json.h"
@@ -18,6 +19,7 @@ std::optional<host::Diagnostic> refusalOfWords(const std::string& table) {
   if (KEPSucceeded(KEPMfgPPWordUtilities::StoreListOfPPWords(KEPUnicodeString(table)))) {
     return std::nullopt;
   }
+  if (auto unreadable = host::unreadableTable(table)) return unreadable;
   return fileDiagnostic(
       table,
       "the words cannot be read: a section of words has no *END, or a word has more than 1023 "
