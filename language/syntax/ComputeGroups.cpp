@@ -8,7 +8,6 @@
 #include "language/number/DecimalPrefix.h"
 #include "language/number/NumberFormat.h"
 #include "language/syntax/Arithmetic.h"
-#include "language/syntax/Characters.h"
 #include "language/syntax/GroupCursor.h"
 #include "language/syntax/LineObserver.h"
 #include "language/syntax/ParameterSource.h"
@@ -17,8 +16,6 @@
 
 namespace ppword {
 namespace {
-
-constexpr CharacterSet kOpening("(");
 
 struct Operand {
   enum class Kind { Literal, Integer, Real };
@@ -79,7 +76,7 @@ void report(LineObserver& observer, std::string_view group,
 
 void computeGroups(SyntaxLine& line, std::string_view prefix, ParameterSource& parameters,
                    LineObserver* observer) {
-  if (!line.holdsAny(kOpening)) return;
+  if (!line.mayHoldGroups()) return;
   const std::string_view text = line.text();
   GroupCursor groups(text, prefix);
   std::string& out = line.draft();

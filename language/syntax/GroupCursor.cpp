@@ -16,17 +16,14 @@ std::string_view withoutFirstCharacter(std::string_view text) {
 }  // namespace
 
 GroupCursor::GroupCursor(std::string_view line, std::string_view prefix)
-    : line_(line), prefix_(prefix), open_(line.find('(')) {
-  if (open_ == kNone) return;
-  for (std::size_t i = 0; i < kOperators.size(); ++i) last_[i] = line.rfind(kOperators[i]);
-}
+    : line_(line), prefix_(prefix), open_(line.find('(')) {}
 
 std::optional<Group> GroupCursor::next() {
   while (open_ != kNone) {
     const std::size_t open = open_;
     const std::size_t close = line_.find(')', open);
-    const char sign = operatorAfter(open);
-    if (close == kNone || sign == 0) break;
+    const char sign = close == kNone ? '\0' : operatorAfter(open);
+    if (sign == '\0') break;
     open_ = line_.find('(', close);
     const std::string_view inner = line_.substr(open + 1, close - open - 1);
     const std::size_t place = inner.find(sign);
@@ -38,12 +35,14 @@ std::optional<Group> GroupCursor::next() {
   return std::nullopt;
 }
 
-char GroupCursor::operatorAfter(std::size_t place) const {
+/// Places only grow, so a line is searched once for each operator.
+char GroupCursor::operatorAfter(std::size_t place) {
   for (std::size_t i = 0; i < kOperators.size(); ++i) {
+    if (at_[i] <= place) at_[i] = line_.find(kOperators[i], place + 1);
     // deliberate: an operator after the group is chosen too.
-    if (last_[i] != kNone && last_[i] > place) return kOperators[i];
+    if (at_[i] != kNone) return kOperators[i];
   }
-  return 0;
+  return '\0';
 }
 
 GroupSide GroupCursor::sideOf(std::string_view text) const {

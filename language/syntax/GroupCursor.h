@@ -37,14 +37,15 @@ class GroupCursor {
  private:
   static constexpr std::string_view kOperators = "+-*/";
 
-  [[nodiscard]] char operatorAfter(std::size_t place) const;
+  /// The operator of a group that opens at `place`; '\0' when there is none.
+  [[nodiscard]] char operatorAfter(std::size_t place);
   [[nodiscard]] GroupSide sideOf(std::string_view text) const;
 
   std::string_view line_;
   std::string_view prefix_;
   std::size_t open_;
-  /// For each operator the place where it occurs last.
-  std::array<std::size_t, kOperators.size()> last_{};
+  /// For each operator the first place after the last group's "(" where it occurs.
+  std::array<std::size_t, kOperators.size()> at_{};
 };
 
 }  // namespace ppword

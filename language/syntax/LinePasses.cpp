@@ -10,49 +10,57 @@ namespace {
 /// What opens a reference, where those of a line are stored, and its two passes.
 struct Prefix {
   std::string_view text;
-  References LineScratch::*references;
-  /// A line without any of these has nothing for the passes.
-  CharacterSet marks;
+  References KnownLine::*references;
+  /// A line without it has no such reference.
+  CharacterSet mark;
   Pass groupsPass;
   Pass referencesPass;
 };
 
 constexpr Prefix kPrefixes[] = {
-    {kWordPrefix, &LineScratch::words, CharacterSet("(&"), Pass::WordGroups, Pass::Words},
-    {kExpressionPrefix, &LineScratch::expressions, CharacterSet("("), Pass::ExpressionGroups,
+    {kWordPrefix, &KnownLine::words, CharacterSet("&"), Pass::WordGroups, Pass::Words},
+    {kExpressionPrefix, &KnownLine::expressions, CharacterSet("("), Pass::ExpressionGroups,
      Pass::Expressions},
-    {kNumberPrefix, &LineScratch::numbers, CharacterSet("(%"), Pass::NumberGroups, Pass::Numbers}};
+    {kNumberPrefix, &KnownLine::numbers, CharacterSet("%"), Pass::NumberGroups, Pass::Numbers}};
 
-}  // namespace
-
-bool instantiateLine(LineScratch& scratch, bool cleansParentheses, ParameterSource& parameters,
-                     LineObserver* observer) {
-  SyntaxLine& line = scratch.line;
-  SignRecords& signs = scratch.signs;
-  const auto report = [&line, observer](Pass pass) {
-    if (observer != nullptr) observer->lineAfterPass(pass, line.text());
-  };
+/// The passes that need no parameter, from the line as it is written; reports the line after each.
+template <class Report>
+void readLine(LineScratch& scratch, const Report& report) {
+  SyntaxLine& line = scratch.line();
+  line.start(scratch.known().written);
   report(Pass::Written);
   maskEscapedPercents(line);
   report(Pass::MaskEscapes);
-  if (cleansParentheses) {
+  if (scratch.cleansParentheses()) {
     cleanParentheses(line);
     report(Pass::CleanParentheses);
   }
   rewriteDivisions(line);
   report(Pass::RewriteDivisions);
-  maskSigns(line, signs);
+  maskSigns(line, scratch.known().signs);
   report(Pass::MaskSigns);
+}
+
+}  // namespace
+
+bool instantiateLine(LineScratch& scratch, ParameterSource& parameters, LineObserver* observer) {
+  SyntaxLine& line = scratch.line();
+  KnownLine& known = scratch.known();
+  const auto report = [&line, observer](Pass pass) {
+    if (observer != nullptr) observer->lineAfterPass(pass, line.text());
+  };
+  if (!known.isRead || observer != nullptr) readLine(scratch, report);
+  if (!known.isRead) scratch.store();
+  scratch.resume();
   for (const Prefix& prefix : kPrefixes) {
-    const bool isIdle = !line.holdsAny(prefix.marks);
-    if (!isIdle) computeGroups(line, prefix.text, parameters, observer);
+    computeGroups(line, prefix.text, parameters, observer);
     report(prefix.groupsPass);
-    if (!isIdle) substitute(line, scratch.*prefix.references, parameters);
+    if (line.holdsAny(prefix.mark)) substitute(line, known.*prefix.references, parameters);
     report(prefix.referencesPass);
   }
-  if (!restoreSigns(line, signs, observer)) return false;
+  if (!restoreSigns(line, known.signs, observer)) return false;
   report(Pass::RestoreSigns);
-  evaluateLine(line, signs, observer);
+  evaluateLine(line, known.signs, observer);
   report(Pass::Evaluate);
   unmaskEscapedPercents(line);
   report(Pass::UnmaskEscapes);

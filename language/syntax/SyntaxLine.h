@@ -18,18 +18,27 @@ class SyntaxLine {
   using Revision = std::uint64_t;
   static constexpr Revision kNoRevision = 0;
 
+  /// What is known of a text, which is stored elsewhere.
+  struct Known {
+    Revision revision = kNoRevision;
+    CharacterSet characters{""};
+    /// False when the text has no "(" with a ")" and an operator that makes it a group.
+    bool mayHoldGroups = true;
+  };
+
   /// Starts a line with a copy of `text`: what it was taken from may change while it is processed.
-  /// The line that was started last is known still when it comes again.
   void start(std::string_view text) {
-    if (text != original_) {
-      original_ = text;
-      originalCharacters_ = CharacterSet(text);
-      originalRevision_ = ++lastRevision_;
-    }
-    text_ = original_;
-    revision_ = originalRevision_;
-    characters_ = originalCharacters_;
+    original_ = text;
+    change(original_);
+  }
+
+  /// Goes on with a text that this line had before, which is at `text` from now on.
+  void resume(std::string_view text, const Known& known) noexcept {
+    text_ = text;
+    revision_ = known.revision;
+    characters_ = known.characters;
     isScanned_ = true;
+    mayHoldGroups_ = known.mayHoldGroups;
   }
 
   [[nodiscard]] std::string_view text() const noexcept { return text_; }
@@ -47,6 +56,12 @@ class SyntaxLine {
   /// True when the text holds one of these characters: a pass asks whether it has anything to do.
   [[nodiscard]] bool holdsAny(CharacterSet others) noexcept {
     return characters().holdsAny(others);
+  }
+
+  /// False when the text is known to hold no group.
+  [[nodiscard]] bool mayHoldGroups() noexcept {
+    static constexpr CharacterSet kOpening("(");
+    return mayHoldGroups_ && holdsAny(kOpening);
   }
 
   /// An empty buffer for the changed line; `text()` stays valid while it is written.
@@ -76,16 +91,16 @@ class SyntaxLine {
     text_ = text;
     revision_ = ++lastRevision_;
     isScanned_ = false;
+    mayHoldGroups_ = true;
   }
 
   std::string original_;
-  CharacterSet originalCharacters_{""};
-  Revision originalRevision_ = kNoRevision;
   std::string_view text_;
   Revision revision_ = kNoRevision;
   Revision lastRevision_ = kNoRevision;
   CharacterSet characters_{""};
   bool isScanned_ = true;
+  bool mayHoldGroups_ = true;
   std::string drafts_[2];
   int next_ = 0;
   LineWriter writers_[2];

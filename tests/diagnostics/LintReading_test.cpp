@@ -74,8 +74,8 @@ class Passes final : public ParameterSource, public LineObserver {
   explicit Passes(std::string text) : text_(std::move(text)) {}
 
   void run(std::string_view line) {
-    scratch_.line.start(line);
-    EXPECT_TRUE(instantiateLine(scratch_, false, *this, this));
+    scratch_.start(1, line);
+    EXPECT_TRUE(instantiateLine(scratch_, *this, this));
   }
   [[nodiscard]] const State& after(Pass pass) { return states_[place(pass)]; }
   [[nodiscard]] const std::string& text() const { return text_; }
@@ -105,7 +105,7 @@ class Passes final : public ParameterSource, public LineObserver {
   }
 
  private:
-  LineScratch scratch_;
+  LineScratch scratch_{false};
   std::string text_;
   std::array<State, place(Pass::UnmaskEscapes) + 1> states_;
   State state_;

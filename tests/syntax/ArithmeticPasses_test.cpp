@@ -2,7 +2,9 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "language/syntax/GroupCursor.h"
 #include "language/syntax/Passes.h"
 #include "language/syntax/Signs.h"
 #include "language/syntax/SyntaxLine.h"
@@ -97,6 +99,50 @@ TEST(RewriteDivisions, LineGivesResult) {
       {"X/%A)/2", "X/%A)/2"},
   };
   for (const auto& [line, result] : kCases) EXPECT_EQ(rewritten(line), result) << line;
+}
+
+TEST(GroupCursor, OperatorIsTheFirstKindAfterTheParenthesis) {
+  struct Found {
+    std::size_t open, close;
+    char sign;
+    bool operator==(const Found&) const = default;
+  };
+  struct GroupsOfLine {
+    std::string_view line;
+    std::vector<Found> groups;
+  };
+  const GroupsOfLine kCases[] = {
+      {"", {}},
+      {"8/4", {}},
+      {"X/(8/4)", {{2, 6, '/'}}},
+      {"(/2)", {{0, 3, '/'}}},
+      {"(2/)", {{0, 3, '/'}}},
+      // an operator before the "(" is not looked at
+      {"8*4(5)", {}},
+      {"8*4(5/1)", {{3, 7, '/'}}},
+      // one after the ")" is: it hides those inside
+      {"(8)/", {}},
+      {"(A)(8/4)", {{3, 7, '/'}}},
+      {"(A)(8/4)+1", {}},
+      {"(8*4)(6/3)(9-1)", {{10, 14, '-'}}},
+      {"(8/4)-(9*3)", {{6, 10, '*'}}},
+      {"(1-2)(8/4)", {{0, 4, '-'}, {5, 9, '/'}}},
+      {"(1+2)(3+4)(5/6)", {{0, 4, '+'}, {5, 9, '+'}, {10, 14, '/'}}},
+      {"(5/6)(1+2)(3-4)(5*6)(7/8)", {{5, 9, '+'}, {10, 14, '-'}, {15, 19, '*'}, {20, 24, '/'}}},
+      // a "(" within a group is part of it
+      {"(1(2/3)4/5)", {{0, 6, '/'}}},
+      // without a ")" there is no group
+      {"(8/4", {}},
+      {"(8/4)/(3", {{0, 4, '/'}}},
+  };
+  for (const auto& [line, expected] : kCases) {
+    std::vector<Found> found;
+    GroupCursor groups(line, "%");
+    while (const auto group = groups.next()) {
+      found.push_back({group->open, group->close, group->sign});
+    }
+    EXPECT_EQ(found, expected) << line;
+  }
 }
 
 TEST(Signs, AreMaskedInOrderOfTheirKinds) {

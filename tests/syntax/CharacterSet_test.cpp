@@ -48,12 +48,23 @@ TEST(SyntaxLine, RevisionTellsTextsApart) {
   line.accept();
   EXPECT_NE(line.revision(), first);
   line.start("GOTO/%A");
-  EXPECT_EQ(line.revision(), first);
+  EXPECT_NE(line.revision(), first);
+}
+
+TEST(SyntaxLine, LineThatIsResumedIsTheOneThatWasKnown) {
+  SyntaxLine line;
+  line.start("GOTO/1");
+  line.resume("GOTO/(%A", {7, CharacterSet("GOTO/(%A"), false});
+  EXPECT_EQ(line.text(), "GOTO/(%A");
+  EXPECT_EQ(line.revision(), 7U);
   EXPECT_TRUE(line.holdsAny(CharacterSet("%")));
-  line.start("GOTO/%B");
-  EXPECT_NE(line.revision(), first);
-  line.start("GOTO/%A");
-  EXPECT_NE(line.revision(), first);
+  EXPECT_FALSE(line.mayHoldGroups());
+  line.draft() = "GOTO/(1";
+  line.accept();
+  EXPECT_TRUE(line.mayHoldGroups());
+  line.draft() = "GOTO/1";
+  line.accept();
+  EXPECT_FALSE(line.mayHoldGroups());
 }
 
 }  // namespace

@@ -131,6 +131,41 @@ TEST_F(RandomSyntax, LineThatComesAgainReadsItsParametersAgain) {
   }
 }
 
+/// The continuation marks of a list, as they are described.
+Texts marked(Texts lines) {
+  const auto trimmed = [](std::string line) {
+    while (!line.empty() && line.front() == ' ') line.erase(0, 1);
+    while (!line.empty() && line.back() == ' ') line.pop_back();
+    return line;
+  };
+  for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+    const std::string line = trimmed(lines[i]);
+    const std::string next = trimmed(lines[i + 1]);
+    const bool isAsked = next.starts_with(',') && !line.ends_with('$');
+    if (next.find('/') == std::string::npos && (isAsked || line.ends_with(','))) lines[i] += '$';
+  }
+  return lines;
+}
+
+TEST_F(RandomSyntax, SyntaxesOfManyLinesFollowTheRulesStepByStep) {
+  LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
+  std::mt19937 random(seed_);
+  Texts syntax;
+  for (int i = 0; i < kLines / 20; ++i) {
+    // Some lines stay, some change, come or go.
+    syntax.resize(random() % 20);
+    for (std::size_t changes = 1 + random() % 3; changes > 0 && !syntax.empty(); --changes) {
+      syntax[random() % syntax.size()] = lines_.next();
+    }
+    Texts before(random() % 4);
+    for (std::string& line : before) line = lines_.next();
+    Texts expected = before;
+    for (const std::string& line : syntax) expected.push_back(literal.instantiated(line));
+    KEPISpecAttrAccess_var(instruction_)->SetList("Syntaxe", list(syntax));
+    ASSERT_EQ(instantiate(instruction_, 1, before).lines, marked(expected)) << "seed " << seed_;
+  }
+}
+
 TEST_F(RandomSyntax, LinesOfOperatorsFollowTheRulesStepByStep) {
   LiteralPasses literal([this](const std::string& name) { return lookUp(name); });
   for (int i = 0; i < kLines / 4; ++i) {

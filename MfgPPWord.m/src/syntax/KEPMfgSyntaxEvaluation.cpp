@@ -82,16 +82,17 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   ListenedLine listened(parameters.listener());
   LineObserver* const observer = parameters.listener() == nullptr ? nullptr : &listened;
   // Taken out for the call: an evaluation may instantiate this very syntax again.
-  auto scratch = scratch_ ? std::move(scratch_) : std::make_unique<LineScratch>();
+  auto scratch =
+      scratch_ ? std::move(scratch_) : std::make_unique<LineScratch>(cleansParentheses());
   for (int i = 1; i <= count; ++i) {
     // Read again after the first line: an evaluation may have changed the syntax.
     const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
     if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
-    scratch->line.start(current->GetTexts()[i]);
-    if (!instantiateLine(*scratch, cleansParentheses(), parameters, observer)) {
+    scratch->start(static_cast<std::size_t>(i), current->GetTexts()[i]);
+    if (!instantiateLine(*scratch, parameters, observer)) {
       return Outcome::Failed;
     }
-    lines.Append(KEPUnicodeString(scratch->line.text()));
+    lines.Append(KEPUnicodeString(scratch->line().text()));
   }
   scratch_ = std::move(scratch);
   return Outcome::AllLines;
