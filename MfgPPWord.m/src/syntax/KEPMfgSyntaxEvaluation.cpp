@@ -1,5 +1,6 @@
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,6 +9,7 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "Manufacturing/KEPMfgModelUtilities.h"
+#include "language/syntax/Characters.h"
 #include "language/syntax/Continuation.h"
 #include "src/syntax/DocumentParameters.h"
 #include "src/syntax/ListenedLine.h"
@@ -25,11 +27,26 @@ bool cleansParentheses() {
   return isOn;
 }
 
+/// True for a line with which a continuation may begin or end: it is empty, or a blank or a comma
+/// is its first or last character.
+bool mayContinue(const KEPUnicodeString& line) {
+  static constexpr CharacterTable kEnds(std::string_view(", \0", 3));
+  return kEnds.holds(*line.ConvertToChar()) || kEnds.holds(line.View().back());
+}
+
+/// Looks at the ends of the lines first: a caller that fills one list has all of its lines looked
+/// at by every call.
 void setContinuationMarks(KEPListValKEPUnicodeString& lines) {
-  for (int k = 1; k < lines.Size(); ++k) {
-    if (needsContinuationMark(lines[k], lines[k + 1])) {
-      lines[k] = KEPUnicodeString(std::string(lines[k].View()) + '$');
-    }
+  const auto mark = [&lines](int k) {
+    if (k < 1 || k >= lines.Size() || !needsContinuationMark(lines[k], lines[k + 1])) return;
+    lines[k] = KEPUnicodeString(std::string(lines[k].View()) + '$');
+  };
+  for (auto line = lines.begin(); line != lines.end(); ++line) {
+    line = std::find_if(line, lines.end(), mayContinue);
+    if (line == lines.end()) return;
+    const int k = static_cast<int>(line - lines.begin()) + 1;
+    mark(k - 1);
+    mark(k);
   }
 }
 
