@@ -12,4 +12,9 @@ namespace ppword {
 /// reads as 0.
 [[nodiscard]] std::optional<double> decimalPrefix(std::string_view text);
 
+/// The number that a text is: blanks, perhaps a "-", then digits with at most one point to the end.
+/// Nothing for any other text, and for more than 15 digits; what is read is as decimalPrefix reads
+/// it.
+[[nodiscard]] std::optional<double> plainDecimal(std::string_view text);
+
 }  // namespace ppword

@@ -46,6 +46,11 @@ void LeftOperand::keep(const Operation& operation) {
 }
 
 std::optional<double> LeftOperand::number() {
+  if (plainEnd_ == start_) number_ = plainDecimal(view());
+  if (plainEnd_ == start_ && number_) {
+    plainEnd_ = text_.size();
+    isConverted_ = true;
+  }
   plainEnd_ = kNumberCharacters.firstOtherIn(text_, plainEnd_);
   if (plainEnd_ < text_.size()) return std::nullopt;
   if (!isConverted_) number_ = decimalPrefix(view());

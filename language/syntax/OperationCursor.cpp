@@ -37,6 +37,7 @@ bool isComment(std::string_view line) {
 }
 
 std::optional<double> operandNumber(std::string_view operand) {
+  if (const auto number = plainDecimal(operand)) return number;
   if (kNumberCharacters.firstOtherIn(operand) < operand.size()) return std::nullopt;
   return decimalPrefix(operand);
 }

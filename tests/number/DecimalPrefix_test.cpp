@@ -2,8 +2,15 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <optional>
+#include <random>
 #include <string>
+#include <string_view>
+
+#include "tests/support/Mutator.h"
 
 namespace {
 
@@ -66,6 +73,69 @@ TEST(DecimalPrefix, NumberAtTheEdgeOfTheRangeIsRead) {
   EXPECT_EQ(decimalPrefix("4.9406564584124654e-324"), 4.9406564584124654e-324);
   EXPECT_EQ(decimalPrefix("1" + std::string(400, '0') + "e-400"), 1.0);
   EXPECT_EQ(decimalPrefix("0e999999999999"), 0.0);
+}
+
+/// Digits, points, signs, blanks and letters that may be part of a number.
+std::string randomNumber(std::mt19937& random) {
+  constexpr std::string_view kLetters = "0123456789012345678901234567890000999.. -+eE\tx,";
+  std::string text;
+  for (std::size_t count = random() % 20; count > 0; --count) {
+    text += kLetters[random() % kLetters.size()];
+  }
+  return text;
+}
+
+/// What the C library reads; hexadecimal numbers are cut before their "x".
+std::optional<double> readByLibrary(std::string text) {
+  text = text.substr(0, text.find('x'));
+  char* end = nullptr;
+  const double value = std::strtod(text.c_str(), &end);
+  if (end == text.c_str() || std::isinf(value)) return std::nullopt;
+  return value;
+}
+
+bool isSame(std::optional<double> left, std::optional<double> right) {
+  return left == right && (!left || std::signbit(*left) == std::signbit(*right));
+}
+
+/// True for blanks, at most one "-", then digits with at most one point.
+bool readsAsPlain(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  text.remove_prefix(text.starts_with('-') ? 1 : 0);
+  return text.find_first_not_of("0123456789.") == std::string_view::npos &&
+         std::count(text.begin(), text.end(), '.') <= 1;
+}
+
+TEST(DecimalPrefix, RandomNumbersAreReadAsTheStandardLibraryReadsThem) {
+  const unsigned seed = chosenSeed();
+  std::mt19937 random(seed);
+  for (int i = 0; i < 200000; ++i) {
+    const std::string text = randomNumber(random);
+    const auto expected = readByLibrary(text);
+    ASSERT_TRUE(isSame(decimalPrefix(text), expected)) << "seed " << seed << " «" << text << "»";
+    const auto plain = ppword::plainDecimal(text);
+    const bool isPlain = text.size() <= 15 && expected && readsAsPlain(text);
+    ASSERT_TRUE(plain || !isPlain) << "seed " << seed << " «" << text << "»";
+    ASSERT_TRUE(!plain || isSame(plain, expected)) << "seed " << seed << " «" << text << "»";
+  }
+}
+
+TEST(PlainDecimal, IsAWholeText) {
+  constexpr Reading kReadings[] = {{"5", 5.0},
+                                   {"  5", 5.0},
+                                   {" -5", -5.0},
+                                   {"5.", 5.0},
+                                   {".5", 0.5},
+                                   {"0.1", 0.1},
+                                   {"999999999999999", 999999999999999.0},
+                                   {"0.00000000000001", 1e-14},
+                                   {".000000000000001", 1e-15}};
+  for (const auto& [text, value] : kReadings) EXPECT_EQ(ppword::plainDecimal(text), value) << text;
+  for (const char* text : {"", " ", "-", ".", "- 5", "+5", "\t5", "5 ", "5-", "--5", "5,", "1.2.3",
+                           "5e1", "1000000000000000", "0.000000000000001", "nan"}) {
+    EXPECT_EQ(ppword::plainDecimal(text), std::nullopt) << text;
+  }
+  EXPECT_TRUE(std::signbit(ppword::plainDecimal("-0").value()));
 }
 
 TEST(DecimalPrefix, DecimalCommaEndsTheNumber) { EXPECT_EQ(decimalPrefix("1,5"), 1.0); }
