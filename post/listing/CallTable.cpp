@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <functional>
 
+#include "host/system/TextHash.h"
+
 namespace host {
 namespace {
 
@@ -104,6 +106,12 @@ constexpr CallRule kRules[] = {
 
 static_assert(std::ranges::is_sorted(kRules, std::less<>(), &CallRule::name));
 
+TextMap<const CallRule*> rulesByName() {
+  TextMap<const CallRule*> rules;
+  for (const CallRule& rule : kRules) rules.emplace(rule.name, &rule);
+  return rules;
+}
+
 }  // namespace
 
 const CallRule* findCallRule(std::string_view name) {
@@ -111,9 +119,9 @@ const CallRule* findCallRule(std::string_view name) {
   if (name.starts_with("SPINDLE.") && name.ends_with(".WAIT_ORIENT_COMPLETE")) {
     return findCallRule("WAIT_SPINDLE_ORIENT_COMPLETE");
   }
-  const CallRule* const rule =
-      std::ranges::lower_bound(kRules, name, std::less<>(), &CallRule::name);
-  return rule != std::end(kRules) && rule->name == name ? rule : nullptr;
+  static const TextMap<const CallRule*> rules = rulesByName();
+  const auto rule = rules.find(name);
+  return rule != rules.end() ? rule->second : nullptr;
 }
 
 }  // namespace host

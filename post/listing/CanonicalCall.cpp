@@ -3,21 +3,28 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <optional>
 
+#include "language/number/ShortDecimal.h"
+#include "language/syntax/Characters.h"
 #include "post/toolpath/LineReader.h"
 
 namespace host {
 namespace {
 
-constexpr std::size_t kLongestName = 64;
-constexpr std::string_view kDigits = "0123456789";
-constexpr std::string_view kNameLetters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789.";
-constexpr std::string_view kBlockLetters = "0123456789.";
+using ppword::CharacterTable;
 
-bool isControl(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return (value < 0x20 && byte != '\t') || value == 0x7f;
-}
+constexpr std::size_t kLongestName = 64;
+constexpr CharacterTable kBlank(" ");
+constexpr CharacterTable kDigits("0123456789");
+constexpr CharacterTable kNameLetters("ABCDEFGHIJKLMNOPQRSTUVWXYZ_0123456789.");
+constexpr CharacterTable kBlockLetters("0123456789.");
+constexpr CharacterTable kSeparators(", ");
+/// All below the blank but the tab, and DEL.
+constexpr CharacterTable kControls(std::string_view(
+    "\0\x01\x02\x03\x04\x05\x06\x07\b\n\v\f\r\x0e\x0f\x10\x11\x12\x13\x14\x15\x16\x17\x18\x19"
+    "\x1a\x1b\x1c\x1d\x1e\x1f\x7f",
+    32));
 
 std::string hexadecimal(char byte) {
   constexpr std::string_view kHex = "0123456789abcdef";
@@ -39,16 +46,17 @@ class Cursor {
 
   [[nodiscard]] std::size_t at() const { return at_; }
   [[nodiscard]] bool atEnd() const { return at_ == line_.size(); }
-  [[nodiscard]] std::string_view rest() const { return line_.substr(at_); }
+  [[nodiscard]] std::string_view rest() const { return {line_.data() + at_, line_.size() - at_}; }
   /// Takes the next letters that are in a set.
-  std::string_view take(std::string_view set) {
-    const std::size_t end = std::min(line_.find_first_not_of(set, at_), line_.size());
-    const std::string_view taken = line_.substr(at_, end - at_);
+  std::string_view take(const CharacterTable& set) {
+    const std::size_t first = at_;
+    std::size_t end = at_;
+    while (end < line_.size() && set.holds(line_[end])) ++end;
     at_ = end;
-    return taken;
+    return {line_.data() + first, end - first};
   }
   bool takeOne(char letter) {
-    if (!rest().starts_with(letter)) return false;
+    if (atEnd() || line_[at_] != letter) return false;
     ++at_;
     return true;
   }
@@ -60,20 +68,19 @@ class Cursor {
 };
 
 void refuseBinary(std::string_view line, const LinePlace& place) {
-  const auto control = std::find_if(line.begin(), line.end(), isControl);
-  if (control == line.end()) return;
-  place.refuse(static_cast<std::size_t>(control - line.begin()),
-               "the byte " + hexadecimal(*control) +
-                   " is not text; this is not a listing, or it is damaged");
+  const std::size_t control = kControls.firstIn(line);
+  if (control == line.size()) return;
+  place.refuse(control, "the byte " + hexadecimal(line[control]) +
+                            " is not text; this is not a listing, or it is damaged");
 }
 
 long takeRunningNumber(Cursor& cursor, const LinePlace& place) {
-  cursor.take(" ");
+  cursor.take(kBlank);
   const std::size_t at = cursor.at();
   const std::string_view digits = cursor.take(kDigits);
   long number = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  const bool numbered = !digits.empty() && error == std::errc() && !cursor.take(" ").empty();
+  const bool numbered = !digits.empty() && error == std::errc() && !cursor.take(kBlank).empty();
   if (numbered && cursor.takeOne('N')) return number;
   place.refuse(
       at,
@@ -84,7 +91,7 @@ long takeRunningNumber(Cursor& cursor, const LinePlace& place) {
 std::string_view takeName(Cursor& cursor, const LinePlace& place) {
   const std::size_t at = cursor.at();
   const std::string_view name = cursor.take(kNameLetters);
-  if (name.empty() || kDigits.find(name.front()) != std::string_view::npos) {
+  if (name.empty() || kDigits.holds(name.front())) {
     place.refuse(at, "the name of a call is expected");
   }
   if (name.size() > kLongestName) place.refuse(at, "the name of the call is too long");
@@ -98,7 +105,7 @@ class ArgumentReader {
       : call_(call), shape_(shape), place_(place), cursor_(call.arguments) {}
 
   CanonicalArguments read() {
-    cursor_.take(" ");
+    cursor_.take(kBlank);
     for (std::size_t index = 0; index < shape_.size(); ++index) {
       if (cursor_.atEnd()) refuseCount(std::to_string(index));
       readOne(index);
@@ -127,6 +134,23 @@ class ArgumentReader {
   }
 
   double number() {
+    const auto value = shortNumber();
+    return value ? *value : longNumber();
+  }
+
+  /// A number as listings print them; nothing, and nothing taken, for any other text.
+  std::optional<double> shortNumber() {
+    const std::string_view rest = cursor_.rest();
+    const char* const end = rest.data() + rest.size();
+    const bool isNegative = rest.starts_with('-');
+    const char* at = rest.data() + (isNegative ? 1 : 0);
+    const auto value = ppword::readShortDecimal(at, end);
+    if (!value || (at != end && !kSeparators.holds(*at))) return std::nullopt;
+    cursor_.advance(static_cast<std::size_t>(at - rest.data()));
+    return isNegative ? -*value : *value;
+  }
+
+  double longNumber() {
     const std::string_view text = piece();
     double value = 0;
     const auto [end, error] =
@@ -164,14 +188,14 @@ class ArgumentReader {
   /// The text up to the next separator.
   [[nodiscard]] std::string_view piece() const {
     const std::string_view rest = cursor_.rest();
-    return rest.substr(0, std::min(rest.find_first_of(", "), rest.size()));
+    return rest.substr(0, kSeparators.firstIn(rest));
   }
 
   /// Blanks, with one comma among them at most.
   void takeSeparator() {
-    cursor_.take(" ");
+    cursor_.take(kBlank);
     if (!cursor_.takeOne(',')) return;
-    cursor_.take(" ");
+    cursor_.take(kBlank);
     if (cursor_.atEnd()) refuse("argument missing after the last comma");
   }
 
@@ -208,7 +232,7 @@ CanonicalCall parseCall(std::string_view line, const LinePlace& place) {
   if (call.block.empty()) {
     place.refuse(cursor.at(), "'.....' or a block number is expected after 'N'");
   }
-  cursor.take(" ");
+  cursor.take(kBlank);
   call.nameAt = cursor.at();
   call.name = takeName(cursor, place);
   if (!cursor.takeOne('(')) place.refuse(cursor.at(), "'(' is expected after the name of the call");
