@@ -17,6 +17,10 @@ void ListenerScope::LineAfterPass(Pass pass, std::string_view line) {
   previous_->LineAfterPass(pass, line);
 }
 
+bool ListenerScope::ReceivesLines() const {
+  return listener_.ReceivesLines() || previous_->ReceivesLines();
+}
+
 void ListenerScope::ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                                       const KEPBaseUnknown* evaluation) {
   listener_.ReferenceLookedUp(name, type, evaluation);

@@ -24,6 +24,7 @@ class KEP_PLATFORM ListenerScope final : private KEPMfgPPWordListener {
 
  private:
   void LineAfterPass(Pass pass, std::string_view line) override;
+  [[nodiscard]] bool ReceivesLines() const override;
   void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* evaluation) override;
   void ValueFound(const KEPMfgParameterValue& value, const KEPUnicodeString* format) override;

@@ -41,6 +41,8 @@ class LineObserver {
   LineObserver& operator=(const LineObserver&) = delete;
   virtual ~LineObserver() = default;
 
+  /// False when lineAfterPass does nothing: it is not called then.
+  [[nodiscard]] virtual bool receivesLines() const = 0;
   virtual void lineAfterPass(Pass pass, std::string_view line) = 0;
 
   /// An operation as it was in the line, and its result; empty unless it was computed. A long left

@@ -46,10 +46,11 @@ void readLine(LineScratch& scratch, const Report& report) {
 bool instantiateLine(LineScratch& scratch, ParameterSource& parameters, LineObserver* observer) {
   SyntaxLine& line = scratch.line();
   KnownLine& known = scratch.known();
-  const auto report = [&line, observer](Pass pass) {
-    if (observer != nullptr) observer->lineAfterPass(pass, line.text());
+  const bool isReported = observer != nullptr && observer->receivesLines();
+  const auto report = [&line, observer, isReported](Pass pass) {
+    if (isReported) observer->lineAfterPass(pass, line.text());
   };
-  if (!known.isRead || observer != nullptr) readLine(scratch, report);
+  if (!known.isRead || isReported) readLine(scratch, report);
   if (!known.isRead) scratch.store();
   scratch.resume();
   for (const Prefix& prefix : kPrefixes) {

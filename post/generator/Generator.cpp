@@ -12,6 +12,7 @@
 #include "host/manufacturing/Activity.h"
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
+#include "language/syntax/Characters.h"
 #include "post/output/LineSink.h"
 #include "post/parameters/Parameters.h"
 #include "post/text/SpellingSuggestion.h"
@@ -19,6 +20,8 @@
 
 namespace host {
 namespace {
+
+constexpr ppword::CharacterTable kDigits("0123456789");
 
 /// What messages call an element.
 std::string titleOf(const Element& element) {
@@ -63,6 +66,8 @@ class Generator::Listener final : public KEPMfgPPWordListener {
     hasOwnSpeeds_ = activity.motions.has_value();
   }
 
+  [[nodiscard]] bool ReceivesLines() const override { return false; }
+
   void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* /*evaluation*/) override {
     type_ = type;
@@ -103,7 +108,7 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   /// True for the text of a parameter type that prints numbers when no digit is in it.
   [[nodiscard]] bool lacksNumber(std::string_view text) const {
-    if (text.find_first_of("0123456789") != std::string_view::npos) return false;
+    if (kDigits.firstIn(text) < text.size()) return false;
     const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
     return attributes != nullptr && attributes->FindText("Format") != nullptr;
   }
@@ -241,6 +246,8 @@ void Generator::instantiate(const Instruction& instruction, const Element& eleme
   }
   for (const KEPUnicodeString& line : lines_) {
     sink_.write(line);
+    // A line has no more columns than bytes.
+    if (line.View().size() <= kStatementColumns) continue;
     if (line.GetLengthInChar() <= kStatementColumns) continue;
     summary_.wide.add(instruction.name, element.place(), titleOf(element));
   }

@@ -91,6 +91,7 @@ class Passes final : public ParameterSource, public LineObserver {
     return ParameterNumber{2.5, false};
   }
   void textDropped(std::string_view, std::string_view) override {}
+  [[nodiscard]] bool receivesLines() const override { return true; }
   void lineAfterPass(Pass pass, std::string_view line) override {
     state_.line = line;
     // The strings and lists of the line before are used again.

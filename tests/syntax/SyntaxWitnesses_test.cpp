@@ -129,7 +129,13 @@ class Notes final : public KEPMfgPPWordListener {
     dropped.push_back(std::string(name) + " " + std::string(text));
   }
 
-  Texts passes, references, dropped;
+  void OperationEnded(Operation, std::string_view operation, std::string_view result) override {
+    operations.push_back(std::string(operation) + " " + std::string(result));
+  }
+  [[nodiscard]] bool ReceivesLines() const override { return receivesLines; }
+
+  bool receivesLines = true;
+  Texts passes, references, dropped, operations;
 };
 
 TEST_F(ListenedSyntax, EngineTellsOfPassesAndReferences) {
@@ -156,6 +162,21 @@ TEST_F(ListenedSyntax, EngineTellsOfPassesAndReferences) {
                    "groups % RPM,%F,%MFG_XPOINT,%BAD@#@#@#@#,%F$",
                    "references % RPM,2.00,0.0,,2.00", "restore signs RPM,2.00,0.0,,2.00",
                    "evaluate RPM,2.00,0.0,,2.00", "unmask escapes RPM,2.00,0.0,,2.00"}));
+}
+
+TEST_F(ListenedSyntax, ListenerWithoutLinesGetsEverythingElse) {
+  activity()->parameters().set("F", realValue(2));
+  const auto instr = instruction("NC_X", {"X/%F$,2*3,%BAD\\%", "Y/%F+1"});
+  Notes notes;
+  for (const bool receivesLines : {true, false, true, false}) {
+    notes.receivesLines = receivesLines;
+    notes.passes = notes.references = notes.dropped = notes.operations = {};
+    EXPECT_EQ(instantiate(instr).lines, (Texts{"X/    2.000000,    6.000000,", "Y/    3.000000"}));
+    EXPECT_EQ(notes.references, (Texts{"F 2     2.000000", "BAD\\% 3 ", "F 2     2.000000"}));
+    EXPECT_EQ(notes.dropped, Texts{"F $"});
+    EXPECT_EQ(notes.operations, (Texts{"2*3     6.000000", "    2.000000+1     3.000000"}));
+    EXPECT_EQ(notes.passes.empty(), !receivesLines);
+  }
 }
 
 }  // namespace

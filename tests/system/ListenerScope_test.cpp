@@ -118,6 +118,25 @@ TEST(ListenerScope, ListenerThatWasInstalledByHandGetsTheCallsToo) {
   EXPECT_EQ(calls, (Calls{"inner: dropped A X", "own: dropped A X"}));
 }
 
+TEST(ListenerScope, LinesAreReceivedWhenAnyListenerReceivesThem) {
+  struct Unlined final : KEPMfgPPWordListener {
+    [[nodiscard]] bool ReceivesLines() const override { return false; }
+  };
+  Calls calls;
+  Notes lined("lined", calls);
+  Unlined outer;
+  Unlined inner;
+  const ListenerScope first(outer);
+  EXPECT_FALSE(session().listener->ReceivesLines());
+  const ListenerScope second(inner);
+  EXPECT_FALSE(session().listener->ReceivesLines());
+  const ListenerScope third(lined);
+  EXPECT_TRUE(session().listener->ReceivesLines());
+  Unlined last;
+  const ListenerScope fourth(last);
+  EXPECT_TRUE(session().listener->ReceivesLines());
+}
+
 TEST(ListenerScope, EveryCallIsPassedOnWithItsArguments) {
   Calls calls;
   Notes outer("outer", calls);

@@ -21,7 +21,26 @@ std::string_view unevaluatedText() {
   return text.View();
 }
 
-bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation, LineWriter& out) {
+/// A name as it is written in the syntax, for the listener: few hold a mask, the others are not
+/// copied.
+class WrittenName {
+ public:
+  explicit WrittenName(std::string_view name) : name_(name) {
+    if (name.find(kPercentMask) == std::string_view::npos) return;
+    copy_ = withEscapedPercents(name);
+    name_ = copy_;
+  }
+  WrittenName(const WrittenName&) = delete;
+  WrittenName& operator=(const WrittenName&) = delete;
+  operator std::string_view() const noexcept { return name_; }
+
+ private:
+  std::string copy_;
+  std::string_view name_;
+};
+
+[[gnu::always_inline]] inline bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation,
+                                                    LineWriter& out) {
   KEPString text;
   if (!evaluation.Evaluate(text)) return false;
   out.append(text.View());
@@ -36,9 +55,9 @@ std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
   return found ? std::optional(std::move(format)) : std::nullopt;
 }
 
-bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
-                    const KEPISpecObject_var& type, KEPMfgPPWordListener* listener,
-                    LineWriter& out) {
+[[gnu::noinline]] bool appendLookedUp(std::string_view name, const KEPISpecObject_var& feature,
+                                      const KEPISpecObject_var& type,
+                                      KEPMfgPPWordListener* listener, LineWriter& out) {
   const auto value = parameterValue(feature, name);
   if (!value) return false;
   const auto format = type ? formatOf(type) : std::nullopt;
@@ -63,27 +82,38 @@ DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
     : feature_(feature), container_(KEPBorrow<KEPIContainer>(container.Get())) {}
 
 void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
-  const std::size_t start = out.text().size();
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   // Held by its type.
   auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
-  if (listener_ != nullptr) {
-    listener_->ReferenceLookedUp(withEscapedPercents(name), type.Get(), evaluation);
-  }
+  if (listener_ != nullptr) return appendReported(name, type, evaluation, out);
+  static_cast<void>(appendValue(name, type, evaluation, out));
+}
+
+[[gnu::always_inline]] inline bool DocumentParameters::appendValue(
+    std::string_view name, const KEPISpecObject_var& type, KEPIMfgParameterEvaluation* evaluation,
+    LineWriter& out) {
   const bool done = evaluation != nullptr ? appendEvaluation(*evaluation, out)
                                           : appendLookedUp(name, feature_, type, listener_, out);
   if (!done) out.append(unevaluatedText());
-  if (listener_ == nullptr) return;
+  return done;
+}
+
+void DocumentParameters::appendReported(std::string_view name, const KEPISpecObject_var& type,
+                                        KEPIMfgParameterEvaluation* evaluation, LineWriter& out) {
+  const WrittenName written(name);
+  listener_->ReferenceLookedUp(written, type.Get(), evaluation);
+  const std::size_t start = out.text().size();
+  const bool done = appendValue(name, type, evaluation, out);
   const Source source = !done                   ? Source::NotEvaluated
                         : evaluation != nullptr ? Source::Evaluation
                         : type                  ? Source::FormattedParameter
                                                 : Source::Parameter;
-  listener_->ReferenceReplaced(withEscapedPercents(name), source, out.text().substr(start));
+  listener_->ReferenceReplaced(written, source, out.text().substr(start));
 }
 
 std::optional<ParameterNumber> DocumentParameters::number(std::string_view name) {
   if (listener_ != nullptr) {
-    listener_->ReferenceLookedUp(withEscapedPercents(name), nullptr, nullptr);
+    listener_->ReferenceLookedUp(WrittenName(name), nullptr, nullptr);
   }
   const auto value = parameterValue(feature_, name);
   if (listener_ != nullptr && value) listener_->ValueFound(*value, nullptr);
@@ -92,7 +122,7 @@ std::optional<ParameterNumber> DocumentParameters::number(std::string_view name)
 
 void DocumentParameters::textDropped(std::string_view name, std::string_view text) {
   if (listener_ == nullptr) return;
-  listener_->TextDropped(withEscapedPercents(name), withEscapedPercents(text));
+  listener_->TextDropped(WrittenName(name), WrittenName(text));
 }
 
 }  // namespace ppword

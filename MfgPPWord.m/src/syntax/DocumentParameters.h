@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "KEPIMfgPPWordContainer.h"
+#include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
@@ -28,6 +29,14 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:
+  /// Appends the text of a parameter type, null for none, with its evaluation, null for none; false
+  /// when the text is that of one that cannot be evaluated.
+  [[nodiscard]] bool appendValue(std::string_view name, const KEPISpecObject_var& type,
+                                 KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
+  /// As appendValue, and reports it to the listener.
+  void appendReported(std::string_view name, const KEPISpecObject_var& type,
+                      KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
+
   // Not counted again for every line.
   const KEPISpecObject_var& feature_;
   KEPIContainer* container_;

@@ -19,6 +19,7 @@ class ListenedLine final : public LineObserver {
   /// `listener` is not null when the object is used, and outlives it.
   explicit ListenedLine(KEPMfgPPWordListener* listener) : listener_(listener) {}
 
+  [[nodiscard]] bool receivesLines() const override { return listener_->ReceivesLines(); }
   void lineAfterPass(Pass pass, std::string_view line) override {
     listener_->LineAfterPass(static_cast<KEPMfgPPWordListener::Pass>(pass), line);
   }
