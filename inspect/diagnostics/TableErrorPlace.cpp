@@ -163,15 +163,22 @@ Diagnostic tableErrorAt(const std::string& path, std::string_view key, const Tab
   return diagnostic;
 }
 
+// Nothing for an error that no line of the table makes.
+static std::optional<Diagnostic> placedError(const std::string& path, std::string_view key,
+                                             const KEPError& error) {
+  if (!isUnbalanced(key) && countedLineOf(error) == 0) return std::nullopt;
+  const TableBytes table = TableBytes::read(path);
+  const auto line = lineOf(table.text(), error);
+  if (!line) return std::nullopt;
+  Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
+  diagnostic.message += countedText(key, error);
+  diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
+  return diagnostic;
+}
+
 Diagnostic tableError(const std::string& path, const KEPError& error) {
   const std::string_view key = error.GetMessageKey().View();
-  const TableBytes table = TableBytes::read(path);
-  if (const auto line = lineOf(table.text(), error)) {
-    Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
-    diagnostic.message += countedText(key, error);
-    diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
-    return diagnostic;
-  }
+  if (auto placed = placedError(path, key, error)) return *std::move(placed);
   Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};
   diagnostic.message = messageText(error.GetCatalogue().View(), key, {}).View();
   return diagnostic;
