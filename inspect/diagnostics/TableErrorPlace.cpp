@@ -147,6 +147,19 @@ std::string countedText(std::string_view key, const KEPError& error) {
   return hintText("HINT_COUNTED", {counted});
 }
 
+// Nothing for an error that no line of the table makes.
+std::optional<Diagnostic> placedError(const std::string& path, std::string_view key,
+                                      const KEPError& error) {
+  if (!isUnbalanced(key) && countedLineOf(error) == 0) return std::nullopt;
+  const TableBytes table = TableBytes::read(path);
+  const auto line = lineOf(table.text(), error);
+  if (!line) return std::nullopt;
+  Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
+  diagnostic.message += countedText(key, error);
+  diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
+  return diagnostic;
+}
+
 }  // namespace
 
 Diagnostic tableErrorAt(const std::string& path, std::string_view key, const TableBytes& table,
@@ -160,19 +173,6 @@ Diagnostic tableErrorAt(const std::string& path, std::string_view key, const Tab
   diagnostic.line = number;
   diagnostic.column = column + static_cast<long>(mark.offset);
   diagnostic.width = static_cast<long>(mark.width);
-  return diagnostic;
-}
-
-// Nothing for an error that no line of the table makes.
-static std::optional<Diagnostic> placedError(const std::string& path, std::string_view key,
-                                             const KEPError& error) {
-  if (!isUnbalanced(key) && countedLineOf(error) == 0) return std::nullopt;
-  const TableBytes table = TableBytes::read(path);
-  const auto line = lineOf(table.text(), error);
-  if (!line) return std::nullopt;
-  Diagnostic diagnostic = tableErrorAt(path, key, table, *line);
-  diagnostic.message += countedText(key, error);
-  diagnostic.source = table.excerptAt(diagnostic.line, diagnostic.column);
   return diagnostic;
 }
 

@@ -36,7 +36,9 @@ JobRecord recordOf(const PostOptions& options, std::size_t index, const PostOutc
 
 JobPoster::JobPoster(const PostOptions& options, const std::vector<JobFile>& jobs,
                      RecordTaker deliver)
-    : options_(options), jobs_(jobs), deliver_(std::move(deliver)) {}
+    : options_(options), jobs_(jobs), deliver_(std::move(deliver)) {
+  options_.jobs.clear();
+}
 
 void JobPoster::post(std::size_t index) {
   if (pending_.empty()) begin_ = Clock::now();
@@ -48,20 +50,23 @@ void JobPoster::finish() { place(); }
 
 JobPoster::Pending JobPoster::run(std::size_t index) {
   Pending pending{index, {}, nullptr};
-  PostOptions options = options_;
-  options.job = jobs_[index].job;
-  options.output = jobs_[index].output;
-  const auto hold = [&pending](std::unique_ptr<PostOutput> text, PostMap*, PostOutcome&) {
-    text->complete();
-    pending.text = std::move(text);
-  };
   try {
-    pending.outcome = postToolPath(options, &tables_, hold);
+    pending.outcome = post(jobs_[index], pending.text);
   } catch (...) {
     pending.outcome = failureOutcome(jobs_[index], currentFailure());
     pending.text.reset();
   }
   return pending;
+}
+
+PostOutcome JobPoster::post(const JobFile& job, std::unique_ptr<PostOutput>& text) {
+  options_.job = job.job;
+  options_.output = job.output;
+  return postToolPath(options_, &tables_,
+                      [&text](std::unique_ptr<PostOutput> written, PostMap*, PostOutcome&) {
+                        written->complete();
+                        text = std::move(written);
+                      });
 }
 
 void JobPoster::place() {

@@ -24,7 +24,7 @@ inline constexpr int kRecordLayout = 1;
 /// then: a record is delivered when its file is in its place.
 class JobPoster {
  public:
-  /// The options and the jobs must outlive the object.
+  /// The jobs must outlive the object.
   JobPoster(const PostOptions& options, const std::vector<JobFile>& jobs, RecordTaker deliver);
 
   /// Posts a job by its place. Whatever fails is its outcome.
@@ -42,10 +42,13 @@ class JobPoster {
   };
 
   [[nodiscard]] Pending run(std::size_t index);
+  /// The text is null for a job that is not written.
+  [[nodiscard]] PostOutcome post(const JobFile& job, std::unique_ptr<PostOutput>& text);
   void place();
   void note(const std::exception_ptr& error, Pending& pending) const;
 
-  const PostOptions& options_;
+  /// Those of the job that is posted.
+  PostOptions options_;
   const std::vector<JobFile>& jobs_;
   RecordTaker deliver_;
   LoadedTables tables_;

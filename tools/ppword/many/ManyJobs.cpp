@@ -23,11 +23,16 @@ std::string outputOf(const PostOptions& options, const std::string& job) {
   return (std::filesystem::path(options.outputFolder) / name).string();
 }
 
+void requireFiles(const PostOptions& options) {
+  const auto& jobs = options.jobs;
+  if (std::find(jobs.begin(), jobs.end(), "-") == jobs.end()) return;
+  throw UsageError{"--output-dir needs files, not the standard input"};
+}
+
 std::vector<JobFile> jobsOf(const PostOptions& options) {
   std::vector<JobFile> jobs;
   std::map<std::string, std::string> taken;
   for (const std::string& job : options.jobs) {
-    if (job == "-") throw UsageError{"--output-dir needs files, not the standard input"};
     jobs.push_back({job, outputOf(options, job)});
     const auto [known, isNew] = taken.emplace(jobs.back().output, job);
     if (isNew) continue;
@@ -45,16 +50,19 @@ std::optional<FileNumber> numberOf(const std::string& file) {
   return FileNumber(state.st_dev, state.st_ino);
 }
 
-// No text may replace what another job, or every job, is read from.
-void requireOthers(const PostOptions& options, const std::vector<JobFile>& jobs) {
+// What every job, or one of them, is read from.
+std::map<FileNumber, std::string> inputsOf(const PostOptions& options) {
   std::map<FileNumber, std::string> inputs;
-  const auto add = [&inputs](const std::string& file) {
+  std::vector<std::string> files = options.jobs;
+  files.insert(files.end(), {options.table, options.document, options.tools, options.machine});
+  for (const std::string& file : files) {
     if (const auto number = numberOf(file)) inputs.emplace(*number, file);
-  };
-  for (const auto& file : {options.table, options.document, options.tools, options.machine}) {
-    add(file);
   }
-  for (const JobFile& job : jobs) add(job.job);
+  return inputs;
+}
+
+void requireOthers(const PostOptions& options, const std::vector<JobFile>& jobs) {
+  const std::map<FileNumber, std::string> inputs = inputsOf(options);
   for (const JobFile& job : jobs) {
     const auto number = numberOf(job.output);
     const auto input = number ? inputs.find(*number) : inputs.end();
@@ -84,13 +92,7 @@ class Records {
   Records(const PostOptions& options, std::size_t jobs) : options_(options), jobs_(jobs) {}
 
   void take(const JobRecord& record) {
-    status_ = std::max(status_, record.status);
-    const bool isWritten =
-        record.status == ExitStatus::Done || record.status == ExitStatus::Unconfirmed;
-    written_ += isWritten ? 1 : 0;
-    elements_ += isWritten ? record.elements : 0;
-    lines_ += isWritten ? record.lines : 0;
-    ++ended_;
+    count(record);
     if (!options_.quiet || record.status != ExitStatus::Done) show(record.text);
     if (showsProgress(options_.format) && line_.isDue() && ended_ < jobs_) {
       line_.show(std::to_string(ended_) + " of " + std::to_string(jobs_) + " jobs");
@@ -109,20 +111,33 @@ class Records {
     writeMessage(text);
   }
 
+  void count(const JobRecord& record) {
+    status_ = std::max(status_, record.status);
+    ++ended_;
+    const bool isWritten =
+        record.status == ExitStatus::Done || record.status == ExitStatus::Unconfirmed;
+    if (!isWritten) return;
+    ++written_;
+    elements_ += record.elements;
+    lines_ += record.lines;
+  }
+
   [[nodiscard]] std::string totals() const {
-    if (options_.format == OutputFormat::Records) {
-      const Json totals{{"jobs", jobs_},
-                        {"written", written_},
-                        {"notWritten", jobs_ - written_},
-                        {"elements", elements_},
-                        {"lines", lines_}};
-      const Json record{
-          {"layout", kRecordLayout}, {"status", static_cast<int>(status_)}, {"totals", totals}};
-      return record.dump() + '\n';
-    }
+    if (options_.format == OutputFormat::Records) return totalsJson().dump() + '\n';
     return std::to_string(jobs_) + (jobs_ == 1 ? " job: " : " jobs: ") + std::to_string(written_) +
            " written, " + std::to_string(jobs_ - written_) + " not written; " +
            std::to_string(elements_) + " elements, " + std::to_string(lines_) + " lines\n";
+  }
+
+  [[nodiscard]] Json totalsJson() const {
+    return {{"layout", kRecordLayout},
+            {"status", static_cast<int>(status_)},
+            {"totals",
+             {{"jobs", jobs_},
+              {"written", written_},
+              {"notWritten", jobs_ - written_},
+              {"elements", elements_},
+              {"lines", lines_}}}};
   }
 
   const PostOptions& options_;
@@ -161,6 +176,7 @@ void postInProcesses(const PostOptions& options, const std::vector<JobFile>& job
 
 ExitStatus postManyJobs(const PostOptions& options) {
   requireMany(options);
+  requireFiles(options);
   const std::vector<JobFile> jobs = jobsOf(options);
   requireOthers(options, jobs);
   createFolder(options.outputFolder);

@@ -77,6 +77,14 @@ void sendFrame(int pipe, const Frame& frame, const std::string& text) {
   if (!writeAll(pipe, text.data(), text.size())) endProcess(false);
 }
 
+void sendRecord(int pipe, const JobRecord& record) {
+  Frame frame{record.index, true, static_cast<int>(record.status)};
+  frame.elements = record.elements;
+  frame.lines = record.lines;
+  frame.bytes = record.text.size();
+  sendFrame(pipe, frame, record.text);
+}
+
 /// A process that works, as its parent sees it.
 class Worker {
  public:
@@ -120,6 +128,7 @@ class Worker {
   [[nodiscard]] const std::set<std::size_t>& begun() const noexcept { return begun_; }
 
  private:
+  // False when no whole frame was received.
   bool takeFrame(const RecordTaker& take) {
     Frame frame;
     if (received_.size() < sizeof frame) return false;
@@ -127,14 +136,18 @@ class Worker {
     if (received_.size() < sizeof frame + frame.bytes) return false;
     std::string text = received_.substr(sizeof frame, frame.bytes);
     received_.erase(0, sizeof frame + frame.bytes);
+    note(frame, std::move(text), take);
+    return true;
+  }
+
+  void note(const Frame& frame, std::string text, const RecordTaker& take) {
     if (!frame.isRecord) {
       begun_.insert(frame.index);
-      return true;
+      return;
     }
     begun_.erase(frame.index);
     take({frame.index, static_cast<ExitStatus>(frame.status), frame.elements, frame.lines,
           std::move(text)});
-    return true;
   }
 
   pid_t process_;
@@ -151,18 +164,20 @@ class Workers {
   void run(int processes) {
     const std::size_t wanted = std::min(static_cast<std::size_t>(processes), jobs_);
     while (workers_.size() < wanted) start();
-    while (!workers_.empty()) {
-      std::vector<pollfd> pipes;
-      for (const auto& worker : workers_) pipes.push_back({worker->pipe(), POLLIN, 0});
-      if (::poll(pipes.data(), pipes.size(), -1) < 0) continue;
-      for (std::size_t at = pipes.size(); at-- > 0;) {
-        const bool hasEnded = pipes[at].revents != 0 && !workers_[at]->receive(take_);
-        if (hasEnded) end(at);
-      }
-    }
+    while (!workers_.empty()) receive();
   }
 
  private:
+  void receive() {
+    std::vector<pollfd> pipes;
+    for (const auto& worker : workers_) pipes.push_back({worker->pipe(), POLLIN, 0});
+    if (::poll(pipes.data(), pipes.size(), -1) < 0) return;
+    for (std::size_t at = pipes.size(); at-- > 0;) {
+      const bool hasEnded = pipes[at].revents != 0 && !workers_[at]->receive(take_);
+      if (hasEnded) end(at);
+    }
+  }
+
   void start() {
     int ends[2];
     if (::pipe2(ends, O_CLOEXEC) != 0) throw std::system_error(errno, std::generic_category());
@@ -180,25 +195,20 @@ class Workers {
   [[noreturn]] void doWork(int pipe) {
     // A process whose parent ends early must not go on by itself.
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
-    bool isDone = false;
+    const auto send = [pipe](const JobRecord& record) { sendRecord(pipe, record); };
     try {
-      const auto next = [this, pipe] {
-        const std::size_t index = counter_.take();
-        if (index < jobs_) sendFrame(pipe, {index}, "");
-        return std::min(index, jobs_);
-      };
-      const auto send = [pipe](const JobRecord& record) {
-        sendFrame(pipe,
-                  {record.index, true, static_cast<int>(record.status), record.elements,
-                   record.lines, record.text.size()},
-                  record.text);
-      };
-      work_(next, send);
-      isDone = true;
+      work_([this, pipe] { return next(pipe); }, send);
     } catch (...) {
       // Its jobs are reported as failed.
+      endProcess(false);
     }
-    endProcess(isDone);
+    endProcess(true);
+  }
+
+  std::size_t next(int pipe) {
+    const std::size_t index = counter_.take();
+    if (index < jobs_) sendFrame(pipe, {index}, "");
+    return std::min(index, jobs_);
   }
 
   // Reports what a process left, and starts another one for the jobs that no process took.
