@@ -28,7 +28,6 @@ SignalHold::SignalHold() : held_(endingSignals()) { sigprocmask(SIG_BLOCK, &held
 
 SignalHold::~SignalHold() { sigprocmask(SIG_SETMASK, &before_, nullptr); }
 
-/// Calls only what a signal handler may call.
 void removeNamedFiles() noexcept {
   for (const RemovedAtSignal* file = firstNamed; file != nullptr; file = file->next_) {
     ::unlink(file->path_);

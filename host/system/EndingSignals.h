@@ -31,6 +31,10 @@ class KEP_PLATFORM SignalHold {
 /// library leaves the signals to the application.
 KEP_PLATFORM void removeFilesAtSignals();
 
+/// Removes the files that are named, as such a signal does; for a program that ends without leaving
+/// its functions. It calls only what a signal handler may call.
+KEP_PLATFORM void removeNamedFiles() noexcept;
+
 /// Names a file that such a signal removes.
 class KEP_PLATFORM RemovedAtSignal {
  public:

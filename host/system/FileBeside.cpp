@@ -1,5 +1,6 @@
 #include "host/system/FileBeside.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,8 +13,8 @@
 #include <cstring>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <set>
-#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -91,12 +92,10 @@ void removeLeftOver(const std::string& path) {
 void removeLeftOvers(const std::string& folder, std::string_view begin) {
   static std::set<std::string> done;
   if (!done.insert(folder).second) return;
-  std::error_code error;
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(::opendir(folder.c_str()), &::closedir);
   std::vector<std::string> names;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    std::string name = entry->path().filename().string();
-    if (isName(name, begin)) names.push_back(std::move(name));
+  while (const dirent* const entry = entries ? ::readdir(entries.get()) : nullptr) {
+    if (isName(entry->d_name, begin)) names.emplace_back(entry->d_name);
   }
   for (const std::string& name : names) removeLeftOver(folder + '/' + name);
 }

@@ -1,6 +1,7 @@
 #include "post/job/JobReader.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 #include "host/manufacturing/Activity.h"
@@ -44,6 +45,7 @@ class JobReader::Lines {
     }
     const auto error =
         parser_.iterate(line_.text, line_.text.size() + LineReader::kPadding).get(line_.document);
+    if (error == simdjson::MEMALLOC) throw std::bad_alloc();
     line_.parsed = error == simdjson::SUCCESS;
     if (!line_.parsed) job::Place(line_).refuseStructure();
     return &line_;

@@ -1,5 +1,6 @@
 #include "post/program/ChildProcess.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
@@ -196,6 +197,28 @@ class Watch {
   bool isInterrupted_ = false;
 };
 
+void removeFolder(int parent, const char* name);
+
+void removeEntries(int folder, std::string_view entries) {
+  while (!entries.empty()) {
+    const auto* const entry = reinterpret_cast<const dirent64*>(entries.data());
+    const std::string_view name = entry->d_name;
+    entries.remove_prefix(entry->d_reclen);
+    if (name == "." || name == "..") continue;
+    if (::unlinkat(folder, name.data(), 0) != 0) removeFolder(folder, name.data());
+  }
+}
+
+/// Removes a folder with everything in it, without memory, of which there may be none.
+void removeFolder(int parent, const char* name) {
+  const Descriptor folder(::openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+  alignas(dirent64) std::array<char, 4096> entries;
+  for (ssize_t size = 0; (size = ::getdents64(folder.get(), entries.data(), entries.size())) > 0;) {
+    removeEntries(folder.get(), {entries.data(), static_cast<std::size_t>(size)});
+  }
+  ::unlinkat(parent, name, AT_REMOVEDIR);
+}
+
 bool isRunnable(const std::filesystem::path& path) {
   std::error_code error;
   return std::filesystem::is_regular_file(path, error) && ::access(path.c_str(), X_OK) == 0;
@@ -243,9 +266,6 @@ ScratchFolder::ScratchFolder() {
   path_ = name;
 }
 
-ScratchFolder::~ScratchFolder() {
-  std::error_code error;
-  std::filesystem::remove_all(path_, error);
-}
+ScratchFolder::~ScratchFolder() { removeFolder(AT_FDCWD, path_.c_str()); }
 
 }  // namespace host

@@ -3,6 +3,7 @@
 import json
 import os
 import resource
+import shutil
 import subprocess
 import sys
 
@@ -62,9 +63,82 @@ class TooLittle(program.ProgramTest):
         self.check(done, 4, "", "ppword: error: there is not enough memory\n")
 
 
+class NoneLeft(program.ProgramTest):
+    """Every allocation fails after the first ones, of which there are more and more."""
+
+    MESSAGE = "ppword: error: there is not enough memory\n"
+    # A number that has no divisor with the steps of what grows.
+    STEP = 41
+    MOST = 40_000
+
+    def run_with(self, allocations, *arguments):
+        environment = {
+            **os.environ,
+            "LD_PRELOAD": os.environ["PPWORD_LACK_OF_MEMORY"],
+            "PPWORD_ALLOCATIONS": str(allocations),
+            "TMPDIR": self.folder,
+        }
+        return self.run_program(*arguments, env=environment)
+
+    def begin(self):
+        for name in self.files():
+            os.remove(os.path.join(self.folder, name))
+        self.write("job", program.JOB)
+        self.write("table", program.TABLE)
+        self.write("apt", "old\n")
+        self.write("d", self.document)
+        self.write("program.ngc", "G21\nG0 X1\nM2\n")
+
+    def check_all(self, *arguments, results=("apt",)):
+        """Returns what the files of the results held after each of the runs."""
+        self.run_program("document", "new", "d")
+        with open(os.path.join(self.folder, "d"), "rb") as file:
+            self.document = file.read()
+        self.begin()
+        whole = self.run_program(*arguments)
+        files = self.files()
+        self.assertEqual(whole.returncode, 0, whole.stderr)
+        held = set()
+        for allocations in range(0, self.MOST, self.STEP):
+            self.begin()
+            before = self.files()
+            done = self.run_with(allocations, *arguments)
+            held.add(tuple(self.read(name) if name in self.files() else "" for name in results))
+            if done.returncode == 0:
+                self.check(done, 0, whole.stdout, whole.stderr)
+                return held
+            self.assertEqual(done.returncode, 4, (allocations, done.stderr))
+            self.assertTrue(done.stderr.endswith(self.MESSAGE), (allocations, done.stderr))
+            self.assertIn(self.files(), (before, files), allocations)
+        return self.fail("no run was done")
+
+    def test_text_is_whole_or_not_written(self):
+        held = self.check_all("post", "job", "-t", "table", "-o", "apt")
+        self.assertLessEqual(held, {("old\n",), (program.APT,)})
+
+    def test_report_for_programs(self):
+        self.check_all("post", "job", "-t", "table", "-o", "apt", "--format", "json")
+
+    def test_table_is_checked_or_not(self):
+        self.check_all("check", "--lint", "table", "--format", "json")
+
+    def test_document_is_new_or_not(self):
+        self.check_all("document", "new", "d2")
+
+    def test_document_is_changed_or_not(self):
+        self.check_all("document", "add-command", "d", "NC_GOTO")
+        self.assertEqual(self.run_program("document", "show", "d").returncode, 0)
+
+    def test_nc_program_leaves_no_folder(self):
+        if not shutil.which("rs274"):
+            self.skipTest("rs274 is not installed")
+        self.check_all("post", "program.ngc", "-o", "apt")
+
+
 if program.SANITIZED:
     # The sanitizers take more memory than any limit leaves.
     del TooLittle
+    del NoneLeft
 
 
 class Time(program.ProgramTest):

@@ -1,4 +1,8 @@
+#include <unistd.h>
+
 #include <clocale>
+#include <cstdlib>
+#include <exception>
 #include <new>
 
 #include "host/system/EndingSignals.h"
@@ -16,12 +20,36 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
     writeMessage(host::diagnosticText(unreadable.diagnostic, showsColours()));
     return ExitStatus::Refused;
   } catch (const std::bad_alloc&) {
-    // Without memory for anything else.
-    writeMessage("ppword: error: there is not enough memory\n");
-    return ExitStatus::Internal;
+    throw;
   } catch (...) {
     return reportFailure(currentFailure(), asksForJson(argc, argv));
   }
+}
+
+// Without any memory: a message cannot be put together.
+ExitStatus failedWithoutMemory() noexcept {
+  writeMessage("ppword: error: there is not enough memory\n");
+  return ExitStatus::Internal;
+}
+
+ExitStatus run(int argc, const char* const* argv) {
+  try {
+    return guardedRun(argc, argv);
+  } catch (const std::bad_alloc&) {
+    return failedWithoutMemory();
+  }
+}
+
+// Where nothing can be caught, as in a destructor of a library, lack of memory ends the run too.
+[[noreturn]] void endRun() {
+  host::removeNamedFiles();
+  try {
+    if (const std::exception_ptr error = std::current_exception()) std::rethrow_exception(error);
+  } catch (const std::bad_alloc&) {
+    _exit(static_cast<int>(failedWithoutMemory()));
+  } catch (...) {
+  }
+  std::abort();
 }
 
 }  // namespace
@@ -29,7 +57,8 @@ ExitStatus guardedRun(int argc, const char* const* argv) {
 int main(int argc, char** argv) {
   prepareStandardStreams();
   host::removeFilesAtSignals();
+  std::set_terminate(endRun);
   // Messages only: numbers and characters do not depend on the locale.
   std::setlocale(LC_MESSAGES, "");
-  return static_cast<int>(guardedRun(argc, argv));
+  return static_cast<int>(run(argc, argv));
 }

@@ -18,7 +18,9 @@ std::optional<Json> parsed(const std::string& text) {
   };
   try {
     return Json::parse(text, checkDepth);
-  } catch (const std::exception&) {
+  } catch (const Json::exception&) {
+    return std::nullopt;
+  } catch (const TooDeep&) {
     return std::nullopt;
   }
 }
