@@ -12,8 +12,6 @@ constexpr double kTurn = 2.0 * std::numbers::pi;
 /// meets its circle before the end of the piece.
 constexpr double kLongestPiece = kTurn / 3.0 + 1e-9;
 
-/// More turns than a program means.
-constexpr int kMostTurns = 1000;
 constexpr double kMostChords = 100'000;
 
 /// The arc in the polar coordinates of its plane.
@@ -31,11 +29,8 @@ class Sweep {
 
   /// Whether start and end lie on one circle, within the precision of rounded numbers.
   [[nodiscard]] bool isArc() const {
-    return hasTurns() && radius() > arc_.tolerance &&
+    return arc_.turns != 0 && radius() > arc_.tolerance &&
            std::abs(radius() - radiusOf(arc_.end)) <= arc_.tolerance;
-  }
-  [[nodiscard]] bool hasTurns() const {
-    return arc_.turns != 0 && arc_.turns >= -kMostTurns && arc_.turns <= kMostTurns;
   }
   [[nodiscard]] double sense() const { return sense_; }
   /// The point and the direction of travel at a share (0 to 1) of the arc.
@@ -148,7 +143,7 @@ std::optional<ArcPlane> arcPlane(std::string_view name) {
 std::vector<ArcPoint> arcChords(const ArcMove& arc, double deviation, double least) {
   const Sweep sweep(arc);
   const double count = std::max(sweep.chords(deviation), least);
-  if (!sweep.hasTurns() || !(count <= kMostChords)) return {};
+  if (arc.turns == 0 || hasTooManyTurns(arc) || !(count <= kMostChords)) return {};
   std::vector<ArcPoint> points;
   points.reserve(static_cast<std::size_t>(count));
   for (double number = 1.0; number <= count; ++number) {
@@ -161,6 +156,7 @@ std::vector<Element> arcElements(const ArcMove& arc) {
   const Sweep sweep(arc);
   if (!sweep.isArc()) return {};
   if (sweep.rise() != 0.0) return {helix(arc, sweep)};
+  if (hasTooManyTurns(arc)) return {};
   std::vector<Element> elements;
   const int pieces = sweep.pieces();
   elements.reserve(std::size_t(pieces));

@@ -33,6 +33,13 @@ struct ArcMove {
   double tolerance = 0.0;
 };
 
+/// True for an arc of more than 1000 turns, more than a program means. Only a helix can be written
+/// with so many, since it is one instruction.
+inline constexpr int kMostTurns = 1000;
+[[nodiscard]] constexpr bool hasTooManyTurns(const ArcMove& arc) {
+  return arc.turns < -kMostTurns || arc.turns > kMostTurns;
+}
+
 /// A point of an arc, and the share of the arc that ends there.
 struct ArcPoint {
   Triple point{};
@@ -50,7 +57,7 @@ struct ArcPoint {
 /// than half a turn, so that the end of each is the first point where its circle meets the line
 /// from the centre to it; NC_HELICAL_INTERPOLATION where the arc rises. Normals and axes have the
 /// direction from which the travel is counterclockwise. None if start and end do
-/// not lie on an arc about the centre.
+/// not lie on an arc about the centre, and for too many turns in the plane.
 [[nodiscard]] std::vector<Element> arcElements(const ArcMove& arc);
 
 }  // namespace host

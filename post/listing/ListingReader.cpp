@@ -282,6 +282,11 @@ CallFate ListingReader::moveAlongArc(const CanonicalCall& call, const CanonicalA
   const bool asChords = options_.rotary || (rises && options_.helicesAsChords);
   std::vector<Element> elements = asChords ? std::vector<Element>() : arcElements(arc);
   if (elements.empty()) {
+    if (hasTooManyTurns(arc)) {
+      place.refuse(arguments.at[4], std::string(call.name) + ": an arc has at most " +
+                                        std::to_string(kMostTurns) +
+                                        " turns, unless it is written as a helix");
+    }
     const auto& number = arguments.numbers;
     return moveAlongChords(arc, {number[6], number[7], number[8]}, place);
   }

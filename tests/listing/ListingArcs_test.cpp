@@ -189,12 +189,35 @@ TEST(ListingArcs, ArcThatCannotBeSaidIsLost) {
     EXPECT_EQ(fateOfArc(std::string(calls) + std::string(kArc) + '\n'), "lost ") << subject;
   }
   EXPECT_EQ(fateOfArc(std::string(kStart) + std::string(kArc) + '\n'), "move ");
-  for (const std::string_view turns : {"0", "1001", "-1001", "-2147483648", "2147483647"}) {
+  EXPECT_EQ(fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 10.0, 0.0, 0.0, 0, 0.0, 0, 0, 0)\n"),
+            "lost ");
+}
+
+TEST(ListingArcs, ArcOfTooManyTurnsIsRefused) {
+  constexpr std::string_view kError =
+      "3:44: ARC_FEED: an arc has at most 1000 turns, unless it is written as a helix\n";
+  const auto arc = [](std::string_view turns, std::string_view height) {
+    return program(std::string(kStart) + "ARC_FEED(0.0, 10.0, 0.0, 0.0, " + std::string(turns) +
+                   ", " + std::string(height) + ", 0.0, 0.0, 0.0)\n");
+  };
+  host::ListingOptions chords;
+  chords.helicesAsChords = true;
+  for (const std::string_view turns : {"1001", "-1001", "-2147483648", "2147483647"}) {
+    const std::string flat = readListing(arc(turns, "0.0"));
+    EXPECT_TRUE(flat.ends_with(kError)) << flat;
+    const std::string rising = readListing(arc(turns, "5.0"), chords);
+    EXPECT_TRUE(rising.ends_with(kError)) << rising;
     EXPECT_EQ(fateOfArc(std::string(kStart) + "ARC_FEED(0.0, 10.0, 0.0, 0.0, " +
-                        std::string(turns) + ", 0.0, 0.0, 0.0, 0.0)\n"),
-              "lost ")
+                        std::string(turns) + ", 5.0, 0.0, 0.0, 0.0)\n"),
+              "move ")
         << turns;
   }
+  EXPECT_EQ(arcFrom10("ARC_FEED(10.0, 0.0, 0.0, 0.0, 1002, -1002.0, 0.0, 0.0, 0.0)"),
+            "NC_HELICAL_INTERPOLATION along 0 1 0 center 0 0 0 radius 10 axis 0 0 -1 "
+            "from 10 0 0 to 10 0 -1002 pitch 1 at 10 0 -1002\n");
+  const std::string most = readListing(arc("1000", "0.0"));
+  // 999 whole turns and a quarter, in pieces of a third of a turn at most.
+  EXPECT_EQ(std::count(most.begin(), most.end(), '\n'), 1 + 2998);
 }
 
 TEST(ListingArcs, WhatACircleCannotSayIsWrittenAsChords) {
