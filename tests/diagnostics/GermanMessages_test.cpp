@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <clocale>
 #include <fstream>
 #include <string>
@@ -113,8 +114,25 @@ TEST(GermanMessages, HintsOfTheTableCheckAreGermanToo) {
   EXPECT_EQ(messageOf("*START_SYNTAXES\nRAPID\n"),
             "weniger *END-Zeilen als *START-Zeilen; schließen Sie jeden Block mit *END "
             "(gezählt bis Zeile 2, dem Ende der Tabelle)");
-  EXPECT_EQ(host::unreadableTable("/")->message,
-            "die PP-Wort-Tabelle lässt sich nicht öffnen: it is a directory");
+}
+
+TEST(GermanMessages, ReasonsOfTheSystemAreGermanToo) {
+  constexpr std::string_view kOpening = "die PP-Wort-Tabelle lässt sich nicht öffnen: ";
+  const auto reasonOf = [&](const host::Diagnostic& unreadable) {
+    EXPECT_TRUE(unreadable.message.starts_with(kOpening)) << unreadable.message;
+    return unreadable.message.substr(kOpening.size());
+  };
+  EXPECT_EQ(reasonOf(*host::unreadableTable("/")), "sie ist ein Verzeichnis");
+  EXPECT_EQ(reasonOf(*host::unreadableTable("/dev/null")), "sie ist keine gewöhnliche Datei");
+  EXPECT_EQ(reasonOf(*host::unreadableTable("/absent")), "Datei oder Verzeichnis nicht gefunden");
+  const InputFile file("text");
+  const auto reasonFor = [&](int error) {
+    return reasonOf(host::unreadableTable(file.path(), error));
+  };
+  EXPECT_EQ(reasonFor(EIO), "Ein-/Ausgabefehler");
+  EXPECT_EQ(reasonFor(EMFILE), "zu viele offene Dateien");
+  EXPECT_EQ(reasonFor(EDOM), "Systemfehler 33");
+  EXPECT_EQ(reasonFor(0), "sie ändert sich, während sie gelesen wird");
 }
 
 TEST(GermanMessages, LanguageIsThatOfTheMoment) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <string>
 
 #include "inspect/diagnostics/TableFile.h"
@@ -85,6 +87,18 @@ TEST(TableBytes, FileThatCannotBeReadIsAnError) {
     EXPECT_EQ(unreadable.diagnostic.message,
               "the PP word table cannot be opened: No such file or directory");
   }
+}
+
+TEST(TableFile, ReasonsAreThoseOfTheSystem) {
+  const TableFile file("text");
+  const std::string path(file.path().View());
+  for (const int error : {ENOENT, ENOTDIR, EACCES, EPERM, ELOOP, ENAMETOOLONG, EIO, EBADF, EMFILE,
+                          ENFILE, ENOMEM, ESTALE, EDOM}) {
+    EXPECT_EQ(unreadableTable(path, error).message,
+              std::string("the PP word table cannot be opened: ") + ::strerrordesc_np(error));
+  }
+  EXPECT_EQ(unreadableTable(path, 0).message,
+            "the PP word table cannot be opened: it changes while it is read");
 }
 
 }  // namespace
