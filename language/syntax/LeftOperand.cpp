@@ -23,21 +23,19 @@ std::optional<std::string> resultOf(double left, char sign, double right) {
 void LeftOperand::read(const Operation& operation) {
   const std::size_t from = operation.at - operation.before.size();
   const std::size_t ended = operation.begin > from ? operation.begin - from : 0;
-  text_ += operation.before.substr(0, ended);
-  if (ended > 0) begin();
-  text_ += operation.before.substr(ended);
+  if (ended > 0) begin(text_.size() + ended);
+  text_ += operation.before;
 }
 
 std::optional<std::string> LeftOperand::computedWith(const Operation& operation) {
-  const auto right = operandNumber(operation.right);
-  const auto left = right ? number() : std::nullopt;
-  return left ? resultOf(*left, operation.sign, *right) : std::nullopt;
+  const auto left = number();
+  const auto right = left ? operandNumber(operation.right) : std::nullopt;
+  return right ? resultOf(*left, operation.sign, *right) : std::nullopt;
 }
 
 void LeftOperand::replace(std::string_view by) {
-  text_.resize(start_);
-  begin();
-  text_ += by;
+  text_.replace(start_, std::string::npos, by);
+  begin(start_);
 }
 
 void LeftOperand::keep(const Operation& operation) {
@@ -46,21 +44,22 @@ void LeftOperand::keep(const Operation& operation) {
 }
 
 std::optional<double> LeftOperand::number() {
-  if (plainEnd_ == start_) number_ = plainDecimal(view());
-  if (plainEnd_ == start_ && number_) {
-    plainEnd_ = text_.size();
-    isConverted_ = true;
+  if (plainEnd_ == start_) {
+    // Padding before a negative number: the sign after it may make it a number.
+    if (view().find_first_not_of(' ') == std::string_view::npos) return std::nullopt;
+    number_ = plainDecimal(view());
+    isConverted_ = number_.has_value();
+    if (isConverted_) plainEnd_ = text_.size();
   }
   plainEnd_ = kNumberCharacters.firstOtherIn(text_, plainEnd_);
   if (plainEnd_ < text_.size()) return std::nullopt;
   if (!isConverted_) number_ = decimalPrefix(view());
-  // Blanks may become a number by the sign after them, anything else stays what it is.
-  isConverted_ = isConverted_ || view().find_first_not_of(' ') != std::string_view::npos;
+  isConverted_ = true;
   return number_;
 }
 
-void LeftOperand::begin() {
-  start_ = plainEnd_ = text_.size();
+void LeftOperand::begin(std::size_t start) {
+  start_ = plainEnd_ = start;
   isConverted_ = false;
 }
 

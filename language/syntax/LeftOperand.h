@@ -33,8 +33,8 @@ class LeftOperand {
 
  private:
   [[nodiscard]] std::optional<double> number();
-  /// The next operand begins at the end of the text.
-  void begin();
+  /// The next operand begins at a place of the text.
+  void begin(std::size_t start);
 
   std::string& text_;
   std::size_t start_ = 0;
