@@ -128,8 +128,6 @@ class KEP_PLATFORM KEPMfgPPWordListener {
 
   /// A syntax line after a pass; with Pass::Written the line as it is written.
   virtual void LineAfterPass(Pass /*pass*/, std::string_view /*line*/) {}
-  /// False when LineAfterPass does nothing: the lines are not reported then, which is quicker.
-  [[nodiscard]] virtual bool ReceivesLines() const { return true; }
 
   /// A reference of a syntax line is looked up: the parameter type of that name, and the evaluation
   /// of the type; each null when there is none. For an operand between parentheses the type is not
@@ -170,6 +168,9 @@ class KEP_PLATFORM KEPMfgPPWordListener {
     if (auto* const listener = Current()) listener->ValueLacking(why);
     return false;
   }
+
+  /// False when LineAfterPass does nothing: the lines are not reported then, which is quicker.
+  [[nodiscard]] virtual bool ReceivesLines() const { return true; }
 
   /// The listener of the session; null when there is none.
   [[nodiscard]] static KEPMfgPPWordListener* Current() noexcept;
