@@ -136,9 +136,11 @@ class Kinds(program.ProgramTest):
         for line, kind in zip(lines, kinds):
             self.assertEqual(line.split()[0], kind["key"])
             self.assertTrue(line.endswith(kind["fault"]))
-            self.assertIn(kind["command"], ("check", "post"))
-            self.assertIn(kind["severity"], ("warning", "note"))
-            self.assertEqual("reported" in kind, kind["command"] == "check")
+            self.assertIn(kind["command"], ("check", "post", "verify"))
+            severities = ("error", "warning") if kind["command"] == "verify" else ("warning", "note")
+            self.assertIn(kind["severity"], severities)
+            if kind["command"] != "verify":
+                self.assertEqual("reported" in kind, kind["command"] == "check")
 
 
 @unittest.skipIf(program.SANITIZED, "the sanitizers need memory of their own")

@@ -7,7 +7,7 @@ import shutil
 
 import program
 
-NAMES = ("check", "explain", "list", "diff", "document", "post", "words", "code", "word", "tables", "lsp")
+NAMES = ("check", "explain", "list", "diff", "document", "post", "verify", "words", "code", "word", "tables", "lsp")
 COMMANDS = ["ppword"] + ["ppword " + name for name in NAMES]
 OPTION = re.compile(r"^\s*((?:-\w, ?)?--[\w-]+)", re.MULTILINE)
 

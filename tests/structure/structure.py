@@ -57,7 +57,8 @@ LAYERS = {
     "host": ("interfaces", "platform"),
     "post": ("host", "language", "interfaces", "platform"),
     "inspect": ("post", "host", "language", "interfaces", "platform"),
-    "tools": ("inspect", "post", "host", "language", "interfaces", "platform"),
+    "verify": ("post", "host", "interfaces", "platform"),
+    "tools": ("verify", "inspect", "post", "host", "language", "interfaces", "platform"),
 }
 
 # Layers that include headers of the standard library and no other header from outside.
@@ -69,6 +70,10 @@ NO_INCLUDE = (
     ("post/job", "post/output"),
     ("post/listing", "post/generator"),
     ("post/listing", "post/output"),
+    # The reader of texts shares nothing with the writer but the events of tool paths.
+    *(("verify", f"post/{folder}") for folder in
+      ("generator", "job", "listing", "output", "parameters", "program", "text")),
+    ("verify", "post/toolpath/LineReader.h"),
 )
 
 SHORT_FILE = 30

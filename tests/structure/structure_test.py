@@ -176,7 +176,8 @@ class Includes(StructureTest):
             "host": ["interfaces", "platform"],
             "post": ["host", "language", "interfaces", "platform"],
             "inspect": ["post", "host", "language", "interfaces", "platform"],
-            "tools": ["inspect", "post", "host", "language", "interfaces", "platform"],
+            "verify": ["post", "host", "interfaces", "platform"],
+            "tools": ["verify", "inspect", "post", "host", "language", "interfaces", "platform"],
         }
         for layer in below:
             self.include(f"{layer}/{layer}_.h")

@@ -221,6 +221,11 @@ void addPost(CLI::App& command, PostOptions& options) {
   addReading(command, options);
 }
 
+void addVerify(CLI::App& command, VerifyOptions& options) {
+  addFile(command, "TEXT", options.text, "APT text; - for standard input", " ")->required();
+  addStrictness(command, options.strictness, "Exit with 1 on warnings too, or on these kinds only");
+}
+
 void addDiff(CLI::App& command, DiffOptions& options) {
   addFile(command, "OLD", options.before, "PP word table", " ")->required();
   addFile(command, "NEW", options.after, "PP word table to compare with it", " ")->required();
@@ -268,7 +273,7 @@ struct Command {
   Run (*prepare)(CLI::App& command);
 };
 // The commands of the program, in the order of its help.
-constexpr std::array<Command, 11> kCommands{{
+constexpr std::array<Command, 12> kCommands{{
     {"check", help::kCheck, help::kCheckFooter, prepare<CheckOptions, addCheck, checkTables>},
     {"explain", help::kExplain, help::kExplainFooter,
      prepare<ExplainOptions, addExplain, explainSyntax>},
@@ -276,6 +281,7 @@ constexpr std::array<Command, 11> kCommands{{
     {"diff", help::kDiff, help::kDiffFooter, prepare<DiffOptions, addDiff, diffTables>},
     {"document", help::kDocument, "", prepare<DocumentOptions, addDocument, runDocument>},
     {"post", help::kPost, help::kPostFooter, prepare<PostOptions, addPost, postJob>},
+    {"verify", help::kVerify, help::kVerifyFooter, prepare<VerifyOptions, addVerify, verifyText>},
     {"words", help::kWords, help::kWordsFooter, prepare<WordsOptions, addWords, showWords>},
     {"code", help::kCode, help::kCodeFooter, prepare<CodeOptions, addCode, showCodes>},
     {"word", help::kWord, help::kWordFooter, prepare<WordOptions, addWord, showWordsOfCodes>},

@@ -167,6 +167,16 @@ struct PostOptions : ToolPathOptions {
 /// What is wrong with the options is raised before anything is written.
 [[nodiscard]] ExitStatus postManyJobs(const PostOptions& options);
 
+struct VerifyOptions {
+  /// "-": the standard input.
+  std::string text;
+  StrictnessOptions strictness;
+  OutputFormat format = OutputFormat::ForPeople;
+};
+
+/// Reads an APT text back; reports what it has and what a reader would stumble over.
+[[nodiscard]] ExitStatus verifyText(const VerifyOptions& options);
+
 struct DiffOptions {
   std::string before;
   std::string after;

@@ -167,6 +167,24 @@ Examples:
   ppword post bracket.ngc --unknown-tools --listing -o bracket.canon
   ppword post bracket.canon drilling.job.jsonl --output-dir texts -j 4)";
 
+inline constexpr const char* kVerify = "Read an APT text back";
+inline constexpr const char* kVerifyFooter =
+    R"(Reads the text statement by statement as a reader of APT does, with rules of its own, which are not
+those of 'ppword post'. The report counts moves, tool axes, circles, feed rates and so on, and words
+that the reader does not know. Findings are what a reader would stumble over: columns beyond 72, a
+statement that is not continued, empty arguments, left-over references, points with a wrong number
+of coordinates and more; 'ppword check --explain KEY' explains each.
+
+Lines end with LF or CR LF. Columns 73 to 80 of cards are read as numbers of the lines when the
+first line has one there.
+
+Exit status: 0 no errors; 1 errors, or a text that cannot be read; 2 wrong use; 3 report not
+written.
+
+Examples:
+  ppword verify expected/drilling.apt
+  ppword verify --strict --format json expected/rim.apt)";
+
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =
     R"(TPRINT (1075) and NOTE (181) are added at the end if the table does not have them.

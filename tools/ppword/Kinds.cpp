@@ -5,6 +5,7 @@
 #include "inspect/lint/LintRules.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Refusal.h"
+#include "verify/Rules.h"
 
 namespace {
 
@@ -60,6 +61,12 @@ constexpr Kind kPostKinds[] = {
 // From here on the rules are those of the check without the lint.
 constexpr auto kFirstOfCheck = static_cast<std::size_t>(host::LintKey::NoSection);
 
+std::string_view weightName(verify::Weight weight) {
+  using enum verify::Weight;
+  if (weight == Error) return "error";
+  return weight == Warning ? "warning" : "note";
+}
+
 std::vector<Kind> makeKinds() {
   std::vector<Kind> kinds;
   for (const host::LintRule& rule : host::lintRules()) {
@@ -67,6 +74,12 @@ std::vector<Kind> makeKinds() {
                      rule.about, rule.reported, rule.sound, kinds.size() < kFirstOfCheck});
   }
   kinds.insert(kinds.end(), std::begin(kPostKinds), std::end(kPostKinds));
+  for (const verify::RuleRow& row : verify::rules()) {
+    // The check of tables has one of them too.
+    if (row.key == kWideLine) continue;
+    kinds.push_back({row.key, "verify", weightName(row.weight), row.fault, row.hint, row.about,
+                     row.reported, row.sound});
+  }
   return kinds;
 }
 
@@ -122,7 +135,9 @@ std::string_view Strictness::lintKey() const {
   return found == refused_.end() ? std::string_view() : *found;
 }
 
+bool Strictness::allows(std::string_view key) const { return holds(allowed_, key); }
+
 bool Strictness::refuses(std::string_view key, bool isNote) const {
-  if (holds(allowed_, key)) return false;
+  if (allows(key)) return false;
   return holds(refused_, key) || (all_ && !isNote);
 }

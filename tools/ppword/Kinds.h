@@ -10,21 +10,23 @@
 /// A kind of finding or loss that a command can refuse.
 struct Kind {
   std::string_view key;
-  /// "check" or "post": the command that reports it.
+  /// "check", "post" or "verify": the command that reports it.
   std::string_view command;
-  /// "warning" or "note".
+  /// "error", "warning" or "note".
   std::string_view severity;
   std::string_view fault;
   std::string_view hint;
   std::string_view about;
-  /// A line or table that is reported, and one to write instead; empty for `post`.
+  /// A line or table that is reported, and one to write instead; empty for `post`
+  /// and for what no example shows.
   std::string_view reported;
   std::string_view sound;
   /// True for a kind of the check that it finds with --lint only.
   bool needsLint = false;
 };
 
-/// All kinds: those of the check in the order of its rules, then those of `post`.
+/// All kinds: those of the check in the order of its rules, then those of `post` and
+/// of `verify`.
 [[nodiscard]] std::span<const Kind> allKinds();
 
 /// The kind with a key. A UsageError, which names the nearest key, when there is none.
@@ -60,6 +62,8 @@ class Strictness {
   [[nodiscard]] std::string_view lintKey() const;
   /// `isNote`: for a finding of which nothing has to be done.
   [[nodiscard]] bool refuses(std::string_view key, bool isNote = false) const;
+  /// True for the keys of --allow.
+  [[nodiscard]] bool allows(std::string_view key) const;
 
  private:
   bool all_ = false;

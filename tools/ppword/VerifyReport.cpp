@@ -1,0 +1,169 @@
+#include "tools/ppword/VerifyReport.h"
+
+#include <nlohmann/json.hpp>
+
+namespace {
+
+constexpr std::size_t kNameColumns = 18;
+constexpr std::size_t kCountColumns = 8;
+
+std::string counted(long count, std::string_view noun) {
+  return std::to_string(count) + ' ' + std::string(noun) + (count == 1 ? "" : "s");
+}
+
+host::Severity severityOf(verify::Weight weight) {
+  using enum verify::Weight;
+  if (weight == Error) return host::Severity::Error;
+  return weight == Warning ? host::Severity::Warning : host::Severity::Note;
+}
+
+std::string eventLine(std::string_view name, long count) {
+  const std::string digits = std::to_string(count);
+  std::string line = "  " + std::string(name);
+  line.resize(2 + kNameColumns, ' ');
+  if (digits.size() < kCountColumns) line.append(kCountColumns - digits.size(), ' ');
+  return line + digits;
+}
+
+bool refuses(const Strictness& strictness, const verify::RuleRow& row) {
+  if (row.weight == verify::Weight::Error) return !strictness.allows(row.key);
+  return strictness.refuses(row.key, row.weight == verify::Weight::Note);
+}
+
+}  // namespace
+
+void VerifyReport::add(const verify::Finding& finding) {
+  long& count = counts_[static_cast<std::size_t>(finding.rule)];
+  if (++count > kMostOfAKind) return;
+  const verify::RuleRow& row = verify::rowOf(finding.rule);
+  host::Diagnostic diagnostic;
+  diagnostic.severity = severityOf(row.weight);
+  diagnostic.file = file_;
+  diagnostic.line = finding.place.line;
+  diagnostic.column = finding.place.column;
+  diagnostic.width = static_cast<long>(finding.width);
+  diagnostic.key = row.key;
+  diagnostic.message = verify::messageOf(finding);
+  if (!finding.line.empty()) {
+    diagnostic.source = host::excerptOf(finding.line, finding.place.column);
+  }
+  findings_.push_back(std::move(diagnostic));
+}
+
+void VerifyReport::count(const verify::Statement& statement, verify::EventKind kind) {
+  ++statements_;
+  ++events_[static_cast<std::size_t>(kind)];
+  if (kind != verify::EventKind::Unknown) return;
+  const std::string word = statement.word.substr(0, 40);
+  const auto known = unknownWords_.find(word);
+  if (known != unknownWords_.end()) {
+    ++known->second;
+  } else if (unknownWords_.size() < kMostUnknownWords) {
+    unknownWords_.emplace(word, 1);
+  }
+}
+
+void VerifyReport::finish(long lines, bool hasSequenceNumbers) {
+  lines_ = lines;
+  hasSequenceNumbers_ = hasSequenceNumbers;
+  if (statements_ == 0) add({verify::Rule::NoStatement, {}, 1, ""});
+}
+
+bool VerifyReport::isRefused(const Strictness& strictness) const {
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    if (counts_[rule] > 0 && refuses(strictness, verify::rules()[rule])) return true;
+  }
+  return false;
+}
+
+// True when the text is refused only since --strict asks for it.
+bool VerifyReport::isOnlyStrict(const Strictness& strictness) const {
+  if (!isRefused(strictness)) return false;
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    const verify::RuleRow& row = verify::rules()[rule];
+    const bool isError = row.weight == verify::Weight::Error;
+    if (isError && counts_[rule] > 0 && refuses(strictness, row)) return false;
+  }
+  return true;
+}
+
+long VerifyReport::countOf(verify::Weight weight) const {
+  long count = 0;
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    if (verify::rules()[rule].weight == weight) count += counts_[rule];
+  }
+  return count;
+}
+
+// The unknown words with their counts.
+std::string VerifyReport::unknownText() const {
+  constexpr int kMost = 8;
+  std::string text;
+  int shown = 0;
+  for (const auto& [word, count] : unknownWords_) {
+    if (++shown > kMost) return text + ", ...";
+    text += shown == 1 ? "  " : ", ";
+    text += word.empty() ? "no word" : word;
+    if (count > 1) text += " (" + std::to_string(count) + ')';
+  }
+  return text;
+}
+
+// What of the findings is not shown.
+std::string VerifyReport::leftOutText() const {
+  std::string text;
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    if (counts_[rule] <= kMostOfAKind) continue;
+    const std::string key(verify::rules()[rule].key);
+    text += "  " + key + ": " + std::to_string(counts_[rule] - kMostOfAKind) + " more\n";
+  }
+  return text;
+}
+
+std::string VerifyReport::text(const Strictness& strictness) const {
+  const std::string name = host::terminalSafe(file_);
+  std::string text =
+      name + ": " + counted(statements_, "statement") + " in " + counted(lines_, "line");
+  text += hasSequenceNumbers_ ? ", numbers in columns 73 to 80\n" : "\n";
+  for (std::size_t kind = 0; kind < events_.size(); ++kind) {
+    if (events_[kind] == 0) continue;
+    const auto event = static_cast<verify::EventKind>(kind);
+    text += eventLine(verify::nameOf(event), events_[kind]);
+    text += event == verify::EventKind::Unknown ? host::terminalSafe(unknownText()) + '\n' : "\n";
+  }
+  text += leftOutText() + name + (isRefused(strictness) ? ": refused" : ": passes");
+  const std::pair<verify::Weight, std::string_view> weights[] = {
+      {verify::Weight::Error, "error"},
+      {verify::Weight::Warning, "warning"},
+      {verify::Weight::Note, "note"}};
+  for (const auto& [weight, noun] : weights) {
+    if (const long count = countOf(weight); count > 0) text += ", " + counted(count, noun);
+  }
+  return text + (isOnlyStrict(strictness) ? "; refused by --strict\n" : "\n");
+}
+
+Json VerifyReport::json(const Strictness& strictness) const {
+  Json json{{"file", textJson(file_)},
+            {"passes", !isRefused(strictness)},
+            {"lines", lines_},
+            {"statements", statements_},
+            {"sequenceNumbers", hasSequenceNumbers_},
+            {"events", Json::object()},
+            {"unknownWords", Json::array()},
+            {"counts", Json::object()},
+            {"diagnostics", Json::array()}};
+  for (std::size_t kind = 0; kind < events_.size(); ++kind) {
+    const auto name = verify::nameOf(static_cast<verify::EventKind>(kind));
+    if (events_[kind] > 0) json["events"][std::string(name)] = events_[kind];
+  }
+  for (const auto& [word, count] : unknownWords_) {
+    json["unknownWords"].push_back({{"word", textJson(word)}, {"count", count}});
+  }
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    if (counts_[rule] > 0) json["counts"][std::string(verify::rules()[rule].key)] = counts_[rule];
+  }
+  for (const host::Diagnostic& finding : findings_) {
+    json["diagnostics"].push_back(diagnosticJson(finding));
+  }
+  return json;
+}

@@ -1,0 +1,218 @@
+#include "verify/LineTokens.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <optional>
+#include <string>
+
+namespace verify {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kMarks = ",/()=";
+constexpr std::string_view kRunEnd = " \t,/()=$";
+constexpr std::string_view kDigits = "0123456789";
+constexpr std::string_view kNoNumbers[] = {"nan", "inf", "NAN", "INF"};
+constexpr std::string_view kNumberStart = "0123456789+-.";
+constexpr std::size_t kColumns = 72;
+constexpr std::size_t kLongestWord = 6;
+
+bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+
+/// The parts of a number as it is written.
+struct Spelling {
+  std::size_t decimals = 0;
+  int exponent = 0;
+  bool hasExponent = false;
+};
+
+/// Takes digits off a text; returns how many.
+std::size_t takeDigits(std::string_view& text) {
+  const std::size_t count = std::min(text.find_first_not_of(kDigits), text.size());
+  text.remove_prefix(count);
+  return count;
+}
+
+bool takeSign(std::string_view& text) {
+  const bool isSigned = text.starts_with('+') || text.starts_with('-');
+  if (isSigned) text.remove_prefix(1);
+  return isSigned;
+}
+
+/// Takes E or D with a whole number; false when what is left begins otherwise.
+bool takeExponent(std::string_view& text, Spelling& spelling) {
+  if (text.empty()) return true;
+  if (text.front() != 'E' && text.front() != 'e') return false;
+  text.remove_prefix(1);
+  if (text.starts_with('+')) text.remove_prefix(1);
+  const auto [rest, error] =
+      std::from_chars(text.data(), text.data() + text.size(), spelling.exponent);
+  text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
+  spelling.hasExponent = true;
+  return error == std::errc();
+}
+
+/// Nothing for a text that is not a number.
+std::optional<Spelling> spellingOf(std::string_view text) {
+  Spelling spelling;
+  takeSign(text);
+  std::size_t digits = takeDigits(text);
+  if (text.starts_with('.')) {
+    text.remove_prefix(1);
+    spelling.decimals = takeDigits(text);
+    digits += spelling.decimals;
+  }
+  if (digits == 0 || !takeExponent(text, spelling) || !text.empty()) return std::nullopt;
+  return spelling;
+}
+
+bool isIn(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
+
+/// True for a run that was meant as a number: no word begins with a sign or a point, has a letter
+/// between digits at its beginning, or is what a program prints for no number.
+bool looksLikeNumber(std::string_view run) {
+  if (std::ranges::find(kNoNumbers, run) != std::end(kNoNumbers)) return true;
+  if (!isIn(run.front(), kNumberStart)) return false;
+  const std::size_t letter = std::min(run.find_first_not_of(kDigits), run.size());
+  if (letter == 0) return true;
+  const std::string_view rest = run.substr(letter);
+  return !std::all_of(rest.begin(), rest.end(), isLetter);
+}
+
+class LineTokens {
+ public:
+  LineTokens(std::string_view line, long number, Statement& statement, const FindingSink& report)
+      : line_(line), number_(number), statement_(statement), report_(report) {}
+
+  LineEnd read() {
+    while ((at_ = line_.find_first_not_of(kBlanks, at_)) != std::string_view::npos) {
+      if (line_[at_] == '$') return endAtDollar();
+      const std::size_t end = std::min(line_.find_first_of(kRunEnd, at_), line_.size());
+      add(isIn(line_[at_], kMarks) ? 1 : end - at_);
+    }
+    store(line_);
+    return LineEnd::Statement;
+  }
+
+ private:
+  void report(Rule rule, std::size_t at, std::size_t width, std::string_view subject) const {
+    report_({rule, {number_, static_cast<long>(at) + 1}, width, std::string(subject), line_});
+  }
+
+  /// At a $: a comment, or the mark that continues the statement.
+  LineEnd endAtDollar() {
+    if (line_.substr(at_).starts_with("$$")) {
+      store(line_);
+      return LineEnd::Statement;
+    }
+    const std::size_t rest = line_.find_first_not_of(kBlanks, at_ + 1);
+    if (rest != std::string_view::npos)
+      report(Rule::TextAfterDollar, rest, line_.size() - rest, "");
+    store(line_.substr(0, at_));
+    return LineEnd::Continued;
+  }
+
+  /// Adds the bytes of the line to those of the statement.
+  void store(std::string_view bytes) {
+    if (fits(true)) statement_.text += bytes;
+  }
+
+  /// False when the statement is full; it is reported once.
+  bool fits(bool hasSpace) {
+    if (statement_.isCut) return false;
+    statement_.isCut = !hasSpace || statement_.text.size() + line_.size() > kLongestStatement;
+    if (statement_.isCut) report_({Rule::LongStatement, {number_, 1}, 1, "", ""});
+    return !statement_.isCut;
+  }
+
+  void add(std::size_t length) {
+    if (fits(statement_.tokens.size() < kMostTokens)) {
+      Token token;
+      token.offset = statement_.text.size() + at_;
+      token.length = length;
+      token.place = {number_, static_cast<long>(at_) + 1};
+      classify(token);
+      statement_.tokens.push_back(token);
+    }
+    at_ += length;
+  }
+
+  void classify(Token& token) {
+    const std::string_view run = line_.substr(at_, token.length);
+    if (isIn(run.front(), kMarks)) {
+      token.kind = TokenKind::Mark;
+    } else if (const auto spelling = spellingOf(run)) {
+      token.kind = TokenKind::Number;
+      readNumber(run, *spelling, token);
+    } else {
+      checkWord(run);
+    }
+  }
+
+  void readNumber(std::string_view run, const Spelling& spelling, Token& token) const {
+    const std::string_view digits = run.substr(run.starts_with('+') ? 1 : 0);
+    const auto [end, error] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), token.number);
+    token.halfUnit =
+        0.5 * std::pow(10.0, spelling.exponent - static_cast<double>(spelling.decimals));
+    if (error != std::errc()) report(Rule::BadNumber, at_, run.size(), run);
+    if (spelling.hasExponent) report(Rule::Exponent, at_, run.size(), run);
+    if (token.number == 0.0 && run.starts_with('-')) report(Rule::MinusZero, at_, run.size(), run);
+  }
+
+  void checkWord(std::string_view run) const {
+    if (run.find_first_of("%&") != std::string_view::npos) {
+      report(Rule::LeftoverReference, at_, run.size(), run);
+    } else if (looksLikeNumber(run)) {
+      report(Rule::BadNumber, at_, run.size(), run);
+    } else if (run.size() > kLongestWord && isLetter(run.front())) {
+      report(Rule::LongWord, at_, run.size(), run);
+    }
+  }
+
+  std::string_view line_;
+  long number_;
+  Statement& statement_;
+  const FindingSink& report_;
+  std::size_t at_ = 0;
+};
+
+/// How many columns a line takes; a character of several bytes takes one in a text.
+std::size_t columnsOf(std::string_view line, bool isText) {
+  if (!isText) return line.size();
+  const auto isFirst = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
+  return static_cast<std::size_t>(std::count_if(line.begin(), line.end(), isFirst));
+}
+
+std::string byteName(char c) {
+  constexpr std::string_view kHex = "0123456789ABCDEF";
+  const auto value = static_cast<unsigned char>(c);
+  return std::string("byte 0x") + kHex[value >> 4U] + kHex[value & 0xFU];
+}
+
+}  // namespace
+
+LineEnd addLine(std::string_view line, long number, Statement& statement,
+                const FindingSink& report) {
+  return LineTokens(line, number, statement, report).read();
+}
+
+void checkCharacters(std::string_view line, long number, bool isText, const FindingSink& report) {
+  const auto find = [&](Rule rule, std::size_t at, std::size_t width, std::string subject) {
+    report({rule, {number, static_cast<long>(at) + 1}, width, std::move(subject), line});
+  };
+  if (columnsOf(line, isText) > kColumns) {
+    find(Rule::WideLine, kColumns, line.size() - kColumns, "");
+  }
+  const std::size_t tab = line.find('\t');
+  if (tab != std::string_view::npos) find(Rule::TabInLine, tab, 1, "");
+  const auto isForeign = [](char c) { return c != '\t' && !isPrintable(c); };
+  const auto* const foreign = std::find_if(line.begin(), line.end(), isForeign);
+  if (foreign == line.end()) return;
+  find(isText ? Rule::CharacterInText : Rule::CharacterInStatement,
+       static_cast<std::size_t>(foreign - line.begin()), 1, byteName(*foreign));
+}
+
+}  // namespace verify

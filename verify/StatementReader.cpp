@@ -1,0 +1,141 @@
+#include "verify/StatementReader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "verify/LineTokens.h"
+
+namespace verify {
+namespace {
+
+constexpr std::string_view kWhiteSpace = " \t";
+constexpr std::string_view kFigures = "0123456789";
+constexpr std::size_t kCardColumns = 80;
+constexpr std::size_t kStatementColumns = 72;
+
+std::string_view withoutBlanks(std::string_view line) {
+  return line.substr(0, line.find_last_not_of(kWhiteSpace) + 1);
+}
+
+bool isComment(std::string_view line) {
+  const std::size_t first = line.find_first_not_of(kWhiteSpace);
+  return first != std::string_view::npos && line.substr(first).starts_with("$$");
+}
+
+/// True for letters, then digits, at least one: PART0010 or 00000010.
+bool isSequenceNumber(std::string_view field) {
+  const auto isCapital = [](char c) { return (c >= 'A' && c <= 'Z') || c == ' '; };
+  const auto* const digits = std::find_if_not(field.begin(), field.end(), isCapital);
+  const std::string_view number(digits, static_cast<std::size_t>(field.end() - digits));
+  return !number.empty() && number.find_first_not_of(kFigures) == std::string_view::npos;
+}
+
+bool isNumberedCard(std::string_view line) {
+  return line.size() == kCardColumns && isSequenceNumber(line.substr(kStatementColumns));
+}
+
+bool isValue(const Token& token) { return token.kind != TokenKind::Mark; }
+
+}  // namespace
+
+StatementReader::StatementReader(ByteSource bytes, const Words& words, FindingSink report)
+    : lines_(std::move(bytes)), words_(words), report_(std::move(report)) {}
+
+bool StatementReader::nextLine() {
+  if (!lines_.next(line_)) return false;
+  if (lines_.isCut()) {
+    report_({Rule::LongLine, {lines(), static_cast<long>(TextLines::kLongestLine) + 1}, 1, "", ""});
+  }
+  if (lines() == 1) hasSequenceNumbers_ = isNumberedCard(line_);
+  if (hasSequenceNumbers_ && line_.size() <= kCardColumns) {
+    line_ = line_.substr(0, kStatementColumns);
+  }
+  line_ = withoutBlanks(line_);
+  return true;
+}
+
+void StatementReader::begin(Statement& statement) const {
+  const std::size_t first = line_.find_first_not_of(kWhiteSpace);
+  statement.place = {lines(), static_cast<long>(first) + 1};
+  statement.text.clear();
+  statement.tokens.clear();
+  statement.word.clear();
+  statement.isCut = false;
+}
+
+bool StatementReader::next(Statement& statement) {
+  while (isPending_ || nextLine()) {
+    isPending_ = false;
+    if (line_.empty()) continue;
+    begin(statement);
+    const std::string_view content =
+        line_.substr(static_cast<std::size_t>(statement.place.column) - 1);
+    const WordRow* const word = words_.textWordOf(content);
+    statement.isText = word != nullptr || content.starts_with("$$");
+    if (statement.isText) {
+      readText(statement, word);
+    } else {
+      readTokens(statement);
+    }
+    checkStatement(statement, words_, report_);
+    return true;
+  }
+  return false;
+}
+
+void StatementReader::readText(Statement& statement, const WordRow* word) {
+  checkCharacters(line_, lines(), true, report_);
+  const std::size_t first = static_cast<std::size_t>(statement.place.column) - 1;
+  statement.text = line_.substr(first);
+  if (word == nullptr) return;
+  statement.word = line_.substr(first, line_.find_first_of(" \t,/()=$", first) - first);
+}
+
+void StatementReader::readTokens(Statement& statement) {
+  checkCharacters(line_, lines(), false, report_);
+  LineEnd end = addLine(line_, lines(), statement, report_);
+  if (!statement.tokens.empty() && statement.tokens.front().kind == TokenKind::Word) {
+    statement.word = statement.textOf(statement.tokens.front());
+  }
+  while (end == LineEnd::Continued && continues()) {
+    checkCharacters(line_, lines(), false, report_);
+    const std::size_t first = statement.tokens.size();
+    end = addLine(line_, lines(), statement, report_);
+    checkJoint(statement, first);
+  }
+}
+
+// Reads the line that continues a statement; false when there is none.
+bool StatementReader::continues() {
+  const TextPlace mark{lines(), static_cast<long>(line_.size())};
+  if (!nextLine()) {
+    reportOpen(mark);
+    return false;
+  }
+  if (!line_.empty() && !isComment(line_)) return true;
+  reportOpen(mark);
+  isPending_ = true;
+  return false;
+}
+
+void StatementReader::reportOpen(const TextPlace& place) const {
+  report_({Rule::OpenContinuation, place, 1, "", ""});
+}
+
+// Compares the last token of a line with the first of the line that continues it.
+void StatementReader::checkJoint(const Statement& statement, std::size_t first) const {
+  const auto& tokens = statement.tokens;
+  if (first == 0 || first >= tokens.size() || !isValue(tokens[first])) return;
+  const Token& token = tokens[first];
+  const std::string_view text = statement.textOf(token);
+  const bool beginsStatement =
+      first + 1 == tokens.size() || statement.isMark(tokens[first + 1], '/');
+  const std::size_t width = text.size();
+  if (beginsStatement && token.kind == TokenKind::Word && words_.find(text) != nullptr) {
+    report_({Rule::SwallowedStatement, token.place, width, std::string(text), line_});
+  } else if (isValue(tokens[first - 1])) {
+    report_({Rule::CutArgument, token.place, width, std::string(text), line_});
+  }
+}
+
+}  // namespace verify

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+#include "verify/Rules.h"
+#include "verify/Statement.h"
+#include "verify/TextLines.h"
+#include "verify/Words.h"
+
+namespace verify {
+
+/// Reads a text statement by statement, in constant memory, and reports what a reader would
+/// stumble over. Lines may be cards of 80 columns: when columns 73 to 80 of the first line, which
+/// is 80 columns wide, are a number, these columns of all lines are numbers and are not read.
+class StatementReader {
+ public:
+  /// The words and what the sink refers to must outlive the reader.
+  StatementReader(ByteSource bytes, const Words& words, FindingSink report);
+
+  /// Sets `statement` to the next one; false at the end. Empty lines are no statements.
+  [[nodiscard]] bool next(Statement& statement);
+
+  /// The line that was read last, from 1.
+  [[nodiscard]] long lines() const noexcept { return lines_.number(); }
+  [[nodiscard]] bool hasSequenceNumbers() const noexcept { return hasSequenceNumbers_; }
+
+ private:
+  [[nodiscard]] bool nextLine();
+  void begin(Statement& statement) const;
+  void readText(Statement& statement, const WordRow* word);
+  void readTokens(Statement& statement);
+  [[nodiscard]] bool continues();
+  void checkJoint(const Statement& statement, std::size_t first) const;
+  void reportOpen(const TextPlace& place) const;
+
+  TextLines lines_;
+  const Words& words_;
+  FindingSink report_;
+  /// The line that was read last, without its number and the blanks at its end.
+  std::string_view line_;
+  bool hasSequenceNumbers_ = false;
+  /// True when the line is not yet part of a statement.
+  bool isPending_ = false;
+};
+
+}  // namespace verify
