@@ -19,7 +19,8 @@ constexpr std::size_t kColumns = 72;
 constexpr std::size_t kLongestWord = 6;
 
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool isPrintable(char c) { return c >= ' ' && c <= '~'; }
+/// A character that is neither printable ASCII nor a tab.
+bool isForeign(char c) { return c != '\t' && !(c >= ' ' && c <= '~'); }
 
 /// The parts of a number as it is written.
 struct Spelling {
@@ -84,7 +85,12 @@ bool looksLikeNumber(std::string_view run) {
 class LineTokens {
  public:
   LineTokens(std::string_view line, long number, Statement& statement, const FindingSink& report)
-      : line_(line), number_(number), statement_(statement), report_(report) {}
+      : line_(line),
+        number_(number),
+        statement_(statement),
+        report_(report),
+        // A line that continues a statement has arguments.
+        hasArguments_(!statement.tokens.empty()) {}
 
   LineEnd read() {
     while ((at_ = line_.find_first_not_of(kBlanks, at_)) != std::string_view::npos) {
@@ -143,22 +149,20 @@ class LineTokens {
     const std::string_view run = line_.substr(at_, token.length);
     if (isIn(run.front(), kMarks)) {
       token.kind = TokenKind::Mark;
-    } else if (const auto spelling = spellingOf(run)) {
+      hasArguments_ = true;
+    } else if (const auto number = readNumber(run)) {
       token.kind = TokenKind::Number;
-      readNumber(run, *spelling, token);
+      takeNumber(run, *number, token);
     } else {
       checkWord(run);
     }
   }
 
-  void readNumber(std::string_view run, const Spelling& spelling, Token& token) const {
-    const std::string_view digits = run.substr(run.starts_with('+') ? 1 : 0);
-    const auto [end, error] =
-        std::from_chars(digits.data(), digits.data() + digits.size(), token.number);
-    token.halfUnit =
-        0.5 * std::pow(10.0, spelling.exponent - static_cast<double>(spelling.decimals));
-    if (error != std::errc()) report(Rule::BadNumber, at_, run.size(), run);
-    if (spelling.hasExponent) report(Rule::Exponent, at_, run.size(), run);
+  void takeNumber(std::string_view run, const PrintedNumber& number, Token& token) const {
+    token.number = number.value;
+    token.halfUnit = number.halfUnit;
+    if (!number.isInRange) report(Rule::BadNumber, at_, run.size(), run);
+    if (number.hasExponent) report(Rule::Exponent, at_, run.size(), run);
     if (token.number == 0.0 && run.starts_with('-')) report(Rule::MinusZero, at_, run.size(), run);
   }
 
@@ -167,9 +171,14 @@ class LineTokens {
       report(Rule::LeftoverReference, at_, run.size(), run);
     } else if (looksLikeNumber(run)) {
       report(Rule::BadNumber, at_, run.size(), run);
-    } else if (run.size() > kLongestWord && isLetter(run.front())) {
+    } else if (run.size() > kLongestWord && isLetter(run.front()) && isWordOfStatement()) {
       report(Rule::LongWord, at_, run.size(), run);
     }
+  }
+
+  /// True for the first word and for arguments: other words are a text that no word announces.
+  [[nodiscard]] bool isWordOfStatement() const {
+    return statement_.tokens.empty() || hasArguments_;
   }
 
   std::string_view line_;
@@ -177,6 +186,7 @@ class LineTokens {
   Statement& statement_;
   const FindingSink& report_;
   std::size_t at_ = 0;
+  bool hasArguments_;
 };
 
 /// How many columns a line takes; a character of several bytes takes one in a text.
@@ -194,6 +204,20 @@ std::string byteName(char c) {
 
 }  // namespace
 
+std::optional<PrintedNumber> readNumber(std::string_view text) {
+  const auto spelling = spellingOf(text);
+  if (!spelling) return std::nullopt;
+  PrintedNumber number;
+  const std::string_view digits = text.substr(text.starts_with('+') ? 1 : 0);
+  const auto [end, error] =
+      std::from_chars(digits.data(), digits.data() + digits.size(), number.value);
+  number.halfUnit =
+      0.5 * std::pow(10.0, spelling->exponent - static_cast<double>(spelling->decimals));
+  number.hasExponent = spelling->hasExponent;
+  number.isInRange = error == std::errc();
+  return number;
+}
+
 LineEnd addLine(std::string_view line, long number, Statement& statement,
                 const FindingSink& report) {
   return LineTokens(line, number, statement, report).read();
@@ -201,15 +225,13 @@ LineEnd addLine(std::string_view line, long number, Statement& statement,
 
 void checkCharacters(std::string_view line, long number, bool isText, const FindingSink& report) {
   const auto find = [&](Rule rule, std::size_t at, std::size_t width, std::string subject) {
+    if (at >= line.size()) return;
     report({rule, {number, static_cast<long>(at) + 1}, width, std::move(subject), line});
   };
-  if (columnsOf(line, isText) > kColumns) {
-    find(Rule::WideLine, kColumns, line.size() - kColumns, "");
-  }
-  const std::size_t tab = line.find('\t');
-  if (tab != std::string_view::npos) find(Rule::TabInLine, tab, 1, "");
-  const auto isForeign = [](char c) { return c != '\t' && !isPrintable(c); };
-  const auto* const foreign = std::find_if(line.begin(), line.end(), isForeign);
+  const bool isWide = columnsOf(line, isText) > kColumns;
+  if (isWide) find(Rule::WideLine, kColumns, line.size() - kColumns, "");
+  find(Rule::TabInLine, line.find('\t'), 1, "");
+  const auto* const foreign = std::ranges::find_if(line, isForeign);
   if (foreign == line.end()) return;
   find(isText ? Rule::CharacterInText : Rule::CharacterInStatement,
        static_cast<std::size_t>(foreign - line.begin()), 1, byteName(*foreign));

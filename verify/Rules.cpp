@@ -17,7 +17,7 @@ constexpr RuleRow kRules[] = {
 };
 
 // A subject is cut to this many bytes.
-constexpr std::size_t kLongestSubject = 40;
+constexpr std::size_t kLongestSubject = 200;
 
 constexpr double kAxisTolerance = 1e-4;
 constexpr double kHalf = 0.5;
@@ -102,20 +102,24 @@ class StatementRules {
 
   /// The three numbers after the first `before`.
   void checkAxis(std::size_t before) const {
-    double square = 0.0;
-    double doubt = 0.0;
-    const Token* first = nullptr;
-    std::size_t count = 0;
+    std::vector<const Token*> numbers;
     for (const Token& token : statement_.tokens) {
-      if (token.kind != TokenKind::Number || count++ < before) continue;
-      if (first == nullptr) first = &token;
-      square += token.number * token.number;
-      // A number without decimals is exact.
-      if (token.halfUnit < kHalf) doubt += std::abs(token.number) * token.halfUnit;
+      if (token.kind == TokenKind::Number) numbers.push_back(&token);
     }
-    if (first == nullptr) return;
+    double square = 0.0;
+    double doubt = kAxisTolerance;
+    for (std::size_t at = before; at < numbers.size(); ++at) {
+      square += numbers[at]->number * numbers[at]->number;
+      doubt = std::max(doubt, doubtOf(*numbers[at]));
+    }
     const double off = std::abs(std::sqrt(square) - 1.0);
-    if (!(off <= std::max(kAxisTolerance, doubt))) report(Rule::AxisLength, *first, "");
+    if (!(off <= doubt)) report(Rule::AxisLength, *numbers[before], "");
+  }
+
+  /// How much the digits of a component let the length of an axis differ. A number without decimals
+  /// is exact.
+  static double doubtOf(const Token& token) {
+    return token.halfUnit < kHalf ? 2.0 * token.halfUnit : 0.0;
   }
 
   const Statement& statement_;

@@ -68,19 +68,23 @@ bool StatementReader::next(Statement& statement) {
     isPending_ = false;
     if (line_.empty()) continue;
     begin(statement);
-    const std::string_view content =
-        line_.substr(static_cast<std::size_t>(statement.place.column) - 1);
-    const WordRow* const word = words_.textWordOf(content);
-    statement.isText = word != nullptr || content.starts_with("$$");
-    if (statement.isText) {
-      readText(statement, word);
-    } else {
-      readTokens(statement);
-    }
+    read(statement);
     checkStatement(statement, words_, report_);
     return true;
   }
   return false;
+}
+
+void StatementReader::read(Statement& statement) {
+  const auto first = static_cast<std::size_t>(statement.place.column) - 1;
+  const std::string_view content = line_.substr(first);
+  const WordRow* const word = words_.textWordOf(content);
+  statement.isText = word != nullptr || content.starts_with("$$");
+  if (statement.isText) {
+    readText(statement, word);
+  } else {
+    readTokens(statement);
+  }
 }
 
 void StatementReader::readText(Statement& statement, const WordRow* word) {

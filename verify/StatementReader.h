@@ -29,6 +29,7 @@ class StatementReader {
  private:
   [[nodiscard]] bool nextLine();
   void begin(Statement& statement) const;
+  void read(Statement& statement);
   void readText(Statement& statement, const WordRow* word);
   void readTokens(Statement& statement);
   [[nodiscard]] bool continues();

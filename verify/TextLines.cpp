@@ -1,7 +1,5 @@
 #include "verify/TextLines.h"
 
-#include <algorithm>
-
 namespace verify {
 
 ByteSource bytesOf(std::string_view text) {
@@ -18,24 +16,22 @@ bool TextLines::fill() {
   return end_ > 0;
 }
 
-void TextLines::take(std::string_view bytes) {
+// Takes the unread bytes up to the end of the line; false when that is not among them.
+bool TextLines::take() {
+  const std::string_view unread(chunk_.data() + begin_, end_ - begin_);
+  const std::size_t feed = unread.find('\n');
+  const bool isEnded = feed != std::string_view::npos;
   const std::size_t space = kLongestLine + 1 - line_.size();
-  line_.append(bytes.substr(0, space));
+  line_.append(unread.substr(0, feed).substr(0, space));
+  begin_ += isEnded ? feed + 1 : unread.size();
+  return isEnded;
 }
 
 bool TextLines::next(std::string_view& line) {
   line_.clear();
-  bool isEnded = false;
-  bool isRead = false;
-  while (!isEnded && (begin_ < end_ || fill())) {
-    isRead = true;
-    const std::string_view unread(chunk_.data() + begin_, end_ - begin_);
-    const std::size_t feed = unread.find('\n');
-    isEnded = feed != std::string_view::npos;
-    take(unread.substr(0, feed));
-    begin_ += isEnded ? feed + 1 : unread.size();
+  if (begin_ == end_ && !fill()) return false;
+  while (!take() && fill()) {
   }
-  if (!isRead) return false;
   ++number_;
   if (line_.ends_with('\r')) line_.pop_back();
   isCut_ = line_.size() > kLongestLine;

@@ -35,7 +35,7 @@ class TextLines {
   static constexpr std::size_t kChunk = std::size_t{1} << 16U;
 
   [[nodiscard]] bool fill();
-  void take(std::string_view bytes);
+  bool take();
 
   ByteSource bytes_;
   std::vector<char> chunk_;

@@ -34,6 +34,24 @@ ZERO = (
 MOVE = "text: 1 statement in 1 line\n  moves                    1\n"
 
 
+JOB = (
+    '{"job":1,"program":"P","units":"mm"}\n'
+    '{"nc":"NC_RAPID"}\n'
+    '{"nc":"NC_GOTO","points":[[1.25,2,3],[4,5.5,-6]]}\n'
+    '{"end":true}\n'
+)
+TEXT = "RAPID\nGOTO/1.25,2,3\nGOTO/4,5.5,-6\n"
+READ = "text: 3 statements in 3 lines\n  moves                    2\n  rapid                    1\n"
+AGREES = "text: agrees with job: 3 elements, 3 statements verified, 1 of them the table's own\n"
+COMPUTES = (
+    "*START_NC_INSTRUCTION NC_GOTO\nGOTO/%MFG_XPOINT+0,%MFG_YPOINT,%MFG_ZPOINT\n*END\n"
+)
+NOT_VERIFIED = (
+    "job:3: warning not-verified: NC_GOTO, 2 times: its line computes, or has a word or a value "
+    "that the reader does not know; read it yourself, or add the word to a profile\n"
+)
+
+
 class Verify(program.ProgramTest):
     def verify(self, *arguments, **options):
         return self.run_program("verify", *arguments, **options)
@@ -162,6 +180,174 @@ class Verify(program.ProgramTest):
             "  a zero with a minus sign; write it without sign\n\n"
             "  Some readers take it for the direction of an axis, others refuse it.\n\n"
             "  Reported:\n    GOTO/-0.000,2,3\n  Not reported:\n    GOTO/0.000,2,3\n",
+        )
+
+    def test_text_that_agrees_with_its_input(self):
+        self.write("job", JOB)
+        self.write("text", TEXT)
+        done = self.verify("--strict", "text", "--against", "job")
+        self.check(done, 0, READ + AGREES + "text: passes\n")
+        with open(os.path.join(self.folder, "job"), encoding="ascii") as job:
+            done = self.verify("text", "--against", "-", stdin=job)
+        self.assertIn("text: agrees with standard input: 3 elements", done.stdout)
+        self.assertEqual(done.returncode, 0)
+
+    def test_first_difference_has_both_places(self):
+        self.write("job", JOB)
+        self.write("text", TEXT.replace("5.5,-6", "5.5,6"))
+        differs = (
+            "text: differs from job: 3 elements, 2 statements verified, 1 of them the table's own\n"
+        )
+        self.check(
+            self.verify("text", "--against", "job"),
+            1,
+            READ + differs + "text: refused, 1 error\n",
+            "text:3:12: error difference: 6, where the input has -6: the text differs from the "
+            "input; nothing after it was compared\n"
+            "  GOTO/4,5.5,6\n"
+            "             ^\n"
+            "job:3: note difference: NC_GOTO, point 2 is here\n",
+        )
+
+    def test_text_that_ends_too_early_or_too_late(self):
+        self.write("job", JOB)
+        self.write("text", "RAPID\nGOTO/1.25,2,3\n")
+        self.assertEqual(
+            self.verify("text", "--against", "job").stderr,
+            "text:2: error difference: the end of the text, where the input has GOTO/4,5.5,-6: the "
+            "text differs from the input; nothing after it was compared\n"
+            "job:3: note difference: NC_GOTO, point 2 is here\n",
+        )
+        self.write("text", TEXT + "RAPID\nGOTO/1,2,3\n")
+        self.assertEqual(
+            self.verify("text", "--against", "job").stderr,
+            "text:4:1: error difference: RAPID, where the input has ended: the text differs from "
+            "the input; nothing after it was compared\n"
+            "  RAPID\n"
+            "  ^\n",
+        )
+
+    def test_lines_that_compute_are_counted(self):
+        self.write("job", JOB)
+        self.write("table", COMPUTES)
+        self.write("text", TEXT)
+        done = self.verify("text", "--against", "job", "-t", "table")
+        own = "text: agrees with job: 3 elements, 1 statement verified, 1 of them the table's own"
+        self.check(
+            done, 0, READ + own + "; 2 not verified\ntext: passes, 1 warning\n", NOT_VERIFIED
+        )
+        done = self.verify("--strict", "text", "--against", "job", "-t", "table")
+        self.assertEqual((done.returncode, done.stderr), (1, NOT_VERIFIED))
+        self.assertIn("text: refused, 1 warning; refused by --strict\n", done.stdout)
+        done = self.verify(
+            "--strict", "--allow=not-verified", "text", "--against", "job", "-t", "table"
+        )
+        self.assertEqual(done.returncode, 0)
+
+    def test_what_a_table_leaves_out_is_a_note(self):
+        self.write("job", JOB)
+        self.write("table", "*START_NC_INSTRUCTION NC_RAPID\n*END\n")
+        self.write("text", TEXT.removeprefix("RAPID\n"))
+        done = self.verify("--strict", "text", "--against", "job", "-t", "table")
+        self.assertEqual(
+            (done.returncode, done.stderr),
+            (
+                0,
+                "job:2: note left-out: NC_RAPID, 1 time: the text has no line for it, or not its "
+                "point; write a line for it in the table, or none on purpose\n",
+            ),
+        )
+        done = self.verify("--strict=left-out", "text", "--against", "job", "-t", "table")
+        self.assertEqual(done.returncode, 1)
+
+    def test_calls_that_have_no_line_are_left_out(self):
+        done = self.run_program(
+            "post", os.path.join(program.EXAMPLES, "bracket.canon"), "-o", "text"
+        )
+        self.assertEqual(done.returncode, 0)
+        done = self.verify(
+            "text", "--against", os.path.join(program.EXAMPLES, "bracket.canon"), "--format", "json"
+        )
+        against = json.loads(done.stdout)["against"]
+        self.assertEqual(
+            [(call["name"], call["count"], call["firstLine"]) for call in against["leftOut"]],
+            [("FLOOD_OFF", 2, 48), ("FLOOD_ON", 2, 32), ("MIST_OFF", 2, 47)],
+        )
+        self.assertEqual(
+            {name: against[name] for name in ("agrees", "elements", "notVerified")},
+            {"agrees": True, "elements": 584, "notVerified": []},
+        )
+
+    def test_comparison_for_programs(self):
+        self.write("job", JOB)
+        self.write("table", COMPUTES)
+        self.write("text", TEXT.replace("RAPID", "FROM/0,0,0"))
+        done = self.verify("text", "--against", "job", "-t", "table", "--format", "json")
+        self.assertEqual((done.returncode, done.stderr), (1, ""))
+        report = json.loads(done.stdout)
+        self.assertEqual(
+            report["against"],
+            {
+                "file": "job",
+                "agrees": False,
+                "elements": 1,
+                "verified": 0,
+                "ownOfTable": 0,
+                "notVerified": [],
+                "leftOut": [],
+            },
+        )
+        self.assertEqual(
+            [(each["file"], each["line"]) for each in report["diagnostics"]],
+            [("text", 1), ("job", 2)],
+        )
+
+    def test_inputs_that_are_refused(self):
+        self.write("text", TEXT)
+        self.write("job", JOB.replace("NC_RAPID", "NC_RAPIT"))
+        self.check(
+            self.verify("text", "--against", "job"),
+            1,
+            "",
+            "job:2: error: this document has no NC instruction NC_RAPIT\n",
+        )
+        self.write("job", JOB.replace("1.25", "x"))
+        self.assertEqual(self.verify("text", "--against", "job").returncode, 1)
+        self.check(
+            self.verify("text", "--against", "none"),
+            1,
+            "",
+            "none: error: cannot be opened: No such file or directory\n",
+        )
+        self.write("job", JOB)
+        done = self.verify("text", "--against", "job", "-t", "none")
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        done = self.verify("text", "--against", "job", "-d", "none", "--format", "json")
+        self.assertEqual((done.returncode, done.stderr), (1, ""))
+        self.assertEqual(json.loads(done.stdout)["passes"], False)
+
+    def test_options_that_need_an_input(self):
+        for mistake, *arguments in (
+            ("-t, -d and the options of listings and NC programs need --against", "a", "-t", "b"),
+            ("-t, -d and the options of listings and NC programs need --against", "a", "--units",
+             "mm"),
+            ("the text and the input cannot both be the standard input", "-", "--against", "-"),
+        ):
+            self.check(
+                self.verify(*arguments),
+                2,
+                "",
+                f"ppword verify: {mistake}\nTry 'ppword verify --help'.\n",
+            )
+        self.write("job", JOB)
+        self.write("text", TEXT)
+        self.check(
+            self.verify("text", "--against", "job", "--units", "mm"),
+            2,
+            "",
+            "ppword verify: --units, --rotary, --chord, --helices, --origins, --comments, --tools "
+            "and --machine-units are for listings; a job states its own\n"
+            "Try 'ppword verify --help'.\n",
         )
 
     def test_texts_of_the_examples_have_no_error(self):

@@ -1,6 +1,8 @@
 #!/usr/bin/env python3
 """Lists the installed sample programs with ppword and with rs274 itself, and compares the calls.
 
+A text that is posted from a listing is read back and compared with it.
+
 usage: programs_test.py PPWORD
 """
 
@@ -12,6 +14,7 @@ import sys
 import tempfile
 import unittest
 
+EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "examples")
 PPWORD = os.path.abspath(sys.argv.pop(1)) if len(sys.argv) > 1 else "ppword"
 NCFILES = "/usr/share/linuxcnc/ncfiles/"
 # These have neither M2 nor percent signs: rs274 itself refuses them.
@@ -38,8 +41,29 @@ class Programs(unittest.TestCase):
         )
         return done, listing
 
+    def verify(self, listing, tools):
+        """True when a text could be posted; it must be what the listing says."""
+        texts = 0
+        for table, *options in (("mill",), ("cldata", "--helices", "chords")):
+            text = os.path.join(os.path.dirname(listing), "text")
+            options += ["-t", os.path.join(EXAMPLES, table + ".pptable"), "--tools", tools]
+            posted = subprocess.run(
+                [PPWORD, "post", listing, "-o", text, *options], capture_output=True, check=False
+            )
+            if posted.returncode != 0:
+                continue
+            read = subprocess.run(
+                [PPWORD, "verify", text, "--against", listing, *options]
+                + ["--allow=empty-argument", "--strict=not-verified,other-point"],
+                capture_output=True,
+                check=False,
+            )
+            self.assertEqual(read.returncode, 0, read.stderr.decode("latin-1"))
+            texts += 1
+        return texts
+
     def test_listings_are_those_of_the_interpreter(self):
-        same = 0
+        same = verified = 0
         with tempfile.TemporaryDirectory() as folder:
             tools = os.path.join(folder, "tools")
             with open(tools, "w", encoding="ascii") as file:
@@ -62,6 +86,8 @@ class Programs(unittest.TestCase):
                     continue
                 self.assertEqual(calls_of(listing), calls_of(expected), path)
                 same += 1
+                verified += self.verify(listing, tools)
+        self.assertGreater(verified, 80)
         self.assertGreater(same, 40)
 
 

@@ -2,7 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <random>
+#include <regex>
 #include <string>
 #include <vector>
 
@@ -210,6 +215,15 @@ TEST(StatementReader, ExamplesOfTheRulesAreReportedAndNotReported) {
     const Texts reported = findingsOf(row.reported);
     EXPECT_TRUE(std::any_of(reported.begin(), reported.end(), names)) << row.reported;
     EXPECT_EQ(findingsOf(row.sound), Texts()) << row.key;
+  }
+}
+
+TEST(StatementReader, ManualPageNamesEveryRule) {
+  std::ifstream file(PPWORD_SOURCE_DIR "/docs/ppword.1");
+  const std::string page(std::istreambuf_iterator<char>(file), {});
+  for (const RuleRow& row : rules()) {
+    const std::string key = std::regex_replace(std::string(row.key), std::regex("-"), "\\-");
+    EXPECT_NE(page.find("\n.B " + key + "\n"), std::string::npos) << row.key;
   }
 }
 

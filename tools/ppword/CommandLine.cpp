@@ -223,7 +223,12 @@ void addPost(CLI::App& command, PostOptions& options) {
 
 void addVerify(CLI::App& command, VerifyOptions& options) {
   addFile(command, "TEXT", options.text, "APT text; - for standard input", " ")->required();
+  addFile(command, "--against", options.job, "Compare with this job, listing or NC program",
+          "INPUT");
+  addFile(command, "-t,--table", options.table, "PP word table of the input", "TABLE");
+  addDocumentFile(command, options);
   addStrictness(command, options.strictness, "Exit with 1 on warnings too, or on these kinds only");
+  addReading(command, options);
 }
 
 void addDiff(CLI::App& command, DiffOptions& options) {

@@ -167,14 +167,15 @@ struct PostOptions : ToolPathOptions {
 /// What is wrong with the options is raised before anything is written.
 [[nodiscard]] ExitStatus postManyJobs(const PostOptions& options);
 
-struct VerifyOptions {
-  /// "-": the standard input.
+struct VerifyOptions : ToolPathOptions {
+  /// "-": the standard input. `job` is the input that it is compared with; empty for none.
   std::string text;
   StrictnessOptions strictness;
   OutputFormat format = OutputFormat::ForPeople;
 };
 
-/// Reads an APT text back; reports what it has and what a reader would stumble over.
+/// Reads an APT text back; reports what it has and what a reader would stumble over, and where it
+/// is not what an input says.
 [[nodiscard]] ExitStatus verifyText(const VerifyOptions& options);
 
 struct DiffOptions {

@@ -175,6 +175,12 @@ that the reader does not know. Findings are what a reader would stumble over: co
 statement that is not continued, empty arguments, left-over references, points with a wrong number
 of coordinates and more; 'ppword check --explain KEY' explains each.
 
+With --against each statement must be what the input and the table say, in order: words and texts
+character by character, numbers to half a unit of the last digit printed. The first difference is
+shown with both places. Table, document and the other options are those of 'ppword post'. Counted,
+and refused by --strict, are statements that were not verified: their line computes, or has a word
+or a value that the reader does not know. What has no line in the table is named.
+
 Lines end with LF or CR LF. Columns 73 to 80 of cards are read as numbers of the lines when the
 first line has one there.
 
@@ -183,7 +189,9 @@ written.
 
 Examples:
   ppword verify expected/drilling.apt
-  ppword verify --strict --format json expected/rim.apt)";
+  ppword verify --strict --format json expected/rim.apt
+  ppword verify expected/drilling.apt --against drilling.job.jsonl
+  ppword verify expected/five-axis.apt --against five-axis.job.jsonl -t mill-turn.pptable)";
 
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =

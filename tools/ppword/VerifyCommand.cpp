@@ -1,6 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <nlohmann/json.hpp>
 
@@ -8,10 +9,13 @@
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Commands.h"
+#include "tools/ppword/Contents.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/ToolPathInput.h"
 #include "tools/ppword/VerifyReport.h"
+#include "verify/Comparison.h"
 #include "verify/StatementReader.h"
 
 namespace {
@@ -51,17 +55,106 @@ class TextFile {
   int descriptor_;
 };
 
-VerifyReport reportOf(const VerifyOptions& options) {
-  TextFile file(options.text);
-  VerifyReport report(file.name());
-  const verify::Words words;
-  verify::StatementReader reader([&](char* to, std::size_t most) { return file.read(to, most); },
-                                 words, [&](const auto& finding) { report.add(finding); });
-  verify::EventReader events(words);
-  verify::Statement statement;
-  while (reader.next(statement)) report.count(statement, events.next(statement));
-  report.finish(reader.lines(), reader.hasSequenceNumbers());
+/// The words that a reader knows, and those of the table that texts follow.
+verify::Words readerWords(const std::string& table) {
+  constexpr int kWithText = 2;
+  verify::Words words;
+  if (table.empty()) return words;
+  const Contents contents = tableContents(table, "words");
+  for (const AptWord& word : contents.words.value_or(std::vector<AptWord>())) {
+    const bool isNew = word.kind == kWithText && words.find(word.word) == nullptr;
+    if (isNew) words.add(word.word, "PPRINT");
+  }
+  return words;
+}
+
+/// A text that is read, and counted into a report.
+class ReadText {
+ public:
+  ReadText(const std::string& path, const verify::Words& words)
+      : file_(path),
+        report_(file_.name()),
+        reader_([this](char* to, std::size_t most) { return file_.read(to, most); }, words,
+                [this](const verify::Finding& finding) { report_.add(finding); }),
+        events_(words) {}
+
+  [[nodiscard]] bool next(verify::Statement& statement) {
+    if (!reader_.next(statement)) return false;
+    report_.count(statement, events_.next(statement));
+    return true;
+  }
+
+  VerifyReport& finish() {
+    verify::Statement statement;
+    while (next(statement)) {
+    }
+    report_.finish(reader_.lines(), reader_.hasSequenceNumbers());
+    return report_;
+  }
+
+ private:
+  TextFile file_;
+  VerifyReport report_;
+  verify::StatementReader reader_;
+  verify::EventReader events_;
+};
+
+// Calls of a listing of which the text has nothing, or only a part.
+void noteCalls(const host::ListingReader& listing, verify::Comparison& comparison) {
+  constexpr std::string_view kCoolant[] = {"FLOOD_ON", "FLOOD_OFF", "MIST_ON", "MIST_OFF"};
+  for (const host::CallCount& call : listing.calls().all()) {
+    using enum host::CallFate;
+    const bool isCoolant = std::ranges::find(kCoolant, call.name) != std::end(kCoolant);
+    const bool isLost = call.fate == Dropped || call.fate == UnsupportedMove ||
+                        call.fate == Unknown || (call.fate == Other && isCoolant);
+    if (isLost) comparison.noteLeftOut(call.name, {call.count, {call.firstLine, call.firstFile}});
+  }
+}
+
+// Compares until the input ends, or at the first difference.
+void compare(ToolPathInput& input, verify::Comparison& comparison) {
+  host::ToolPathEvent event;
+  try {
+    while (input.events().next(event) && comparison.put(event)) {
+    }
+  } catch (const verify::UnknownInstruction& unknown) {
+    const std::string& file = unknown.place.file;
+    throw host::InputError(file.empty() ? input.name() : file, unknown.place.line, 0,
+                           "this document has no NC instruction " + unknown.name);
+  }
+  comparison.finish();
+  if (input.listing() != nullptr) noteCalls(*input.listing(), comparison);
+}
+
+VerifyReport compared(const VerifyOptions& options) {
+  ToolPathInput input(options);
+  input.open();
+  const verify::DocumentWords document = documentWords(*input.document());
+  const verify::Words words = readerWords(input.table().path);
+  ReadText text(options.text, words);
+  verify::Comparison comparison(document, words,
+                                [&](verify::Statement& statement) { return text.next(statement); });
+  compare(input, comparison);
+  VerifyReport& report = text.finish();
+  report.add(comparison, input.name());
   return report;
+}
+
+VerifyReport reportOf(const VerifyOptions& options) {
+  if (!options.job.empty()) return compared(options);
+  const verify::Words words;
+  return ReadText(options.text, words).finish();
+}
+
+void requireInput(const VerifyOptions& options) {
+  const bool isAboutInput =
+      !options.table.empty() || !options.document.empty() || !options.reading.empty();
+  if (options.job.empty() && isAboutInput) {
+    throw UsageError{"-t, -d and the options of listings and NC programs need --against"};
+  }
+  if (options.job == "-" && options.text == "-") {
+    throw UsageError{"the text and the input cannot both be the standard input"};
+  }
 }
 
 ExitStatus reportRefusal(const VerifyOptions& options, const host::Diagnostic& diagnostic) {
@@ -75,20 +168,30 @@ ExitStatus reportRefusal(const VerifyOptions& options, const host::Diagnostic& d
   return ExitStatus::Refused;
 }
 
+void writeReport(const VerifyOptions& options, const VerifyReport& report,
+                 const Strictness& strictness) {
+  if (options.format == OutputFormat::ForPrograms) {
+    writeOutput(documentText(report.json(strictness)));
+    return;
+  }
+  for (const host::Diagnostic& finding : report.findings()) reportDiagnostic(finding);
+  writeOutput(report.text(strictness));
+}
+
 }  // namespace
 
 ExitStatus verifyText(const VerifyOptions& options) {
   const Strictness strictness(options.strictness);
+  requireInput(options);
   try {
     const VerifyReport report = reportOf(options);
-    if (options.format == OutputFormat::ForPrograms) {
-      writeOutput(documentText(report.json(strictness)));
-    } else {
-      for (const host::Diagnostic& finding : report.findings()) reportDiagnostic(finding);
-      writeOutput(report.text(strictness));
-    }
+    writeReport(options, report, strictness);
     return report.isRefused(strictness) ? ExitStatus::Refused : ExitStatus::Done;
+  } catch (const Refusal& refusal) {
+    return reportRefusal(options, refusal.diagnostic);
   } catch (const host::InputError& error) {
     return reportRefusal(options, host::inputDiagnostic(error));
+  } catch (const host::DocumentError& error) {
+    return reportRefusal(options, documentDiagnostic(error));
   }
 }

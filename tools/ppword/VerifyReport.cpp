@@ -32,21 +32,18 @@ bool refuses(const Strictness& strictness, const verify::RuleRow& row) {
 
 }  // namespace
 
-void VerifyReport::add(const verify::Finding& finding) {
-  long& count = counts_[static_cast<std::size_t>(finding.rule)];
-  if (++count > kMostOfAKind) return;
+void VerifyReport::add(const verify::Finding& finding, const std::string& file) {
+  if (++counts_[static_cast<std::size_t>(finding.rule)] > kMostOfAKind) return;
   const verify::RuleRow& row = verify::rowOf(finding.rule);
   host::Diagnostic diagnostic;
   diagnostic.severity = severityOf(row.weight);
-  diagnostic.file = file_;
+  diagnostic.file = file;
   diagnostic.line = finding.place.line;
   diagnostic.column = finding.place.column;
   diagnostic.width = static_cast<long>(finding.width);
   diagnostic.key = row.key;
   diagnostic.message = verify::messageOf(finding);
-  if (!finding.line.empty()) {
-    diagnostic.source = host::excerptOf(finding.line, finding.place.column);
-  }
+  if (!finding.line.empty()) diagnostic.source = host::excerptOf(finding.line, diagnostic.column);
   findings_.push_back(std::move(diagnostic));
 }
 
@@ -109,8 +106,77 @@ std::string VerifyReport::unknownText() const {
   return text;
 }
 
+void VerifyReport::add(const verify::Difference& difference, const std::string& input) {
+  const std::string found = difference.found.empty() ? "the end of the text" : difference.found;
+  const std::string due =
+      difference.expected.empty() ? "the input has ended" : "the input has " + difference.expected;
+  verify::Finding finding{verify::Rule::Difference, difference.text, 1, found + ", where " + due};
+  finding.line = difference.line;
+  if (finding.place.line == 0) finding.place.line = lines_;
+  add(finding);
+  if (difference.element.empty()) return;
+  host::Diagnostic place;
+  place.severity = host::Severity::Note;
+  place.file = difference.input.file.empty() ? input : difference.input.file;
+  place.line = difference.input.line;
+  place.key = verify::rowOf(verify::Rule::Difference).key;
+  place.message = difference.element + " is here";
+  findings_.push_back(std::move(place));
+}
+
+void VerifyReport::add(verify::Rule rule, const verify::Comparison::Sightings& sightings,
+                       const std::string& input) {
+  for (const auto& [name, seen] : sightings) {
+    const verify::Finding finding{
+        rule, {seen.first.line, 0}, 1, name + ", " + counted(seen.count, "time")};
+    add(finding, seen.first.file.empty() ? input : seen.first.file);
+  }
+}
+
+void VerifyReport::add(const verify::Comparison& comparison, const std::string& input) {
+  against_ = {input,
+              !comparison.difference(),
+              comparison.elements(),
+              comparison.verified(),
+              comparison.ownOfTable(),
+              comparison.notVerified(),
+              comparison.leftOut()};
+  if (comparison.difference()) add(*comparison.difference(), input);
+  add(verify::Rule::NotVerified, against_->notVerified, input);
+  add(verify::Rule::OtherPoint, comparison.otherPoints(), input);
+  add(verify::Rule::LeftOut, against_->leftOut, input);
+}
+
+std::string VerifyReport::againstText() const {
+  if (!against_) return {};
+  long notVerified = 0;
+  for (const auto& [name, seen] : against_->notVerified) notVerified += seen.count;
+  std::string text =
+      host::terminalSafe(file_) + (against_->agrees ? ": agrees with " : ": differs from ") +
+      host::terminalSafe(against_->input) + ": " + counted(against_->elements, "element") + ", " +
+      counted(against_->verified, "statement") + " verified, " +
+      std::to_string(against_->ownOfTable) + " of them the table's own";
+  if (notVerified > 0) text += "; " + std::to_string(notVerified) + " not verified";
+  return text + '\n';
+}
+
+Json VerifyReport::againstJson() const {
+  const auto list = [](const verify::Comparison::Sightings& sightings) {
+    Json array = Json::array();
+    for (const auto& [name, seen] : sightings) {
+      array.push_back(
+          {{"name", textJson(name)}, {"count", seen.count}, {"firstLine", seen.first.line}});
+    }
+    return array;
+  };
+  return {{"file", textJson(against_->input)},  {"agrees", against_->agrees},
+          {"elements", against_->elements},     {"verified", against_->verified},
+          {"ownOfTable", against_->ownOfTable}, {"notVerified", list(against_->notVerified)},
+          {"leftOut", list(against_->leftOut)}};
+}
+
 // What of the findings is not shown.
-std::string VerifyReport::leftOutText() const {
+std::string VerifyReport::moreText() const {
   std::string text;
   for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
     if (counts_[rule] <= kMostOfAKind) continue;
@@ -120,18 +186,19 @@ std::string VerifyReport::leftOutText() const {
   return text;
 }
 
-std::string VerifyReport::text(const Strictness& strictness) const {
-  const std::string name = host::terminalSafe(file_);
-  std::string text =
-      name + ": " + counted(statements_, "statement") + " in " + counted(lines_, "line");
-  text += hasSequenceNumbers_ ? ", numbers in columns 73 to 80\n" : "\n";
+std::string VerifyReport::eventsText() const {
+  std::string text;
   for (std::size_t kind = 0; kind < events_.size(); ++kind) {
     if (events_[kind] == 0) continue;
     const auto event = static_cast<verify::EventKind>(kind);
     text += eventLine(verify::nameOf(event), events_[kind]);
     text += event == verify::EventKind::Unknown ? host::terminalSafe(unknownText()) + '\n' : "\n";
   }
-  text += leftOutText() + name + (isRefused(strictness) ? ": refused" : ": passes");
+  return text;
+}
+
+std::string VerifyReport::verdictText(const Strictness& strictness) const {
+  std::string text = isRefused(strictness) ? ": refused" : ": passes";
   const std::pair<verify::Weight, std::string_view> weights[] = {
       {verify::Weight::Error, "error"},
       {verify::Weight::Warning, "warning"},
@@ -142,26 +209,50 @@ std::string VerifyReport::text(const Strictness& strictness) const {
   return text + (isOnlyStrict(strictness) ? "; refused by --strict\n" : "\n");
 }
 
+std::string VerifyReport::text(const Strictness& strictness) const {
+  const std::string name = host::terminalSafe(file_);
+  std::string text =
+      name + ": " + counted(statements_, "statement") + " in " + counted(lines_, "line");
+  text += hasSequenceNumbers_ ? ", numbers in columns 73 to 80\n" : "\n";
+  return text + eventsText() + moreText() + againstText() + name + verdictText(strictness);
+}
+
+Json VerifyReport::unknownJson() const {
+  Json json = Json::array();
+  for (const auto& [word, count] : unknownWords_) {
+    json.push_back({{"word", textJson(word)}, {"count", count}});
+  }
+  return json;
+}
+
+Json VerifyReport::countsJson() const {
+  Json json = Json::object();
+  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
+    if (counts_[rule] > 0) json[std::string(verify::rules()[rule].key)] = counts_[rule];
+  }
+  return json;
+}
+
+Json VerifyReport::eventsJson() const {
+  Json json = Json::object();
+  for (std::size_t kind = 0; kind < events_.size(); ++kind) {
+    const auto name = verify::nameOf(static_cast<verify::EventKind>(kind));
+    if (events_[kind] > 0) json[std::string(name)] = events_[kind];
+  }
+  return json;
+}
+
 Json VerifyReport::json(const Strictness& strictness) const {
   Json json{{"file", textJson(file_)},
             {"passes", !isRefused(strictness)},
             {"lines", lines_},
             {"statements", statements_},
             {"sequenceNumbers", hasSequenceNumbers_},
-            {"events", Json::object()},
-            {"unknownWords", Json::array()},
-            {"counts", Json::object()},
+            {"events", eventsJson()},
+            {"unknownWords", unknownJson()},
+            {"counts", countsJson()},
             {"diagnostics", Json::array()}};
-  for (std::size_t kind = 0; kind < events_.size(); ++kind) {
-    const auto name = verify::nameOf(static_cast<verify::EventKind>(kind));
-    if (events_[kind] > 0) json["events"][std::string(name)] = events_[kind];
-  }
-  for (const auto& [word, count] : unknownWords_) {
-    json["unknownWords"].push_back({{"word", textJson(word)}, {"count", count}});
-  }
-  for (std::size_t rule = 0; rule < counts_.size(); ++rule) {
-    if (counts_[rule] > 0) json["counts"][std::string(verify::rules()[rule].key)] = counts_[rule];
-  }
+  if (against_) json["against"] = againstJson();
   for (const host::Diagnostic& finding : findings_) {
     json["diagnostics"].push_back(diagnosticJson(finding));
   }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Kinds.h"
+#include "verify/Comparison.h"
 #include "verify/Rules.h"
 #include "verify/Words.h"
 
@@ -23,8 +25,12 @@ class VerifyReport {
   /// `file` names the text in messages.
   explicit VerifyReport(std::string file) : file_(std::move(file)) {}
 
-  void add(const verify::Finding& finding);
+  /// `file` is that of the text, or another one that the place is in.
+  void add(const verify::Finding& finding, const std::string& file);
+  void add(const verify::Finding& finding) { add(finding, file_); }
   void count(const verify::Statement& statement, verify::EventKind kind);
+  /// What a comparison with an input, named so, found.
+  void add(const verify::Comparison& comparison, const std::string& input);
   void finish(long lines, bool hasSequenceNumbers);
 
   [[nodiscard]] const std::vector<host::Diagnostic>& findings() const { return findings_; }
@@ -40,7 +46,17 @@ class VerifyReport {
   [[nodiscard]] long countOf(verify::Weight weight) const;
   [[nodiscard]] bool isOnlyStrict(const Strictness& strictness) const;
   [[nodiscard]] std::string unknownText() const;
-  [[nodiscard]] std::string leftOutText() const;
+  [[nodiscard]] std::string moreText() const;
+  [[nodiscard]] std::string eventsText() const;
+  [[nodiscard]] std::string verdictText(const Strictness& strictness) const;
+  [[nodiscard]] Json countsJson() const;
+  [[nodiscard]] Json unknownJson() const;
+  [[nodiscard]] Json eventsJson() const;
+  [[nodiscard]] std::string againstText() const;
+  [[nodiscard]] Json againstJson() const;
+  void add(const verify::Difference& difference, const std::string& input);
+  void add(verify::Rule rule, const verify::Comparison::Sightings& sightings,
+           const std::string& input);
 
   std::string file_;
   std::vector<host::Diagnostic> findings_;
@@ -50,4 +66,12 @@ class VerifyReport {
   long statements_ = 0;
   long lines_ = 0;
   bool hasSequenceNumbers_ = false;
+  /// Of a comparison; nothing without one.
+  struct Against {
+    std::string input;
+    bool agrees = true;
+    long elements = 0, verified = 0, ownOfTable = 0;
+    verify::Comparison::Sightings notVerified{}, leftOut{};
+  };
+  std::optional<Against> against_;
 };

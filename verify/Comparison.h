@@ -1,0 +1,113 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "post/toolpath/ToolPath.h"
+#include "verify/DocumentWords.h"
+#include "verify/ExpectedStatement.h"
+#include "verify/InputValues.h"
+#include "verify/TableLines.h"
+
+namespace verify {
+
+/// A place of an input: a line of it, or of a file that an NC program calls.
+struct InputPlace {
+  long line = 0;
+  /// Empty for the input itself.
+  std::string file{};
+};
+
+/// The first place where a text is not what the input says.
+struct Difference {
+  /// Where the text ends, if it ends too early: line 0.
+  TextPlace text;
+  /// The statement, where it is in one line.
+  std::string line;
+  InputPlace input;
+  /// "NC_GOTO, point 2"; empty where the input has ended.
+  std::string element;
+  /// What is in the text and in the input; empty where there is nothing.
+  std::string found;
+  std::string expected;
+};
+
+/// How often something was seen, and where first.
+struct Sighting {
+  long count = 0;
+  InputPlace first;
+};
+
+/// An element that the document has no instruction for, so that there is no text of the input.
+struct UnknownInstruction {
+  std::string name;
+  InputPlace place;
+};
+
+/// Compares a text with an input, event by event, in constant memory.
+class Comparison {
+ public:
+  using Sightings = std::map<std::string, Sighting, std::less<>>;
+  /// Sets the next statement of the text; false at its end.
+  using StatementSource = std::function<bool(Statement& statement)>;
+
+  /// The references must stay valid.
+  Comparison(const DocumentWords& document, const Words& words, StatementSource next);
+
+  /// Compares what an event of the input writes. False from the first difference on. Raises an
+  /// UnknownInstruction.
+  bool put(const host::ToolPathEvent& event);
+  /// Something of the input that is not in the text, and is not an element either.
+  void noteLeftOut(const std::string& name, const Sighting& sighting) {
+    leftOut_.insert_or_assign(name, sighting);
+  }
+  /// After the last event: the text must have ended.
+  bool finish();
+
+  [[nodiscard]] const std::optional<Difference>& difference() const { return difference_; }
+  /// Elements, one for each point, and statements that are as the input says.
+  [[nodiscard]] long elements() const { return elements_; }
+  [[nodiscard]] long verified() const { return verified_; }
+  /// Those among them without a value of the input: the table's own.
+  [[nodiscard]] long ownOfTable() const { return ownOfTable_; }
+  /// Statements that were not verified, and elements that are not in the text, by their
+  /// instructions.
+  [[nodiscard]] const Sightings& notVerified() const { return notVerified_; }
+  [[nodiscard]] const Sightings& leftOut() const { return leftOut_; }
+  /// Elements whose point in the text is not one that they state.
+  [[nodiscard]] const Sightings& otherPoints() const { return otherPoints_; }
+
+ private:
+  bool putElement(const host::Element& element);
+  bool write(const host::Element& element, long point);
+  bool take(const ExpectedStatement& expected, const host::Element& element, long point);
+  void differ(Mismatch mismatch, bool hasStatement);
+  [[nodiscard]] const TableLines::Lines& linesOf(const host::Element& element);
+  void count(const ExpectedStatement& expected, const host::Element& element);
+  void noteLeftOut(const host::Element& element);
+  void noteOtherPoint(const host::Element& element);
+  [[nodiscard]] bool isKnown(const ExpectedStatement& expected) const;
+
+  const DocumentWords& document_;
+  const Words& words_;
+  StatementSource next_;
+  TableLines tables_;
+  InputValues values_;
+  Statement statement_;
+  std::optional<Difference> difference_;
+  long elements_ = 0;
+  long verified_ = 0;
+  long ownOfTable_ = 0;
+  Sightings notVerified_;
+  Sightings leftOut_;
+  Sightings otherPoints_;
+  /// Of the element that is being compared.
+  std::string instruction_;
+  const TableLines::Lines* lines_ = nullptr;
+};
+
+}  // namespace verify

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace verify {
+
+/// What a text is written with, as plain texts: the lines and words of a document. The reader of
+/// the text takes nothing else from it.
+struct DocumentWords {
+  using Lines = std::vector<std::string>;
+
+  /// The lines of each sequence of an NC instruction, by its name.
+  std::map<std::string, std::vector<Lines>, std::less<>> instructions;
+  /// The words of a parameter, by its name.
+  std::map<std::string, Lines, std::less<>> lists;
+  /// The instruction and the sequence of each PP command, by its position from 1.
+  std::vector<std::pair<std::string, int>> ppCommands;
+  /// Major words of the table after which a text follows.
+  std::vector<std::string> textWords;
+  /// What angles in radians are multiplied by.
+  double angleFactor = 1.0;
+  /// What is printed for a parameter without a value.
+  std::string unevaluated;
+};
+
+}  // namespace verify

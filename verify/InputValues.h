@@ -1,0 +1,95 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "post/toolpath/ToolPath.h"
+#include "verify/DocumentWords.h"
+
+namespace verify {
+
+/// What a parameter prints, as far as this reader knows.
+struct Value {
+  enum class Kind {
+    Number,
+    Text,
+    /// Nothing is printed.
+    Absent,
+    /// It is computed in a way that this reader does not know.
+    Unknown
+  };
+  Kind kind = Kind::Absent;
+  double number = 0.0;
+  std::string text{};
+};
+
+/// The state of a tool path between its events: what each parameter prints, by the rules of
+/// docs/parameters.md.
+class InputValues {
+ public:
+  /// The words must outlive the object.
+  explicit InputValues(const DocumentWords& words) : words_(words) {}
+
+  void begin(const host::ActivityStart& activity) { activity_ = activity; }
+  /// The values of an element, without its positions.
+  void begin(const host::Element& element);
+  void apply(const host::Position& position);
+
+  [[nodiscard]] Value valueOf(std::string_view parameter) const;
+
+  // What the rows of the table of parameters ask for.
+  struct Circle {
+    host::Triple tangent{}, center{}, normal{}, point{};
+    double radius = 0.0;
+  };
+  struct Helix {
+    host::Triple direction{}, center{}, axis{}, start{}, end{};
+    double radius = 0.0, pitch = 0.0;
+  };
+  /// A feed rate or a spindle speed.
+  struct Rate {
+    double value = 0.0, factor = 1.0;
+    std::string type;
+  };
+  [[nodiscard]] const host::Triple& point() const { return point_; }
+  [[nodiscard]] const host::Triple& toolAxis() const { return toolAxis_; }
+  [[nodiscard]] const Circle& circle() const { return circle_; }
+  [[nodiscard]] const Helix& helix() const { return helix_; }
+  [[nodiscard]] const Rate& feed() const { return feed_; }
+  [[nodiscard]] const std::string& comment() const { return comment_; }
+  [[nodiscard]] double angleFactor() const { return words_.angleFactor; }
+  [[nodiscard]] Value feedType() const;
+  [[nodiscard]] Value speed() const;
+  // Entries of lists, from 1; 0 for none.
+  [[nodiscard]] int feedUnit() const;
+  [[nodiscard]] int speedUnit() const;
+  [[nodiscard]] int way() const;
+  [[nodiscard]] int delayUnit() const;
+  [[nodiscard]] int toolPathType() const;
+
+ private:
+  void apply(const host::CircleChange& change);
+  void apply(const host::HelixChange& change);
+  [[nodiscard]] const host::SequentialMotionValues* motion() const;
+  [[nodiscard]] const host::FeedrateValues* motionSpindle() const;
+  [[nodiscard]] bool isSequential() const;
+  [[nodiscard]] bool isLocal() const;
+  [[nodiscard]] const host::ActivityValues* operation() const;
+  [[nodiscard]] const host::ActivityValues* knownActivity() const;
+  [[nodiscard]] int handOfTool() const;
+  [[nodiscard]] Value lookedUp(std::string_view parameter) const;
+  [[nodiscard]] Value wordOf(std::string_view parameter, int entry) const;
+
+  const DocumentWords& words_;
+  std::optional<host::ActivityStart> activity_;
+  host::Triple point_{}, toolAxis_{};
+  Circle circle_;
+  Helix helix_;
+  Rate feed_, spindle_;
+  std::string feedType_, comment_;
+  int way_ = 1;
+  int motionNumber_ = 0;
+};
+
+}  // namespace verify

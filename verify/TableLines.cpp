@@ -1,0 +1,148 @@
+#include "verify/TableLines.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace verify {
+namespace {
+
+constexpr std::string_view kNone = " \t";
+constexpr std::string_view kWordEnds = " \t,/()=$%&\\";
+constexpr std::string_view kNameCharacters =
+    "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_.#";
+constexpr std::string_view kOperators = "+-*";
+
+bool isAnyOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
+bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
+bool isAsciiLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+
+/// Reads a line from left to right until something is computed.
+class TableLineReader {
+ public:
+  TableLineReader(std::string_view text, TableLine& line) : text_(text), line_(line) {}
+
+  void read() {
+    while (at_ < text_.size() && !line_.isComputed()) {
+      const char c = text_[at_];
+      if (text_.substr(at_).starts_with("\\%")) {
+        literal_ += '%';
+        at_ += 2;
+      } else if (c == '%' || c == '&') {
+        readReference();
+      } else if (isOperation()) {
+        compute();
+      } else {
+        literal_ += c;
+        ++at_;
+      }
+    }
+    store();
+  }
+
+ private:
+  void store() {
+    if (!literal_.empty()) line_.pieces.push_back({Piece::Kind::Literal, literal_});
+    literal_.clear();
+  }
+
+  void compute() {
+    store();
+    line_.pieces.push_back({Piece::Kind::Computed, ""});
+  }
+
+  /// True for a sign that is not that of a number, and for a division.
+  [[nodiscard]] bool isOperation() {
+    if (line_.isText) return false;
+    const char c = text_[at_];
+    const char before = at_ > 0 ? text_[at_ - 1] : '/';
+    if (c == '-' || c == '+') {
+      const bool isNumber =
+          at_ + 1 < text_.size() && (isAsciiDigit(text_[at_ + 1]) || text_[at_ + 1] == '.');
+      return !isNumber || !isAnyOf(before, ",/( ");
+    }
+    if (c == '/' && std::exchange(hasSlash_, true)) return !isAsciiLetter(before);
+    return c == '*';
+  }
+
+  /// What follows the name of a reference up to where it ends: the next comma, of a text also the
+  /// next sign; without one the next blank or double quote.
+  [[nodiscard]] std::size_t endOfName(std::size_t begin) const {
+    std::size_t end = text_.find(',', begin);
+    if (line_.isText) end = std::min(end, text_.find_first_of(kOperators, begin));
+    if (end == std::string_view::npos) end = text_.find_first_of(" \"", begin);
+    return std::min(end, text_.size());
+  }
+
+  void readReference() {
+    const std::size_t begin = at_ + 1;
+    const std::size_t end = endOfName(begin);
+    const std::size_t name =
+        std::min(text_.find_first_not_of(kNameCharacters, begin), text_.size());
+    const std::string_view after = name < end ? text_.substr(name, end - name) : std::string_view();
+    const bool isClear = name > begin && after.find_first_not_of(')') == std::string_view::npos;
+    if (!isClear) return compute();
+    store();
+    line_.pieces.push_back({Piece::Kind::Reference,
+                            std::string(text_.substr(begin, std::min(name, end) - begin)),
+                            text_[at_] == '&'});
+    literal_ = after;
+    at_ = end;
+  }
+
+  std::string_view text_;
+  TableLine& line_;
+  std::string literal_;
+  std::size_t at_ = 0;
+  bool hasSlash_ = false;
+};
+
+std::string_view trimmed(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kNone), text.size()));
+  return text.substr(0, text.find_last_not_of(kNone) + 1);
+}
+
+}  // namespace
+
+bool TableLine::hasReference() const {
+  return std::ranges::any_of(pieces,
+                             [](const Piece& piece) { return piece.kind != Piece::Kind::Literal; });
+}
+
+bool TableLine::refersTo(std::string_view part) const {
+  return std::ranges::any_of(pieces, [part](const Piece& piece) {
+    return piece.kind != Piece::Kind::Literal && piece.text.find(part) != std::string::npos;
+  });
+}
+
+TableLine readTableLine(std::string_view text, const Words& words) {
+  TableLine line;
+  text = trimmed(text);
+  line.isText = text.starts_with("$$") || words.textWordOf(text) != nullptr;
+  line.word = text.substr(0, text.find_first_of(kWordEnds));
+  if (!line.isText && text.ends_with('$')) {
+    text = trimmed(text.substr(0, text.size() - 1));
+    line.isContinued = true;
+  }
+  TableLineReader(text, line).read();
+  // The engine loses a $ after the name of a number.
+  const bool isLost =
+      line.isContinued && !line.pieces.empty() && line.pieces.back().kind == Piece::Kind::Reference;
+  if (isLost) line.pieces.push_back({Piece::Kind::Computed, ""});
+  return line;
+}
+
+const TableLines::Lines* TableLines::find(std::string_view instruction, int sequence) {
+  const auto found = document_.instructions.find(instruction);
+  if (found == document_.instructions.end() || sequence < 1) return nullptr;
+  const auto number = static_cast<std::size_t>(sequence);
+  if (number > found->second.size()) return nullptr;
+  const auto [known, isNew] = read_[std::string(instruction)].try_emplace(sequence);
+  if (isNew) {
+    for (const std::string& line : found->second[number - 1]) {
+      known->second.push_back(readTableLine(line, words_));
+    }
+  }
+  return &known->second;
+}
+
+}  // namespace verify
