@@ -214,13 +214,18 @@ void InputValues::begin(const host::Element& element) {
   set(comment_, changes.comment);
   if (changes.circle) apply(*changes.circle);
   if (changes.helix) apply(*changes.helix);
-  if (changes.feedrate) {
-    setRate(feed_, *changes.feedrate);
-    set(feedType_, changes.feedrate->feedType);
-  }
-  if (!changes.spindle) return;
-  setRate(spindle_, *changes.spindle);
-  set(way_, changes.spindle->way);
+  if (changes.feedrate) apply(*changes.feedrate);
+  if (changes.spindle) apply(*changes.spindle);
+}
+
+void InputValues::apply(const host::FeedrateChange& change) {
+  setRate(feed_, change);
+  set(feedType_, change.feedType);
+}
+
+void InputValues::apply(const host::SpindleChange& change) {
+  setRate(spindle_, change);
+  set(way_, change.way);
 }
 
 void InputValues::apply(const host::CircleChange& change) {

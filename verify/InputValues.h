@@ -71,6 +71,8 @@ class InputValues {
  private:
   void apply(const host::CircleChange& change);
   void apply(const host::HelixChange& change);
+  void apply(const host::FeedrateChange& change);
+  void apply(const host::SpindleChange& change);
   [[nodiscard]] const host::SequentialMotionValues* motion() const;
   [[nodiscard]] const host::FeedrateValues* motionSpindle() const;
   [[nodiscard]] bool isSequential() const;

@@ -101,6 +101,12 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kNone) + 1);
 }
 
+/// The engine loses a $ after the name of a number.
+bool losesDollar(const TableLine& line) {
+  return line.isContinued && !line.pieces.empty() &&
+         line.pieces.back().kind == Piece::Kind::Reference;
+}
+
 }  // namespace
 
 bool TableLine::hasReference() const {
@@ -119,15 +125,10 @@ TableLine readTableLine(std::string_view text, const Words& words) {
   text = trimmed(text);
   line.isText = text.starts_with("$$") || words.textWordOf(text) != nullptr;
   line.word = text.substr(0, text.find_first_of(kWordEnds));
-  if (!line.isText && text.ends_with('$')) {
-    text = trimmed(text.substr(0, text.size() - 1));
-    line.isContinued = true;
-  }
+  line.isContinued = !line.isText && text.ends_with('$');
+  if (line.isContinued) text = trimmed(text.substr(0, text.size() - 1));
   TableLineReader(text, line).read();
-  // The engine loses a $ after the name of a number.
-  const bool isLost =
-      line.isContinued && !line.pieces.empty() && line.pieces.back().kind == Piece::Kind::Reference;
-  if (isLost) line.pieces.push_back({Piece::Kind::Computed, ""});
+  if (losesDollar(line)) line.pieces.push_back({Piece::Kind::Computed, ""});
   return line;
 }
 

@@ -3,11 +3,13 @@
 #include <array>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 
 #include "verify/Statement.h"
+#include "verify/TextLines.h"
 
 namespace verify {
 
@@ -65,6 +67,17 @@ class Words {
  private:
   std::map<std::string, const WordRow*, std::less<>> added_;
 };
+
+/// What is wrong in a profile, and where.
+struct ProfileError {
+  TextPlace place;
+  std::string message;
+};
+
+/// Adds the words of a profile. Each line is `word WORD = KNOWN`: WORD means what the word KNOWN of
+/// the reader means. # begins a comment. Nothing when the profile is right; otherwise the words
+/// before the error are added.
+[[nodiscard]] std::optional<ProfileError> readProfile(ByteSource bytes, Words& words);
 
 /// The words of the standard.
 [[nodiscard]] std::span<const WordRow> standardWords();

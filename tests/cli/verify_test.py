@@ -331,7 +331,8 @@ class Verify(program.ProgramTest):
             ("-t, -d and the options of listings and NC programs need --against", "a", "-t", "b"),
             ("-t, -d and the options of listings and NC programs need --against", "a", "--units",
              "mm"),
-            ("the text and the input cannot both be the standard input", "-", "--against", "-"),
+            ("only one of the files can be the standard input", "-", "--against", "-"),
+            ("only one of the files can be the standard input", "-", "--profile", "-"),
         ):
             self.check(
                 self.verify(*arguments),
@@ -349,6 +350,44 @@ class Verify(program.ProgramTest):
             "and --machine-units are for listings; a job states its own\n"
             "Try 'ppword verify --help'.\n",
         )
+
+    def test_profile_maps_words(self):
+        self.write("job", JOB)
+        self.write("table", COMPUTES.replace("GOTO/%MFG_XPOINT+0", "MOVE/%MFG_XPOINT"))
+        self.write("text", TEXT.replace("GOTO", "MOVE"))
+        self.write("profile", "# The words of this machine\n\nword MOVE = GOTO  # a move\n")
+        against = ["--strict", "text", "--against", "job", "-t", "table"]
+        self.assertEqual(self.verify(*against).returncode, 1)
+        done = self.verify(*against, "--profile", "profile")
+        self.check(done, 0, READ + AGREES + "text: passes\n")
+        self.write("text", TEXT.replace("GOTO", "MOVE").replace("1.25", "1.35"))
+        done = self.verify(*against, "--profile", "profile")
+        self.assertIn("text:2:6: error difference: 1.35, where the input has 1.25", done.stderr)
+        self.write("text", "MOVE/1,2\n")
+        done = self.verify("text", "--profile", "profile")
+        self.assertIn("text:1:1: error goto-count: MOVE has 2", done.stderr)
+
+    def test_profiles_that_are_refused(self):
+        self.write("text", TEXT)
+        for place, mistake, profile in (
+            ("2:1", "'words' is not 'word'", "\nwords A = B"),
+            ("1:5", "a word is expected after 'word'", "word"),
+            ("1:6", "a word is expected after 'word'", "word = GOTO"),
+            ("1:8", "'=' is expected after the word 'A'", "word A GOTO"),
+            ("1:9", "a word that the reader knows is expected after '='", "word A ="),
+            ("1:10", "the reader does not know the word 'GOTTO'", "word A = GOTTO"),
+            ("1:10", "'A/B' is not a word of APT", "word A/B=GOTO"),
+            ("1:15", "'B' is one word too many", "word A = GOTO B"),
+            ("10001:1", "a profile has at most 10000 lines", "\n" * 10000 + "#\n"),
+        ):
+            self.write("profile", profile)
+            done = self.verify("text", "--profile", "profile")
+            self.assertEqual((done.returncode, done.stdout), (1, ""))
+            self.assertEqual(
+                done.stderr.splitlines()[0], f"profile:{place}: error: {mistake}", profile
+            )
+        done = self.verify("text", "--profile", "none")
+        self.check(done, 1, "", "none: error: cannot be opened: No such file or directory\n")
 
     def test_texts_of_the_examples_have_no_error(self):
         for path in sorted(glob.glob(os.path.join(program.EXAMPLES, "expected", "*.apt"))):

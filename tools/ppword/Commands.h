@@ -170,6 +170,8 @@ struct PostOptions : ToolPathOptions {
 struct VerifyOptions : ToolPathOptions {
   /// "-": the standard input. `job` is the input that it is compared with; empty for none.
   std::string text;
+  /// Words that mean the same as words of the reader; empty for none.
+  std::string profile;
   StrictnessOptions strictness;
   OutputFormat format = OutputFormat::ForPeople;
 };

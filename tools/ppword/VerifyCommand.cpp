@@ -55,16 +55,30 @@ class TextFile {
   int descriptor_;
 };
 
-/// The words that a reader knows, and those of the table that texts follow.
-verify::Words readerWords(const std::string& table) {
+// Major words of the table that texts follow are comments to the reader.
+void addTextWords(const std::string& table, verify::Words& words) {
   constexpr int kWithText = 2;
-  verify::Words words;
-  if (table.empty()) return words;
   const Contents contents = tableContents(table, "words");
   for (const AptWord& word : contents.words.value_or(std::vector<AptWord>())) {
     const bool isNew = word.kind == kWithText && words.find(word.word) == nullptr;
     if (isNew) words.add(word.word, "PPRINT");
   }
+}
+
+// Adds the words of a profile.
+void addProfile(const std::string& path, verify::Words& words) {
+  const TextFile file(path);
+  const auto bytes = [&](char* to, std::size_t most) { return file.read(to, most); };
+  const auto error = verify::readProfile(bytes, words);
+  if (!error) return;
+  throw host::InputError(file.name(), error->place.line, error->place.column, error->message);
+}
+
+/// The words that a reader knows, with those of the profile and of the table, if any.
+verify::Words readerWords(const VerifyOptions& options, const std::string& table) {
+  verify::Words words;
+  if (!options.profile.empty()) addProfile(options.profile, words);
+  if (!table.empty()) addTextWords(table, words);
   return words;
 }
 
@@ -130,7 +144,7 @@ VerifyReport compared(const VerifyOptions& options) {
   ToolPathInput input(options);
   input.open();
   const verify::DocumentWords document = documentWords(*input.document());
-  const verify::Words words = readerWords(input.table().path);
+  const verify::Words words = readerWords(options, input.table().path);
   ReadText text(options.text, words);
   verify::Comparison comparison(document, words,
                                 [&](verify::Statement& statement) { return text.next(statement); });
@@ -142,7 +156,7 @@ VerifyReport compared(const VerifyOptions& options) {
 
 VerifyReport reportOf(const VerifyOptions& options) {
   if (!options.job.empty()) return compared(options);
-  const verify::Words words;
+  const verify::Words words = readerWords(options, "");
   return ReadText(options.text, words).finish();
 }
 
@@ -152,8 +166,9 @@ void requireInput(const VerifyOptions& options) {
   if (options.job.empty() && isAboutInput) {
     throw UsageError{"-t, -d and the options of listings and NC programs need --against"};
   }
-  if (options.job == "-" && options.text == "-") {
-    throw UsageError{"the text and the input cannot both be the standard input"};
+  const std::string* const files[] = {&options.text, &options.job, &options.profile};
+  if (std::ranges::count_if(files, [](const auto* file) { return *file == "-"; }) > 1) {
+    throw UsageError{"only one of the files can be the standard input"};
   }
 }
 

@@ -30,6 +30,16 @@ bool refuses(const Strictness& strictness, const verify::RuleRow& row) {
   return strictness.refuses(row.key, row.weight == verify::Weight::Note);
 }
 
+host::Diagnostic placeInInput(const verify::Difference& difference, const std::string& input) {
+  host::Diagnostic place;
+  place.severity = host::Severity::Note;
+  place.file = difference.input.file.empty() ? input : difference.input.file;
+  place.line = difference.input.line;
+  place.key = verify::rowOf(verify::Rule::Difference).key;
+  place.message = difference.element + " is here";
+  return place;
+}
+
 }  // namespace
 
 void VerifyReport::add(const verify::Finding& finding, const std::string& file) {
@@ -114,14 +124,7 @@ void VerifyReport::add(const verify::Difference& difference, const std::string& 
   finding.line = difference.line;
   if (finding.place.line == 0) finding.place.line = lines_;
   add(finding);
-  if (difference.element.empty()) return;
-  host::Diagnostic place;
-  place.severity = host::Severity::Note;
-  place.file = difference.input.file.empty() ? input : difference.input.file;
-  place.line = difference.input.line;
-  place.key = verify::rowOf(verify::Rule::Difference).key;
-  place.message = difference.element + " is here";
-  findings_.push_back(std::move(place));
+  if (!difference.element.empty()) findings_.push_back(placeInInput(difference, input));
 }
 
 void VerifyReport::add(verify::Rule rule, const verify::Comparison::Sightings& sightings,
