@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <nlohmann/json.hpp>
 
-#include "host/system/FilePlace.h"
+#include "host/system/SystemReason.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Commands.h"
