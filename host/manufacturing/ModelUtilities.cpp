@@ -6,6 +6,7 @@
 #include "host/manufacturing/Program.h"
 #include "host/modeler/Container.h"
 #include "host/modeler/Document.h"
+#include "host/system/ResourceFolders.h"
 
 namespace {
 
@@ -79,4 +80,18 @@ HRESULT KEPMfgUtilities::UpgradeComponentAttributes(const KEPISpecAttrAccess_var
   if (publish == 1) own->publish();
   if (objects != nullptr) objects->Append(feature);
   return S_OK;
+}
+
+void KEPMfgUtilities::GetListOfMfgFilesAndDirectories(std::string_view folderName,
+                                                      KEPListValKEPUnicodeString& directories,
+                                                      KEPListValKEPUnicodeString& files,
+                                                      int /*flag*/) {
+  directories.RemoveAll();
+  files.RemoveAll();
+  for (const host::ResourceFolder& folder : host::resourceFolders(folderName)) {
+    for (const std::string& file : folder.files) {
+      directories.Append(std::string_view(folder.path));
+      files.Append(std::string_view(file));
+    }
+  }
 }

@@ -6,7 +6,6 @@
 #include <system_error>
 
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
-#include "Manufacturing/KEPMfgUtilities.h"
 #include "System/KEPMakePath.h"
 #include "host/system/SystemReason.h"
 
@@ -95,18 +94,4 @@ void KEPMakePath(const KEPString& directory, const KEPString& fileName, KEPStrin
   std::string joined(directory.View());
   if (!joined.empty() && !joined.ends_with('/')) joined += '/';
   path = KEPString(joined.append(fileName.View()));
-}
-
-void KEPMfgUtilities::GetListOfMfgFilesAndDirectories(std::string_view folderName,
-                                                      KEPListValKEPUnicodeString& directories,
-                                                      KEPListValKEPUnicodeString& files,
-                                                      int /*flag*/) {
-  directories.RemoveAll();
-  files.RemoveAll();
-  for (const host::ResourceFolder& folder : host::resourceFolders(folderName)) {
-    for (const std::string& file : folder.files) {
-      directories.Append(std::string_view(folder.path));
-      files.Append(std::string_view(file));
-    }
-  }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <cstdlib>
 #include <optional>
@@ -85,11 +86,13 @@ std::string randomNumber(std::mt19937& random) {
   return text;
 }
 
-/// What the C library reads; hexadecimal numbers are cut before their "x".
+/// What the C library reads with a decimal point, also under another locale; hexadecimal numbers
+/// are cut before their "x".
 std::optional<double> readByLibrary(std::string text) {
   text = text.substr(0, text.find('x'));
   char* end = nullptr;
-  const double value = std::strtod(text.c_str(), &end);
+  static const locale_t withPoint = newlocale(LC_ALL_MASK, "C", nullptr);
+  const double value = strtod_l(text.c_str(), &end, withPoint);
   if (end == text.c_str() || std::isinf(value)) return std::nullopt;
   return value;
 }

@@ -24,7 +24,8 @@ PostOutcome failureOutcome(const JobFile& job, const Failure& failure) {
 }
 
 JobRecord recordOf(const PostOptions& options, std::size_t index, const PostOutcome& outcome) {
-  JobRecord record{index, outcome.status, outcome.elements, outcome.lines, outcome.text};
+  JobRecord record{index, static_cast<int>(outcome.status), outcome.elements, outcome.lines,
+                   outcome.text};
   if (options.format == OutputFormat::ForPeople) return record;
   Json json{{"layout", kRecordLayout}, {"status", static_cast<int>(outcome.status)}};
   json.update(outcome.report);

@@ -86,6 +86,8 @@ void createFolder(const std::string& folder) {
   if (error) throw host::OutputError(folder, error.message());
 }
 
+ExitStatus statusOf(const JobRecord& record) { return static_cast<ExitStatus>(record.status); }
+
 // Shows the records as they come, and the totals.
 class Records {
  public:
@@ -93,7 +95,7 @@ class Records {
 
   void take(const JobRecord& record) {
     count(record);
-    if (!options_.quiet || record.status != ExitStatus::Done) show(record.text);
+    if (!options_.quiet || statusOf(record) != ExitStatus::Done) show(record.text);
     if (showsProgress(options_.format) && line_.isDue() && ended_ < jobs_) {
       line_.show(std::to_string(ended_) + " of " + std::to_string(jobs_) + " jobs");
     }
@@ -112,10 +114,10 @@ class Records {
   }
 
   void count(const JobRecord& record) {
-    status_ = std::max(status_, record.status);
+    const ExitStatus status = statusOf(record);
+    status_ = std::max(status_, status);
     ++ended_;
-    const bool isWritten =
-        record.status == ExitStatus::Done || record.status == ExitStatus::Unconfirmed;
+    const bool isWritten = status == ExitStatus::Done || status == ExitStatus::Unconfirmed;
     if (!isWritten) return;
     ++written_;
     elements_ += record.elements;

@@ -68,9 +68,7 @@ bool writeAll(int descriptor, const void* data, std::size_t size) {
   return true;
 }
 
-[[noreturn]] void endProcess(bool done) {
-  ::_exit(done ? 0 : static_cast<int>(ExitStatus::Internal));
-}
+[[noreturn]] void endProcess(bool done) { ::_exit(done ? 0 : 1); }
 
 void sendFrame(int pipe, const Frame& frame, const std::string& text) {
   if (!writeAll(pipe, &frame, sizeof frame)) endProcess(false);
@@ -78,7 +76,7 @@ void sendFrame(int pipe, const Frame& frame, const std::string& text) {
 }
 
 void sendRecord(int pipe, const JobRecord& record) {
-  Frame frame{record.index, true, static_cast<int>(record.status)};
+  Frame frame{record.index, true, record.status};
   frame.elements = record.elements;
   frame.lines = record.lines;
   frame.bytes = record.text.size();
@@ -146,8 +144,7 @@ class Worker {
       return;
     }
     begun_.erase(frame.index);
-    take({frame.index, static_cast<ExitStatus>(frame.status), frame.elements, frame.lines,
-          std::move(text)});
+    take({frame.index, frame.status, frame.elements, frame.lines, std::move(text)});
   }
 
   pid_t process_;

@@ -4,13 +4,12 @@
 #include <functional>
 #include <string>
 
-#include "tools/ppword/Commands.h"
-
 /// What is said of one of many jobs when it ended.
 struct JobRecord {
   /// Its place among the jobs, from 0.
   std::size_t index = 0;
-  ExitStatus status = ExitStatus::Done;
+  /// The exit status that a run of this job alone would have.
+  int status = 0;
   long elements = 0;
   long lines = 0;
   /// Lines for people, or a line of JSON.
