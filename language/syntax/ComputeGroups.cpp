@@ -95,4 +95,8 @@ void computeGroups(SyntaxLine& line, std::string_view prefix, ParameterSource& p
   line.accept();
 }
 
+bool holdsGroups(SyntaxLine& line) {
+  return line.mayHoldGroups() && GroupCursor(line.text(), "%").next();
+}
+
 }  // namespace ppword

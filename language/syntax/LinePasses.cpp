@@ -1,5 +1,6 @@
 #include "language/syntax/LinePasses.h"
 
+#include <algorithm>
 #include <string_view>
 
 #include "language/syntax/Passes.h"
@@ -42,6 +43,21 @@ void readLine(LineScratch& scratch, const Report& report) {
 }
 
 }  // namespace
+
+void LineScratch::start(std::size_t number, std::string_view text) {
+  const std::size_t place = std::min(number, kMostKnown) - 1;
+  while (lines_.size() <= place) lines_.push_back(std::make_unique<KnownLine>());
+  known_ = lines_[place].get();
+  if (text == known_->written) return;
+  known_->isRead = false;
+  known_->written = text;
+}
+
+void LineScratch::store() {
+  known_->masked = line_.text();
+  known_->facts = {line_.revision(), line_.characters(), holdsGroups(line_)};
+  known_->isRead = true;
+}
 
 bool instantiateLine(LineScratch& scratch, ParameterSource& parameters, LineObserver* observer) {
   SyntaxLine& line = scratch.line();

@@ -45,6 +45,9 @@ void rewriteDivisions(SyntaxLine& line);
 void computeGroups(SyntaxLine& line, std::string_view prefix, ParameterSource& parameters,
                    LineObserver* observer);
 
+/// False for a line in which that pass finds nothing, whatever the prefix.
+[[nodiscard]] bool holdsGroups(SyntaxLine& line);
+
 /// Replaces every reference that the prefix of `references` opens by the text of its parameter:
 ///   GOTO/%A,%B with A = 1.5 and B = 2 becomes GOTO/1.5,2
 /// `references` is kept from line to line.
