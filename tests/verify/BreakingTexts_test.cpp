@@ -3,17 +3,27 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <map>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "tests/support/Mutator.h"
 #include "tests/verify/WrittenTexts.h"
 
 namespace {
+
+/// A number as it is printed, whatever the locale; 0 for another text.
+double numberIn(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double value = 0.0;
+  std::from_chars(text.data(), text.data() + text.size(), value);
+  return value;
+}
 
 using Lines = std::vector<std::string>;
 
@@ -80,7 +90,7 @@ std::string meaningOf(const Lines& lines) {
     if (!isText) {
       auto numbers = numbersOf(line);
       for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
-        double value = std::strtod(line.substr(number->first, number->second).c_str(), nullptr);
+        double value = numberIn(std::string_view(line).substr(number->first, number->second));
         if (value == 0.0) value = 0.0;
         char printed[40];
         std::snprintf(printed, sizeof printed, "%.9g", value == 0.0 ? 0.0 : value);
@@ -219,7 +229,7 @@ std::string reasonOf(const std::string& before, const std::string& after, const 
       point == std::string::npos ? 0.0 : static_cast<double>(after.size() - point - 1);
   const double half = 0.5 * std::pow(10.0, -digits);
   const double off =
-      std::abs(std::strtod(before.c_str(), nullptr) - std::strtod(after.c_str(), nullptr));
+      std::abs(numberIn(before) - numberIn(after));
   // A longer number is itself half a unit of its last digit away.
   if (way == "digit removed" && off <= half * 1.11) return "right to the digits that are left";
   if (way == "digit" && off <= 2.0 * half * 1.001) return "a tie of rounding";

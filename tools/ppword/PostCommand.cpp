@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "post/output/SameFile.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/PostMap.h"
@@ -28,7 +29,7 @@ void requireMappable(const PostOptions& options) {
   if (!isLasting(options.output)) {
     throw UsageError{"--map needs a file as output: explain --map reads it again"};
   }
-  if (isSamePlace(options.map, options.output)) {
+  if (host::isSamePlace(options.map, options.output)) {
     throw UsageError{"the map would replace the output " + options.output};
   }
 }

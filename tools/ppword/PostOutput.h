@@ -8,12 +8,6 @@
 #include "post/output/LineSink.h"
 #include "post/output/OutputFile.h"
 
-/// True for two names of one regular file.
-[[nodiscard]] bool isSameFile(const std::string& left, const std::string& right);
-
-/// The same, also for a file that does not exist yet.
-[[nodiscard]] bool isSamePlace(const std::string& left, const std::string& right);
-
 /// What becomes of a write-protected output.
 [[nodiscard]] inline host::OutputFile::Protected protectionOf(bool force) {
   using enum host::OutputFile::Protected;

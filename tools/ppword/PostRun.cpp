@@ -8,6 +8,7 @@
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/diagnostics/TableFile.h"
 #include "post/generator/Generator.h"
+#include "post/output/SameFile.h"
 #include "tools/ppword/Kinds.h"
 #include "tools/ppword/LoadReport.h"
 #include "tools/ppword/PostMap.h"
@@ -106,7 +107,7 @@ PostOutcome refusalOutcome(const std::string& file, const host::Diagnostic& diag
 
 void requireOther(const PostOptions& options, const std::string& input) {
   for (const auto& [what, file] : {std::pair("output", options.output), {"map", options.map}}) {
-    if (!isSameFile(file, input)) continue;
+    if (!host::isSameFile(file, input)) continue;
     throw UsageError{"the " + std::string(what) + " would replace the input " + file};
   }
 }

@@ -1,15 +1,13 @@
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
-#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
 
 #include "post/output/OutputFile.h"
+#include "post/output/SameFile.h"
 #include "tools/ppword/Progress.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/many/JobPoster.h"
@@ -42,29 +40,21 @@ std::vector<JobFile> jobsOf(const PostOptions& options) {
   return jobs;
 }
 
-using FileNumber = std::pair<dev_t, ino_t>;
-
-std::optional<FileNumber> numberOf(const std::string& file) {
-  struct stat state {};
-  if (file.empty() || ::stat(file.c_str(), &state) != 0) return std::nullopt;
-  return FileNumber(state.st_dev, state.st_ino);
-}
-
 // What every job, or one of them, is read from.
-std::map<FileNumber, std::string> inputsOf(const PostOptions& options) {
-  std::map<FileNumber, std::string> inputs;
+std::map<host::FileNumber, std::string> inputsOf(const PostOptions& options) {
+  std::map<host::FileNumber, std::string> inputs;
   std::vector<std::string> files = options.jobs;
   files.insert(files.end(), {options.table, options.document, options.tools, options.machine});
   for (const std::string& file : files) {
-    if (const auto number = numberOf(file)) inputs.emplace(*number, file);
+    if (const auto number = host::fileNumber(file)) inputs.emplace(*number, file);
   }
   return inputs;
 }
 
 void requireOthers(const PostOptions& options, const std::vector<JobFile>& jobs) {
-  const std::map<FileNumber, std::string> inputs = inputsOf(options);
+  const std::map<host::FileNumber, std::string> inputs = inputsOf(options);
   for (const JobFile& job : jobs) {
-    const auto number = numberOf(job.output);
+    const auto number = host::fileNumber(job.output);
     const auto input = number ? inputs.find(*number) : inputs.end();
     if (input == inputs.end()) continue;
     throw UsageError{"the output " + job.output + " would replace the input " + input->second};
