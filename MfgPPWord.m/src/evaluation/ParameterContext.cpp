@@ -15,7 +15,9 @@ namespace {
 
 using Lack = KEPMfgPPWordListener::Lack;
 
-/// What a query of an attribute asks for: an entry of its list.
+// What a query of an attribute asks for: its text, or an entry of its list.
+constexpr int kWholeText = -1;
+constexpr int kNoEntry = -1;
 constexpr int kListEntry = 2;
 
 /// The integer that the output settings are asked with: the format of the NC data output.
@@ -66,16 +68,16 @@ bool ParameterContext::readWord(int entry, KEPString& word) const {
   return true;
 }
 
-// The query for a text would copy it.
-[[gnu::always_inline]] inline const KEPUnicodeString* ParameterContext::format() const {
-  const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
-  if (attributes == nullptr) KEPRaiseNullHandle();
-  return attributes->FindText("Format");
+[[gnu::always_inline]] inline bool ParameterContext::findFormat(KEPUnicodeString& format) const {
+  int found = 0;
+  const HRESULT status = KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
+      type_, kWholeText, "Format", kNoEntry, found, format);
+  return KEPSucceeded(status) && found != 0;
 }
 
 bool ParameterContext::print(double number, KEPString& text) const {
-  const KEPUnicodeString* const own = format();
-  const bool done = own != nullptr && printNumber(*own, number, text.Edit());
+  KEPUnicodeString format;
+  const bool done = findFormat(format) && printNumber(format, number, text.Edit());
   return done || KEPMfgPPWordListener::ReportLack(Lack::Format);
 }
 
@@ -85,10 +87,10 @@ bool ParameterContext::printBuffered(const KEPBaseUnknown& evaluation,
   const ParameterContext parameter = of(evaluation);
   const KEPBaseUnknown* const numbers = parameter.buffer(bufferClass);
   if (numbers == nullptr) return false;
-  KEPUnicodeString ofGeneration;
-  const bool isSet = source != FormatSource::Type && findGenerationFormat(source, ofGeneration);
-  const KEPUnicodeString* const format = isSet ? &ofGeneration : parameter.format();
-  const bool done = format != nullptr && printNumber(*format, read(*numbers), text.Edit());
+  KEPUnicodeString format;
+  const bool isSet = (source != FormatSource::Type && findGenerationFormat(source, format)) ||
+                     parameter.findFormat(format);
+  const bool done = isSet && printNumber(format, read(*numbers), text.Edit());
   return done || KEPMfgPPWordListener::ReportLack(Lack::Format);
 }
 

@@ -61,8 +61,8 @@ class ParameterContext {
   explicit ParameterContext(KEPISpecObject* type)
       : type_(type), container_(type != nullptr ? type->GetContainer() : nullptr) {}
 
-  /// The format of the type, as the document stores it; null when there is none.
-  [[nodiscard]] const KEPUnicodeString* format() const;
+  /// The format of the type. False, with `format` untouched, when there is none.
+  [[nodiscard]] bool findFormat(KEPUnicodeString& format) const;
 
   KEPISpecObject* type_;
   const KEPIContainer* container_;
