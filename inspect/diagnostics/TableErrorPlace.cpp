@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "host/system/MessageCatalogue.h"
+#include "inspect/diagnostics/TableFile.h"
 #include "language/table/Keywords.h"
 #include "language/table/TableCheck.h"
 #include "post/text/SpellingSuggestion.h"
@@ -20,6 +21,7 @@ using ppword::KeywordLine;
 using ppword::TableCursor;
 
 constexpr std::string_view kErrors = "ManufacturingError";
+constexpr std::string_view kUnreadable = "ERR_5009";
 constexpr std::string_view kBlanks = " \t\v\f\r";
 
 // The keyword after which an error misses a name, as a line holds it; empty for the other errors.
@@ -179,6 +181,10 @@ Diagnostic tableErrorAt(const std::string& path, std::string_view key, const Tab
 Diagnostic tableError(const std::string& path, const KEPError& error) {
   const std::string_view key = error.GetMessageKey().View();
   if (auto placed = placedError(path, key, error)) return *std::move(placed);
+  // It may be known why the file cannot be opened.
+  if (auto unreadable = key == kUnreadable ? unreadableTable(path) : std::nullopt) {
+    return *std::move(unreadable);
+  }
   Diagnostic diagnostic{Severity::Error, path, 0, 0, 1, std::string(key), {}, {}};
   diagnostic.message = messageText(error.GetCatalogue().View(), key, {}).View();
   return diagnostic;

@@ -126,8 +126,7 @@ TEST(TableError, AbsentFileHasNoPlace) {
   ASSERT_EQ(reader.CheckFileSyntax(), E_FAIL);
   Diagnostic diagnostic = tableError("T", *KEPError::KEPGetLastError());
   EXPECT_EQ(diagnosticText(diagnostic),
-            "T: error ERR_5009: the PP word table cannot be opened; check its path and "
-            "permissions\n");
+            "T: error ERR_5009: the PP word table cannot be opened: No such file or directory\n");
 }
 
 TEST(TableError, LineBehindALongOneKeepsItsPhysicalNumber) {
