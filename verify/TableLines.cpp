@@ -128,7 +128,10 @@ TableLine readTableLine(std::string_view text, const Words& words) {
   line.isContinued = !line.isText && text.ends_with('$');
   if (line.isContinued) text = trimmed(text.substr(0, text.size() - 1));
   TableLineReader(text, line).read();
-  if (losesDollar(line)) line.pieces.push_back({Piece::Kind::Computed, ""});
+  if (losesDollar(line)) {
+    line.isContinued = false;
+    line.pieces.push_back({Piece::Kind::Computed, ""});
+  }
   return line;
 }
 

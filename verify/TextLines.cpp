@@ -29,8 +29,8 @@ bool TextLines::take() {
 
 bool TextLines::next(std::string_view& line) {
   line_.clear();
-  if (begin_ == end_ && !fill()) return false;
-  while (!take() && fill()) {
+  if (isCut_ || (begin_ == end_ && !fill())) return false;
+  while (!take() && line_.size() <= kLongestLine && fill()) {
   }
   ++number_;
   if (line_.ends_with('\r')) line_.pop_back();

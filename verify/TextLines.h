@@ -17,7 +17,7 @@ using ByteSource = std::function<std::size_t(char* to, std::size_t most)>;
 /// Reads a text line by line in constant memory.
 class TextLines {
  public:
-  /// The longest line; of a longer one the beginning is returned.
+  /// The longest line; of a longer one the beginning is returned, and nothing after it is read.
   static constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
 
   explicit TextLines(ByteSource bytes) : bytes_(std::move(bytes)), chunk_(kChunk) {}

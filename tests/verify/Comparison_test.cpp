@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -179,6 +183,37 @@ TEST(Comparison, UnknownInstructionIsRaised) {
   }
   element.ppCommand = 2;
   EXPECT_THROW(comparison.put(host::ToolPathEvent(element)), verify::UnknownInstruction);
+}
+
+/// A file of the tests.
+std::string contentOf(const std::string& name) {
+  std::ifstream file(PPWORD_SOURCE_DIR "/tests/" + name);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+TEST(Comparison, BuiltInInstructionsAgree) {
+  std::string lines = contentOf("evaluation/default_instructions.jsonl");
+  std::istringstream names(contentOf("evaluation/default_instructions.txt"));
+  for (std::string name; std::getline(names, name);) {
+    const bool isName = name.starts_with("NC_") || name.starts_with("PPCommand");
+    if (isName) lines += "{\"nc\":\"" + name + "\"}\n";
+  }
+  const WrittenText written = writeJob(lines);
+  // NC_CUTTER_LATHE computes; two lines have words that are not of APT; RAPID says no point.
+  const std::string result = comparisonOf(written, written.text);
+  EXPECT_EQ(result.substr(0, 19), "agrees, 81 elements") << result;
+  EXPECT_EQ(result.substr(std::min(result.find(';'), result.size())),
+            "; not verified NC_CUTTER_LATHE 1 from 70; not verified NC_HEAD_CHANGE 1 from 78; not "
+            "verified NC_MILL_TURRET_INVERSION 1 from 79; left out NC_RAPID 1 from 3");
+}
+
+TEST(Comparison, DollarAfterANameDoesNotContinueALine) {
+  const WrittenText written =
+      writeJob(R"({"nc":"NC_A","points":[[1,2,3]]})",
+               "*START_NC_COMMAND NC_A\nA/%MFG_XPOINT$\nB/%MFG_YPOINT\n*END\n");
+  EXPECT_EQ(written.text, "A/    1.00000\nB/    2.00000\n");
+  EXPECT_EQ(comparisonOf(written, written.text),
+            "agrees, 1 elements, 0 verified, 0 own; not verified NC_A 2 from 2");
 }
 
 TEST(Comparison, DamagedTextsAreCompared) {

@@ -234,7 +234,19 @@ TEST(StatementReader, HugeLinesAreCut) {
             "1:1048577 long-line the line is longer than 1 MiB (1048576 bytes); is this file a "
             "text?");
   EXPECT_EQ(read.statements.front().text.size(), std::size_t{1} << 20U);
-  EXPECT_EQ(read.events, (Texts{"comments", "stops"}));
+  EXPECT_EQ(read.events, (Texts{"comments"}));
+}
+
+TEST(StatementReader, EndlessLineIsNotReadToItsEnd) {
+  TextLines lines([](char* to, std::size_t most) {
+    std::fill_n(to, most, 'A');
+    return most;
+  });
+  std::string_view line;
+  EXPECT_TRUE(lines.next(line));
+  EXPECT_EQ(line.size(), TextLines::kLongestLine);
+  EXPECT_TRUE(lines.isCut());
+  EXPECT_FALSE(lines.next(line));
 }
 
 TEST(StatementReader, EndlessContinuationIsCut) {
