@@ -39,8 +39,8 @@ std::string shown(double number) {
 char lastOf(const ExpectedStatement& statement) {
   for (auto part = statement.parts.rbegin(); part != statement.parts.rend(); ++part) {
     if (part->kind != Part::Kind::Literal) return '0';
-    const std::size_t last = part->text.find_last_not_of(" \t");
-    if (last != std::string::npos) return part->text[last];
+    const auto last = std::find_if_not(part->text.rbegin(), part->text.rend(), isBlank);
+    if (last != part->text.rend()) return *last;
   }
   return '\0';
 }
@@ -48,8 +48,8 @@ char lastOf(const ExpectedStatement& statement) {
 char firstOf(const ExpectedStatement& statement) {
   for (const Part& part : statement.parts) {
     if (part.kind != Part::Kind::Literal) return '0';
-    const std::size_t first = part.text.find_first_not_of(" \t");
-    if (first != std::string::npos) return part.text[first];
+    const auto first = std::ranges::find_if_not(part.text, isBlank);
+    if (first != part.text.end()) return *first;
   }
   return '\0';
 }
@@ -92,6 +92,7 @@ ExpectedStatement expectedLine(const TableLine& line, const InputValues& values,
   statement.word = line.word;
   statement.isText = line.isText || line.word.empty();
   statement.hasValue = line.hasReference();
+  statement.parts.reserve(line.pieces.size());
   for (const Piece& piece : line.pieces) {
     const bool isLiteral = piece.kind == Piece::Kind::Literal;
     statement.parts.push_back(isLiteral ? Part{Part::Kind::Literal, piece.text}
@@ -150,7 +151,7 @@ class Matcher {
   bool matchText(std::string_view text) {
     if (isAfterNumber_) {
       skipBlanks();
-      text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+      while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
     }
     for (const char due : text) {
       if (!expected_.isText) skipBlanks();
@@ -168,9 +169,11 @@ class Matcher {
   bool matchNumber(double due) {
     skipBlanks();
     isAfterNumber_ = true;
-    const std::size_t end = std::min(text_.find_first_not_of("0123456789+-.eE", at_), text_.size());
+    const Token* const token = tokenAt(at_);
+    const std::size_t end = token != nullptr ? at_ + token->length : endOfRun();
     const std::string_view run = text_.substr(at_, end - at_);
-    const auto number = readNumber(run);
+    const auto number =
+        token != nullptr ? PrintedNumber{token->number, token->halfUnit} : readNumber(run);
     if (!number) return differ();
     if (!isSame(*number, due)) {
       mismatch_ = {placeOf(at_), std::string(run), shown(due)};
@@ -178,6 +181,19 @@ class Matcher {
     }
     at_ = end;
     return true;
+  }
+
+  /// The number that begins there; null where the statement has no tokens, or another one there.
+  const Token* tokenAt(std::size_t offset) {
+    while (token_ < found_.tokens.size() && found_.tokens[token_].offset < offset) ++token_;
+    if (token_ == found_.tokens.size()) return nullptr;
+    const Token& token = found_.tokens[token_];
+    return token.kind == TokenKind::Number && token.offset == offset ? &token : nullptr;
+  }
+
+  /// Where what looks like a number ends.
+  [[nodiscard]] std::size_t endOfRun() const {
+    return std::min(text_.find_first_not_of("0123456789+-.eE", at_), text_.size());
   }
 
   static bool isSame(const PrintedNumber& number, double due) {
@@ -205,6 +221,7 @@ class Matcher {
   const Statement& found_;
   std::string_view text_;
   std::size_t at_ = 0;
+  std::size_t token_ = 0;
   /// Blanks are skipped on both sides, at the beginning too.
   bool isAfterNumber_ = true;
   std::optional<Mismatch> mismatch_;

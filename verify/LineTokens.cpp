@@ -1,6 +1,7 @@
 #include "verify/LineTokens.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 #include <optional>
@@ -18,9 +19,37 @@ constexpr std::string_view kNumberStart = "0123456789+-.";
 constexpr std::size_t kColumns = 72;
 constexpr std::size_t kLongestWord = 6;
 
+/// For each character, which of the sets above and below it is in.
+constexpr unsigned kBlankClass = 1;
+constexpr unsigned kMarkClass = 2;
+constexpr unsigned kRunEndClass = 4;
+constexpr unsigned kDigitClass = 8;
+constexpr unsigned kForeignClass = 16;
+
+constexpr std::array<unsigned char, 256> classesOfAll() {
+  std::array<unsigned char, 256> classes{};
+  for (std::size_t i = 0; i < classes.size(); ++i) {
+    const char c = static_cast<char>(i);
+    const auto isOneOf = [c](std::string_view set) {
+      return set.find(c) != std::string_view::npos;
+    };
+    unsigned all = isOneOf(kBlanks) ? kBlankClass : 0;
+    if (isOneOf(kMarks)) all |= kMarkClass;
+    if (isOneOf(kRunEnd)) all |= kRunEndClass;
+    if (isOneOf(kDigits)) all |= kDigitClass;
+    // Neither printable ASCII nor a tab.
+    if (c != '\t' && !(c >= ' ' && c <= '~')) all |= kForeignClass;
+    classes[i] = static_cast<unsigned char>(all);
+  }
+  return classes;
+}
+constexpr auto kClasses = classesOfAll();
+
+bool isOf(char c, unsigned classes) {
+  return (kClasses[static_cast<unsigned char>(c)] & classes) != 0;
+}
+
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-/// A character that is neither printable ASCII nor a tab.
-bool isForeign(char c) { return c != '\t' && !(c >= ' ' && c <= '~'); }
 
 /// The parts of a number as it is written.
 struct Spelling {
@@ -31,7 +60,8 @@ struct Spelling {
 
 /// Takes digits off a text; returns how many.
 std::size_t takeDigits(std::string_view& text) {
-  const std::size_t count = std::min(text.find_first_not_of(kDigits), text.size());
+  std::size_t count = 0;
+  while (count < text.size() && isOf(text[count], kDigitClass)) ++count;
   text.remove_prefix(count);
   return count;
 }
@@ -82,6 +112,24 @@ bool looksLikeNumber(std::string_view run) {
   return !std::all_of(rest.begin(), rest.end(), isLetter);
 }
 
+/// The characters of a number whose digits a double has exactly.
+constexpr std::size_t kShortNumber = 16;
+constexpr std::array<double, kShortNumber + 1> kPowersOfTen{
+    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
+
+/// A number without exponent: its digits by a power of ten, which rounds once.
+PrintedNumber shortNumber(std::string_view text, const Spelling& spelling) {
+  long digits = 0;
+  for (const char c : text) {
+    if (isOf(c, kDigitClass)) digits = digits * 10 + (c - '0');
+  }
+  PrintedNumber number;
+  const double unit = kPowersOfTen[spelling.decimals];
+  number.value = static_cast<double>(text.starts_with('-') ? -digits : digits) / unit;
+  number.halfUnit = 0.5 / unit;
+  return number;
+}
+
 class LineTokens {
  public:
   LineTokens(std::string_view line, long number, Statement& statement, const FindingSink& report)
@@ -93,10 +141,12 @@ class LineTokens {
         hasArguments_(!statement.tokens.empty()) {}
 
   LineEnd read() {
-    while ((at_ = line_.find_first_not_of(kBlanks, at_)) != std::string_view::npos) {
+    while (skipBlanks()) {
       if (line_[at_] == '$') return endAtDollar();
-      const std::size_t end = std::min(line_.find_first_of(kRunEnd, at_), line_.size());
-      add(isIn(line_[at_], kMarks) ? 1 : end - at_);
+      std::size_t end = at_ + 1;
+      const bool isMark = isOf(line_[at_], kMarkClass);
+      while (!isMark && end < line_.size() && !isOf(line_[end], kRunEndClass)) ++end;
+      add(end - at_);
     }
     store(line_);
     return LineEnd::Statement;
@@ -105,6 +155,12 @@ class LineTokens {
  private:
   void report(Rule rule, std::size_t at, std::size_t width, std::string_view subject) const {
     report_({rule, {number_, static_cast<long>(at) + 1}, width, std::string(subject), line_});
+  }
+
+  /// False at the end of the line.
+  bool skipBlanks() {
+    while (at_ < line_.size() && isOf(line_[at_], kBlankClass)) ++at_;
+    return at_ < line_.size();
   }
 
   /// At a $: a comment, or the mark that continues the statement.
@@ -147,7 +203,7 @@ class LineTokens {
 
   void classify(Token& token) {
     const std::string_view run = line_.substr(at_, token.length);
-    if (isIn(run.front(), kMarks)) {
+    if (isOf(run.front(), kMarkClass)) {
       token.kind = TokenKind::Mark;
       hasArguments_ = true;
     } else if (const auto number = readNumber(run)) {
@@ -207,6 +263,7 @@ std::string byteName(char c) {
 std::optional<PrintedNumber> readNumber(std::string_view text) {
   const auto spelling = spellingOf(text);
   if (!spelling) return std::nullopt;
+  if (!spelling->hasExponent && text.size() <= kShortNumber) return shortNumber(text, *spelling);
   PrintedNumber number;
   const std::string_view digits = text.substr(text.starts_with('+') ? 1 : 0);
   const auto [end, error] =
@@ -231,7 +288,8 @@ void checkCharacters(std::string_view line, long number, bool isText, const Find
   const bool isWide = columnsOf(line, isText) > kColumns;
   if (isWide) find(Rule::WideLine, kColumns, line.size() - kColumns, "");
   find(Rule::TabInLine, line.find('\t'), 1, "");
-  const auto* const foreign = std::ranges::find_if(line, isForeign);
+  const auto* const foreign =
+      std::ranges::find_if(line, [](char c) { return isOf(c, kForeignClass); });
   if (foreign == line.end()) return;
   find(isText ? Rule::CharacterInText : Rule::CharacterInStatement,
        static_cast<std::size_t>(foreign - line.begin()), 1, byteName(*foreign));

@@ -50,8 +50,9 @@ class StatementRules {
   }
 
   [[nodiscard]] bool isAny(const Token& token, std::string_view marks) const {
-    return token.kind == TokenKind::Mark &&
-           marks.find(statement_.text[token.offset]) != std::string_view::npos;
+    if (token.kind != TokenKind::Mark) return false;
+    const char found = statement_.text[token.offset];
+    return std::ranges::any_of(marks, [found](char mark) { return mark == found; });
   }
 
   void checkParentheses(const Token& token) {

@@ -14,7 +14,8 @@ constexpr std::size_t kCardColumns = 80;
 constexpr std::size_t kStatementColumns = 72;
 
 std::string_view withoutBlanks(std::string_view line) {
-  return line.substr(0, line.find_last_not_of(kWhiteSpace) + 1);
+  while (line.ends_with(' ') || line.ends_with('\t')) line.remove_suffix(1);
+  return line;
 }
 
 bool isComment(std::string_view line) {
@@ -55,8 +56,12 @@ bool StatementReader::nextLine() {
 }
 
 void StatementReader::begin(Statement& statement) const {
-  const std::size_t first = line_.find_first_not_of(kWhiteSpace);
-  statement.place = {lines(), static_cast<long>(first) + 1};
+  long column = 1;
+  for (const char c : line_) {
+    if (c != ' ' && c != '\t') break;
+    ++column;
+  }
+  statement.place = {lines(), column};
   statement.text.clear();
   statement.tokens.clear();
   statement.word.clear();

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_map>
 
 namespace verify {
 namespace {
@@ -122,7 +123,10 @@ constexpr WordRow kWords[] = {
 // The nested words that make a motion along a drive surface one along a circle.
 constexpr std::string_view kCircleSurfaces[] = {"CIRCLE", "CYLNDR"};
 
-constexpr std::string_view kWordEnd = " \t,/()=$";
+bool endsWord(char c) {
+  return c == '/' || c == ' ' || c == ',' || c == '\t' || c == '(' || c == ')' || c == '=' ||
+         c == '$';
+}
 
 bool leadsAlongCircle(const Statement& statement) {
   return std::any_of(statement.tokens.begin(), statement.tokens.end(), [&](const Token& token) {
@@ -131,8 +135,14 @@ bool leadsAlongCircle(const Statement& statement) {
   });
 }
 
+std::unordered_map<std::string_view, const WordRow*> rowsByWord() {
+  std::unordered_map<std::string_view, const WordRow*> rows;
+  for (const WordRow& row : kWords) rows.emplace(row.word, &row);
+  return rows;
+}
+
 bool isOneWord(std::string_view word) {
-  return !word.empty() && word.find_first_of(kWordEnd) == std::string_view::npos;
+  return !word.empty() && std::ranges::none_of(word, endsWord);
 }
 
 }  // namespace
@@ -149,14 +159,18 @@ bool Words::add(std::string_view word, std::string_view known) {
 }
 
 const WordRow* Words::find(std::string_view word) const {
-  const auto added = added_.find(word);
-  if (added != added_.end()) return added->second;
-  const auto* const found = std::ranges::find(kWords, word, &WordRow::word);
-  return found == std::end(kWords) ? nullptr : found;
+  static const std::unordered_map<std::string_view, const WordRow*> rows = rowsByWord();
+  if (!added_.empty()) {
+    const auto added = added_.find(word);
+    if (added != added_.end()) return added->second;
+  }
+  const auto found = rows.find(word);
+  return found == rows.end() ? nullptr : found->second;
 }
 
 const WordRow* Words::textWordOf(std::string_view line) const {
-  const WordRow* const row = find(line.substr(0, line.find_first_of(kWordEnd)));
+  const auto* const end = std::ranges::find_if(line, endsWord);
+  const WordRow* const row = find(line.substr(0, static_cast<std::size_t>(end - line.begin())));
   return row != nullptr && row->hasText ? row : nullptr;
 }
 

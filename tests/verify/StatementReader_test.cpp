@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -53,6 +54,24 @@ TEST(StatementReader, NumberHasHalfAUnitOfItsLastDigit) {
   const std::vector<double> due{0.5, 0.005, 0.0005, 5, 0.0005, 0.5};
   ASSERT_EQ(halves.size(), due.size());
   for (std::size_t i = 0; i < due.size(); ++i) EXPECT_DOUBLE_EQ(halves[i], due[i]);
+}
+
+TEST(StatementReader, NumbersAreThoseOfTheStandardLibrary) {
+  const unsigned seed = chosenSeed();
+  std::mt19937 random(seed);
+  for (int round = 0; round < 5000; ++round) {
+    std::string text = random() % 2 == 0 ? "-" : "";
+    const std::size_t digits = 1 + random() % 20;
+    const std::size_t point = random() % (digits + 1);
+    for (std::size_t i = 0; i < digits; ++i) {
+      if (i == point) text += '.';
+      text += static_cast<char>('0' + random() % 10);
+    }
+    const ReadText read = readText("X/" + text);
+    ASSERT_EQ(read.statements.front().tokens.size(), 3U);
+    EXPECT_EQ(read.statements.front().tokens.back().number, std::strtod(text.c_str(), nullptr))
+        << text << " seed " << seed;
+  }
 }
 
 TEST(StatementReader, PlacesAreThoseOfTheText) {
