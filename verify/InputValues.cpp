@@ -185,12 +185,14 @@ constexpr ValueRow kValues[] = {
 struct WordRowOfList {
   std::string_view name;
   int (InputValues::*entry)() const;
+  /// How many words the list must have.
+  std::size_t least = 1;
 };
 
 constexpr WordRowOfList kListWords[] = {
     {"MFG_FEED_UNIT", &InputValues::feedUnit},   {"MFG_FED_UNIT", &InputValues::feedUnit},
     {"MFG_SPNDL_UNIT", &InputValues::speedUnit}, {"MFG_SPINDL_UNIT", &InputValues::speedUnit},
-    {"MFG_SPNDL_WAY", &InputValues::way},        {"MFG_SPINDL_WAY", &InputValues::way},
+    {"MFG_SPNDL_WAY", &InputValues::way, 2},     {"MFG_SPINDL_WAY", &InputValues::way, 2},
     {"MFG_DELAY_UNIT", &InputValues::delayUnit}, {"MFG_TOOLPATH_TYPE", &InputValues::toolPathType},
 };
 
@@ -371,10 +373,10 @@ int InputValues::toolPathType() const {
 }
 
 // An entry of the list of a parameter, from 1.
-Value InputValues::wordOf(std::string_view parameter, int entry) const {
+Value InputValues::wordOf(std::string_view parameter, int entry, std::size_t least) const {
   const auto list = words_.lists.find(parameter);
   if (entry < 1 || list == words_.lists.end()) return {};
-  if (static_cast<std::size_t>(entry) > list->second.size()) return {};
+  if (std::max(static_cast<std::size_t>(entry), least) > list->second.size()) return {};
   const std::string& word = list->second[static_cast<std::size_t>(entry) - 1];
   return word == kNoWord ? textValue("") : textValue(word);
 }
@@ -401,7 +403,7 @@ Value InputValues::valueOf(std::string_view parameter) const {
   const auto* const value = std::ranges::find(kValues, parameter, &ValueRow::name);
   if (value != std::end(kValues)) return value->of(*this);
   const auto* const word = std::ranges::find(kListWords, parameter, &WordRowOfList::name);
-  if (word != std::end(kListWords)) return wordOf(parameter, (this->*word->entry)());
+  if (word != std::end(kListWords)) return wordOf(parameter, (this->*word->entry)(), word->least);
   return lookedUp(parameter);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -81,7 +82,7 @@ class InputValues {
   [[nodiscard]] const host::ActivityValues* knownActivity() const;
   [[nodiscard]] int handOfTool() const;
   [[nodiscard]] Value lookedUp(std::string_view parameter) const;
-  [[nodiscard]] Value wordOf(std::string_view parameter, int entry) const;
+  [[nodiscard]] Value wordOf(std::string_view parameter, int entry, std::size_t least) const;
 
   const DocumentWords& words_;
   std::optional<host::ActivityStart> activity_;

@@ -228,8 +228,7 @@ std::string reasonOf(const std::string& before, const std::string& after, const 
   const double digits =
       point == std::string::npos ? 0.0 : static_cast<double>(after.size() - point - 1);
   const double half = 0.5 * std::pow(10.0, -digits);
-  const double off =
-      std::abs(numberIn(before) - numberIn(after));
+  const double off = std::abs(numberIn(before) - numberIn(after));
   // A longer number is itself half a unit of its last digit away.
   if (way == "digit removed" && off <= half * 1.11) return "right to the digits that are left";
   if (way == "digit" && off <= 2.0 * half * 1.001) return "a tie of rounding";

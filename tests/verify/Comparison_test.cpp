@@ -207,6 +207,14 @@ TEST(Comparison, BuiltInInstructionsAgree) {
             "verified NC_MILL_TURRET_INVERSION 1 from 79; left out NC_RAPID 1 from 3");
 }
 
+TEST(Comparison, WayOfTheSpindleNeedsBothWords) {
+  const WrittenText written =
+      writeJob(R"({"nc":"NC_SPINDLE_START","spindle":{"value":100,"type":"angular"}})",
+               "*START_LIST MFG_SPNDL_WAY\nCLW\n*END\n");
+  EXPECT_EQ(written.text, "SPINDL/  100.0000,RPM,\n");
+  EXPECT_EQ(comparisonOf(written, written.text), "agrees, 1 elements, 1 verified, 0 own");
+}
+
 TEST(Comparison, DollarAfterANameDoesNotContinueALine) {
   const WrittenText written =
       writeJob(R"({"nc":"NC_A","points":[[1,2,3]]})",
