@@ -73,12 +73,13 @@ bool isStatement(std::string_view line, const std::vector<std::string>& textWord
   return !isComment && std::find(textWords.begin(), textWords.end(), word) == textWords.end();
 }
 
-/// The lines of statements, with those that go on in them.
+/// The lines of statements, which begin with a word, with those that they go on in.
 Texts statementsOf(const Texts& lines, const std::vector<std::string>& textWords) {
   Texts statements;
   bool goesOn = false;
   for (const KEPUnicodeString& line : lines) {
-    const bool isTaken = goesOn || isStatement(line.View(), textWords);
+    const bool hasWord = line.View().find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == 0;
+    const bool isTaken = goesOn || (hasWord && isStatement(line.View(), textWords));
     if (isTaken) statements.Append(line);
     goesOn = isTaken && line.View().ends_with('$');
   }

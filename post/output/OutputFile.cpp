@@ -12,23 +12,12 @@
 
 #include "host/system/FileBeside.h"
 #include "host/system/SystemReason.h"
+#include "post/output/SameFile.h"
 
 namespace host {
 namespace {
 
 constexpr std::size_t kBufferSize = std::size_t{1} << 16U;
-
-constexpr int kMostLinks = 40;
-
-/// The path that a path leads to through symbolic links, whether a file exists there or not. A
-/// ring of links leads to a link.
-std::filesystem::path resolved(std::filesystem::path path) {
-  std::error_code error;
-  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {
-    path = path.parent_path() / std::filesystem::read_symlink(path, error);
-  }
-  return path;
-}
 
 /// Closes a copy of a descriptor: some systems report only then what could not be written.
 bool closesWell(int descriptor) {
@@ -148,7 +137,7 @@ void OutputFile::close() noexcept {
 }
 
 void OutputFile::openBeside() {
-  const std::filesystem::path place = resolved(target_);
+  const std::filesystem::path place = targetOfLinks(target_);
   std::error_code error;
   errno = ELOOP;
   if (std::filesystem::is_symlink(place, error)) return;

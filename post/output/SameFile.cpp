@@ -2,7 +2,6 @@
 
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <system_error>
 
 namespace host {
@@ -22,12 +21,23 @@ bool isSameFile(const std::string& left, const std::string& right) {
   return isRegularFile(left) && fileNumber(left) == fileNumber(right);
 }
 
+std::filesystem::path targetOfLinks(std::filesystem::path path) {
+  constexpr int kMostLinks = 40;
+  std::error_code error;
+  for (int links = 0; links < kMostLinks && std::filesystem::is_symlink(path, error); ++links) {
+    path = path.parent_path() / std::filesystem::read_symlink(path, error);
+  }
+  return path;
+}
+
+std::string placeOf(const std::string& path) {
+  std::error_code error;
+  const auto place = std::filesystem::absolute(targetOfLinks(path), error);
+  return std::filesystem::weakly_canonical(place, error).string();
+}
+
 bool isSamePlace(const std::string& left, const std::string& right) {
-  const auto place = [](const std::string& path) {
-    std::error_code error;
-    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, error), error);
-  };
-  return isSameFile(left, right) || (!place(left).empty() && place(left) == place(right));
+  return isSameFile(left, right) || (!placeOf(left).empty() && placeOf(left) == placeOf(right));
 }
 
 }  // namespace host

@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -17,6 +18,13 @@ using FileNumber = std::pair<dev_t, ino_t>;
 /// True for two names of one regular file. What others read and write as well, such as a device,
 /// is none.
 [[nodiscard]] bool isSameFile(const std::string& left, const std::string& right);
+
+/// The path that a path leads to through symbolic links, whether a file exists there or not. A
+/// ring of links leads to a link.
+[[nodiscard]] std::filesystem::path targetOfLinks(std::filesystem::path path);
+
+/// The same as a whole path from the root, to compare it with others.
+[[nodiscard]] std::string placeOf(const std::string& path);
 
 /// True for two names of one regular file, or of one place where no file is yet. Links are
 /// followed, and "." and ".." count as what they lead to.

@@ -4,10 +4,12 @@ import json
 import os
 import signal
 import subprocess
+import time
 
 import program
 from program import APT, JOB, TABLE
 
+RESOURCE = ',"resource":{"name":"M","table":"part0.apt"}}\n'
 END = "ppword post: {}\nTry 'ppword post --help'.\n"
 
 
@@ -152,6 +154,17 @@ class Failures(ManyJobs):
         done = self.post(*self.write_jobs(1))
         self.check(done, 3, "", "ppword: error: out cannot be written: Not a directory\n")
 
+    def last_child(self, parent):
+        """Waits until a process has one child left."""
+        command = ["ps", "-o", "pid=", "-o", "stat=", "--ppid", str(parent)]
+        while True:
+            listed = subprocess.run(command, capture_output=True, text=True, check=False).stdout
+            rows = [line.split() for line in listed.splitlines()]
+            running = [pid for pid, state in rows if not state.startswith("Z")]
+            if len(running) <= 1:
+                return int(running[0])
+            time.sleep(0.05)
+
     def test_process_that_is_killed_loses_its_jobs_only(self):
         names = self.write_jobs(4)
         fifo = os.path.join(self.folder, "part0.jsonl")
@@ -167,14 +180,8 @@ class Failures(ManyJobs):
         ) as process:
             # The process that waits for the pipe has no record yet; the others have.
             records = [json.loads(process.stdout.readline()) for _ in range(3)]
-            children = subprocess.run(
-                ["ps", "-o", "pid=", "--ppid", str(process.pid)],
-                capture_output=True,
-                text=True,
-                check=True,
-            ).stdout.split()
-            self.assertEqual(len(children), 1)
-            os.kill(int(children[0]), signal.SIGKILL)
+            self.addCleanup(process.kill)
+            os.kill(self.last_child(process.pid), signal.SIGKILL)
             rest, errors = process.communicate(timeout=60)
         self.assertEqual((process.returncode, errors), (4, ""))
         lost, totals = map(json.loads, rest.splitlines())
@@ -267,6 +274,47 @@ class Options(ManyJobs):
         done = self.run_program("post", "part1.jsonl", "-t", "part1.apt", "--output-dir", ".")
         mistake = "the output ./part1.apt would replace the input part1.apt"
         self.check(done, 2, "", END.format(mistake))
+
+    def test_two_texts_of_one_file_are_a_mistake(self):
+        one, two = self.write_jobs(2)
+        os.mkdir(os.path.join(self.folder, "d"))
+        os.symlink("part1.apt", os.path.join(self.folder, "d", "part0.apt"))
+        done = self.run_program("post", one, two, "--output-dir", "d")
+        mistake = "the texts of part0.jsonl and part1.jsonl would both be d/part1.apt"
+        self.check(done, 2, "", END.format(mistake))
+
+    def test_no_text_replaces_what_another_job_names(self):
+        one = self.write_jobs(1)[0]
+        os.makedirs(os.path.join(self.folder, "PPTables"))
+        self.write("PPTables/part0.apt", TABLE)
+        self.write("table.jsonl", JOB.replace("}\n", RESOURCE, 1))
+        environment = {**os.environ, "PPWORD_RESOURCE_PATH": self.folder}
+        done = self.run_program(
+            "post", one, "table.jsonl", "--output-dir", "PPTables", env=environment
+        )
+        mistake = f"the output PPTables/part0.apt would replace the input {self.folder}/PPTables/part0.apt"
+        self.check(done, 2, "", END.format(mistake))
+        self.assertEqual(self.read("PPTables/part0.apt"), TABLE)
+        self.write("document.jsonl", JOB.replace("}\n", ',"document":"d/part0.apt"}\n', 1))
+        os.mkdir(os.path.join(self.folder, "d"))
+        self.run_program("document", "new", "d/part0.apt")
+        done = self.run_program("post", one, "document.jsonl", "--output-dir", "d")
+        mistake = "the output d/part0.apt would replace the input d/part0.apt"
+        self.check(done, 2, "", END.format(mistake))
+
+    def test_mistake_in_one_job_names_it(self):
+        one = self.write_jobs(1)[0]
+        done = self.post(one, "--units", "inch")
+        self.assertEqual(done.returncode, 2)
+        self.assertRegex(done.stderr, r"^part0.jsonl: error: --units, .* a job states its own\n1 job: 0 written")
+
+    def test_few_open_files_make_small_groups(self):
+        names = self.write_jobs(100)
+        done = self.run_program(
+            "post", *names, "--output-dir", "out", "-q", prefix=("prlimit", "--nofile=45")
+        )
+        self.check(done, 0)
+        self.assertEqual(len(self.folder_files()), 100)
 
     def test_quiet_reports_failures_only(self):
         names = self.write_jobs(2)

@@ -144,4 +144,11 @@ TEST(Vocabulary, OriginPrintsNothingInComments) {
   EXPECT_FALSE(comment->rotation);
 }
 
+TEST(Vocabulary, OriginNeedsAWord) {
+  // The load of a table cuts a line at a blank, unless its word takes a text.
+  for (const std::string_view lines : {"%MFG_ORIGIN_NUMBER", "REMARK %MFG_ORIGIN_NUMBER"}) {
+    EXPECT_FALSE(withOrigin(lines).origin->number) << lines;
+  }
+}
+
 }  // namespace

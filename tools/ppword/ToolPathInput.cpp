@@ -103,6 +103,12 @@ std::string ToolPathInput::documentFile() const {
   return (folder() / job_->header().document).string();
 }
 
+std::string ToolPathInput::namedTable() const {
+  PostTable table;
+  if (job_) findNamedTable(job_->header(), table);
+  return table.path;
+}
+
 void ToolPathInput::openDocument() {
   const std::string file = documentFile();
   if (tables_ != nullptr) {

@@ -29,6 +29,9 @@ class ToolPathInput {
   /// The document file: that of the user, that of the job's header, or empty for none.
   [[nodiscard]] std::string documentFile() const;
 
+  /// The file of the table that the job's header names; empty for none. Raises a Refusal.
+  [[nodiscard]] std::string namedTable() const;
+
   /// Opens the document, loads the table and sets up both for the tool path; runs an NC program.
   /// Raises a Refusal, an InputError or a DocumentError. Before it there is no document and there
   /// are no events.

@@ -1,21 +1,35 @@
 #include "tools/ppword/many/JobPoster.h"
 
+#include <sys/resource.h>
+
+#include <algorithm>
 #include <exception>
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Failure.h"
 
 namespace {
 
-constexpr std::size_t kMostInGroup = 64;
+// A file that waits for its name is open, and so is its folder.
+std::size_t mostInGroup() {
+  constexpr rlim_t kMost = 64;
+  constexpr rlim_t kOthers = 24;
+  rlimit open{};
+  if (::getrlimit(RLIMIT_NOFILE, &open) != 0 || open.rlim_cur <= kOthers) return 1;
+  return static_cast<std::size_t>(std::clamp((open.rlim_cur - kOthers) / 2, rlim_t{1}, kMost));
+}
+
 // A record waits no longer for others to join its group.
 constexpr std::chrono::milliseconds kLongestWait{500};
 
 PostOutcome failureOutcome(const JobFile& job, const Failure& failure) {
   PostOutcome outcome;
   outcome.status = failure.status;
-  outcome.text = failureText(failure);
+  const bool isMistake = failure.status == ExitStatus::Usage;
+  outcome.text = isMistake ? host::terminalSafe(job.job + ": error: " + failure.reason) + '\n'
+                           : failureText(failure);
   outcome.report = {{"file", textJson(job.job)},
                     {"output", textJson(job.output)},
                     {"written", false},
@@ -37,14 +51,14 @@ JobRecord recordOf(const PostOptions& options, std::size_t index, const PostOutc
 
 JobPoster::JobPoster(const PostOptions& options, const std::vector<JobFile>& jobs,
                      RecordTaker deliver)
-    : options_(options), jobs_(jobs), deliver_(std::move(deliver)) {
+    : options_(options), jobs_(jobs), deliver_(std::move(deliver)), mostInGroup_(mostInGroup()) {
   options_.jobs.clear();
 }
 
 void JobPoster::post(std::size_t index) {
   if (pending_.empty()) begin_ = Clock::now();
   pending_.push_back(run(index));
-  if (pending_.size() == kMostInGroup || Clock::now() - begin_ >= kLongestWait) place();
+  if (pending_.size() >= mostInGroup_ || Clock::now() - begin_ >= kLongestWait) place();
 }
 
 void JobPoster::finish() { place(); }

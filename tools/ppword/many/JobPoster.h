@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstddef>
 #include <exception>
 #include <memory>
 #include <string>
@@ -51,6 +52,7 @@ class JobPoster {
   PostOptions options_;
   const std::vector<JobFile>& jobs_;
   RecordTaker deliver_;
+  std::size_t mostInGroup_;
   LoadedTables tables_;
   std::vector<Pending> pending_;
   Clock::time_point begin_;

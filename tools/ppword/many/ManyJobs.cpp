@@ -10,6 +10,7 @@
 #include "post/output/SameFile.h"
 #include "tools/ppword/Progress.h"
 #include "tools/ppword/StandardStreams.h"
+#include "tools/ppword/ToolPathInput.h"
 #include "tools/ppword/many/JobPoster.h"
 #include "tools/ppword/many/Workers.h"
 
@@ -32,19 +33,41 @@ std::vector<JobFile> jobsOf(const PostOptions& options) {
   std::map<std::string, std::string> taken;
   for (const std::string& job : options.jobs) {
     jobs.push_back({job, outputOf(options, job)});
-    const auto [known, isNew] = taken.emplace(jobs.back().output, job);
+    const std::string& output = jobs.back().output;
+    const auto [known, isNew] = taken.emplace(host::placeOf(output), job);
     if (isNew) continue;
-    throw UsageError{"the texts of " + known->second + " and " + job + " would both be " +
-                     known->first};
+    throw UsageError{"the texts of " + known->second + " and " + job + " would both be " + output};
   }
   return jobs;
 }
 
-// What every job, or one of them, is read from.
-std::map<host::FileNumber, std::string> inputsOf(const PostOptions& options) {
+// The document and the table that a job names; none of a job that is refused later.
+std::vector<std::string> filesNamedIn(const std::string& job) {
+  if (!host::isRegularFile(job)) return {};
+  try {
+    PostOptions options;
+    options.job = job;
+    ToolPathInput input(options);
+    return {input.documentFile(), input.namedTable()};
+  } catch (...) {
+    return {};
+  }
+}
+
+bool isThere(const JobFile& job) { return host::fileNumber(job.output).has_value(); }
+
+// What every job, or one of them, is read from. What jobs name matters only where a text replaces a
+// file.
+std::map<host::FileNumber, std::string> inputsOf(const PostOptions& options,
+                                                 const std::vector<JobFile>& jobs) {
   std::map<host::FileNumber, std::string> inputs;
   std::vector<std::string> files = options.jobs;
   files.insert(files.end(), {options.table, options.document, options.tools, options.machine});
+  const bool replaces = std::any_of(jobs.begin(), jobs.end(), isThere);
+  for (const JobFile& job : jobs) {
+    if (!replaces) break;
+    for (std::string& file : filesNamedIn(job.job)) files.push_back(std::move(file));
+  }
   for (const std::string& file : files) {
     if (const auto number = host::fileNumber(file)) inputs.emplace(*number, file);
   }
@@ -52,7 +75,7 @@ std::map<host::FileNumber, std::string> inputsOf(const PostOptions& options) {
 }
 
 void requireOthers(const PostOptions& options, const std::vector<JobFile>& jobs) {
-  const std::map<host::FileNumber, std::string> inputs = inputsOf(options);
+  const std::map<host::FileNumber, std::string> inputs = inputsOf(options, jobs);
   for (const JobFile& job : jobs) {
     const auto number = host::fileNumber(job.output);
     const auto input = number ? inputs.find(*number) : inputs.end();
@@ -161,7 +184,11 @@ void postInProcesses(const PostOptions& options, const std::vector<JobFile>& job
                                                     "written: its process was ended by " + reason};
     take(failureRecord(options, jobs, index, failure));
   };
-  runInProcesses(jobs.size(), options.processes, work, take, takeLost);
+  try {
+    runInProcesses(jobs.size(), options.processes, work, take, takeLost);
+  } catch (const std::system_error&) {
+    postHere(options, jobs, take);
+  }
 }
 
 }  // namespace

@@ -160,7 +160,9 @@ class Workers {
 
   void run(int processes) {
     const std::size_t wanted = std::min(static_cast<std::size_t>(processes), jobs_);
-    while (workers_.size() < wanted) start();
+    start();
+    while (workers_.size() < wanted && startsAnother()) {
+    }
     while (!workers_.empty()) receive();
   }
 
@@ -189,6 +191,16 @@ class Workers {
     workers_.push_back(std::make_unique<Worker>(process, ends[0]));
   }
 
+  // The processes that exist do the work where the system has no place for more.
+  bool startsAnother() {
+    try {
+      start();
+      return true;
+    } catch (const std::system_error&) {
+      return false;
+    }
+  }
+
   [[noreturn]] void doWork(int pipe) {
     // A process whose parent ends early must not go on by itself.
     ::prctl(PR_SET_PDEATHSIG, SIGTERM);
@@ -214,7 +226,11 @@ class Workers {
     workers_.erase(workers_.begin() + static_cast<std::ptrdiff_t>(at));
     const std::string reason = worker->wait();
     for (const std::size_t index : worker->begun()) takeLost_(index, reason);
-    if (!worker->begun().empty() && counter_.taken() < jobs_) start();
+    if (worker->begun().empty() || counter_.taken() >= jobs_) return;
+    if (startsAnother() || !workers_.empty()) return;
+    for (std::size_t index = counter_.take(); index < jobs_; index = counter_.take()) {
+      takeLost_(index, reason);
+    }
   }
 
   std::size_t jobs_;

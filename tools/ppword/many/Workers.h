@@ -27,7 +27,8 @@ using Work = std::function<void(const std::function<std::size_t()>& next, const 
 using LostTaker = std::function<void(std::size_t index, const std::string& reason)>;
 
 /// Runs `work` in processes of their own, `processes` at a time, and takes the records here.
-/// Another process takes the jobs that one left which ended early. A system_error when processes
-/// cannot be started. An exception of a taker ends the processes and is raised.
+/// Another process takes the jobs that one left which ended early. A system_error, before any
+/// record, when no process can be started. An exception of a taker ends the processes and is
+/// raised.
 void runInProcesses(std::size_t jobs, int processes, const Work& work, const RecordTaker& take,
                     const LostTaker& takeLost);
