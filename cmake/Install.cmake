@@ -49,7 +49,7 @@ install(
   REGEX "/document/(Database|Digest|DocumentFormat|StoredDocument)\\.h$" EXCLUDE
   REGEX "/manufacturing/(OperationExtensions|ToolChange|ToolExtensions)\\.h$" EXCLUDE
   REGEX "/modeler/FeatureOrder\\.h$" EXCLUDE
-  REGEX "/system/SystemReason\\.h$" EXCLUDE)
+  REGEX "/system/(EndingSignals|FileBeside|SystemReason)\\.h$" EXCLUDE)
 
 install(
   EXPORT MfgPPWordTargets
