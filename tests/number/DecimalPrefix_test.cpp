@@ -3,15 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <clocale>
 #include <cmath>
-#include <cstdlib>
 #include <optional>
 #include <random>
 #include <string>
 #include <string_view>
 
 #include "tests/support/Mutator.h"
+#include "tests/support/PointNumber.h"
 
 namespace {
 
@@ -91,8 +90,7 @@ std::string randomNumber(std::mt19937& random) {
 std::optional<double> readByLibrary(std::string text) {
   text = text.substr(0, text.find('x'));
   char* end = nullptr;
-  static const locale_t withPoint = newlocale(LC_ALL_MASK, "C", nullptr);
-  const double value = strtod_l(text.c_str(), &end, withPoint);
+  const double value = readWithPoint(text.c_str(), &end);
   if (end == text.c_str() || std::isinf(value)) return std::nullopt;
   return value;
 }

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <map>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "tests/support/Mutator.h"
+#include "tests/support/PointNumber.h"
 #include "tests/verify/Texts.h"
 
 namespace verify {
@@ -69,7 +69,7 @@ TEST(StatementReader, NumbersAreThoseOfTheStandardLibrary) {
     }
     const ReadText read = readText("X/" + text);
     ASSERT_EQ(read.statements.front().tokens.size(), 3U);
-    EXPECT_EQ(read.statements.front().tokens.back().number, std::strtod(text.c_str(), nullptr))
+    EXPECT_EQ(read.statements.front().tokens.back().number, readWithPoint(text.c_str()))
         << text << " seed " << seed;
   }
 }
