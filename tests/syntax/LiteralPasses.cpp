@@ -9,6 +9,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "tests/support/PointNumber.h"
+
 namespace ppword::test {
 namespace {
 
@@ -39,7 +41,6 @@ std::string printed(const char* format, double value) {
 
 /// The conversion of the decimal number that a text begins with.
 bool converts(const std::string& text, double& value) {
-  static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
   const std::size_t first = text.find_first_not_of(" \t\n\v\f\r");
   if (first == kNone) return false;
   const std::size_t digits = first + (isIn(text[first], "+-") ? 1 : 0);
@@ -48,7 +49,7 @@ bool converts(const std::string& text, double& value) {
   const std::string decimal =
       text.substr(first, text.find_first_not_of("+-.0123456789eE", first) - first);
   char* end = nullptr;
-  value = strtod_l(decimal.c_str(), &end, plain);
+  value = readWithPoint(decimal.c_str(), &end);
   return end != decimal.c_str() && std::isfinite(value);
 }
 
