@@ -6,8 +6,10 @@
 #include <utility>
 #include <vector>
 
+#include "host/system/SystemReason.h"
 #include "post/output/OutputFile.h"
 #include "post/output/SameFile.h"
+#include "tools/ppword/Kinds.h"
 #include "tools/ppword/Progress.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/ToolPathInput.h"
@@ -96,7 +98,7 @@ void requireMany(const PostOptions& options) {
 void createFolder(const std::string& folder) {
   std::error_code error;
   std::filesystem::create_directories(folder, error);
-  if (error) throw host::OutputError(folder, error.message());
+  if (error) throw host::OutputError(folder, host::systemReason(error.value()));
 }
 
 ExitStatus statusOf(const JobRecord& record) { return static_cast<ExitStatus>(record.status); }
@@ -165,20 +167,14 @@ class Records {
   ProgressLine line_;
 };
 
-void postHere(const PostOptions& options, const std::vector<JobFile>& jobs,
-              const RecordTaker& take) {
-  JobPoster poster(options, jobs, take);
-  for (std::size_t index = 0; index < jobs.size(); ++index) poster.post(index);
-  poster.finish();
+// All jobs in this process.
+void workHere(const std::vector<JobFile>& jobs, const Work& work, const RecordTaker& take) {
+  std::size_t index = 0;
+  work([&] { return std::min(index++, jobs.size()); }, take);
 }
 
-void postInProcesses(const PostOptions& options, const std::vector<JobFile>& jobs,
+void workInProcesses(const PostOptions& options, const std::vector<JobFile>& jobs, const Work& work,
                      const RecordTaker& take) {
-  const Work work = [&](const std::function<std::size_t()>& next, const RecordTaker& send) {
-    JobPoster poster(options, jobs, send);
-    for (std::size_t index = next(); index < jobs.size(); index = next()) poster.post(index);
-    poster.finish();
-  };
   const LostTaker takeLost = [&](std::size_t index, const std::string& reason) {
     const Failure failure{ExitStatus::Internal, jobs[index].output + " is not certain to be " +
                                                     "written: its process was ended by " + reason};
@@ -187,7 +183,7 @@ void postInProcesses(const PostOptions& options, const std::vector<JobFile>& job
   try {
     runInProcesses(jobs.size(), options.processes, work, take, takeLost);
   } catch (const std::system_error&) {
-    postHere(options, jobs, take);
+    workHere(jobs, work, take);
   }
 }
 
@@ -196,15 +192,22 @@ void postInProcesses(const PostOptions& options, const std::vector<JobFile>& job
 ExitStatus postManyJobs(const PostOptions& options) {
   requireMany(options);
   requireFiles(options);
+  // Unknown keys are mistakes of the run, not of each job.
+  static_cast<void>(Strictness(options.strictness));
   const std::vector<JobFile> jobs = jobsOf(options);
   requireOthers(options, jobs);
   createFolder(options.outputFolder);
   Records records(options, jobs.size());
   const RecordTaker take = [&records](const JobRecord& record) { records.take(record); };
+  const Work work = [&](const std::function<std::size_t()>& next, const RecordTaker& send) {
+    JobPoster poster(options, jobs, send);
+    for (std::size_t index = next(); index < jobs.size(); index = next()) poster.post(index);
+    poster.finish();
+  };
   if (options.processes == 1) {
-    postHere(options, jobs, take);
+    workHere(jobs, work, take);
   } else {
-    postInProcesses(options, jobs, take);
+    workInProcesses(options, jobs, work, take);
   }
   return records.finish();
 }
