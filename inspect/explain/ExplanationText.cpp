@@ -19,7 +19,7 @@ struct LackEntry {
 };
 
 /// The lacks in the order of their numbers.
-constexpr std::array<LackEntry, 13> kLacks{{
+constexpr std::array<LackEntry, 14> kLacks{{
     {Lack::Format, "its type has no format that prints the number"},
     {Lack::Entry, "the list of its type has no entry for it"},
     {Lack::Activity, "there is no activity"},
@@ -38,6 +38,7 @@ constexpr std::array<LackEntry, 13> kLacks{{
      "motion"},
     {Lack::ToolPathType, "the activity has no tool path of a known type"},
     {Lack::Pitch, "the pitch of the helix is below 0.000001: there are no turns and no angle"},
+    {Lack::Dimension, "the assembly or its insert does not state the length: it is taken as 0"},
 }};
 
 constexpr std::size_t kWidth = 21;
@@ -90,8 +91,9 @@ std::string answerText(const ExplainedReference& reference) {
   const std::string why = lack.empty() ? "" : ": " + std::string(lack);
   if (kind == "evaluation") {
     if (!isEvaluated) return "no value" + why;
+    const bool printsNothing = !why.empty() && reference.lack != Lack::Dimension;
     return "evaluation " + terminalSafe(reference.evaluation) +
-           (why.empty() ? "" : " with nothing to print" + why);
+           (printsNothing ? " with nothing to print" : "") + why;
   }
   if (kind == "expression") {
     return isEvaluated ? "expression, " + valueText(*reference.value)

@@ -88,7 +88,10 @@ class KEP_PLATFORM KEPMfgPPWordListener {
     /// The activity has no tool path with a type.
     ToolPathType,
     /// The pitch of the helix is too small.
-    Pitch
+    Pitch,
+    /// The assembly or its insert does not state a length: 0 takes its place, and the reference has
+    /// a value.
+    Dimension
   };
   /// What became of an operation in a syntax line.
   enum class Operation {

@@ -21,7 +21,7 @@
 namespace host {
 namespace {
 
-constexpr ppword::CharacterTable kDigits("0123456789");
+constexpr ppword::CharacterTable kDigitsButZero("123456789");
 
 /// What messages call an element.
 std::string titleOf(const Element& element) {
@@ -71,44 +71,62 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   void ReferenceLookedUp(std::string_view name, const KEPBaseUnknown* type,
                          const KEPBaseUnknown* /*evaluation*/) override {
     type_ = type;
+    textSize_ = 0;
+    lacksDimension_ = false;
     names_.use(name);
   }
 
+  void ValueFound(const KEPMfgParameterValue& value, const KEPUnicodeString* /*format*/) override {
+    if (value.kind == KEPMfgParameterValue::kText) textSize_ = value.text.View().size();
+  }
+
+  void ValueLacking(Lack why) override { lacksDimension_ = why == Lack::Dimension; }
+
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override {
-    if (source == Source::Evaluation && !isGiven(name)) {
-      summary_.neverGiven.add(name, element_->place(), titleOf(*element_));
-    }
-    if (source == Source::NotEvaluated) {
-      summary_.unevaluated.add(name, element_->place(), titleOf(*element_));
-    } else if (source == Source::Evaluation && lacksNumber(text)) {
-      summary_.withoutNumber.add(name, element_->place(), titleOf(*element_));
-    }
+    if (source == Source::NotEvaluated) return count(summary_.unevaluated, name);
+    if (textSize_ > text.size()) count(summary_.cutTexts, name);
+    if (source == Source::Evaluation) evaluationReplaced(name, text);
   }
 
   void TextDropped(std::string_view name, std::string_view text) override {
-    summary_.dropped.add(std::string(name).append(text), element_->place(), titleOf(*element_));
+    count(summary_.dropped, std::string(name).append(text));
   }
 
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view /*result*/) override {
     if (outcome == Operation::Deleted) {
-      summary_.deleted.add(operation, element_->place(), titleOf(*element_));
+      count(summary_.deleted, operation);
     }
   }
 
  private:
-  [[nodiscard]] bool isGiven(std::string_view parameter) {
+  void count(Tally& tally, std::string_view name) {
+    tally.add(name, element_->place(), titleOf(*element_));
+  }
+
+  void evaluationReplaced(std::string_view name, std::string_view text) {
+    const BufferValues values = valuesOf(name);
+    const bool isOwn = hasOwnSpeeds_ && name == "MFG_SPNDL_SPEED";
+    const bool isGiven = isOwn || given_.holdAll(values);
+    if (!isGiven) count(summary_.neverGiven, name);
+    if (lacksDimension_) count(summary_.missingDimensions, name);
+    if (kDigitsButZero.firstIn(text) < text.size()) return;
+    if (lacksNumber(text)) return count(summary_.withoutNumber, name);
+    if (isGiven && !isOwn && given_.cannotBeZero(values)) count(summary_.roundedToZero, name);
+  }
+
+  /// The values of buffers that a parameter of the type that was looked up last prints.
+  [[nodiscard]] BufferValues valuesOf(std::string_view parameter) {
     const auto [known, isNew] = readings_.try_emplace(type_);
     if (const auto* const found = isNew ? findParameter(parameter) : nullptr) {
       known->second = found->row->values;
     }
-    if (given_.holdAll(known->second)) return true;
-    return hasOwnSpeeds_ && parameter == "MFG_SPNDL_SPEED";
+    return known->second;
   }
 
   /// True for the text of a parameter type that prints numbers when no digit is in it.
   [[nodiscard]] bool lacksNumber(std::string_view text) const {
-    if (kDigits.firstIn(text) < text.size()) return false;
+    if (text.find('0') < text.size()) return false;
     const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
     return attributes != nullptr && attributes->FindText("Format") != nullptr;
   }
@@ -122,6 +140,9 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   const Element* element_ = nullptr;
   /// Of the reference that was looked up last.
   const KEPBaseUnknown* type_ = nullptr;
+  /// Of the text that was found for it; 0 for a number.
+  std::size_t textSize_ = 0;
+  bool lacksDimension_ = false;
   ListenerScope scope_{*this};
 };
 

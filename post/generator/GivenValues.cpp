@@ -11,6 +11,11 @@ namespace {
 constexpr double kUnitTolerance = 1e-4;
 constexpr double kLargest = 1e15;
 
+/// Values whose text is no 0 unless they are 0.
+constexpr BufferValues kMeasures = BufferValues(BufferValue::Feedrate) | BufferValue::SpindleSpeed |
+                                   BufferValue::CircleRadius | BufferValue::HelixRadius |
+                                   BufferValue::HelixPitch;
+
 bool isUnit(const Triple& axis) {
   const double length = std::hypot(axis[0], axis[1], axis[2]);
   return std::abs(length - 1.0) <= kUnitTolerance;
@@ -27,25 +32,30 @@ bool isPossible(const TypedValue& value) {
   return !number || (*number >= 0.0 && !isLarge(*number));
 }
 
+void put(bool isIn, BufferValue which, BufferValues& values) {
+  isIn ? values.add(which) : values.remove(which);
+}
+
+}  // namespace
+
 /// Reads the values of one element.
-class ElementReader {
+class GivenValues::ElementReader {
  public:
-  ElementReader(const Element& element, std::string_view title, Tally& impossible,
-                BufferValues& given)
-      : element_(element), title_(title), impossible_(impossible), given_(given) {}
+  ElementReader(const Element& element, std::string_view title, Tally& impossible, Stated& stated)
+      : element_(element), title_(title), impossible_(impossible), stated_(stated) {}
 
   void read() {
     const BufferChanges& changes = element_.changes;
     if (changes.toolAxis) readAxis(*changes.toolAxis);
     if (changes.circle) read(*changes.circle);
     if (changes.helix) read(*changes.helix);
-    if (changes.feedrate) readValue(changes.feedrate->value, BufferValue::Feedrate, "feedrate");
-    if (changes.spindle) readValue(changes.spindle->value, BufferValue::SpindleSpeed, "spindle");
-    if (!element_.positions.empty()) given_.add(BufferValue::Point);
+    if (changes.feedrate) readTyped(*changes.feedrate, BufferValue::Feedrate, "feedrate");
+    if (changes.spindle) readTyped(*changes.spindle, BufferValue::SpindleSpeed, "spindle");
+    if (!element_.positions.empty()) stated_.given.add(BufferValue::Point);
   }
 
   void readAxis(const Triple& axis) {
-    given_.add(BufferValue::ToolAxis);
+    stated_.given.add(BufferValue::ToolAxis);
     if (!isUnit(axis)) count("axis");
   }
 
@@ -69,38 +79,48 @@ class ElementReader {
     read(helix.start, HelixStart, "helix.start");
     read(helix.end, HelixEnd, "helix.end");
     read(helix.pitch, HelixPitch, "helix.pitch");
+    if (helix.pitch) put(*helix.pitch == 0.0, HelixPitch, stated_.zeros);
   }
   template <class Value>
   void read(const std::optional<Value>& value, BufferValue which, std::string_view name) {
     if (!value) return;
-    given_.add(which);
+    stated_.given.add(which);
     if (isLarge(*value)) count(name);
   }
   void readRadius(const std::optional<double>& radius, BufferValue which, std::string_view name) {
     read(radius, which, name);
-    if (radius && *radius == 0.0) count(name);
+    if (!radius) return;
+    put(*radius == 0.0, which, stated_.zeros);
+    if (*radius == 0.0) count(name);
   }
-  void readValue(const std::optional<TypedValue>& value, BufferValue which, std::string_view name) {
-    if (!value) return;
-    given_.add(which);
-    if (!isPossible(*value)) count(name);
+  /// A feed rate or a speed.
+  template <class Change>
+  void readTyped(const Change& change, BufferValue which, std::string_view name) {
+    if (change.factor) put(*change.factor == 0.0, which, stated_.zeroFactors);
+    if (!change.value) return;
+    stated_.given.add(which);
+    put(ppword::decimalPrefix(change.value->text) == 0.0, which, stated_.zeros);
+    if (!isPossible(*change.value)) count(name);
   }
 
   const Element& element_;
   std::string_view title_;
   Tally& impossible_;
-  BufferValues& given_;
+  Stated& stated_;
 };
 
-}  // namespace
+bool GivenValues::cannotBeZero(BufferValues values) const noexcept {
+  const bool isMeasure = !values.isEmpty() && kMeasures.holdAll(values);
+  return isMeasure && !stated_.zeros.holdAll(values) && !stated_.zeroFactors.holdAll(values);
+}
 
 void GivenValues::read(const Element& element, std::string_view title) {
-  ElementReader(element, title, impossible_, given_).read();
+  ElementReader(element, title, impossible_, stated_).read();
 }
 
 void GivenValues::read(const Position& position, const Element& element, std::string_view title) {
   if (!position.toolAxis && !isLarge(position.point)) return;
-  ElementReader reader(element, title, impossible_, given_);
+  ElementReader reader(element, title, impossible_, stated_);
   if (isLarge(position.point)) reader.count("points");
   if (position.toolAxis) reader.readAxis(*position.toolAxis);
 }

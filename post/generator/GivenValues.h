@@ -8,7 +8,8 @@
 
 namespace host {
 
-/// Follows which values a tool path has stated, and counts those that no machine can mean.
+/// Follows which values a tool path has stated and which of them are 0, and counts those that no
+/// machine can mean.
 class GivenValues {
  public:
   explicit GivenValues(Tally& impossible) : impossible_(impossible) {}
@@ -18,11 +19,23 @@ class GivenValues {
   /// A point with the tool axis that it states, after its element was read.
   void read(const Position& position, const Element& element, std::string_view title);
 
-  [[nodiscard]] bool holdAll(BufferValues values) const noexcept { return given_.holdAll(values); }
+  [[nodiscard]] bool holdAll(BufferValues values) const noexcept {
+    return stated_.given.holdAll(values);
+  }
+  /// True for a feed rate, a speed, a radius or a pitch which was stated and is not 0.
+  [[nodiscard]] bool cannotBeZero(BufferValues values) const noexcept;
 
  private:
+  struct Stated {
+    BufferValues given;
+    /// Those whose last value is 0, and those whose last factor is.
+    BufferValues zeros;
+    BufferValues zeroFactors;
+  };
+  class ElementReader;
+
   Tally& impossible_;
-  BufferValues given_;
+  Stated stated_;
 };
 
 }  // namespace host

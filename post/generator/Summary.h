@@ -72,6 +72,13 @@ struct Summary {
   Tally withoutNumber;
   /// Parameters that print a value of a motion buffer which the tool path has not stated, by name.
   Tally neverGiven;
+  /// Texts of activities, tools and assemblies whose end was cut off, by the parameter's name.
+  Tally cutTexts;
+  /// Feed rates, speeds, radii and pitches that are not 0 and were printed as 0, by the parameter's
+  /// name.
+  Tally roundedToZero;
+  /// Parameters that print a dimension which is not stated as 0, by name.
+  Tally missingDimensions;
   /// Stated values that no machine can mean, by the name that a job has for them: a tool axis whose
   /// length differs from 1 by more than 1e-4, a negative feed rate or speed, a circle or helix of
   /// radius 0, a number of 1e15 or more.

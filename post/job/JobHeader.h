@@ -25,6 +25,13 @@ struct JobHeader {
   /// Angles in radians are multiplied by this before they are printed.
   std::optional<double> angleFactor;
   std::vector<std::pair<std::string, double>> designParameters;
+  /// Whether every kind of loss is refused, and the keys of those that are.
+  bool isStrict = false;
+  struct StrictKey {
+    std::string key;
+    long column;
+  };
+  std::vector<StrictKey> strictKeys;
 
   /// Where the header is, and in it the table's name and the formats (0 without one).
   std::string file;

@@ -40,6 +40,21 @@ void readFormat(Value value, const Place& place, JobHeader& header) {
   header.*kFormat = readText(value, place);
 }
 
+void readStrict(Value value, const Place& place, JobHeader& header) {
+  if (value.get_bool().get(header.isStrict) == simdjson::SUCCESS) return;
+  simdjson::ondemand::array keys;
+  if (value.get_array().get(keys) != simdjson::SUCCESS) {
+    refuseValue(value, place, "true, or an array of keys,");
+  }
+  std::size_t count = 0;
+  for (auto item : keys) {
+    const Place here(place, count++);
+    Value key = unwrap(std::move(item), here);
+    const long column = here.column(key.raw_json_token().data());
+    header.strictKeys.push_back({readName(key, here), column});
+  }
+}
+
 constexpr std::array<Key<JobHeader>, 2> kResourceKeys{{
     {"name", intoName<&JobHeader::resource>, true},
     {"table", readTable},
@@ -72,7 +87,7 @@ void readEndMark(Value value, const Place& place, EndMark& /*end*/) {
 
 // The kinds of line.
 
-constexpr std::array<Key<JobHeader>, 9> kHeaderKeys{{
+constexpr std::array<Key<JobHeader>, 10> kHeaderKeys{{
     {"job", readVersion, true},
     {"program", intoName<&JobHeader::program>, true},
     {"units", readUnits, true},
@@ -82,6 +97,7 @@ constexpr std::array<Key<JobHeader>, 9> kHeaderKeys{{
     {"axisFormat", readFormat<&JobHeader::axisFormat, &JobHeader::axisFormatColumn>},
     {"angleFactor", into<&JobHeader::angleFactor>},
     {"designParameters", into<&JobHeader::designParameters>},
+    {"strict", readStrict},
 }};
 
 constexpr std::array<Key<Element>, 13> kElementKeys{{

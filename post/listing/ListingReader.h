@@ -154,8 +154,8 @@ class ListingReader final : public ToolPathReader {
   ModalCalls modalCalls_;
 };
 
-/// How many texts were written as statements, which readers do not take for comments.
-[[nodiscard]] long bareTexts(const ListingReader& listing);
+/// The texts that were written as statements, which readers do not take for comments.
+[[nodiscard]] std::vector<CallCount> bareTexts(const ListingReader& listing);
 
 /// A summary of a listing for people, in lines without line feeds: the unit of positions, what is
 /// assumed about rotary axes, the calls by fate, and warnings about what is missing from the

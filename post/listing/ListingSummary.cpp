@@ -15,14 +15,14 @@ std::string feedUnitLine(const ListingReader& listing) {
 
 }  // namespace
 
-long bareTexts(const ListingReader& listing) {
-  if (!listing.vocabulary().bareTexts) return 0;
-  long count = 0;
+std::vector<CallCount> bareTexts(const ListingReader& listing) {
+  std::vector<CallCount> texts;
+  if (!listing.vocabulary().bareTexts) return texts;
   for (const CallCount& call : listing.calls().all()) {
     const bool isText = call.name == "COMMENT" || call.name == "MESSAGE";
-    if (isText && call.fate == CallFate::Written) count += call.count;
+    if (isText && call.fate == CallFate::Written) texts.push_back(call);
   }
-  return count;
+  return texts;
 }
 
 std::vector<std::string> summaryLines(const ListingReader& listing) {
@@ -40,7 +40,9 @@ std::vector<std::string> summaryLines(const ListingReader& listing) {
                     std::to_string(systems->second) + " have the same offsets, so their moves are");
     lines.emplace_back("  written as in one; are these the machine's offsets?");
   }
-  if (const long count = bareTexts(listing); count > 0) {
+  long count = 0;
+  for (const CallCount& text : bareTexts(listing)) count += text.count;
+  if (count > 0) {
     lines.push_back("WARNING: comments written as statements: " + std::to_string(count) +
                     "; use --comments none, or");
     lines.emplace_back(

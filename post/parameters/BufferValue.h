@@ -34,6 +34,8 @@ class BufferValues {
   [[nodiscard]] constexpr bool holdAll(BufferValues others) const noexcept {
     return (others.bits_ & ~bits_) == 0;
   }
+  [[nodiscard]] constexpr bool isEmpty() const noexcept { return bits_ == 0; }
+  constexpr void remove(BufferValues others) noexcept { bits_ &= ~others.bits_; }
   constexpr void add(BufferValues others) noexcept { bits_ |= others.bits_; }
   friend constexpr BufferValues operator|(BufferValues left, BufferValues right) noexcept {
     left.add(right);

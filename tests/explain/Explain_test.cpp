@@ -231,6 +231,24 @@ TEST_F(Reasons, AreSaidForWhatAnActivityLacks) {
             "the sequential motion does not exist, or states nothing about its spindle speed");
 }
 
+TEST_F(Reasons, AreSaidForLengthsThatAreTakenAsZero) {
+  setActivity({});
+  const std::string zero = "the assembly or its insert does not state the length: it is taken as 0";
+  EXPECT_EQ(reason("X/%MFG_CMP_TL_SET_Y"), zero);
+  EXPECT_EQ(reason("X/%MFG_CMP_NOSE_RADIUS"), zero);
+  host::ActivityValues values;
+  values.assembly.emplace();
+  values.assembly->parameters = {{"MFG_TL_SET_Y", host::realValue(2.0)}};
+  values.assembly->insert.emplace();
+  values.assembly->insert->type = "MfgGrooveInsert";
+  values.assembly->insert->dimensions = {{"MfgLeftNoseRadius", host::realValue(0.5)}};
+  setActivity(values);
+  EXPECT_EQ(reason("X/%MFG_CMP_TL_SET_Y"), "");
+  EXPECT_EQ(reason("X/%MFG_CMP_TL_SET_X"), zero);
+  // The radius at P9 is the left one, and only that is asked for.
+  EXPECT_EQ(reason("X/%MFG_CMP_NOSE_RADIUS"), "");
+}
+
 TEST_F(Reasons, AreSaidForTheMotionAndItsType) {
   EXPECT_EQ(reason("X/&MFG_FEED_UNIT"),
             "neither the feed rate nor the machining feed rate of the operation is linear or "

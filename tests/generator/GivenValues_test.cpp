@@ -48,6 +48,27 @@ std::string shown(const Tally& tally) {
 std::string neverGiven(std::string_view lines) { return shown(summaryOf(lines).neverGiven); }
 std::string impossible(std::string_view lines) { return shown(summaryOf(lines).impossible); }
 
+/// The default catalogue prints feed rates, speeds and radii with four decimals or more.
+std::string roundedToZero(std::string_view lines) { return shown(summaryOf(lines).roundedToZero); }
+
+TEST(GivenValues, MeasureThatIsNotZeroIsNotPrintedAsZero) {
+  EXPECT_EQ(roundedToZero(R"({"nc":"NC_FEEDRATE","feedrate":{"value":0.00001,"type":"linear"}}
+{"nc":"NC_FEEDRATE","feedrate":{"value":0.01,"type":"linear"}}
+{"nc":"NC_FEEDRATE","feedrate":{"value":0.00002,"type":"linear"}})"),
+            "MFG_FEED_VALUE 2@2");
+  EXPECT_EQ(roundedToZero(R"({"nc":"NC_SPINDLE","spindle":{"value":1e-9,"type":"angular"}})"),
+            "MFG_SPNDL_SPEED 1@2");
+}
+
+TEST(GivenValues, ZeroThatIsStatedIsPrintedAsZero) {
+  EXPECT_EQ(roundedToZero(R"({"nc":"NC_FEEDRATE","feedrate":{"value":0,"type":"linear"}}
+{"nc":"NC_FEEDRATE","feedrate":{"value":5,"factor":0,"type":"linear"}}
+{"nc":"NC_FEEDRATE"}
+{"nc":"NC_SPINDLE"}
+{"nc":"NC_GOTO","points":[[0,1e-9,0]]})"),
+            "");
+}
+
 TEST(GivenValues, PointIsStatedFromTheFirstOneOn) {
   EXPECT_EQ(neverGiven(R"({"nc":"NC_GOTO"})"), "MFG_XPOINT 1@2, MFG_YPOINT 1@2, MFG_ZPOINT 1@2");
   EXPECT_EQ(neverGiven(R"({"nc":"NC_RAPID"}

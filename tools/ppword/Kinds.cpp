@@ -9,55 +9,6 @@
 
 namespace {
 
-constexpr Kind kPostKinds[] = {
-    {kUnevaluated, "post", "warning", "a parameter cannot be evaluated",
-     "correct its name, or state its value in the job",
-     "Nothing, or the text of MFG_UNEVALUATED_PPPARAMETER, is in its place in the line.", "", ""},
-    {kWithoutNumber, "post", "warning", "a format prints no digit of a number",
-     "write a format such as %10.4f", "The line has an empty argument, or text without the number.",
-     "", ""},
-    {kCutOff, "post", "warning", "the end of a parameter's name is cut off",
-     "put a comma directly after the name",
-     "What is after a ) or $ in a name is dropped, or replaced by ).", "", ""},
-    {kDeleted, "post", "warning", "an operation is deleted", "write both operands",
-     "An operand was missing, or a sign lost its place: a value of the line is not in the text.",
-     "", ""},
-    {kNeverGiven, "post", "warning", "a value is printed that nothing has stated",
-     "state it in the job: points, axis, circle, helix, feedrate, spindle",
-     "The motion buffers begin with zeros: a move without a point goes to 0,0,0.", "", ""},
-    {kImpossible, "post", "warning", "a value is stated that no machine can mean",
-     "correct it in the job",
-     "A tool axis whose length differs from 1 by more than 0.0001, a negative feed rate or speed, "
-     "a circle or helix of radius 0, a number of 1e15 or more.",
-     "", ""},
-    {kMisspelt, "post", "warning", "a parameter of a job has an unknown name",
-     "correct the name; a parameter that a user added belongs under customParameters",
-     "No reference asks for the parameter, and it is one mistake away from a known one.", "", ""},
-    {kBareComment, "post", "warning", "a comment of the listing is written as a statement",
-     "use --comments none, or a table with the lines *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, "
-     "PPRINT %MFG_OUTPUT_COMMENT and *END",
-     "The line does not begin with PPRINT, REMARK, $$ or a word with text of the table, so that a "
-     "reader takes the text for a statement: (FROM/0,0,5) would be a motion.",
-     "", ""},
-    {kLostCall, "post", "warning", "a call of the listing is only partly in the text",
-     "see docs/listing-format.md for what becomes of each call",
-     "The table has no word for what the call says, coolant for example.", "", ""},
-    {kLostMove, "post", "warning", "a move of the listing is not in the text",
-     "see docs/listing-format.md for what becomes of each call",
-     "The machine would stay where it is.", "", ""},
-    {kUnknownCall, "post", "warning", "a call of the listing is unknown", "correct the listing",
-     "It may be a move.", "", ""},
-    {kMachineCoordinates, "post", "warning",
-     "an NC program moves in machine coordinates that are unknown",
-     "name the machine's parameters with --machine FILE",
-     "G53, G28 and G30 move to places of the machine. Without its offsets these are taken as 0: a "
-     "retract to the top of the machine becomes a traverse to the zero of the part.",
-     "", ""},
-    {kTableEntry, "post", "warning", "an entry of the table is not loaded",
-     "ppword check --lint TABLE says why",
-     "The built-in entry of that name, or none, is used in its place.", "", ""},
-};
-
 // From here on the rules are those of the check without the lint.
 constexpr auto kFirstOfCheck = static_cast<std::size_t>(host::LintKey::NoSection);
 
@@ -73,7 +24,7 @@ std::vector<Kind> makeKinds() {
     kinds.push_back({rule.key, "check", host::severityName(rule.severity), rule.fault, rule.hint,
                      rule.about, rule.reported, rule.sound, kinds.size() < kFirstOfCheck});
   }
-  kinds.insert(kinds.end(), std::begin(kPostKinds), std::end(kPostKinds));
+  kinds.insert(kinds.end(), lossKinds().begin(), lossKinds().end());
   for (const verify::RuleRow& row : verify::rules()) {
     // The check of tables has one of them too.
     if (row.key == kWideLine) continue;
@@ -137,7 +88,10 @@ std::string_view Strictness::lintKey() const {
 
 bool Strictness::allows(std::string_view key) const { return holds(allowed_, key); }
 
+void Strictness::require(std::string_view key) { required_.push_back(kindOf(key).key); }
+
 bool Strictness::refuses(std::string_view key, bool isNote) const {
+  if (holds(required_, key) || (requiresAll_ && !isNote)) return true;
   if (allows(key)) return false;
   return holds(refused_, key) || (all_ && !isNote);
 }

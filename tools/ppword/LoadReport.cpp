@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <utility>
 
 #include "inspect/diagnostics/Diagnostic.h"
@@ -62,6 +61,7 @@ void LoadReport::TableEntry(Section section, int number, std::string_view name, 
   const bool taken = outcome == Outcome::Created || outcome == Outcome::Replaced;
   if (taken && section == Section::Sequence) return;
   if (taken) {
+    if (section == Section::Command) instructions_.emplace(name);
     (outcome == Outcome::Created ? added_ : replaced_).emplace_back(name);
     return;
   }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <functional>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
@@ -23,6 +26,12 @@ class LoadReport final : public KEPMfgPPWordListener {
   /// Entries that should have been loaded and were not.
   [[nodiscard]] long missing() const;
 
+  /// True for an instruction whose lines are from the table.
+  [[nodiscard]] bool hasLines(std::string_view instruction) const {
+    return instructions_.contains(instruction);
+  }
+  [[nodiscard]] bool hasInstructions() const { return !instructions_.empty(); }
+
   /// For people: names that the table added and replaced, what was skipped and why, and what the
   /// document has from the default catalogue.
   [[nodiscard]] std::string text(const host::Document& document) const;
@@ -31,6 +40,7 @@ class LoadReport final : public KEPMfgPPWordListener {
  private:
   [[nodiscard]] std::vector<std::string> fromCatalogue(const host::Document& document) const;
 
+  std::set<std::string, std::less<>> instructions_;
   std::vector<std::string> added_;
   std::vector<std::string> replaced_;
   /// Parameters whose values the table took away without giving others.

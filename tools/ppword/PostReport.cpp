@@ -11,6 +11,7 @@
 #include "language/syntax/Characters.h"
 #include "post/listing/ListingReader.h"
 #include "post/text/FoldedLines.h"
+#include "tools/ppword/Losses.h"
 
 namespace {
 
@@ -22,89 +23,6 @@ std::string number(long count, std::string_view singular) {
 }
 
 constexpr std::size_t kMostLines = 8;
-
-// What was counted under one name, and where it was first.
-struct Count {
-  std::string name;
-  long count;
-  std::string place;
-};
-
-std::string placeText(long line, const std::string& file) {
-  return "in line " + std::to_string(line) +
-         (file.empty() ? "" : " of " + host::terminalSafe(file));
-}
-
-// Counts of one kind.
-struct Counts {
-  std::string_view opening;
-  std::vector<Count> all;
-  // Names beyond those that are counted each.
-  long others = 0;
-  // Whether a line of them says where each was first.
-  bool hasPlaces = true;
-};
-
-Counts countsOf(std::string_view opening, const Tally& tally) {
-  Counts counts{opening, {}, tally.others()};
-  for (const Tally::Entry& entry : tally.entries()) {
-    std::string place = placeText(entry.firstLine, entry.firstFile);
-    const bool isNamed = entry.firstInstruction.empty() || entry.firstInstruction == entry.name;
-    if (!isNamed) place += ", " + host::terminalSafe(entry.firstInstruction);
-    counts.all.push_back({host::terminalSafe(entry.name), entry.count, std::move(place)});
-  }
-  return counts;
-}
-
-Counts countsOf(std::string_view opening, const PostReport& report, CallFate fate) {
-  Counts counts{opening, {}, 0, fate != CallFate::Move};
-  if (report.listing == nullptr) return counts;
-  for (const host::CallCount& call : report.listing->calls().all()) {
-    if (call.fate != fate) continue;
-    counts.all.push_back(
-        {host::terminalSafe(call.name), call.count, placeText(call.firstLine, call.firstFile)});
-  }
-  return counts;
-}
-
-Counts machineCounts(const PostReport& report) {
-  Counts counts{"WARNING: machine positions unknown", {}};
-  if (report.machineWords == nullptr) return counts;
-  for (const host::MachineWord& word : *report.machineWords) {
-    const std::string file = word.file == report.summary.file ? "" : word.file;
-    counts.all.push_back({word.name, word.count, placeText(word.line, file)});
-  }
-  return counts;
-}
-
-// What a reader has to know.
-std::vector<Counts> findingsOf(const PostReport& report) {
-  const host::Summary& summary = report.summary;
-  return {countsOf("WARNING: moves missing from the output", report, CallFate::UnsupportedMove),
-          countsOf("WARNING: unknown calls, missing from the output", report, CallFate::Unknown),
-          countsOf("WARNING: calls only partly written", report, CallFate::Dropped),
-          machineCounts(report),
-          countsOf("WARNING: not evaluated", summary.unevaluated),
-          countsOf("WARNING: printed without a number", summary.withoutNumber),
-          countsOf("WARNING: names cut off", summary.dropped),
-          countsOf("WARNING: operations deleted", summary.deleted),
-          countsOf("WARNING: printed, but never stated", summary.neverGiven),
-          countsOf("WARNING: values that no machine can mean", summary.impossible),
-          countsOf("WARNING: unknown name", summary.misspelt),
-          countsOf("NOTE: arcs written as chords", report, CallFate::Chords),
-          countsOf("NOTE: lines wider than 72 columns", summary.wide),
-          countsOf("moves", report, CallFate::Move)};
-}
-
-// The rest of what was counted.
-std::vector<Counts> detailsOf(const PostReport& report) {
-  Counts instructions = countsOf("instructions", report.summary.instructions);
-  for (Count& count : instructions.all) {
-    count.place.erase(std::min(count.place.find(','), count.place.size()));
-  }
-  return {std::move(instructions), countsOf("calls written as lines", report, CallFate::Written),
-          countsOf("calls that need no output", report, CallFate::Other)};
-}
 
 // A line of at most so many columns.
 std::string shortened(std::string text, std::size_t most) {
@@ -133,8 +51,9 @@ std::string firstText(const std::string& opening, const Count& first, bool hasPl
                       const std::string& more) {
   const std::string line = std::string(first.place).substr(0, first.place.find(','));
   for (const std::string& place : {first.place, line, std::string()}) {
-    std::string text(opening);
-    text += countText({first.name, first.count, place}, hasPlace);
+    Count shown = first;
+    shown.place = place;
+    const std::string text = opening + countText(shown, hasPlace);
     if (host::columnsOf(text) + host::columnsOf(more) <= host::kScreenColumns) return text;
   }
   return shortened(opening + first.name, host::kScreenColumns - host::columnsOf(more));
@@ -199,6 +118,22 @@ Json tallyJson(const Tally& tally, bool instructions) {
   return array;
 }
 
+// What was found of each kind: in all, and the first.
+Json lossesJson(const PostReport& report) {
+  Json array = Json::array();
+  for (const Counts& finding : findingsOf(report)) {
+    if (finding.total() == 0) continue;
+    Json json{{"key", finding.key}, {"count", finding.total()}, {"missing", finding.isMissing}};
+    if (!finding.all.empty()) {
+      const Count& first = finding.all.front();
+      json["first"] = {{"name", textJson(first.name)}, {"line", first.line}};
+      if (!first.file.empty()) json["first"]["file"] = textJson(first.file);
+    }
+    array.push_back(std::move(json));
+  }
+  return array;
+}
+
 std::string_view fateName(CallFate fate) {
   constexpr std::array<std::string_view, 7> kNames = {"move", "chords",   "line",   "other",
                                                       "lost", "lostMove", "unknown"};
@@ -218,40 +153,6 @@ Json callsJson(const host::CallCounts& calls) {
   return array;
 }
 
-// What the text lacks.
-struct Loss {
-  std::string_view key;
-  long count;
-  // Of a note a run refuses nothing unless it is named.
-  bool isNote = false;
-  // False for what is in the text, but should not be.
-  bool isMissing = true;
-};
-
-std::vector<Loss> lossesOf(const PostReport& report) {
-  const host::Summary& summary = report.summary;
-  const auto calls = [&](CallFate fate) {
-    return report.listing == nullptr ? 0 : report.listing->calls().total(fate);
-  };
-  long machineWords = 0;
-  for (const Count& count : machineCounts(report).all) machineWords += count.count;
-  return {{kUnevaluated, summary.unevaluated.total()},
-          {kWithoutNumber, summary.withoutNumber.total()},
-          {kCutOff, summary.dropped.total()},
-          {kDeleted, summary.deleted.total()},
-          {kNeverGiven, summary.neverGiven.total(), false, false},
-          {kImpossible, summary.impossible.total(), false, false},
-          {kMisspelt, summary.misspelt.total(), false, false},
-          {kBareComment, report.listing == nullptr ? 0 : host::bareTexts(*report.listing), false,
-           false},
-          {kLostCall, calls(CallFate::Dropped)},
-          {kLostMove, calls(CallFate::UnsupportedMove)},
-          {kUnknownCall, calls(CallFate::Unknown)},
-          {kMachineCoordinates, machineWords, false, false},
-          {kTableEntry, report.missingEntries},
-          {kWideLine, summary.wide.total(), true, false}};
-}
-
 // What is said of the end of an NC program that has none.
 constexpr std::string_view kAddedEnd =
     "  NOTE: the program has no M2 or M30; it was run with M2 as its last line";
@@ -266,17 +167,18 @@ std::string outcomeText(const PostReport& report, std::string_view refusal) {
 
 long missingPieces(const PostReport& report) {
   long count = 0;
-  for (const Loss& loss : lossesOf(report)) count += loss.isMissing ? loss.count : 0;
+  for (const Counts& finding : findingsOf(report)) count += finding.isMissing ? finding.total() : 0;
   return count;
 }
 
 std::string refusalOf(const PostReport& report, const Strictness& strictness) {
   long count = 0;
   bool isMissing = true;
-  for (const Loss& loss : lossesOf(report)) {
-    if (loss.count == 0 || !strictness.refuses(loss.key, loss.isNote)) continue;
-    count += loss.count;
-    isMissing = isMissing && loss.isMissing;
+  for (const Counts& finding : findingsOf(report)) {
+    const long found = finding.total();
+    if (found == 0 || !strictness.refuses(finding.key, finding.isNote())) continue;
+    count += found;
+    isMissing = isMissing && finding.isMissing;
   }
   if (count == 0) return {};
   return isMissing ? number(count, "piece") + " of the text would be missing"
@@ -289,11 +191,13 @@ std::string reportText(const PostReport& report, std::string_view refusal, bool 
                      ", " + number(summary.lines, "line") + '\n';
   text += tableText(report.table);
   const auto linesSoFar = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+  std::vector<Counts> findings = findingsOf(report);
+  findings.push_back(movesOf(report));
+  std::erase_if(findings,
+                [](const Counts& counts) { return counts.opening.empty() || counts.all.empty(); });
   std::vector<std::string> lines;
-  for (const Counts& counts : findingsOf(report)) {
-    // With `verbose` they have a table each.
-    if (!verbose && !counts.all.empty()) lines.push_back(countsLine(counts));
-  }
+  // With `verbose` they have a table each.
+  if (!verbose) std::ranges::transform(findings, std::back_inserter(lines), countsLine);
   if (report.missingEntries > 0) {
     lines.push_back("  WARNING: " + std::to_string(report.missingEntries) +
                     " entries of the table were not loaded; -v shows which");
@@ -307,7 +211,7 @@ std::string reportText(const PostReport& report, std::string_view refusal, bool 
   if (!verbose) limit(lines, kMostLines - std::min(linesSoFar + 1, kMostLines - 2));
   for (const std::string& line : lines) text += line + '\n';
   if (verbose) {
-    for (const auto& all : {detailsOf(report), findingsOf(report)}) {
+    for (const auto& all : {detailsOf(report), findings}) {
       for (const Counts& counts : all) text += counts.all.empty() ? "" : countsTable(counts);
     }
   }
@@ -323,6 +227,7 @@ Json reportJson(const PostReport& report, bool written) {
             {"lines", summary.lines},
             {"table", tableJson(report.table)},
             {"missing", missingPieces(report)},
+            {"losses", lossesJson(report)},
             {"instructions", tallyJson(summary.instructions, true)},
             {"unevaluated", tallyJson(summary.unevaluated, false)},
             {"withoutNumber", tallyJson(summary.withoutNumber, false)},

@@ -1,29 +1,12 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "post/generator/Summary.h"
-#include "post/listing/ListingReader.h"
-#include "post/program/ProgramCopy.h"
 #include "tools/ppword/Json.h"
 #include "tools/ppword/Kinds.h"
-#include "tools/ppword/PostTable.h"
-
-/// What a run made, for its report.
-struct PostReport {
-  const host::Summary& summary;
-  /// Null for a job.
-  const host::ListingReader* listing;
-  /// Entries of the table that should have been loaded and were not.
-  long missingEntries;
-  const PostTable& table;
-  /// The words of an NC program that move in unknown machine coordinates; null for another tool
-  /// path.
-  const std::vector<host::MachineWord>* machineWords;
-  /// Where the text went; empty for the standard output.
-  std::string output;
-};
+#include "tools/ppword/Losses.h"
 
 /// The number of pieces missing from the text: references that were not evaluated, ends of names
 /// that were cut off, deleted operations, calls that are only partly written or unknown, moves

@@ -50,6 +50,33 @@ std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& 
   return std::make_unique<PostMap>(options, input, origins, output.lines());
 }
 
+// What the options refuse, and the job itself.
+Strictness strictnessOf(const PostOptions& options, const host::JobHeader* header) {
+  Strictness strictness(options.strictness);
+  if (header == nullptr) return strictness;
+  if (header->isStrict) strictness.require();
+  for (const auto& [key, column] : header->strictKeys) {
+    try {
+      strictness.require(key);
+    } catch (const UsageError& unknown) {
+      throw host::InputError(header->file, header->line, column, "$.strict: " + unknown.message);
+    }
+  }
+  return strictness;
+}
+
+// The instructions whose lines are built in although the table has instructions. A document has
+// lines of its own.
+std::set<std::string> builtIn(const host::Summary& summary, const ToolPathInput& input,
+                              const LoadReport& load) {
+  std::set<std::string> names;
+  if (!load.hasInstructions() || !input.documentFile().empty()) return names;
+  for (const host::Tally::Entry& entry : summary.instructions.entries()) {
+    if (!load.hasLines(entry.name)) names.insert(entry.name);
+  }
+  return names;
+}
+
 // What is said of the run: for people and for programs.
 void report(const PostOptions& options, const PostReport& report, std::string_view refusal,
             const LoadReport& load, const host::Document& document, PostOutcome& outcome) {
@@ -67,7 +94,7 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   LoadReport load;
   host::TableOrigins origins;
   open(options, input, load, origins);
-  const Strictness strictness(options.strictness);
+  const Strictness strictness = strictnessOf(options, input.header());
   auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict(),
                                              protectionOf(options.force));
   const auto map = mapOf(options, input, origins, *output);
@@ -79,7 +106,8 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
                         load.missing(),
                         input.table(),
                         input.isProgram() ? &input.machineWords() : nullptr,
-                        options.output};
+                        options.output,
+                        builtIn(summary, input, load)};
   const std::string refusal = refusalOf(made, strictness);
   PostOutcome outcome;
   outcome.elements = summary.elements;

@@ -44,6 +44,8 @@ class ToolPathInput {
   [[nodiscard]] const KEPVar<host::Document>& document() const noexcept { return document_; }
   [[nodiscard]] host::ToolPathReader& events();
   [[nodiscard]] const PostTable& table() const noexcept { return table_; }
+  /// Null for other tool paths than jobs.
+  [[nodiscard]] const host::JobHeader* header() const { return job_ ? &job_->header() : nullptr; }
   /// Null for a job.
   [[nodiscard]] const host::ListingReader* listing() const {
     return listing_ ? &*listing_ : nullptr;

@@ -53,11 +53,11 @@ std::optional<KEPUnicodeString> textOf(const KEPMfgNamedValues& values, std::str
   return std::move(value.text);
 }
 
-double lengthOf(const KEPMfgNamedValues& values, std::string_view name) {
+std::optional<double> lengthOf(const KEPMfgNamedValues& values, std::string_view name) {
   KEPMfgParameterValue value;
-  if (values.GetValue(name, value) != 0) return 0.0;
+  if (values.GetValue(name, value) != 0) return std::nullopt;
   if (value.kind == KEPMfgParameterValue::kInteger) return value.integer;
-  return value.kind == KEPMfgParameterValue::kReal ? value.real : 0.0;
+  return value.kind == KEPMfgParameterValue::kReal ? std::optional(value.real) : std::nullopt;
 }
 
 std::optional<double> numberOf(const KEPIMfgFeedrateParameters_var& parameters,

@@ -42,8 +42,9 @@ struct MotionSpindle {
 [[nodiscard]] std::optional<KEPUnicodeString> textOf(const KEPMfgNamedValues& values,
                                                      std::string_view name);
 
-/// The number of a parameter; 0 when `values` has no such parameter or it is not a number.
-[[nodiscard]] double lengthOf(const KEPMfgNamedValues& values, std::string_view name);
+/// The number of a parameter; nothing when `values` has no such parameter or it is not a number.
+[[nodiscard]] std::optional<double> lengthOf(const KEPMfgNamedValues& values,
+                                             std::string_view name);
 
 /// The number that the value text of a feed rate or speed begins with; nothing when `parameters`
 /// (null allowed) has no knowledge parameter of that name or its text begins with no number.

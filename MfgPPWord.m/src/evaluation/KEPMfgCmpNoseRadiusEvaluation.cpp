@@ -1,3 +1,5 @@
+#include <optional>
+
 #include "KEPIMfgBufferCorrectorNumber.h"
 #include "Manufacturing/KEPIMfgInsert.h"
 #include "Manufacturing/KEPIMfgLatheOperation.h"
@@ -12,10 +14,12 @@
 
 namespace {
 
+using Lack = KEPMfgPPWordListener::Lack;
+
 /// The radii of an insert's cutting edge.
 struct NoseRadii {
-  double left = 0.0;
-  double right = 0.0;
+  std::optional<double> left;
+  std::optional<double> right;
   bool isGroove = false;
 };
 
@@ -26,7 +30,7 @@ NoseRadii radiiOf(const KEPIMfgToolAssembly_var& assembly) {
   if (!resource) return {};
   const KEPUnicodeString type = resource->GetResourceType();
   if (type.View() != MfgGrooveInsert && type.View() != KEPEMfgGrooveInsert) {
-    const double radius = ppword::lengthOf(*insert, MfgNoseRadius);
+    const auto radius = ppword::lengthOf(*insert, MfgNoseRadius);
     return {radius, radius, false};
   }
   // deliberate: whether the assembly is inverted is asked and makes no difference
@@ -60,9 +64,13 @@ double noseRadius(const KEPIMfgActivity_var& activity, int corrector) {
   const auto tooling = ppword::toolingOf(activity);
   const NoseRadii radii = radiiOf(tooling.assembly);
   const KEPUnicodeString point = outputPoint(activity, tooling, corrector);
-  double radius = point.View() == "P9" || point.View() == "P3" ? radii.left : radii.right;
+  const bool isLeft = point.View() == "P9" || point.View() == "P3";
+  const std::optional<double> stated = isLeft ? radii.left : radii.right;
   const KEPIMfgLatheToolInsertUtilities_var utilities = tooling.assembly;
-  if (radii.isGroove && utilities) utilities->GetRadius(activity, point, radius);
+  double radius = stated.value_or(0.0);
+  const bool isReplaced =
+      radii.isGroove && utilities && KEPSucceeded(utilities->GetRadius(activity, point, radius));
+  if (!stated && !isReplaced) KEPMfgPPWordListener::ReportLack(Lack::Dimension);
   return radius;
 }
 
@@ -73,7 +81,7 @@ bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
   const auto activity = parameter.activity();
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   // deliberate: a success even when there was nothing to print
-  if (!activity) return !KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Activity);
+  if (!activity) return !KEPMfgPPWordListener::ReportLack(Lack::Activity);
   ppword::printSixDecimals(noseRadius(activity, corrector), value);
   return true;
 }

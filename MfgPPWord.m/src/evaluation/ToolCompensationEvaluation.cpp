@@ -18,6 +18,8 @@
 namespace ppword {
 namespace {
 
+using Lack = KEPMfgPPWordListener::Lack;
+
 /// The number of the tool point that setting values refer to.
 int referencePoint(const KEPBaseUnknown_var& assembly) {
   int number = 9;
@@ -58,10 +60,12 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   const auto parameter = ParameterContext::of(evaluation);
   const auto activity = parameter.activity();
   // deliberate: a success even when there was nothing to print
-  if (!activity) return !KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Activity);
+  if (!activity) return !KEPMfgPPWordListener::ReportLack(Lack::Activity);
   const Tooling tooling = toolingOf(activity);
   const KEPIMfgGeomParameters_var dimensions = tooling.assembly;
-  const double setting = dimensions ? lengthOf(*dimensions, axis.name) : 0.0;
+  const auto stated = dimensions ? lengthOf(*dimensions, axis.name) : std::nullopt;
+  if (!stated) KEPMfgPPWordListener::ReportLack(Lack::Dimension);
+  const double setting = stated.value_or(0.0);
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   const auto offset = correctorOffset(activity, tooling, corrector);
   // Adding a zero would change a negative zero.
