@@ -305,16 +305,24 @@ class Follower {
     const std::string name = cells_.text(begin, begin + reference.parameter.size());
     return std::string(withoutBlanks(name));
   }
-  /// True when values follow the ")" of a name, each character of which becomes a ")", or a value
-  /// loses its last character to a line feed.
+  /// True when values follow the ")" of a name, each character of which becomes a ")", a value
+  /// loses its last character to a line feed, or a blank of a value ends a name that no comma ends.
   [[nodiscard]] bool cutsOffValues(const host::LineReference& reference) {
     std::size_t at = reference.start + 1;
     const std::size_t end = reference.end();
     if (end < cells_.size() && cells_.at(end) == "\n" && isComputed(end - 1)) return true;
     if (reference.isExpression) return false;
+    const bool hasComma = end < cells_.size() && cells_.at(end) == ",";
+    if (!hasComma && holdsBlankValue(at, end)) return true;
     while (at < end && cells_.at(at) != ")") ++at;
     while (at < end && cells_.at(at).size() == 1) ++at;
     return at < end;
+  }
+  [[nodiscard]] bool holdsBlankValue(std::size_t begin, std::size_t end) {
+    while (begin < end && (cells_.at(begin).size() < 2 || cells_.at(begin).find(' ') == kNone)) {
+      ++begin;
+    }
+    return begin < end;
   }
   /// True where digits are in place of what is written.
   [[nodiscard]] bool isComputed(std::size_t at) const {
