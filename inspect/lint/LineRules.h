@@ -7,6 +7,8 @@
 
 namespace host {
 
+struct Consumer;
+
 /// Takes the warnings about one line.
 class LineReport {
  public:
@@ -47,6 +49,11 @@ void lintNames(const LineReading& reading, LineReport& report);
 /// Warns of references to unknown parameters.
 void lintParameters(const LineReading& reading, const LintParameters& parameters,
                     LineReport& report);
+
+/// Warns of a line that the consumer does not take, whatever its values are. `isText`: for a line
+/// whose rest is text.
+void lintConsumer(const LineReading& reading, const LintParameters& parameters,
+                  const Consumer& consumer, bool isText, LineReport& report);
 
 /// Warns of a line that can be put out wider than 72 columns.
 void lintWidth(const LineReading& reading, const LintParameters& parameters, LineReport& report);

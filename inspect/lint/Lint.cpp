@@ -16,8 +16,10 @@ namespace {
 /// Lints the lines of a table, and gathers what they use.
 class LineLint {
  public:
-  LineLint(const TableBlocks& blocks, std::string_view table, LintFindings& findings)
-      : parameters_(blocks),
+  LineLint(const TableBlocks& blocks, std::string_view table, const Consumer* consumer,
+           LintFindings& findings)
+      : consumer_(consumer),
+        parameters_(blocks),
         vocabulary_(blocks),
         statements_(blocks),
         findings_(findings),
@@ -36,7 +38,10 @@ class LineLint {
     statements_.read(line, reading, report);
     lintParameters(reading, parameters_, report);
     lintWordsOfLine(line, reading, vocabulary_, report, uses_);
-    lintWidth(reading, parameters_, report);
+    if (consumer_ == nullptr) return lintWidth(reading, parameters_, report);
+    const auto kind = vocabulary_.kindOf(line.text.substr(0, line.text.find_first_of(" /,")));
+    const bool isText = reading.isProse || kind == WordKind::Text;
+    lintConsumer(reading, parameters_, *consumer_, isText, report);
   }
 
   /// What needs all lines.
@@ -55,6 +60,7 @@ class LineLint {
     }
   }
 
+  const Consumer* consumer_;
   SyntaxLineReader reader_;
   LintParameters parameters_;
   LintVocabulary vocabulary_;
@@ -65,11 +71,12 @@ class LineLint {
 
 }  // namespace
 
-std::vector<Diagnostic> lintTable(const std::string& path, long most) {
-  return lintTable(TableBytes::read(path), path, most);
+std::vector<Diagnostic> lintTable(const std::string& path, long most, const Consumer* consumer) {
+  return lintTable(TableBytes::read(path), path, most, consumer);
 }
 
-std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path, long most) {
+std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& path, long most,
+                                  const Consumer* consumer) {
   // First, so that what it needs and what the blocks need is not in memory at once.
   auto warnings = allTableWarnings(bytes, path);
   const TableBlocks blocks = readBlocksWithoutLines(bytes);
@@ -77,7 +84,7 @@ std::vector<Diagnostic> lintTable(const TableBytes& bytes, const std::string& pa
   lintKeywordLines(bytes, findings);
   lintBlocks(blocks, findings);
   lintWords(blocks, findings);
-  LineLint lines(blocks, bytes.text(), findings);
+  LineLint lines(blocks, bytes.text(), consumer, findings);
   visitLines(bytes, [&lines](const TableLine& line) { lines.lint(line); });
   lines.lintUses(blocks);
   for (Diagnostic& warning : warnings) findings.add(std::move(warning));

@@ -2,6 +2,7 @@
 
 #include "inspect/lint/LineRules.h"
 #include "inspect/lint/SyntaxLineReader.h"
+#include "post/consumer/Consumer.h"
 #include "post/output/LineSink.h"
 #include "post/text/Utf8.h"
 
@@ -35,12 +36,15 @@ std::vector<Piece> piecesOf(const LineReading& reading, const LintParameters& pa
 
 /// The columns of a line, and where it passes the widest.
 struct Width {
+  std::size_t widest = kWidest;
   std::size_t columns = 0;
   std::size_t passedAt = std::string_view::npos;
+  /// True when the line can go on in another one after each comma, which needs a $.
+  bool goesOn = false;
 
   void add(std::size_t position, std::size_t width) {
     columns += width;
-    if (columns > kWidest) passedAt = std::min(passedAt, position);
+    if (columns > widest) passedAt = std::min(passedAt, position);
   }
 };
 
@@ -50,12 +54,16 @@ std::size_t characterSize(std::string_view text, std::size_t at) {
   return std::max<std::size_t>(utf8Length(text, at), 1);
 }
 
+/// Where the line goes on after its commas, it has as many columns again.
 void addText(std::string_view text, std::size_t from, std::size_t end, Width& width) {
-  for (; from < end; from += characterSize(text, from)) width.add(from, 1);
+  for (; from < end; from += characterSize(text, from)) {
+    const bool isEnd = width.goesOn && text[from] == ',' && from + 1 < text.size();
+    width.add(from, isEnd ? 2 : 1);
+    if (isEnd) width.columns = 0;
+  }
 }
 
-Width widthOf(const LineReading& reading, const LintParameters& parameters) {
-  Width width;
+Width widthOf(const LineReading& reading, const LintParameters& parameters, Width width) {
   std::size_t at = 0;
   for (const Piece& piece : piecesOf(reading, parameters)) {
     if (piece.begin < at) continue;
@@ -67,6 +75,12 @@ Width widthOf(const LineReading& reading, const LintParameters& parameters) {
   // A mark of continuation comes after a comma.
   if (reading.text.ends_with(',')) width.add(reading.text.size() - 1, 1);
   return width;
+}
+
+/// The first word that is too long among what is written between references; a view of the
+/// reading's flat text.
+std::string_view longWordOf(const LineReading& reading, int longest, bool isText) {
+  return longest == 0 ? std::string_view() : longWord(reading.flat, longest, isText);
 }
 
 }  // namespace
@@ -92,9 +106,31 @@ void lintParameters(const LineReading& reading, const LintParameters& parameters
 }
 
 void lintWidth(const LineReading& reading, const LintParameters& parameters, LineReport& report) {
-  const Width width = widthOf(reading, parameters);
+  const Width width = widthOf(reading, parameters, {});
   if (width.columns <= kWidest) return;
   report.warn(LintKey::WideLine, width.passedAt, 1, std::to_string(width.columns) + " columns");
+}
+
+void lintConsumer(const LineReading& reading, const LintParameters& parameters,
+                  const Consumer& consumer, bool isText, LineReport& report) {
+  const std::string_view text = reading.text;
+  if (const std::string_view word = longWordOf(reading, consumer.longestWord, isText);
+      !word.empty()) {
+    const auto begin = static_cast<std::size_t>(word.data() - reading.flat.data());
+    report.warn(LintKey::UnfitLine, begin, word.size(), word);
+  }
+  for (std::size_t at = 0; at < text.size(); at += characterSize(text, at)) {
+    const std::string_view character = characterAt(text, at);
+    if (takes(consumer, character) || replacementOf(character, consumer) != '\0') continue;
+    report.warn(LintKey::UnfitLine, at, character.size(), character);
+    break;
+  }
+  if (consumer.columns == 0) return;
+  const auto widest = static_cast<std::size_t>(consumer.columns);
+  const Width width = widthOf(reading, parameters, {.widest = widest, .goesOn = !isText});
+  if (width.passedAt == std::string_view::npos) return;
+  report.warn(LintKey::UnfitLine, width.passedAt, 1,
+              "more than " + std::to_string(consumer.columns) + " columns");
 }
 
 }  // namespace host

@@ -13,6 +13,7 @@
 #include "host/modeler/Document.h"
 #include "host/system/ListenerScope.h"
 #include "language/syntax/Characters.h"
+#include "post/consumer/ConsumerLines.h"
 #include "post/output/LineSink.h"
 #include "post/parameters/Parameters.h"
 #include "post/text/SpellingSuggestion.h"
@@ -266,13 +267,21 @@ void Generator::instantiate(const Instruction& instruction, const Element& eleme
                (element.sequence > count ? lacking : "one of its lines cannot be computed"));
   }
   for (const KEPUnicodeString& line : lines_) {
-    sink_.write(line);
+    put(line, element);
     // A line has no more columns than bytes.
     if (line.View().size() <= kStatementColumns) continue;
     if (line.GetLengthInChar() <= kStatementColumns) continue;
     summary_.wide.add(instruction.name, element.place(), titleOf(element));
   }
   summary_.lines += lines_.Size();
+}
+
+void Generator::put(const KEPUnicodeString& line, const Element& element) {
+  try {
+    sink_.write(line);
+  } catch (const UnfitLine& unfit) {
+    refuse(element, "cannot be written: " + std::string(unfit.what()));
+  }
 }
 
 std::string_view Generator::fileOf(const Element& element) const {

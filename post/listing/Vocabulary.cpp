@@ -8,8 +8,8 @@
 
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "host/modeler/Document.h"
-#include "language/table/Keywords.h"
 #include "post/parameters/Parameters.h"
+#include "post/text/TextLine.h"
 
 namespace host {
 namespace {
@@ -65,21 +65,13 @@ bool prints(const Texts& lines, std::string_view parameter) {
                      [&](const KEPUnicodeString& line) { return refersTo(line, parameter); });
 }
 
-/// False for a line that readers take for a comment.
-bool isStatement(std::string_view line, const std::vector<std::string>& textWords) {
-  if (line.starts_with("$$")) return false;
-  const std::string_view word = line.substr(0, line.find_first_of(" /,%&"));
-  const bool isComment = ppword::isTextWord(word) || word == "REMARK";
-  return !isComment && std::find(textWords.begin(), textWords.end(), word) == textWords.end();
-}
-
 /// The lines of statements, which begin with a word, with those that they go on in.
 Texts statementsOf(const Texts& lines, const std::vector<std::string>& textWords) {
   Texts statements;
   bool goesOn = false;
   for (const KEPUnicodeString& line : lines) {
     const bool hasWord = line.View().find_first_of("ABCDEFGHIJKLMNOPQRSTUVWXYZ") == 0;
-    const bool isTaken = goesOn || (hasWord && isStatement(line.View(), textWords));
+    const bool isTaken = goesOn || (hasWord && !isTextLine(line.View(), textWords));
     if (isTaken) statements.Append(line);
     goesOn = isTaken && line.View().ends_with('$');
   }
@@ -123,7 +115,7 @@ Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
   vocabulary.optionalStop = hasLines(document, "NC_OPTIONAL_STOP");
   const Texts lines = textsOf(document, "NC_OUTPUT_COMMENT", "Syntaxe");
   vocabulary.bareTexts = std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
-    return refersTo(line, "MFG_OUTPUT_COMMENT") && isStatement(line.View(), table.textWords);
+    return refersTo(line, "MFG_OUTPUT_COMMENT") && !isTextLine(line.View(), table.textWords);
   });
   vocabulary.startMacro = table.startMacro && hasLines(document, "NC_START_MACRO");
   const Texts origin = textsOf(document, "NC_ORIGIN", "Syntaxe");

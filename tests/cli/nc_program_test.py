@@ -409,7 +409,7 @@ class Options(NcProgramTest):
             self.check(self.run_program("post", name, "--listing"), 2, "",
                        "ppword post: --listing is for NC programs\n" + usage)
         self.check(self.run_program("post", "part.ngc", "--listing", "-t", "x"), 2, "",
-                   "ppword post: --listing takes no -t, -d, --map or -v: it writes no text\n" + usage)
+                   "ppword post: --listing takes no -t, -d, --map, --profile or -v: it writes no text\n" + usage)
 
     def test_values_of_options(self):
         self.write("part.ngc", "G21\nM2\n")

@@ -1,10 +1,13 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "inspect/diagnostics/Diagnostic.h"
+#include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/diagnostics/TableFile.h"
 #include "inspect/diagnostics/TableWarnings.h"
 #include "inspect/lint/Lint.h"
+#include "post/consumer/ConsumerProfile.h"
 #include "post/text/FoldedLines.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Json.h"
@@ -22,10 +25,12 @@ struct Verdict {
   std::vector<host::Diagnostic> findings;
 };
 
-Verdict verdictOf(const std::string& path, bool lint) try {
+Verdict verdictOf(const std::string& path, bool lint, const host::Consumer* consumer) try {
   auto refusal = tableRefusal(path);
   // A file that cannot be read has no place to look at.
-  if (lint && !(refusal && refusal->line == 0)) return {!refusal, host::lintTable(path)};
+  if (lint && !(refusal && refusal->line == 0)) {
+    return {!refusal, host::lintTable(path, host::kMostOfAKind, consumer)};
+  }
   if (refusal) return {false, {std::move(*refusal)}};
   return {true, host::tableWarnings(path)};
 } catch (const host::UnreadableTable& unreadable) {
@@ -117,6 +122,12 @@ ExitStatus explainKinds(const CheckOptions& options) {
   return ExitStatus::Done;
 }
 
+std::optional<host::Consumer> consumerOf(const CheckOptions& options) {
+  if (options.profile.empty()) return std::nullopt;
+  if (!options.lint) throw UsageError{"--profile needs --lint"};
+  return host::readProfile(options.profile).consumer;
+}
+
 }  // namespace
 
 ExitStatus checkTables(const CheckOptions& options) {
@@ -126,10 +137,16 @@ ExitStatus checkTables(const CheckOptions& options) {
   if (const auto key = strictness.lintKey(); !options.lint && !key.empty()) {
     throw UsageError{"'" + std::string(key) + "' is found only with --lint"};
   }
+  std::optional<host::Consumer> consumer;
+  try {
+    consumer = consumerOf(options);
+  } catch (const host::InputError& error) {
+    return refuseTable(host::inputDiagnostic(error), options.format);
+  }
   ExitStatus status = ExitStatus::Done;
   Json document{{"tables", Json::array()}};
   for (const std::string& path : options.tables) {
-    const Verdict verdict = verdictOf(path, options.lint);
+    const Verdict verdict = verdictOf(path, options.lint, consumer ? &*consumer : nullptr);
     const bool refused = isRefused(verdict, strictness);
     if (refused) status = ExitStatus::Refused;
     if (options.format == OutputFormat::ForPrograms) {

@@ -125,6 +125,8 @@ void addStrictness(CLI::App& command, StrictnessOptions& strictness, const char*
 void addCheck(CLI::App& command, CheckOptions& options) {
   command.add_option("TABLE", options.tables, "PP word tables")->option_text("...");
   command.add_flag("--lint", options.lint, "Check every line and report all mistakes at once");
+  addFile(command, "--profile", options.profile,
+          "With --lint, what this reader takes: iso4343, cl, FILE", "PROFILE");
   addStrictness(command, options.strictness, "Exit with 1 on warnings too, or on these kinds only");
   command.add_flag("--explain", options.explain, "Explain kinds of findings: KEY... or all");
 }
@@ -207,6 +209,8 @@ void addPost(CLI::App& command, PostOptions& options) {
       ->check(CLI::Validator(&nameMistake, ""))
       ->option_text("FILE");
   addFile(command, "--map", options.map, "Write where each line of -o comes from", "FILE");
+  addFile(command, "--profile", options.profile, "Write what this reader takes: iso4343, cl, FILE",
+          "PROFILE");
   command.add_flag("--force", options.force, "Replace an output or a map that is write-protected");
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");

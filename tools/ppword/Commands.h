@@ -53,6 +53,8 @@ struct CheckOptions {
   /// Keys of kinds when they are to be explained.
   std::vector<std::string> tables;
   bool lint = false;
+  /// What the reader of the texts takes: a shipped profile or a file; empty for none.
+  std::string profile;
   bool explain = false;
   StrictnessOptions strictness;
   OutputFormat format = OutputFormat::ForPeople;
@@ -150,6 +152,8 @@ struct PostOptions : ToolPathOptions {
   std::string output;
   /// Where the lines come from; empty for no map.
   std::string map;
+  /// What the reader of the text takes: a shipped profile or a file; empty for none.
+  std::string profile;
   /// True to write the listing of an NC program instead of the text.
   bool listing = false;
   /// True to replace a write-protected output or map.

@@ -8,6 +8,8 @@
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/explain/ExplainedElement.h"
 #include "inspect/explain/TableOrigins.h"
+#include "post/consumer/ConsumerLines.h"
+#include "post/consumer/ConsumerProfile.h"
 #include "post/output/FileMark.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Explaining.h"
@@ -20,6 +22,9 @@
 // with the files that it names.
 
 namespace {
+
+// A sequence number.
+constexpr std::size_t kNumberColumns = 8;
 
 const std::string kAgain = "; write text and map again with 'ppword post --map'";
 
@@ -35,6 +40,8 @@ struct MappedText {
   long lines = 0;
   ToolPathOptions options;
   MarkedFile table;
+  /// Of a text that was written with a profile.
+  std::optional<host::Consumer> consumer;
 };
 
 // The record of a line.
@@ -83,13 +90,25 @@ void readOptions(const Json& header, const std::string& map, MappedText& text) {
   }
 }
 
+// The profile of the text; nothing without one.
+std::optional<host::Consumer> consumerOf(const Json& header) {
+  const auto profile = header.find("profile");
+  if (profile == header.end() || profile->is_null()) return std::nullopt;
+  const std::string name = jsonText(profile->at("file"));
+  return host::readProfile(host::isShipped(name) ? name : unchanged(*profile, "profile")).consumer;
+}
+
 MappedText readHeader(const Json& header, const std::string& map) {
   if (header.at("map") != kMapVersion) {
     refuseMap(map, 1,
               "the layout of the map is not " + std::to_string(kMapVersion) +
                   ", which this program reads");
   }
-  MappedText text{unchanged(header.at("text"), "text"), numberOf(header.at("lines")), {}, {}};
+  MappedText text{unchanged(header.at("text"), "text"),
+                  numberOf(header.at("lines")),
+                  {},
+                  {},
+                  consumerOf(header)};
   text.options.job = unchanged(header.at("input"), "tool path");
   text.table = unchangedInput(header.at("table"), "table");
   readOptions(header, map, text);
@@ -163,10 +182,44 @@ bool fits(const std::optional<host::ExplainedElement>& element, const MappedLine
          static_cast<std::size_t>(record.syntax) <= element->explanation.lines.size();
 }
 
+// Takes what a line of a text becomes.
+class Written final : public host::LineSink {
+ public:
+  void write(std::string_view line) override { text = line; }
+  std::string text;
+};
+
+// The lines that a line of an element becomes for a consumer, without what depends on the lines
+// before it.
+std::string asConsumed(host::Consumer consumer, const std::string& line,
+                       const ToolPathInput& input) {
+  consumer.sequenceStep = 0;
+  consumer.endsWithReturn = false;
+  Written written;
+  host::ConsumerLines(consumer, input.textWords(), written).write(line);
+  return written.text;
+}
+
+// A line of a text without its end and its number.
+std::string withoutNumber(std::string line, const host::Consumer& consumer) {
+  if (consumer.endsWithReturn && line.ends_with('\r')) line.pop_back();
+  if (consumer.sequenceStep == 0 || line.size() <= kNumberColumns) return line;
+  line.resize(line.size() - kNumberColumns);
+  return line.substr(0, line.find_last_not_of(' ') + 1);
+}
+
 // True when the text has the line that its element produces. A line feed in it makes it several.
-bool fits(const Answer& answer) {
-  const std::string output = '\n' + answer.explained.output.value_or("") + '\n';
-  return output.find('\n' + answer.text + '\n') != std::string::npos;
+bool fits(const Answer& answer, const std::optional<host::Consumer>& consumer,
+          const ToolPathInput& input) {
+  std::string output = answer.explained.output.value_or("");
+  std::string text = answer.text;
+  if (consumer) {
+    output = asConsumed(*consumer, output, input);
+    text = withoutNumber(std::move(text), *consumer);
+    // Blanks before a number are not of the line.
+    if (consumer->sequenceStep > 0) return ('\n' + output).find('\n' + text) != std::string::npos;
+  }
+  return ('\n' + output + '\n').find('\n' + text + '\n') != std::string::npos;
 }
 
 // Explains the element of a line again, and compares with what the map and the text say.
@@ -183,7 +236,8 @@ Answer answerOf(const MappedText& mapped, const MappedLine& record, long line,
   const std::string& file = element->file.empty() ? mapped.options.job : element->file;
   Answer answer{line,     mapped.text, lineOfFile(mapped.text, line), file,
                 *element, explained,   originJson(place, input)};
-  if (!fits(answer) || answer.origin != record.origin) refuseOtherwise(map, line);
+  if (!fits(answer, mapped.consumer, input) || answer.origin != record.origin)
+    refuseOtherwise(map, line);
   return answer;
 }
 

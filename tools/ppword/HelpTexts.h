@@ -37,6 +37,7 @@ place and what to write instead:
                    there twice or are used by nothing; words and codes that do not match up
   in its lines     arithmetic with an unexpected result (2+3*4 is 20), operands and names that lose
                    text, unknown words and parameters, lines that can pass column 72
+With --profile, lines that this reader does not take: iso4343, cl, or a file as in docs/profiles.md.
 
 Examples:
   ppword check mill.pptable
@@ -144,6 +145,9 @@ output the lines appear one after the other; with --strict only at the end, if n
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
 the table. It needs -o, a JOB that is a file, and appears after the text; then 'ppword explain
 --map' explains a line of the text with it.
+
+--profile writes what the reader of the text takes: 72 columns, cards with numbers, CR LF, words of
+six letters. iso4343 and cl are shipped; a file has the form of docs/profiles.md.
 
 An NC program is run through the installed rs274 (Debian package linuxcnc-uspace). Its tools are
 those of --tools only; G53, G28 and G30 need --machine.

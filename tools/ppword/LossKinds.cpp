@@ -37,6 +37,11 @@ constexpr Kind kLossKinds[] = {
     {kMisspelt, "post", "warning", "a parameter of a job has an unknown name",
      "correct the name; a parameter that a user added belongs under customParameters",
      "No reference asks for the parameter, and it is one mistake away from a known one.", "", ""},
+    {kReplaced, "post", "warning", "a character that the consumer does not take is replaced",
+     "write another character in the job or in the table, or choose another --profile",
+     "The text has the character of other-characters, or a capital for a small letter, in its "
+     "place.",
+     "", ""},
     {kBareComment, "post", "warning", "a comment of the listing is written as a statement",
      "use --comments none, or a table with the lines *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, "
      "PPRINT %MFG_OUTPUT_COMMENT and *END",

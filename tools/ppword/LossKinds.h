@@ -31,6 +31,7 @@ inline constexpr std::string_view kNeverGiven = "never-given";
 inline constexpr std::string_view kRoundedToZero = "rounded-to-zero";
 inline constexpr std::string_view kMissingDimension = "missing-dimension";
 inline constexpr std::string_view kImpossible = "impossible-value";
+inline constexpr std::string_view kReplaced = "replaced-character";
 inline constexpr std::string_view kBareComment = "bare-comment";
 inline constexpr std::string_view kMisspelt = "misspelt-parameter";
 inline constexpr std::string_view kLostCall = "lost-call";

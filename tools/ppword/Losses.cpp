@@ -70,6 +70,23 @@ Counts builtInLines(const PostReport& report) {
   return counts;
 }
 
+Counts replacedCharacters(const PostReport& report) {
+  Counts counts{"WARNING: characters replaced", kReplaced, {}};
+  if (report.consumer == nullptr) return counts;
+  for (const auto& [character, count, line] : report.consumer->replaced()) {
+    counts.all.push_back(
+        {host::terminalSafe(character), count, placeText(line, "the text"), line, ""});
+  }
+  return counts;
+}
+
+// A consumer's lines are never wider than it takes.
+Counts wideLines(const PostReport& report) {
+  constexpr std::string_view kOpening = "NOTE: lines wider than 72 columns";
+  if (report.consumer != nullptr) return {kOpening, kWideLine, {}};
+  return countsOf(kOpening, kWideLine, report.summary.wide);
+}
+
 Counts missing(Counts counts) {
   counts.isMissing = true;
   return counts;
@@ -102,11 +119,12 @@ std::vector<Counts> findingsOf(const PostReport& report) {
       countsOf("WARNING: dimensions taken as 0", kMissingDimension, summary.missingDimensions),
       countsOf("WARNING: values that no machine can mean", kImpossible, summary.impossible),
       countsOf("WARNING: unknown name", kMisspelt, summary.misspelt),
+      missing(replacedCharacters(report)),
       bareComments(report),
       missing({"", kTableEntry, {}, report.missingEntries}),
       builtInLines(report),
       callsOf("NOTE: arcs written as chords", kChords, report, CallFate::Chords),
-      countsOf("NOTE: lines wider than 72 columns", kWideLine, summary.wide)};
+      wideLines(report)};
 }
 
 Counts movesOf(const PostReport& report) {

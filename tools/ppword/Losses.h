@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "post/consumer/ConsumerLines.h"
 #include "post/generator/Summary.h"
 #include "post/listing/ListingReader.h"
 #include "post/program/ProgramCopy.h"
@@ -23,6 +24,8 @@ struct PostReport {
   const std::vector<host::MachineWord>* machineWords;
   /// Where the text went; empty for the standard output.
   std::string output;
+  /// Null without a profile.
+  const host::ConsumerLines* consumer = nullptr;
   /// The instructions whose lines are built in although a table was loaded.
   std::set<std::string> builtIn{};
 };

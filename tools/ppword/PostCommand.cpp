@@ -37,8 +37,10 @@ void requireMappable(const PostOptions& options) {
 // --listing takes what an NC program is run with, and nothing that is about the text.
 void requireListable(const PostOptions& options) {
   const bool isAboutText = !options.table.empty() || !options.document.empty() ||
-                           !options.map.empty() || options.verbose;
-  if (isAboutText) throw UsageError{"--listing takes no -t, -d, --map or -v: it writes no text"};
+                           !options.map.empty() || !options.profile.empty() || options.verbose;
+  if (isAboutText) {
+    throw UsageError{"--listing takes no -t, -d, --map, --profile or -v: it writes no text"};
+  }
 }
 
 void copyLines(host::LineReader& from, host::LineSink& to) {
@@ -102,7 +104,7 @@ void requireSingle(const PostOptions& options) {
 
 void requireOthers(const PostOptions& options) {
   requireOther(options, options.job == "-" ? "/dev/stdin" : options.job);
-  for (const std::string& file : {options.table, options.tools, options.machine}) {
+  for (const std::string& file : {options.table, options.tools, options.machine, options.profile}) {
     requireOther(options, file);
   }
 }
@@ -111,6 +113,7 @@ void requireOthers(const PostOptions& options) {
 
 ExitStatus postJob(const PostOptions& given) {
   if (given.quiet && given.verbose) throw UsageError{"-q and -v exclude each other"};
+  if (given.profile == "-") throw UsageError{"--profile needs a name or a file"};
   if (!given.outputFolder.empty()) return postManyJobs(given);
   requireSingle(given);
   PostOptions options = given;

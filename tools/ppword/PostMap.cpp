@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <utility>
 
+#include "post/consumer/ConsumerProfile.h"
 #include "tools/ppword/PostOutput.h"
 
 namespace {
@@ -14,6 +15,11 @@ Json markedFile(const std::string& file, const std::optional<host::FileMark>& ma
   return {{"file", textJson(file)},
           {"bytes", mark ? Json(mark->size()) : Json(nullptr)},
           {"digest", mark ? Json(mark->digest()) : Json(nullptr)}};
+}
+
+// A profile that the program has needs no mark.
+std::optional<host::FileMark> profileMark(const std::string& profile) {
+  return host::isShipped(profile) ? std::nullopt : host::markOfFile(profile);
 }
 
 Json markedInput(const std::string& file, bool isGiven) {
@@ -79,6 +85,7 @@ Json PostMap::header() const {
           {"input", markedFile(options_.job, host::markOfFile(options_.job))},
           {"table", markedInput(table.path, table.given)},
           {"document", markedInput(input_.documentFile(), !options_.document.empty())},
+          {"profile", markedFile(options_.profile, profileMark(options_.profile))},
           {"reading", readingJson(options_.reading)}};
 }
 

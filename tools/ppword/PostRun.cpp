@@ -7,6 +7,7 @@
 #include "host/system/ListenerScope.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "inspect/diagnostics/TableFile.h"
+#include "post/consumer/ConsumerProfile.h"
 #include "post/generator/Generator.h"
 #include "post/output/SameFile.h"
 #include "tools/ppword/Kinds.h"
@@ -33,9 +34,16 @@ void open(const PostOptions& options, ToolPathInput& input, LoadReport& load,
   requireOther(options, input.table().path);
 }
 
-// Writes the text to `output`, and its map if there is one.
-host::Summary write(ToolPathInput& input, PostMap* map, PostOutput& output, bool showsProgress) {
-  host::LineSink& sink = map != nullptr ? *map : output.lines();
+// Null without a profile.
+std::unique_ptr<host::ConsumerLines> consumerOf(const PostOptions& options,
+                                                const ToolPathInput& input, host::LineSink& text) {
+  if (options.profile.empty()) return nullptr;
+  return std::make_unique<host::ConsumerLines>(host::readProfile(options.profile).consumer,
+                                               input.textWords(), text);
+}
+
+// Writes the text to `sink`, and its map if there is one.
+host::Summary write(ToolPathInput& input, PostMap* map, host::LineSink& sink, bool showsProgress) {
   host::Generator generator(input.document(), input.name(), sink, map);
   Progress progress(input.events(), showsProgress);
   generator.run(progress);
@@ -99,14 +107,17 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
                                              protectionOf(options.force));
   const auto map = mapOf(options, input, origins, *output);
   const bool isAlone = tables == nullptr;
-  const host::Summary summary =
-      write(input, map.get(), *output, isAlone && showsProgress(options.format));
+  host::LineSink& text = map ? *map : output->lines();
+  const auto consumer = consumerOf(options, input, text);
+  const host::Summary summary = write(input, map.get(), consumer ? *consumer : text,
+                                      isAlone && showsProgress(options.format));
   const PostReport made{summary,
                         input.listing(),
                         load.missing(),
                         input.table(),
                         input.isProgram() ? &input.machineWords() : nullptr,
                         options.output,
+                        consumer.get(),
                         builtIn(summary, input, load)};
   const std::string refusal = refusalOf(made, strictness);
   PostOutcome outcome;

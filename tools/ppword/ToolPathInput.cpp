@@ -142,7 +142,7 @@ void ToolPathInput::setUp(host::TableWords words) {
     setup_.emplace(job_->header(), *document_);
     return;
   }
-  if (!table_.path.empty()) words.textWords = textWordsOf(table_.path);
+  words.textWords = textWords();
   host::ListingOptions reading{
       options_.units,    options_.rotary,          host::vocabularyOf(*document_, words),
       options_.chord,    options_.helicesAsChords, options_.convertsOrigins,
@@ -153,6 +153,10 @@ void ToolPathInput::setUp(host::TableWords words) {
     reading.blocks = std::move(program.places);
   }
   listing_.emplace(std::move(lines_), std::move(reading));
+}
+
+std::vector<std::string> ToolPathInput::textWords() const {
+  return table_.path.empty() ? std::vector<std::string>{} : textWordsOf(table_.path);
 }
 
 host::ToolPathReader& ToolPathInput::events() {

@@ -54,6 +54,8 @@ class ToolPathInput {
   /// machine is named.
   [[nodiscard]] const std::vector<host::MachineWord>& machineWords() const { return machineWords_; }
   [[nodiscard]] bool isProgram() const noexcept { return kind_ == host::ToolPathKind::Program; }
+  /// The words of the table that texts follow.
+  [[nodiscard]] std::vector<std::string> textWords() const;
   /// What messages and reports call the tool path.
   [[nodiscard]] std::string name() const;
 

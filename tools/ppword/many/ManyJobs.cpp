@@ -64,7 +64,8 @@ std::map<host::FileNumber, std::string> inputsOf(const PostOptions& options,
                                                  const std::vector<JobFile>& jobs) {
   std::map<host::FileNumber, std::string> inputs;
   std::vector<std::string> files = options.jobs;
-  files.insert(files.end(), {options.table, options.document, options.tools, options.machine});
+  files.insert(files.end(),
+               {options.table, options.document, options.tools, options.machine, options.profile});
   const bool replaces = std::any_of(jobs.begin(), jobs.end(), isThere);
   for (const JobFile& job : jobs) {
     if (!replaces) break;

@@ -1,0 +1,53 @@
+#include "post/consumer/Consumer.h"
+
+#include <algorithm>
+
+#include "post/text/Utf8.h"
+
+namespace host {
+namespace {
+
+constexpr std::string_view kCapitals = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789 +-*/,.()=$'";
+
+bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool isFigure(char c) { return c >= '0' && c <= '9'; }
+
+/// How many letters and digits begin a text.
+std::size_t lengthOfWord(std::string_view text) {
+  std::size_t end = 0;
+  while (end < text.size() && (isLetter(text[end]) || isFigure(text[end]))) ++end;
+  return end;
+}
+
+}  // namespace
+
+std::string_view characterAt(std::string_view text, std::size_t at) {
+  return text.substr(at, std::max<std::size_t>(utf8Length(text, at), 1));
+}
+
+bool takes(const Consumer& consumer, std::string_view character) {
+  using enum Consumer::Characters;
+  if (consumer.characters == Any) return true;
+  if (character.size() != 1) return false;
+  if (consumer.characters == Capitals) return kCapitals.find(character[0]) != kCapitals.npos;
+  return character[0] >= ' ' && character[0] <= '~';
+}
+
+char replacementOf(std::string_view character, const Consumer& consumer) {
+  const char first = character[0];
+  const bool isSmall = character.size() == 1 && first >= 'a' && first <= 'z';
+  return isSmall ? static_cast<char>(first - 'a' + 'A') : consumer.replacement;
+}
+
+std::string_view longWord(std::string_view line, int longest, bool isText) {
+  for (std::size_t at = 0; at < line.size() && !line.substr(at).starts_with("$$");) {
+    const std::size_t length = lengthOfWord(line.substr(at));
+    const bool isLong = length > static_cast<std::size_t>(longest);
+    if (isLong && isLetter(line[at])) return line.substr(at, length);
+    if (isText) break;
+    at += std::max<std::size_t>(length, 1);
+  }
+  return {};
+}
+
+}  // namespace host

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace host {
+
+/// True for a line that readers take for a text: after $$, PPRINT, PARTNO, REMARK and the other
+/// words of the language whose rest is text, and after one of `words`.
+[[nodiscard]] bool isTextLine(std::string_view line, std::span<const std::string> words);
+
+}  // namespace host
