@@ -91,6 +91,10 @@ def listing(calls):
     return "".join(f"{number:5} N..... {call}\n" for number, call in enumerate(calls, 1))
 
 
+# Those with a test of their own.
+OTHERS = {"machine-coordinates", "replaced-character"}
+
+
 class Losses(program.ProgramTest):
     def losses(self, *arguments):
         done = self.run_program("post", "--format", "json", *arguments)
@@ -132,6 +136,10 @@ class Losses(program.ProgramTest):
             name = calls[-1].split("(")[0]
             self.met(key, self.post(listing(calls), table), name, len(calls) + 1)
 
+    def test_of_profiles_are_counted_and_refused(self):
+        arguments = [*self.post(job(X), table("PPRINT A\tB")), "--profile", "cl"]
+        self.met("replaced-character", arguments, "\\x09", 1)
+
     def test_of_programs_are_counted_and_refused(self):
         self.write("part.ngc", "G21 G90\nG53 G0 Z0\nM2\n")
         self.met("machine-coordinates", ["part.ngc", "-o", "apt"], "G53", 2)
@@ -147,7 +155,7 @@ class Losses(program.ProgramTest):
             if kind["command"] == "post"
         }
         self.assertEqual(rows, [*kinds.items(), ("wide-line", "is a note")])
-        self.assertEqual(set(dict(rows)), set(JOBS) | set(LISTINGS) | {"machine-coordinates"})
+        self.assertEqual(set(dict(rows)), set(JOBS) | set(LISTINGS) | OTHERS)
 
     def test_warnings_are_what_strict_refuses(self):
         kinds = json.loads(self.run_program("check", "--explain", "--format", "json").stdout)["kinds"]
