@@ -9,9 +9,6 @@ namespace verify {
 namespace {
 
 constexpr std::string_view kDwell = "NC_DELAY";
-/// What the parameters of points have in their names.
-constexpr std::string_view kMotionNames[] = {"MFG_XPOINT", "MFG_YPOINT", "MFG_ZPOINT",
-                                             "MFG_CIRCLE_", "MFG_HELICAL_"};
 
 InputPlace placeOf(const host::Element& element) {
   return {element.line, std::string(element.file)};
@@ -30,14 +27,6 @@ void add(Comparison::Sightings& sightings, const std::string& name, const host::
 
 bool statesMotion(const host::Element& element) {
   return !element.positions.empty() || element.changes.circle || element.changes.helix;
-}
-
-bool printsMotion(const TableLines::Lines& lines) {
-  return std::ranges::any_of(lines, [](const TableLine& line) {
-    return line.isComputed() || std::ranges::any_of(kMotionNames, [&](std::string_view name) {
-             return line.refersTo(name);
-           });
-  });
 }
 
 constexpr double kSamePoint = 1e-6;
@@ -62,7 +51,8 @@ std::vector<host::Triple> statedEnds(const host::Element& element, const InputVa
 }
 
 /// The points that lines print as an end.
-std::vector<host::Triple> printedEnds(const TableLines::Lines& lines, const InputValues& values) {
+std::vector<host::Triple> printedEnds(const std::vector<TableLine>& lines,
+                                      const InputValues& values) {
   const std::pair<std::string_view, const host::Triple&> ends[] = {
       {"MFG_XPOINT", values.point()},
       {"MFG_CIRCLE_X_PT", values.circle().point},
@@ -76,18 +66,14 @@ std::vector<host::Triple> printedEnds(const TableLines::Lines& lines, const Inpu
   return printed;
 }
 
-bool isInOneLine(const Statement& statement) {
-  return statement.tokens.empty() || statement.tokens.back().place.line == statement.place.line;
-}
-
 }  // namespace
 
-Comparison::Comparison(const DocumentWords& document, const Words& words, StatementSource next)
+Comparison::Comparison(const DocumentWords& document, const Words& words, StatementSource next,
+                       double angleFactor)
     : document_(document),
-      words_(words),
       next_(std::move(next)),
       tables_(document, words),
-      values_(document) {}
+      values_(document, angleFactor) {}
 
 bool Comparison::put(const host::ToolPathEvent& event) {
   if (difference_) return false;
@@ -99,23 +85,33 @@ bool Comparison::put(const host::ToolPathEvent& event) {
 }
 
 // The lines of the instruction and the sequence that an element names.
-const TableLines::Lines& Comparison::linesOf(const host::Element& element) {
+const InstructionLines& Comparison::linesOf(const host::Element& element) {
   int sequence = element.sequence;
-  instruction_ = element.instruction.substr(0, element.instruction.find('#'));
+  std::string instruction = element.instruction.substr(0, element.instruction.find('#'));
   if (element.ppCommand > 0) {
     const auto position = static_cast<std::size_t>(element.ppCommand);
-    instruction_ = "PP command " + std::to_string(element.ppCommand);
+    instruction = "PP command " + std::to_string(element.ppCommand);
     if (position <= document_.ppCommands.size()) {
-      std::tie(instruction_, sequence) = document_.ppCommands[position - 1];
+      std::tie(instruction, sequence) = document_.ppCommands[position - 1];
     }
   }
-  const TableLines::Lines* const lines = tables_.find(instruction_, sequence);
-  if (lines == nullptr) throw UnknownInstruction{instruction_, placeOf(element)};
+  const InstructionLines* const lines = tables_.find(instruction, sequence);
+  if (lines == nullptr) throw UnknownInstruction{instruction, placeOf(element)};
   return *lines;
 }
 
-bool Comparison::putElement(const host::Element& element) {
+// Most elements name what the one before them does.
+void Comparison::chooseLines(const host::Element& element) {
+  const bool isSame = lines_ != nullptr && element.ppCommand == 0 &&
+                      element.sequence == sequence_ && element.instruction == named_;
+  if (isSame) return;
   lines_ = &linesOf(element);
+  sequence_ = element.ppCommand == 0 ? element.sequence : 0;
+  named_ = element.instruction;
+}
+
+bool Comparison::putElement(const host::Element& element) {
+  chooseLines(element);
   values_.begin(element);
   noteLeftOut(element);
   long point = 0;
@@ -127,60 +123,57 @@ bool Comparison::putElement(const host::Element& element) {
 }
 
 void Comparison::noteLeftOut(const host::Element& element) {
-  const bool isLacking = lines_->empty() || (statesMotion(element) && !printsMotion(*lines_));
-  if (isLacking) add(leftOut_, instruction_, element);
+  const bool isLacking = lines_->lines.empty() || (!lines_->printsMotion && statesMotion(element));
+  if (isLacking) add(leftOut_, lines_->name, element);
 }
 
 // A circle or a helix whose end is not in its lines, but another point.
 void Comparison::noteOtherPoint(const host::Element& element) {
   if (!element.changes.circle && !element.changes.helix) return;
   const auto stated = statedEnds(element, values_);
-  const auto printed = printedEnds(*lines_, values_);
+  const auto printed = printedEnds(lines_->lines, values_);
   if (stated.empty() || printed.empty()) return;
   const bool isThere =
       std::ranges::any_of(stated, [&](const host::Triple& point) { return isIn(point, printed); });
-  if (!isThere) add(otherPoints_, instruction_, element);
+  if (!isThere) add(otherPoints_, lines_->name, element);
 }
 
 bool Comparison::write(const host::Element& element, long point) {
   ++elements_;
   noteOtherPoint(element);
-  const auto statements = expectedStatements(*lines_, values_, document_, instruction_ == kDwell);
-  return std::ranges::all_of(statements, [&](const ExpectedStatement& expected) {
-    return take(expected, element, point);
-  });
+  expected_.set(lines_->lines, values_, document_, lines_->name == kDwell);
+  return std::ranges::all_of(
+      expected_, [&](const ExpectedStatement& expected) { return take(expected, element, point); });
 }
 
 bool Comparison::take(const ExpectedStatement& expected, const host::Element& element, long point) {
   const bool hasStatement = next_(statement_);
-  auto mismatch = hasStatement ? compare(expected, statement_) : Mismatch{{}, "", expected.text()};
+  auto mismatch = hasStatement ? compare(expected, statement_)
+                               : std::optional(Mismatch{{}, "", expected.text()});
   if (!mismatch) {
     count(expected, element);
     return true;
   }
   differ(*std::move(mismatch), hasStatement);
   difference_->input = placeOf(element);
-  difference_->element = titleOf(element, instruction_, point);
+  difference_->element = titleOf(element, lines_->name, point);
   return false;
 }
 
 void Comparison::differ(Mismatch mismatch, bool hasStatement) {
   Difference& difference = difference_.emplace();
   difference.text = mismatch.place;
-  if (hasStatement && isInOneLine(statement_)) difference.line = statement_.text;
+  if (hasStatement && statement_.joints.empty()) difference.line = statement_.text;
   difference.found = std::move(mismatch.found);
   difference.expected = std::move(mismatch.expected);
 }
 
-// True for a statement that the reader understands, and that is a text of the input otherwise.
-bool Comparison::isKnown(const ExpectedStatement& expected) const {
-  if (expected.isOpen()) return false;
-  return expected.isText || words_.find(expected.word) != nullptr;
-}
-
+// Not verified is a statement with an end that is not known or with a statement that it may have
+// swallowed, and one with a word that the reader does not understand, unless it is a text.
 void Comparison::count(const ExpectedStatement& expected, const host::Element& element) {
-  if (!isKnown(expected)) {
-    add(notVerified_, instruction_, element);
+  const bool isKnown = expected.isText || expected.isKnown;
+  if (expected.isOpen() || expected.isDoubtful || !isKnown) {
+    add(notVerified_, lines_->name, element);
     return;
   }
   ++verified_;

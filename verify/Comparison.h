@@ -9,7 +9,7 @@
 
 #include "post/toolpath/ToolPath.h"
 #include "verify/DocumentWords.h"
-#include "verify/ExpectedStatement.h"
+#include "verify/ExpectedStatements.h"
 #include "verify/InputValues.h"
 #include "verify/TableLines.h"
 
@@ -55,8 +55,9 @@ class Comparison {
   /// Sets the next statement of the text; false at its end.
   using StatementSource = std::function<bool(Statement& statement)>;
 
-  /// The references must stay valid.
-  Comparison(const DocumentWords& document, const Words& words, StatementSource next);
+  /// The references must stay valid. Angles in radians are multiplied by the factor.
+  Comparison(const DocumentWords& document, const Words& words, StatementSource next,
+             double angleFactor = 1.0);
 
   /// Compares what an event of the input writes. False from the first difference on. Raises an
   /// UnknownInstruction.
@@ -86,14 +87,13 @@ class Comparison {
   bool write(const host::Element& element, long point);
   bool take(const ExpectedStatement& expected, const host::Element& element, long point);
   void differ(Mismatch mismatch, bool hasStatement);
-  [[nodiscard]] const TableLines::Lines& linesOf(const host::Element& element);
+  void chooseLines(const host::Element& element);
+  [[nodiscard]] const InstructionLines& linesOf(const host::Element& element);
   void count(const ExpectedStatement& expected, const host::Element& element);
   void noteLeftOut(const host::Element& element);
   void noteOtherPoint(const host::Element& element);
-  [[nodiscard]] bool isKnown(const ExpectedStatement& expected) const;
 
   const DocumentWords& document_;
-  const Words& words_;
   StatementSource next_;
   TableLines tables_;
   InputValues values_;
@@ -105,9 +105,11 @@ class Comparison {
   Sightings notVerified_;
   Sightings leftOut_;
   Sightings otherPoints_;
-  /// Of the element that is being compared.
-  std::string instruction_;
-  const TableLines::Lines* lines_ = nullptr;
+  /// Of the element that is being compared, and what it names.
+  const InstructionLines* lines_ = nullptr;
+  std::string named_;
+  int sequence_ = 0;
+  ExpectedStatements expected_;
 };
 
 }  // namespace verify

@@ -19,10 +19,6 @@ struct DocumentWords {
   std::map<std::string, Lines, std::less<>> lists;
   /// The instruction and the sequence of each PP command, by its position from 1.
   std::vector<std::pair<std::string, int>> ppCommands;
-  /// Major words of the table after which a text follows.
-  std::vector<std::string> textWords;
-  /// What angles in radians are multiplied by.
-  double angleFactor = 1.0;
   /// What is printed for a parameter without a value.
   std::string unevaluated;
 };

@@ -5,9 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "verify/InputValues.h"
 #include "verify/Statement.h"
-#include "verify/TableLines.h"
 
 namespace verify {
 
@@ -21,15 +19,18 @@ struct ExpectedStatement {
       Anything
     };
     Kind kind = Kind::Literal;
-    std::string text;
+    std::string_view text{};
     double number = 0.0;
   };
   std::vector<Part> parts;
-  /// The major word; empty where a value is in its place.
-  std::string word;
   bool isText = false;
+  /// True when its major word is one that a reader knows.
+  bool isKnown = false;
   /// True when a value of the input is in it.
   bool hasValue = false;
+  /// True when a line that could be a statement is part of it, only because the line before it ends
+  /// with a comma.
+  bool isDoubtful = false;
 
   /// How the statement would be written, for messages.
   [[nodiscard]] std::string text() const;
@@ -37,16 +38,9 @@ struct ExpectedStatement {
   [[nodiscard]] bool isOpen() const;
 };
 
-/// The statements that the lines of an instruction print with the values of an input.
-/// `dropsComma`: of the only line, as of a dwell without a unit.
-[[nodiscard]] std::vector<ExpectedStatement> expectedStatements(const TableLines::Lines& lines,
-                                                                const InputValues& values,
-                                                                const DocumentWords& words,
-                                                                bool dropsComma);
-
 /// Where a statement of a text is not the expected one.
 struct Mismatch {
-  TextPlace place;
+  TextPlace place{};
   /// What is there and what is expected: two numbers, or two statements.
   std::string found;
   std::string expected;

@@ -48,7 +48,7 @@ int motionNumberOf(std::string_view instruction) {
 }
 
 Value numberValue(double number) { return {Value::Kind::Number, number}; }
-Value textValue(std::string_view text) { return {Value::Kind::Text, 0.0, std::string(text)}; }
+Value textValue(std::string_view text) { return {Value::Kind::Text, 0.0, text}; }
 
 double dot(const host::Triple& a, const host::Triple& b) {
   return a[0] * b[0] + a[1] * b[1] + a[2] * b[2];
@@ -196,18 +196,30 @@ constexpr WordRowOfList kListWords[] = {
     {"MFG_DELAY_UNIT", &InputValues::delayUnit}, {"MFG_TOOLPATH_TYPE", &InputValues::toolPathType},
 };
 
-/// The component of a triple that a parameter names; null for none.
-const double* componentOf(Values values, std::string_view name) {
+/// The component of a triple that a parameter names; without a triple for none.
+ValueSource componentOf(std::string_view name) {
   for (const TripleRow& row : kTriples) {
     if (name.size() != row.before.size() + 1 + row.after.size()) continue;
     if (!name.starts_with(row.before) || !name.ends_with(row.after)) continue;
     const std::size_t component = row.letters.find(name[row.before.size()]);
-    if (component != std::string_view::npos) return &row.of(values)[component];
+    if (component != std::string_view::npos) return {row.of, component};
   }
-  return nullptr;
+  return {};
 }
 
 }  // namespace
+
+ValueSource sourceOf(std::string_view parameter) {
+  ValueSource source = componentOf(parameter);
+  if (source.triple != nullptr) return source;
+  const auto* const value = std::ranges::find(kValues, parameter, &ValueRow::name);
+  if (value != std::end(kValues)) source.value = value->of;
+  const auto* const word = std::ranges::find(kListWords, parameter, &WordRowOfList::name);
+  if (word == std::end(kListWords)) return source;
+  source.entry = word->entry;
+  source.least = word->least;
+  return source;
+}
 
 void InputValues::begin(const host::Element& element) {
   motionNumber_ = motionNumberOf(element.instruction);
@@ -398,13 +410,10 @@ Value InputValues::lookedUp(std::string_view parameter) const {
   return {};
 }
 
-Value InputValues::valueOf(std::string_view parameter) const {
-  if (const double* const number = componentOf(*this, parameter)) return numberValue(*number);
-  const auto* const value = std::ranges::find(kValues, parameter, &ValueRow::name);
-  if (value != std::end(kValues)) return value->of(*this);
-  const auto* const word = std::ranges::find(kListWords, parameter, &WordRowOfList::name);
-  if (word != std::end(kListWords)) return wordOf(parameter, (this->*word->entry)(), word->least);
-  return lookedUp(parameter);
+Value InputValues::valueOf(const ValueSource& source, std::string_view parameter) const {
+  if (source.value != nullptr) return source.value(*this);
+  if (source.entry == nullptr) return lookedUp(parameter);
+  return wordOf(parameter, (this->*source.entry)(), source.least);
 }
 
 }  // namespace verify

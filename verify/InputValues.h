@@ -7,37 +7,29 @@
 
 #include "post/toolpath/ToolPath.h"
 #include "verify/DocumentWords.h"
+#include "verify/Values.h"
 
 namespace verify {
-
-/// What a parameter prints, as far as this reader knows.
-struct Value {
-  enum class Kind {
-    Number,
-    Text,
-    /// Nothing is printed.
-    Absent,
-    /// It is computed in a way that this reader does not know.
-    Unknown
-  };
-  Kind kind = Kind::Absent;
-  double number = 0.0;
-  std::string text{};
-};
 
 /// The state of a tool path between its events: what each parameter prints, by the rules of
 /// docs/parameters.md.
 class InputValues {
  public:
-  /// The words must outlive the object.
-  explicit InputValues(const DocumentWords& words) : words_(words) {}
+  /// The words must outlive the object. Angles in radians are multiplied by the factor.
+  InputValues(const DocumentWords& words, double angleFactor)
+      : words_(words), angleFactor_(angleFactor) {}
 
   void begin(const host::ActivityStart& activity) { activity_ = activity; }
   /// The values of an element, without its positions.
   void begin(const host::Element& element);
   void apply(const host::Position& position);
 
-  [[nodiscard]] Value valueOf(std::string_view parameter) const;
+  /// A component of a point or a direction; null for another source.
+  [[nodiscard]] const double* coordinateOf(const ValueSource& source) const {
+    return source.triple == nullptr ? nullptr : &source.triple(*this)[source.component];
+  }
+  /// What any other source has.
+  [[nodiscard]] Value valueOf(const ValueSource& source, std::string_view parameter) const;
 
   // What the rows of the table of parameters ask for.
   struct Circle {
@@ -59,7 +51,7 @@ class InputValues {
   [[nodiscard]] const Helix& helix() const { return helix_; }
   [[nodiscard]] const Rate& feed() const { return feed_; }
   [[nodiscard]] const std::string& comment() const { return comment_; }
-  [[nodiscard]] double angleFactor() const { return words_.angleFactor; }
+  [[nodiscard]] double angleFactor() const { return angleFactor_; }
   [[nodiscard]] Value feedType() const;
   [[nodiscard]] Value speed() const;
   // Entries of lists, from 1; 0 for none.
@@ -85,6 +77,7 @@ class InputValues {
   [[nodiscard]] Value wordOf(std::string_view parameter, int entry, std::size_t least) const;
 
   const DocumentWords& words_;
+  double angleFactor_;
   std::optional<host::ActivityStart> activity_;
   host::Triple point_{}, toolAxis_{};
   Circle circle_;

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cmath>
 #include <optional>
 #include <string>
+
+#include "verify/PrintedNumber.h"
 
 namespace verify {
 namespace {
@@ -23,7 +23,6 @@ constexpr std::size_t kLongestWord = 6;
 constexpr unsigned kBlankClass = 1;
 constexpr unsigned kMarkClass = 2;
 constexpr unsigned kRunEndClass = 4;
-constexpr unsigned kDigitClass = 8;
 constexpr unsigned kForeignClass = 16;
 
 constexpr std::array<unsigned char, 256> classesOfAll() {
@@ -36,7 +35,6 @@ constexpr std::array<unsigned char, 256> classesOfAll() {
     unsigned all = isOneOf(kBlanks) ? kBlankClass : 0;
     if (isOneOf(kMarks)) all |= kMarkClass;
     if (isOneOf(kRunEnd)) all |= kRunEndClass;
-    if (isOneOf(kDigits)) all |= kDigitClass;
     // Neither printable ASCII nor a tab.
     if (c != '\t' && !(c >= ' ' && c <= '~')) all |= kForeignClass;
     classes[i] = static_cast<unsigned char>(all);
@@ -51,54 +49,6 @@ bool isOf(char c, unsigned classes) {
 
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
-/// The parts of a number as it is written.
-struct Spelling {
-  std::size_t decimals = 0;
-  int exponent = 0;
-  bool hasExponent = false;
-};
-
-/// Takes digits off a text; returns how many.
-std::size_t takeDigits(std::string_view& text) {
-  std::size_t count = 0;
-  while (count < text.size() && isOf(text[count], kDigitClass)) ++count;
-  text.remove_prefix(count);
-  return count;
-}
-
-bool takeSign(std::string_view& text) {
-  const bool isSigned = text.starts_with('+') || text.starts_with('-');
-  if (isSigned) text.remove_prefix(1);
-  return isSigned;
-}
-
-/// Takes E or D with a whole number; false when what is left begins otherwise.
-bool takeExponent(std::string_view& text, Spelling& spelling) {
-  if (text.empty()) return true;
-  if (text.front() != 'E' && text.front() != 'e') return false;
-  text.remove_prefix(1);
-  if (text.starts_with('+')) text.remove_prefix(1);
-  const auto [rest, error] =
-      std::from_chars(text.data(), text.data() + text.size(), spelling.exponent);
-  text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
-  spelling.hasExponent = true;
-  return error == std::errc();
-}
-
-/// Nothing for a text that is not a number.
-std::optional<Spelling> spellingOf(std::string_view text) {
-  Spelling spelling;
-  takeSign(text);
-  std::size_t digits = takeDigits(text);
-  if (text.starts_with('.')) {
-    text.remove_prefix(1);
-    spelling.decimals = takeDigits(text);
-    digits += spelling.decimals;
-  }
-  if (digits == 0 || !takeExponent(text, spelling) || !text.empty()) return std::nullopt;
-  return spelling;
-}
-
 bool isIn(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 
 /// True for a run that was meant as a number: no word begins with a sign or a point, has a letter
@@ -110,24 +60,6 @@ bool looksLikeNumber(std::string_view run) {
   if (letter == 0) return true;
   const std::string_view rest = run.substr(letter);
   return !std::all_of(rest.begin(), rest.end(), isLetter);
-}
-
-/// The characters of a number whose digits a double has exactly.
-constexpr std::size_t kShortNumber = 16;
-constexpr std::array<double, kShortNumber + 1> kPowersOfTen{
-    1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16};
-
-/// A number without exponent: its digits by a power of ten, which rounds once.
-PrintedNumber shortNumber(std::string_view text, const Spelling& spelling) {
-  long digits = 0;
-  for (const char c : text) {
-    if (isOf(c, kDigitClass)) digits = digits * 10 + (c - '0');
-  }
-  PrintedNumber number;
-  const double unit = kPowersOfTen[spelling.decimals];
-  number.value = static_cast<double>(text.starts_with('-') ? -digits : digits) / unit;
-  number.halfUnit = 0.5 / unit;
-  return number;
 }
 
 class LineTokens {
@@ -259,21 +191,6 @@ std::string byteName(char c) {
 }
 
 }  // namespace
-
-std::optional<PrintedNumber> readNumber(std::string_view text) {
-  const auto spelling = spellingOf(text);
-  if (!spelling) return std::nullopt;
-  if (!spelling->hasExponent && text.size() <= kShortNumber) return shortNumber(text, *spelling);
-  PrintedNumber number;
-  const std::string_view digits = text.substr(text.starts_with('+') ? 1 : 0);
-  const auto [end, error] =
-      std::from_chars(digits.data(), digits.data() + digits.size(), number.value);
-  number.halfUnit =
-      0.5 * std::pow(10.0, spelling->exponent - static_cast<double>(spelling->decimals));
-  number.hasExponent = spelling->hasExponent;
-  number.isInRange = error == std::errc();
-  return number;
-}
 
 LineEnd addLine(std::string_view line, long number, Statement& statement,
                 const FindingSink& report) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string_view>
 
 #include "verify/Rules.h"
@@ -25,19 +24,6 @@ enum class LineEnd { Statement, Continued };
 /// The bytes and the tokens that a statement has at most.
 inline constexpr std::size_t kLongestStatement = std::size_t{1} << 20U;
 inline constexpr std::size_t kMostTokens = 100'000;
-
-/// A number as it is written.
-struct PrintedNumber {
-  double value = 0.0;
-  /// Half a unit of its last digit.
-  double halfUnit = 0.0;
-  bool hasExponent = false;
-  /// False for a number beyond what a computer has.
-  bool isInRange = true;
-};
-
-/// Reads a number; nothing for another text.
-[[nodiscard]] std::optional<PrintedNumber> readNumber(std::string_view text);
 
 /// Adds a line, which is not a text, to a statement: its tokens and its bytes. Reports what is
 /// wrong in it. What would be beyond the limits is left out, and reported once.

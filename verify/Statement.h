@@ -32,6 +32,12 @@ struct Token {
   double halfUnit = 0.0;
 };
 
+/// Where a line that continues a statement begins in its text.
+struct Joint {
+  std::size_t offset = 0;
+  long line = 0;
+};
+
 /// A statement of a text: a major word with its arguments, a word with a text, or a comment.
 struct Statement {
   TextPlace place;
@@ -39,6 +45,8 @@ struct Statement {
   std::string text;
   /// Empty for a comment and for a word with a text.
   std::vector<Token> tokens;
+  /// Of a statement in several lines.
+  std::vector<Joint> joints;
   /// True for a comment and for a word with a text.
   bool isText = false;
   /// True when it is longer than a statement may be; its end is then left out.
@@ -46,6 +54,15 @@ struct Statement {
   /// The major word; empty for a comment and where a statement begins with something else.
   std::string word;
 
+  /// The place of a byte of the text.
+  [[nodiscard]] TextPlace placeOf(std::size_t offset) const {
+    TextPlace at{place.line,
+                 isText ? place.column + static_cast<long>(offset) : static_cast<long>(offset) + 1};
+    for (const Joint& joint : joints) {
+      if (joint.offset <= offset) at = {joint.line, static_cast<long>(offset - joint.offset) + 1};
+    }
+    return at;
+  }
   [[nodiscard]] std::string_view textOf(const Token& token) const {
     return std::string_view(text).substr(token.offset, token.length);
   }

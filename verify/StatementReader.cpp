@@ -42,8 +42,15 @@ bool isValue(const Token& token) { return token.kind != TokenKind::Mark; }
 StatementReader::StatementReader(ByteSource bytes, const Words& words, FindingSink report)
     : lines_(std::move(bytes)), words_(words), report_(std::move(report)) {}
 
+StatementReader::StatementReader(ByteSource bytes, const Words& words)
+    : lines_(std::move(bytes)), words_(words) {}
+
 bool StatementReader::nextLine() {
   if (!lines_.next(line_)) return false;
+  if (!report_) {
+    line_ = withoutBlanks(line_);
+    return true;
+  }
   if (lines_.isCut()) {
     report_({Rule::LongLine, {lines(), static_cast<long>(TextLines::kLongestLine) + 1}, 1, "", ""});
   }
@@ -64,6 +71,7 @@ void StatementReader::begin(Statement& statement) const {
   statement.place = {lines(), column};
   statement.text.clear();
   statement.tokens.clear();
+  statement.joints.clear();
   statement.word.clear();
   statement.isCut = false;
 }
@@ -74,7 +82,7 @@ bool StatementReader::next(Statement& statement) {
     if (line_.empty()) continue;
     begin(statement);
     read(statement);
-    checkStatement(statement, words_, report_);
+    if (report_) checkStatement(statement, words_, report_);
     return true;
   }
   return false;
@@ -87,13 +95,15 @@ void StatementReader::read(Statement& statement) {
   statement.isText = word != nullptr || content.starts_with("$$");
   if (statement.isText) {
     readText(statement, word);
-  } else {
+  } else if (report_) {
     readTokens(statement);
+  } else {
+    readBytes(statement);
   }
 }
 
 void StatementReader::readText(Statement& statement, const WordRow* word) {
-  checkCharacters(line_, lines(), true, report_);
+  if (report_) checkCharacters(line_, lines(), true, report_);
   const std::size_t first = static_cast<std::size_t>(statement.place.column) - 1;
   statement.text = line_.substr(first);
   if (word == nullptr) return;
@@ -109,9 +119,27 @@ void StatementReader::readTokens(Statement& statement) {
   while (end == LineEnd::Continued && continues()) {
     checkCharacters(line_, lines(), false, report_);
     const std::size_t first = statement.tokens.size();
+    statement.joints.push_back({statement.text.size(), lines()});
     end = addLine(line_, lines(), statement, report_);
     checkJoint(statement, first);
   }
+}
+
+void StatementReader::readBytes(Statement& statement) {
+  bool isOpen = addBytes(statement);
+  while (isOpen && continues()) {
+    statement.joints.push_back({statement.text.size(), lines()});
+    isOpen = addBytes(statement);
+  }
+}
+
+// Adds a line without the $ that continues it; true when there is one. $$ begins a comment.
+bool StatementReader::addBytes(Statement& statement) const {
+  const std::size_t dollar = line_.find('$');
+  const bool isOpen = dollar != std::string_view::npos && !line_.substr(dollar).starts_with("$$");
+  statement.isCut = statement.isCut || statement.text.size() + line_.size() > kLongestStatement;
+  if (!statement.isCut) statement.text.append(isOpen ? line_.substr(0, dollar) : line_);
+  return isOpen;
 }
 
 // Reads the line that continues a statement; false when there is none.
@@ -128,6 +156,7 @@ bool StatementReader::continues() {
 }
 
 void StatementReader::reportOpen(const TextPlace& place) const {
+  if (!report_) return;
   report_({Rule::OpenContinuation, place, 1, "", ""});
 }
 

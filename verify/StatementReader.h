@@ -18,6 +18,9 @@ class StatementReader {
  public:
   /// The words and what the sink refers to must outlive the reader.
   StatementReader(ByteSource bytes, const Words& words, FindingSink report);
+  /// Reads what is compared and nothing more: without findings, major words and tokens, and lines
+  /// are never cards.
+  StatementReader(ByteSource bytes, const Words& words);
 
   /// Sets `statement` to the next one; false at the end. Empty lines are no statements.
   [[nodiscard]] bool next(Statement& statement);
@@ -32,12 +35,15 @@ class StatementReader {
   void read(Statement& statement);
   void readText(Statement& statement, const WordRow* word);
   void readTokens(Statement& statement);
+  void readBytes(Statement& statement);
+  [[nodiscard]] bool addBytes(Statement& statement) const;
   [[nodiscard]] bool continues();
   void checkJoint(const Statement& statement, std::size_t first) const;
   void reportOpen(const TextPlace& place) const;
 
   TextLines lines_;
   const Words& words_;
+  /// Empty where nothing is reported.
   FindingSink report_;
   /// The line that was read last, without its number and the blanks at its end.
   std::string_view line_;

@@ -82,9 +82,9 @@ class TableLineReader {
     const bool isClear = name > begin && after.find_first_not_of(')') == std::string_view::npos;
     if (!isClear) return compute();
     store();
-    line_.pieces.push_back({Piece::Kind::Reference,
-                            std::string(text_.substr(begin, std::min(name, end) - begin)),
-                            text_[at_] == '&'});
+    const std::string_view parameter = text_.substr(begin, std::min(name, end) - begin);
+    line_.pieces.push_back(
+        {Piece::Kind::Reference, std::string(parameter), text_[at_] == '&', sourceOf(parameter)});
     literal_ = after;
     at_ = end;
   }
@@ -101,6 +101,16 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kNone) + 1);
 }
 
+/// What the parameters of points have in their names.
+constexpr std::string_view kMotionNames[] = {"MFG_XPOINT", "MFG_YPOINT", "MFG_ZPOINT",
+                                             "MFG_CIRCLE_", "MFG_HELICAL_"};
+
+bool printsMotion(const TableLine& line) {
+  return line.isComputed() || std::ranges::any_of(kMotionNames, [&](std::string_view name) {
+           return line.refersTo(name);
+         });
+}
+
 /// The engine loses a $ after the name of a number.
 bool losesDollar(const TableLine& line) {
   return line.isContinued && !line.pieces.empty() &&
@@ -108,11 +118,6 @@ bool losesDollar(const TableLine& line) {
 }
 
 }  // namespace
-
-bool TableLine::hasReference() const {
-  return std::ranges::any_of(pieces,
-                             [](const Piece& piece) { return piece.kind != Piece::Kind::Literal; });
-}
 
 bool TableLine::refersTo(std::string_view part) const {
   return std::ranges::any_of(pieces, [part](const Piece& piece) {
@@ -132,21 +137,26 @@ TableLine readTableLine(std::string_view text, const Words& words) {
     line.isContinued = false;
     line.pieces.push_back({Piece::Kind::Computed, ""});
   }
+  line.isKnown = words.find(line.word) != nullptr;
+  line.hasReference = std::ranges::any_of(
+      line.pieces, [](const Piece& piece) { return piece.kind != Piece::Kind::Literal; });
   return line;
 }
 
-const TableLines::Lines* TableLines::find(std::string_view instruction, int sequence) {
+const InstructionLines* TableLines::find(std::string_view instruction, int sequence) {
   const auto found = document_.instructions.find(instruction);
   if (found == document_.instructions.end() || sequence < 1) return nullptr;
   const auto number = static_cast<std::size_t>(sequence);
   if (number > found->second.size()) return nullptr;
-  const auto [known, isNew] = read_[std::string(instruction)].try_emplace(sequence);
-  if (isNew) {
-    for (const std::string& line : found->second[number - 1]) {
-      known->second.push_back(readTableLine(line, words_));
-    }
+  const auto [known, isNew] = read_.try_emplace({std::string(instruction), sequence});
+  InstructionLines& lines = known->second;
+  if (!isNew) return &lines;
+  lines.name = instruction;
+  for (const std::string& line : found->second[number - 1]) {
+    lines.lines.push_back(readTableLine(line, words_));
   }
-  return &known->second;
+  lines.printsMotion = std::ranges::any_of(lines.lines, printsMotion);
+  return &lines;
 }
 
 }  // namespace verify

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "verify/DocumentWords.h"
+#include "verify/Values.h"
 #include "verify/Words.h"
 
 namespace verify {
@@ -22,6 +25,8 @@ struct Piece {
   std::string text;
   /// A reference that is written with &: references in its value are replaced too.
   bool isWord = false;
+  /// Of a reference.
+  ValueSource source{};
 };
 
 /// A line of an instruction, as far as this reader follows docs/syntax.md: what is printed as it is
@@ -32,34 +37,42 @@ struct TableLine {
   std::string word;
   /// True for a comment and for a word with a text.
   bool isText = false;
+  /// True for a major word that a reader knows.
+  bool isKnown = false;
   /// True when a $ ends it.
   bool isContinued = false;
+  bool hasReference = false;
 
   [[nodiscard]] bool isComputed() const {
     return !pieces.empty() && pieces.back().kind == Piece::Kind::Computed;
   }
-  [[nodiscard]] bool hasReference() const;
   [[nodiscard]] bool refersTo(std::string_view part) const;
 };
 
 [[nodiscard]] TableLine readTableLine(std::string_view line, const Words& words);
 
+/// The lines of a sequence of an instruction.
+struct InstructionLines {
+  std::string name;
+  std::vector<TableLine> lines;
+  /// True when a point, a circle or a helix is in them, or may be.
+  bool printsMotion = false;
+};
+
 /// The lines of the instructions of a document, each read when it is first asked for.
 class TableLines {
  public:
-  using Lines = std::vector<TableLine>;
-
   /// Both must outlive the object.
   TableLines(const DocumentWords& document, const Words& words)
       : document_(document), words_(words) {}
 
   /// The lines of a sequence, from 1, of an instruction; null when the document does not have it.
-  [[nodiscard]] const Lines* find(std::string_view instruction, int sequence);
+  [[nodiscard]] const InstructionLines* find(std::string_view instruction, int sequence);
 
  private:
   const DocumentWords& document_;
   const Words& words_;
-  std::map<std::string, std::map<int, Lines>, std::less<>> read_;
+  std::map<std::pair<std::string, int>, InstructionLines> read_;
 };
 
 }  // namespace verify

@@ -1,5 +1,7 @@
 #include "verify/TextLines.h"
 
+#include <cstring>
+
 namespace verify {
 
 ByteSource bytesOf(std::string_view text) {
@@ -27,9 +29,23 @@ bool TextLines::take() {
   return isEnded;
 }
 
+// A line whose end is among the unread bytes, as that of most is, is not copied.
+bool TextLines::takeWhole(std::string_view& line) {
+  const char* const first = chunk_.data() + begin_;
+  const void* const feed = std::memchr(first, '\n', end_ - begin_);
+  if (feed == nullptr) return false;
+  const auto length = static_cast<std::size_t>(static_cast<const char*>(feed) - first);
+  begin_ += length + 1;
+  ++number_;
+  line = std::string_view(first, length);
+  if (line.ends_with('\r')) line.remove_suffix(1);
+  return true;
+}
+
 bool TextLines::next(std::string_view& line) {
-  line_.clear();
   if (isCut_ || (begin_ == end_ && !fill())) return false;
+  if (takeWhole(line)) return true;
+  line_.clear();
   while (!take() && line_.size() <= kLongestLine && fill()) {
   }
   ++number_;

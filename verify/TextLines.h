@@ -36,6 +36,7 @@ class TextLines {
 
   [[nodiscard]] bool fill();
   bool take();
+  [[nodiscard]] bool takeWhole(std::string_view& line);
 
   ByteSource bytes_;
   std::vector<char> chunk_;

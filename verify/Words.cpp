@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
-#include <unordered_map>
+#include <utility>
 
 namespace verify {
 namespace {
@@ -123,10 +123,14 @@ constexpr WordRow kWords[] = {
 // The nested words that make a motion along a drive surface one along a circle.
 constexpr std::string_view kCircleSurfaces[] = {"CIRCLE", "CYLNDR"};
 
-bool endsWord(char c) {
-  return c == '/' || c == ' ' || c == ',' || c == '\t' || c == '(' || c == ')' || c == '=' ||
-         c == '$';
+constexpr std::array<bool, 256> endsOfWords() {
+  std::array<bool, 256> ends{};
+  for (const char c : std::string_view("/ ,\t()=$")) ends[static_cast<unsigned char>(c)] = true;
+  return ends;
 }
+constexpr auto kEndsOfWords = endsOfWords();
+
+bool endsWord(char c) { return kEndsOfWords[static_cast<unsigned char>(c)]; }
 
 bool leadsAlongCircle(const Statement& statement) {
   return std::any_of(statement.tokens.begin(), statement.tokens.end(), [&](const Token& token) {
@@ -135,10 +139,14 @@ bool leadsAlongCircle(const Statement& statement) {
   });
 }
 
-std::unordered_map<std::string_view, const WordRow*> rowsByWord() {
-  std::unordered_map<std::string_view, const WordRow*> rows;
-  for (const WordRow& row : kWords) rows.emplace(row.word, &row);
-  return rows;
+constexpr std::size_t kShortWord = sizeof(std::uint64_t) - 1;
+constexpr std::size_t kFirstSlots = 256;
+
+/// The bytes of a word after their number.
+std::uint64_t packed(std::string_view word) {
+  std::uint64_t bytes = word.size();
+  for (const char c : word) bytes = bytes << 8U | static_cast<unsigned char>(c);
+  return bytes;
 }
 
 bool isOneWord(std::string_view word) {
@@ -151,24 +159,53 @@ std::string_view nameOf(EventKind kind) { return kNames[static_cast<std::size_t>
 
 std::span<const WordRow> standardWords() { return kWords; }
 
+Words::Words() : short_(kFirstSlots) {
+  for (const WordRow& row : kWords) put(row.word, &row);
+}
+
+// Where a word is, or would be.
+std::size_t Words::slotOf(std::uint64_t bytes) const {
+  constexpr std::uint64_t kSpread = 0x9E3779B97F4A7C15U;
+  std::size_t slot = static_cast<std::size_t>((bytes * kSpread) >> 32U) & (short_.size() - 1);
+  while (short_[slot].row != nullptr && short_[slot].bytes != bytes) {
+    slot = (slot + 1) & (short_.size() - 1);
+  }
+  return slot;
+}
+
+void Words::put(std::string_view word, const WordRow* row) {
+  const auto first = static_cast<unsigned char>(word.front());
+  beginsText_[first] = beginsText_[first] || row->hasText;
+  if (word.size() > kShortWord) {
+    long_.insert_or_assign(std::string(word), row);
+    return;
+  }
+  if (shorts_ * 2 >= short_.size()) {
+    const auto all = std::exchange(short_, std::vector<Slot>(short_.size() * 2));
+    for (const Slot& slot : all) {
+      if (slot.row != nullptr) short_[slotOf(slot.bytes)] = slot;
+    }
+  }
+  Slot& slot = short_[slotOf(packed(word))];
+  if (slot.row == nullptr) ++shorts_;
+  slot = {packed(word), row};
+}
+
 bool Words::add(std::string_view word, std::string_view known) {
   const WordRow* const row = find(known);
   if (row == nullptr || !isOneWord(word)) return false;
-  added_.insert_or_assign(std::string(word), row);
+  put(word, row);
   return true;
 }
 
 const WordRow* Words::find(std::string_view word) const {
-  static const std::unordered_map<std::string_view, const WordRow*> rows = rowsByWord();
-  if (!added_.empty()) {
-    const auto added = added_.find(word);
-    if (added != added_.end()) return added->second;
-  }
-  const auto found = rows.find(word);
-  return found == rows.end() ? nullptr : found->second;
+  if (word.size() <= kShortWord) return short_[slotOf(packed(word))].row;
+  const auto found = long_.find(word);
+  return found == long_.end() ? nullptr : found->second;
 }
 
 const WordRow* Words::textWordOf(std::string_view line) const {
+  if (line.empty() || !beginsText_[static_cast<unsigned char>(line.front())]) return nullptr;
   const auto* const end = std::ranges::find_if(line, endsWord);
   const WordRow* const row = find(line.substr(0, static_cast<std::size_t>(end - line.begin())));
   return row != nullptr && row->hasText ? row : nullptr;

@@ -2,11 +2,13 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "verify/Statement.h"
 #include "verify/TextLines.h"
@@ -53,6 +55,8 @@ struct WordRow {
 /// them.
 class Words {
  public:
+  Words();
+
   /// From now on `word` means what `known` means. False when there is no word `known`, or when
   /// `word` is not one word.
   bool add(std::string_view word, std::string_view known);
@@ -65,7 +69,21 @@ class Words {
   [[nodiscard]] EventKind kindOf(const Statement& statement) const;
 
  private:
-  std::map<std::string, const WordRow*, std::less<>> added_;
+  /// Words of up to seven bytes, by these bytes; nearly all are.
+  struct Slot {
+    std::uint64_t bytes = 0;
+    const WordRow* row = nullptr;
+  };
+
+  void put(std::string_view word, const WordRow* row);
+  [[nodiscard]] std::size_t slotOf(std::uint64_t bytes) const;
+
+  /// A power of two; each word is in the first free place from its own on.
+  std::vector<Slot> short_;
+  std::size_t shorts_ = 0;
+  std::map<std::string, const WordRow*, std::less<>> long_;
+  /// By a character, whether a word with a text begins with it.
+  std::array<bool, 256> beginsText_{};
 };
 
 /// What is wrong in a profile, and where.

@@ -148,7 +148,7 @@ void FileBeside::open(const std::string& path, mode_t mode) {
   journal_ = path + kJournal;
   std::string name = path;
   const SignalHold hold;
-  descriptor_ = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  descriptor_ = ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
   if (descriptor_ < 0) return;
   path_ = std::move(name);
   pathAtSignal_.name(path_.c_str());

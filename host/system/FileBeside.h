@@ -41,7 +41,7 @@ class KEP_PLATFORM FileBeside {
   void discard() noexcept;
 
   [[nodiscard]] const std::string& path() const noexcept { return path_; }
-  /// Open for writing; negative without a file.
+  /// Open for reading and writing; negative without a file.
   [[nodiscard]] int descriptor() const noexcept { return descriptor_; }
 
   enum class Existing { Replaced, Kept };

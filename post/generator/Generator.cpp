@@ -163,11 +163,15 @@ Generator::~Generator() { words_->SetObjects({}); }
 
 void Generator::run(ToolPathReader& toolPath) {
   ToolPathEvent event;
-  while (toolPath.next(event)) {
-    std::visit([this](const auto& piece) { put(piece); }, event);
-  }
-  names_.report(summary_.misspelt);
+  while (toolPath.next(event)) put(event);
+  finish();
 }
+
+void Generator::put(const ToolPathEvent& event) {
+  std::visit([this](const auto& piece) { put(piece); }, event);
+}
+
+void Generator::finish() { names_.report(summary_.misspelt); }
 
 void Generator::put(const ActivityStart& start) {
   listener_->listenFor(start);

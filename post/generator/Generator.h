@@ -63,6 +63,9 @@ class Generator {
   // listed once, when the first is written.
   void put(const Element& element);
   void put(const ActivityStart& start);
+  void put(const ToolPathEvent& event);
+  /// After the last piece: counts what only the whole tool path shows.
+  void finish();
 
   /// What was done so far.
   [[nodiscard]] const Summary& summary() const noexcept { return summary_; }

@@ -82,6 +82,16 @@ void OutputFile::write(std::string_view line) {
   buffer_.append(line).push_back('\n');
 }
 
+std::size_t OutputFile::readBack(char* to, std::size_t most, std::uint64_t offset) {
+  flush();
+  ssize_t count = -1;
+  do {
+    count = ::pread(descriptor_, to, most, static_cast<off_t>(offset));
+  } while (count < 0 && errno == EINTR);
+  if (count < 0) throw OutputError(name_, "it cannot be read back: " + systemReason(errno));
+  return static_cast<std::size_t>(count);
+}
+
 void OutputFile::complete() {
   flush();
   buffer_.shrink_to_fit();

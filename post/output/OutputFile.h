@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <map>
 #include <memory>
@@ -46,6 +48,12 @@ class OutputFile final : public LineSink {
 
   /// Writes the line unchanged, and a line feed after it.
   void write(std::string_view line) override;
+
+  /// True for a file that appears whole; false for what is written directly.
+  [[nodiscard]] bool isBeside() const noexcept { return temporary_ != nullptr; }
+  /// Reads back what was written, from the file itself: at most `most` bytes from `offset` on, to
+  /// `to`. Returns how many; 0 at the end. Only for a file that isBeside and is not finished.
+  [[nodiscard]] std::size_t readBack(char* to, std::size_t most, std::uint64_t offset);
 
   /// Ends the text; nothing can be written afterwards.
   void complete();

@@ -3,8 +3,9 @@
 // succeed, all after them fail with the number ERROR. With a negative number they succeed, and the
 // first of them raises the signal -ERROR.
 //
-// CALL is fsync (SUBJECT: folder or file), open (SUBJECT: how the path ends) or fread (SUBJECT is
-// empty; it fails with EBADF).
+// CALL is fsync (SUBJECT: folder or file), open (SUBJECT: how the path ends), fread (SUBJECT is
+// empty; it fails with EBADF) or pread (SUBJECT is empty). With damage (SUBJECT is empty) the byte
+// at the place CALLS of a file is read as another one: its lowest bit is changed.
 
 #include <dlfcn.h>
 #include <fcntl.h>
@@ -120,6 +121,15 @@ size_t fread(void* bytes, size_t size, size_t count, FILE* file) {
   }
   static const auto real = next<size_t (*)(void*, size_t, size_t, FILE*)>("fread");
   return real(bytes, size, count, file);
+}
+
+ssize_t pread(int descriptor, void* bytes, size_t most, off_t offset) {
+  if (isMeant("pread") && fails()) return -1;
+  static const auto real = next<ssize_t (*)(int, void*, size_t, off_t)>("pread");
+  const ssize_t count = real(descriptor, bytes, most, offset);
+  const off_t at = isMeant("damage") ? fault.calls - offset : -1;
+  if (at >= 0 && at < count) static_cast<char*>(bytes)[at] ^= 1;
+  return count;
 }
 
 int fdatasync(int descriptor) { return fsync(descriptor); }

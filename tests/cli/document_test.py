@@ -439,7 +439,7 @@ class Jobs(DocumentTest):
             done,
             0,
             self.APT,
-            "job: 3 elements, 3 lines\nstandard output: written\n",
+            "job: 3 elements, 3 lines\n  not verified\nstandard output: written\n",
         )
 
     def test_header_names_the_document_from_the_folder_of_the_job(self):

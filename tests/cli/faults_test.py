@@ -5,7 +5,7 @@ import json
 import os
 
 import program
-from program import APT, JOB, REPORT
+from program import APT, JOB, REPORT, VERIFIED
 
 FULL = "standard output cannot be written: No space left on device\n"
 DOUBT = "is written, but its place on the disk is not certain: Input/output error\n"
@@ -23,7 +23,7 @@ class PlaceOfText(program.ProgramTest):
 
     def test_text_in_a_folder_that_is_not_synchronised_is_written(self):
         done = self.run_with_fault(FOLDER_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt")
-        self.check(done, 5, "", f"{REPORT}apt: written\nppword: error: apt {DOUBT}")
+        self.check(done, 5, "", f"{REPORT}{VERIFIED}apt: written\nppword: error: apt {DOUBT}")
         self.assertEqual((self.files(), self.read("apt")), (["apt", "job"], APT))
 
     def test_programs_get_the_reason(self):
@@ -45,7 +45,7 @@ class PlaceOfText(program.ProgramTest):
             FOLDER_IS_NOT_SYNCHRONISED, "post", "job", "-o", "apt", "--map", "map"
         )
         doubts = f"ppword: error: apt {DOUBT}ppword: error: map {DOUBT}"
-        self.check(done, 5, "", f"{REPORT}apt: written\n{doubts}")
+        self.check(done, 5, "", f"{REPORT}{VERIFIED}apt: written\n{doubts}")
         self.assertEqual(self.files(), ["apt", "job", "map"])
 
     def test_text_that_is_not_synchronised_leaves_the_old_file(self):

@@ -198,7 +198,7 @@ class Jobs(program.ProgramTest):
             done,
             0,
             APT,
-            REPORT.replace("job:", "standard input:") + "standard output: written\n",
+            REPORT.replace("job:", "standard input:") + "  not verified\nstandard output: written\n",
         )
 
     def test_error_in_a_pipe_has_no_source_line(self):

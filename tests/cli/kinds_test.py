@@ -85,7 +85,7 @@ class Kinds(program.ProgramTest):
         self.write("tilt", JOB.replace('"NC_TOOL_CHANGE"', axis))
         done = self.run_program("post", "--strict", "tilt")
         self.assertEqual((done.returncode, done.stdout), (1, ""))
-        self.assertIn("standard output: not written: 1 finding is refused\n", done.stderr)
+        self.assertIn("  not verified\nstandard output: not written: 1 finding is refused\n", done.stderr)
         self.assertIn(
             "  WARNING: values that no machine can mean: axis (in line 2)\n",
             done.stderr,

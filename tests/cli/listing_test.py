@@ -55,6 +55,7 @@ class Listings(program.ProgramTest):
             "canon: 2 elements, 2 lines\n"
             "  WARNING: comments written as statements: 2; use --comments none, or\n"
             "    a table: *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, PPRINT %MFG_OUTPUT_COMMENT\n"
+            "  verified: 2 statements, 0 of them the table's own\n"
             "text: not written: 2 findings are refused\n",
         )
         self.assertEqual(self.posted("--strict", "--allow=bare-comment"), ["FROM/0,0,5", "B"])
@@ -146,6 +147,7 @@ class Listings(program.ProgramTest):
             "  moves: STRAIGHT_FEED 2\n"
             "  positions in millimetres\n"
             "  positions in the coordinate system of the first move\n"
+            "  verified: 2 statements, 0 of them the table's own\n"
             "text: written\n",
         )
 

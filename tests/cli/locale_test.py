@@ -28,7 +28,7 @@ class DecimalComma(program.ProgramTest):
     def test_text_and_report_are_the_same(self):
         self.write("job", JOB)
         done = self.run_program("post", "job", env=self.environment)
-        self.check(done, 0, APT, REPORT + "standard output: written\n")
+        self.check(done, 0, APT, REPORT + "  not verified\nstandard output: written\n")
 
     def test_formats_of_a_table_print_points(self):
         self.write("job", JOB)

@@ -7,7 +7,7 @@ import subprocess
 import time
 
 import program
-from program import APT, JOB, TABLE
+from program import APT, JOB, TABLE, VERIFIED
 
 RESOURCE = ',"resource":{"name":"M","table":"part0.apt"}}\n'
 END = "ppword post: {}\nTry 'ppword post --help'.\n"
@@ -43,7 +43,7 @@ class Texts(ManyJobs):
         names = self.write_jobs(3)
         done = self.post(*names)
         reports = "".join(
-            f"part{n}.jsonl: 2 elements, 2 lines\nout/part{n}.apt: written\n" for n in range(3)
+            f"part{n}.jsonl: 2 elements, 2 lines\n{VERIFIED}out/part{n}.apt: written\n" for n in range(3)
         )
         totals = "3 jobs: 3 written, 0 not written; 6 elements, 6 lines\n"
         self.check(done, 0, "", reports + totals)

@@ -159,6 +159,10 @@ class Records(Map):
         self.write("table", "*START_NC_COMMAND NC_A\nPPRINT/%MFG_NONE\n*END\n")
         self.write("job", HEADER + '{"nc":"NC_A"}\n{"nc":"NC_RAPID"}\n' + END)
         arguments = ("post", "job", "-t", "table", "-o", "text", "--map", "map")
+        # A reader takes the second line for another statement.
+        self.assertEqual(self.run_program(*arguments, **setting).returncode, 1)
+        self.assertEqual(self.files(), ["job", "table"])
+        arguments += ("--no-verify",)
         self.assertEqual(self.run_program(*arguments, **setting).returncode, 0)
         self.assertEqual(self.read("text"), "PPRINT/A\nB\nRAPID\n")
         lines = [(each["line"], each["syntax"], each["element"]["line"]) for each in self.mapped()[1]]

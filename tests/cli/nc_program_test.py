@@ -80,7 +80,7 @@ class Programs(NcProgramTest):
             "part.ngc: 6 elements, 8 lines\n"
             "  moves: STRAIGHT_TRAVERSE 1, STRAIGHT_FEED 1\n"
             "  positions in millimetres\n"
-            "standard output: written\n"
+            "  not verified\nstandard output: written\n"
         )
         self.check(done, 0, text, report)
 

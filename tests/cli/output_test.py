@@ -6,7 +6,7 @@ import subprocess
 import unittest
 
 import program
-from program import APT, JOB, LACKING_JOB, REPORT
+from program import APT, JOB, LACKING_JOB, REPORT, VERIFIED
 
 CLOSED = "ppword: error: standard output cannot be written: Bad file descriptor\n"
 
@@ -51,7 +51,7 @@ class StandardOutput(program.ProgramTest):
         done = self.run_program(
             "post", "job", "-o", "apt", stdout=None, preexec_fn=close_descriptor(1)
         )
-        self.check(done, 0, "", REPORT + "apt: written\n")
+        self.check(done, 0, "", REPORT + VERIFIED + "apt: written\n")
         self.assertEqual(self.read("apt"), APT)
 
     def test_json_to_a_full_device_gives_3(self):
@@ -74,7 +74,7 @@ class FileBehindTheStandardOutput(program.ProgramTest):
         return done
 
     def test_text_goes_behind_what_stands_there(self):
-        self.check(self.post(JOB), 0, "", REPORT + "/dev/stdout: written\n")
+        self.check(self.post(JOB), 0, "", REPORT + "  not verified\n/dev/stdout: written\n")
         self.assertEqual(self.read("log"), "before\n" + APT + "behind\n")
 
     def test_lacking_text_does_not_reach_it(self):
@@ -127,7 +127,7 @@ class OutputFile(program.ProgramTest):
 
     def test_text_is_written_whole(self):
         done = self.run_program("post", "job", "-o", "apt")
-        self.check(done, 0, "", REPORT + "apt: written\n")
+        self.check(done, 0, "", REPORT + VERIFIED + "apt: written\n")
         self.assertEqual((self.files(), self.read("apt")), (["apt", "job"], APT))
 
     def test_device_that_is_full_gives_3(self):
@@ -219,13 +219,13 @@ class WriteProtected(WriteProtectedTest):
     def test_force_replaces_it_and_its_mode_stays(self):
         self.set_rights("apt", 0o444)
         done = self.run_program("post", "job", "-o", "apt", "--force")
-        self.check(done, 0, "", REPORT + "apt: written\n")
+        self.check(done, 0, "", REPORT + VERIFIED + "apt: written\n")
         self.assertEqual((self.read("apt"), self.rights("apt")[0]), (APT, 0o444))
 
     def test_force_does_not_matter_for_other_files(self):
         for name in ("apt", "new"):
             done = self.run_program("post", "job", "-o", name, "--force")
-            self.check(done, 0, "", REPORT + f"{name}: written\n")
+            self.check(done, 0, "", REPORT + VERIFIED + f"{name}: written\n")
         self.assertEqual((self.read("apt"), self.read("new")), (APT, APT))
 
     def test_map_that_no_one_may_write_is_refused(self):
@@ -295,19 +295,19 @@ class Strict(program.ProgramTest):
     def test_lacking_text_is_written_without_strict(self):
         self.write("job", LACKING_JOB)
         done = self.run_program("post", "job")
-        self.check(done, 0, APT + "CYCLE/REAM,,\n", self.LACKING + "standard output: written\n")
+        self.check(done, 0, APT + "CYCLE/REAM,,\n", self.LACKING + "  not verified\nstandard output: written\n")
 
     def test_lacking_text_makes_no_file(self):
         self.write("job", LACKING_JOB)
         done = self.run_program("post", "--strict", "job", "-o", "apt")
-        why = "apt: not written: 2 pieces of the text would be missing\n"
+        why = VERIFIED.replace("2", "3") + "apt: not written: 2 pieces of the text would be missing\n"
         self.check(done, 1, "", self.LACKING + why)
         self.assertEqual(self.files(), ["job"])
 
     def test_lacking_text_does_not_reach_the_standard_output(self):
         self.write("job", LACKING_JOB)
         done = self.run_program("post", "--strict", "job")
-        why = "standard output: not written: 2 pieces of the text would be missing\n"
+        why = "  not verified\nstandard output: not written: 2 pieces of the text would be missing\n"
         self.check(done, 1, "", self.LACKING + why)
 
     def test_lacking_text_does_not_reach_a_device(self):
@@ -319,7 +319,7 @@ class Strict(program.ProgramTest):
     def test_whole_text_is_written(self):
         self.write("job", JOB)
         done = self.run_program("post", "--strict", "job")
-        self.check(done, 0, APT, REPORT + "standard output: written\n")
+        self.check(done, 0, APT, REPORT + "  not verified\nstandard output: written\n")
 
     def test_whole_text_to_a_full_device_gives_3(self):
         self.write("job", JOB)

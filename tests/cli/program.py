@@ -21,6 +21,7 @@ APT = (
     "GOTO/    4.00000,    5.00000,    6.00000\n"
 )
 REPORT = "job: 2 elements, 2 lines\n"
+VERIFIED = "  verified: 2 statements, 0 of them the table's own\n"
 LACKING_JOB = JOB.replace('{"end"', '{"nc":"NC_REAMING"}\n{"end"')
 TABLE = "*START_SYNTAXES\nRAPID\n*END\n"
 

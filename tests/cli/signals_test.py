@@ -8,7 +8,7 @@ import signal
 import socket
 
 import program
-from program import APT, JOB, REPORT
+from program import APT, JOB, REPORT, VERIFIED
 
 ENDING = (signal.SIGHUP, signal.SIGINT, signal.SIGTERM, signal.SIGQUIT)
 HOST = re.sub("[^A-Za-z0-9]", "_", socket.gethostname())
@@ -66,7 +66,7 @@ class LeftOvers(program.ProgramTest):
         self.write("job", JOB)
 
     def post(self):
-        self.check(self.run_program("post", "job", "-o", "apt"), 0, "", REPORT + "apt: written\n")
+        self.check(self.run_program("post", "job", "-o", "apt"), 0, "", REPORT + VERIFIED + "apt: written\n")
 
     def left_by_kill(self):
         with self.begun("post", "-", "-o", "apt") as process:

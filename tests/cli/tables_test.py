@@ -25,7 +25,7 @@ def report(table):
     return (
         "job: 2 elements, 2 lines\n"
         + table
-        + "standard output: written\n"
+        + "  not verified\nstandard output: written\n"
     )
 
 

@@ -1,5 +1,7 @@
 #include "tests/verify/WrittenTexts.h"
 
+#include <gtest/gtest.h>
+
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -11,7 +13,7 @@
 #include "post/listing/Vocabulary.h"
 #include "post/toolpath/LineReader.h"
 #include "tests/support/InputFile.h"
-#include "tools/ppword/Contents.h"
+#include "tools/ppword/ReaderWords.h"
 #include "verify/StatementReader.h"
 
 namespace {
@@ -48,6 +50,7 @@ void load(host::Document& document, const std::string& table) {
 void write(const KEPVar<host::Document>& document, host::ToolPathReader& reader,
            WrittenText& written) {
   written.document = documentWords(*document);
+  written.angleFactor = currentAngleFactor();
   StoredEvents events(reader, written.events);
   TextLines lines;
   host::Generator generator(document, written.name, lines);
@@ -109,12 +112,13 @@ WrittenText writeJob(std::string_view lines, std::string_view table) {
   return writeJobFile(job.path(), file.path());
 }
 
-std::string comparisonOf(const WrittenText& written, std::string_view text,
+namespace {
+
+std::string comparisonOf(const WrittenText& written, verify::StatementReader& reader,
                          const verify::Words& words) {
-  verify::StatementReader reader(verify::bytesOf(text), words, [](const verify::Finding&) {});
-  verify::Comparison comparison(written.document, words, [&](verify::Statement& statement) {
-    return reader.next(statement);
-  });
+  verify::Comparison comparison(
+      written.document, words, [&](verify::Statement& statement) { return reader.next(statement); },
+      written.angleFactor);
   for (const host::ToolPathEvent& event : written.events) {
     if (!comparison.put(event)) break;
   }
@@ -131,6 +135,17 @@ std::string comparisonOf(const WrittenText& written, std::string_view text,
   }
   return result + shown("not verified", comparison.notVerified()) +
          shown("left out", comparison.leftOut()) + shown("other point", comparison.otherPoints());
+}
+
+}  // namespace
+
+std::string comparisonOf(const WrittenText& written, std::string_view text,
+                         const verify::Words& words) {
+  verify::StatementReader reader(verify::bytesOf(text), words, [](const verify::Finding&) {});
+  verify::StatementReader quick(verify::bytesOf(text), words);
+  const std::string result = comparisonOf(written, reader, words);
+  EXPECT_EQ(comparisonOf(written, quick, words), result);
+  return result;
 }
 
 bool agrees(const WrittenText& written, std::string_view text) {

@@ -214,6 +214,9 @@ void addPost(CLI::App& command, PostOptions& options) {
   command.add_flag("--force", options.force, "Replace an output or a map that is write-protected");
   addStrictness(command, options.strictness,
                 "Write nothing and exit with 1 when anything, or these, is missing");
+  command.add_flag_function(
+      "--no-verify", [&options](std::int64_t /*count*/) { options.verifies = false; },
+      "Do not read the text back");
   addFile(command, "--output-dir", options.outputFolder, "Write the text of each JOB into DIR",
           "DIR");
   command.add_option("-j,--jobs", options.processes, "How many processes post: 1")

@@ -156,6 +156,8 @@ struct PostOptions : ToolPathOptions {
   std::string profile;
   /// True to write the listing of an NC program instead of the text.
   bool listing = false;
+  /// True to read the text back and compare it with its tool path.
+  bool verifies = true;
   /// True to replace a write-protected output or map.
   bool force = false;
   StrictnessOptions strictness;

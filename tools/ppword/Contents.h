@@ -10,7 +10,6 @@
 #include "host/modeler/Document.h"
 #include "language/table/TableEntries.h"
 #include "tools/ppword/Commands.h"
-#include "verify/DocumentWords.h"
 
 using Lines = std::vector<std::string>;
 
@@ -64,10 +63,6 @@ struct Contents {
 
 /// What a document holds.
 [[nodiscard]] Contents documentContents(const host::Document& document);
-
-/// The lines, words and PP commands of a document as plain texts, and the settings that a text is
-/// written with: what a reader of the text compares it with.
-[[nodiscard]] verify::DocumentWords documentWords(const host::Document& document);
 
 /// One section for people, under a heading; an empty name means all sections that have entries.
 [[nodiscard]] std::string contentsText(const Contents& contents, std::string_view section);

@@ -4,6 +4,7 @@
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "tools/ppword/Contents.h"
+#include "tools/ppword/ReaderWords.h"
 
 namespace {
 
@@ -25,9 +26,14 @@ verify::DocumentWords documentWords(const host::Document& document) {
   for (const PPCommandEntry& entry : contents.ppCommands.value_or(PPCommandEntries())) {
     words.ppCommands.emplace_back(entry.name.value_or(""), entry.sequence.value_or(1));
   }
-  const auto generation = KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData();
-  if (generation) generation->GetAngleFactor(words.angleFactor);
   const char* const unevaluated = std::getenv("MFG_UNEVALUATED_PPPARAMETER");
   if (unevaluated != nullptr) words.unevaluated = unevaluated;
   return words;
+}
+
+double currentAngleFactor() {
+  double factor = 1.0;
+  const auto generation = KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData();
+  if (generation) generation->GetAngleFactor(factor);
+  return factor;
 }

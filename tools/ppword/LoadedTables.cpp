@@ -1,6 +1,7 @@
 #include "tools/ppword/LoadedTables.h"
 
 #include "host/system/ListenerScope.h"
+#include "tools/ppword/ReaderWords.h"
 #include "tools/ppword/Refusal.h"
 
 namespace {
@@ -35,6 +36,13 @@ KEPVar<host::Document> LoadedTables::documentWith(const std::string& documentFil
     }
   }
   return host::copyOf(*known->second.document);
+}
+
+std::shared_ptr<const ReaderWords> LoadedTables::readerWords(const std::string& documentFile,
+                                                             const std::string& table) {
+  Loaded& loaded = loaded_.at({documentFile, table});
+  if (!loaded.words) loaded.words = std::make_shared<ReaderWords>(*loaded.document, table);
+  return loaded.words;
 }
 
 LoadedTables::Loaded LoadedTables::load(const std::string& documentFile, const std::string& table) {

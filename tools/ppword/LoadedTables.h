@@ -1,12 +1,15 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "host/modeler/Document.h"
+
+struct ReaderWords;
 
 /// The documents of a run of many jobs: each document file is opened once, each table loaded once
 /// over it, and every job gets a copy.
@@ -17,6 +20,9 @@ class LoadedTables {
   /// listener of the session, as if it were loaded now. Raises what opening and loading raise.
   [[nodiscard]] KEPVar<host::Document> documentWith(const std::string& documentFile,
                                                     const std::string& table);
+  /// What the texts of such a document, which was asked for, are read back with.
+  [[nodiscard]] std::shared_ptr<const ReaderWords> readerWords(const std::string& documentFile,
+                                                               const std::string& table);
 
  private:
   struct Entry {
@@ -28,6 +34,8 @@ class LoadedTables {
   struct Loaded {
     KEPVar<host::Document> document;
     std::vector<Entry> entries;
+    /// Null until they are asked for.
+    std::shared_ptr<const ReaderWords> words;
   };
   class Recorder;
 

@@ -41,6 +41,10 @@ inline constexpr std::string_view kMachineCoordinates = "machine-coordinates";
 inline constexpr std::string_view kTableEntry = "table-entry";
 inline constexpr std::string_view kBuiltIn = "built-in-lines";
 inline constexpr std::string_view kChords = "arc-as-chords";
+// The kinds of verify, for a text that is read back.
+inline constexpr std::string_view kNotVerified = "not-verified";
+inline constexpr std::string_view kOtherPoint = "other-point";
+inline constexpr std::string_view kLeftOut = "left-out";
 // The kind of the lint, for lines that are put out.
 inline constexpr std::string_view kWideLine = "wide-line";
 

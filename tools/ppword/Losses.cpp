@@ -5,6 +5,7 @@
 
 #include "inspect/diagnostics/Diagnostic.h"
 #include "tools/ppword/Kinds.h"
+#include "verify/Comparison.h"
 
 namespace {
 
@@ -80,11 +81,33 @@ Counts replacedCharacters(const PostReport& report) {
   return counts;
 }
 
+using SightingsOf = const verify::Comparison::Sightings& (verify::Comparison::*)() const;
+
+// What the text that was read back showed.
+Counts readBack(std::string_view opening, std::string_view key, const PostReport& report,
+                SightingsOf sightings) {
+  Counts counts{opening, key, {}};
+  if (report.comparison == nullptr) return counts;
+  for (const auto& [name, seen] : (report.comparison->*sightings)()) {
+    const verify::InputPlace& first = seen.first;
+    counts.all.push_back({host::terminalSafe(name), seen.count, placeText(first.line, first.file),
+                          first.line, first.file});
+  }
+  return counts;
+}
+
 // A consumer's lines are never wider than it takes.
 Counts wideLines(const PostReport& report) {
   constexpr std::string_view kOpening = "NOTE: lines wider than 72 columns";
   if (report.consumer != nullptr) return {kOpening, kWideLine, {}};
   return countsOf(kOpening, kWideLine, report.summary.wide);
+}
+
+// A text that was not read back counts as one, and is refused only where it is named.
+Counts notVerified(const PostReport& report) {
+  if (report.comparison == nullptr) return {"NOTE: not verified", kNotVerified, {}, 1};
+  return readBack("WARNING: not verified", kNotVerified, report,
+                  &verify::Comparison::notVerified);
 }
 
 Counts missing(Counts counts) {
@@ -122,7 +145,11 @@ std::vector<Counts> findingsOf(const PostReport& report) {
       missing(replacedCharacters(report)),
       bareComments(report),
       missing({"", kTableEntry, {}, report.missingEntries}),
+      notVerified(report),
+      readBack("WARNING: another point than stated", kOtherPoint, report,
+               &verify::Comparison::otherPoints),
       builtInLines(report),
+      readBack("NOTE: left out by the table", kLeftOut, report, &verify::Comparison::leftOut),
       callsOf("NOTE: arcs written as chords", kChords, report, CallFate::Chords),
       wideLines(report)};
 }

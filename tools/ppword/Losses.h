@@ -11,6 +11,10 @@
 #include "post/program/ProgramCopy.h"
 #include "tools/ppword/PostTable.h"
 
+namespace verify {
+class Comparison;
+}
+
 /// What a run made, for its report.
 struct PostReport {
   const host::Summary& summary;
@@ -22,6 +26,8 @@ struct PostReport {
   /// The words of an NC program that move in unknown machine coordinates; null for another tool
   /// path.
   const std::vector<host::MachineWord>* machineWords;
+  /// The text, read back, with the tool path; null for a text that was not read back.
+  const verify::Comparison* comparison;
   /// Where the text went; empty for the standard output.
   std::string output;
   /// Null without a profile.

@@ -12,6 +12,7 @@
 #include "post/listing/ListingReader.h"
 #include "post/text/FoldedLines.h"
 #include "tools/ppword/Losses.h"
+#include "tools/ppword/VerifyReport.h"
 
 namespace {
 
@@ -22,7 +23,7 @@ std::string number(long count, std::string_view singular) {
   return std::to_string(count) + ' ' + std::string(singular) + (count == 1 ? "" : "s");
 }
 
-constexpr std::size_t kMostLines = 8;
+constexpr std::size_t kMostLines = 10;
 
 // A line of at most so many columns.
 std::string shortened(std::string text, std::size_t most) {
@@ -153,9 +154,35 @@ Json callsJson(const host::CallCounts& calls) {
   return array;
 }
 
+// Why a text is refused that is not what the input says.
+constexpr std::string_view kDiffers =
+    "the text, read back, is not what the input says; --no-verify writes it unread";
+
+bool differs(const PostReport& report) {
+  return report.comparison != nullptr && report.comparison->difference();
+}
+
 // What is said of the end of an NC program that has none.
 constexpr std::string_view kAddedEnd =
     "  NOTE: the program has no M2 or M30; it was run with M2 as its last line";
+
+std::string verifiedText(const verify::Comparison* comparison) {
+  if (comparison == nullptr) return "  not verified\n";
+  return "  verified: " + number(comparison->verified(), "statement") + ", " +
+         std::to_string(comparison->ownOfTable()) + " of them the table's own" +
+         (comparison->difference() ? "; the next one differs\n" : "\n");
+}
+
+Json verifiedJson(const verify::Comparison* comparison) {
+  if (comparison == nullptr) return nullptr;
+  return {{"agrees", !comparison->difference()},
+          {"elements", comparison->elements()},
+          {"statements", comparison->verified()},
+          {"ownOfTable", comparison->ownOfTable()},
+          {"notVerified", sightingsJson(comparison->notVerified())},
+          {"otherPoints", sightingsJson(comparison->otherPoints())},
+          {"leftOut", sightingsJson(comparison->leftOut())}};
+}
 
 std::string outcomeText(const PostReport& report, std::string_view refusal) {
   const std::string output = report.output.empty() ? "standard output" : report.output;
@@ -180,7 +207,7 @@ std::string refusalOf(const PostReport& report, const Strictness& strictness) {
     count += found;
     isMissing = isMissing && finding.isMissing;
   }
-  if (count == 0) return {};
+  if (count == 0) return differs(report) ? std::string(kDiffers) : std::string();
   return isMissing ? number(count, "piece") + " of the text would be missing"
                    : number(count, "finding") + (count == 1 ? " is" : " are") + " refused";
 }
@@ -208,14 +235,14 @@ std::string reportText(const PostReport& report, std::string_view refusal, bool 
     }
   }
   if (report.listing != nullptr && report.listing->endWasAdded()) lines.emplace_back(kAddedEnd);
-  if (!verbose) limit(lines, kMostLines - std::min(linesSoFar + 1, kMostLines - 2));
+  if (!verbose) limit(lines, kMostLines - std::min(linesSoFar + 2, kMostLines - 2));
   for (const std::string& line : lines) text += line + '\n';
   if (verbose) {
     for (const auto& all : {detailsOf(report), findings}) {
       for (const Counts& counts : all) text += counts.all.empty() ? "" : countsTable(counts);
     }
   }
-  return text + outcomeText(report, refusal);
+  return text + verifiedText(report.comparison) + outcomeText(report, refusal);
 }
 
 Json reportJson(const PostReport& report, bool written) {
@@ -237,7 +264,8 @@ Json reportJson(const PostReport& report, bool written) {
             {"impossible", tallyJson(summary.impossible, false)},
             {"misspelt", tallyJson(summary.misspelt, false)},
             {"wide", tallyJson(summary.wide, false)},
-            {"tableEntriesNotLoaded", report.missingEntries}};
+            {"tableEntriesNotLoaded", report.missingEntries},
+            {"verified", verifiedJson(report.comparison)}};
   if (report.listing == nullptr) return json;
   if (const auto unit = report.listing->unit()) {
     json["unit"] = host::pluralOf(*unit);

@@ -16,7 +16,7 @@
 /// What a run does not accept, and so is not written; empty when it is.
 [[nodiscard]] std::string refusalOf(const PostReport& report, const Strictness& strictness);
 
-/// At most eight lines of 80 columns, but paths are whole; with `verbose` all that was counted, one
+/// At most ten lines of 80 columns, but paths are whole; with `verbose` all that was counted, one
 /// name a line. `refusal`: empty for a text that is written.
 [[nodiscard]] std::string reportText(const PostReport& report, std::string_view refusal,
                                      bool verbose);

@@ -2,6 +2,7 @@
 
 #include <nlohmann/json.hpp>
 #include <utility>
+#include <vector>
 
 #include "host/system/FileBeside.h"
 #include "host/system/ListenerScope.h"
@@ -15,6 +16,7 @@
 #include "tools/ppword/PostMap.h"
 #include "tools/ppword/PostReport.h"
 #include "tools/ppword/Progress.h"
+#include "tools/ppword/ReadBack.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/ToolPathInput.h"
@@ -42,11 +44,23 @@ std::unique_ptr<host::ConsumerLines> consumerOf(const PostOptions& options,
                                                input.textWords(), text);
 }
 
+// Null for a text that is not read back.
+std::unique_ptr<ReadBack> readBackOf(const PostOptions& options, ToolPathInput& input,
+                                     PostOutput& output) {
+  if (!options.verifies || !output.file().isBeside()) return nullptr;
+  return std::make_unique<ReadBack>(input, output.file());
+}
+
 // Writes the text to `sink`, and its map if there is one.
-host::Summary write(ToolPathInput& input, PostMap* map, host::LineSink& sink, bool showsProgress) {
+host::Summary write(ToolPathInput& input, PostMap* map, host::LineSink& sink, ReadBack* readBack,
+                    bool showsProgress) {
   host::Generator generator(input.document(), input.name(), sink, map);
   Progress progress(input.events(), showsProgress);
-  generator.run(progress);
+  if (readBack != nullptr) {
+    readBack->run(generator, progress);
+  } else {
+    generator.run(progress);
+  }
   return generator.summary();
 }
 
@@ -97,6 +111,16 @@ void report(const PostOptions& options, const PostReport& report, std::string_vi
   if (options.verbose) outcome.report["load"] = load.json(document);
 }
 
+// Adds both places of a difference.
+void addPlaces(const std::vector<host::Diagnostic>& places, PostOutcome& outcome) {
+  std::string text;
+  for (const host::Diagnostic& place : places) {
+    text += host::diagnosticText(place, showsColours());
+    outcome.report["diagnostics"].push_back(diagnosticJson(place));
+  }
+  outcome.text.insert(0, text);
+}
+
 PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Placing& place) {
   ToolPathInput input(options, tables);
   LoadReport load;
@@ -106,16 +130,18 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict(),
                                              protectionOf(options.force));
   const auto map = mapOf(options, input, origins, *output);
+  const auto readBack = readBackOf(options, input, *output);
   const bool isAlone = tables == nullptr;
   host::LineSink& text = map ? *map : output->lines();
   const auto consumer = consumerOf(options, input, text);
-  const host::Summary summary = write(input, map.get(), consumer ? *consumer : text,
+  const host::Summary summary = write(input, map.get(), consumer ? *consumer : text, readBack.get(),
                                       isAlone && showsProgress(options.format));
   const PostReport made{summary,
                         input.listing(),
                         load.missing(),
                         input.table(),
                         input.isProgram() ? &input.machineWords() : nullptr,
+                        readBack ? &readBack->comparison() : nullptr,
                         options.output,
                         consumer.get(),
                         builtIn(summary, input, load)};
@@ -124,6 +150,7 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   outcome.elements = summary.elements;
   outcome.lines = summary.lines;
   report(options, made, refusal, load, *input.document(), outcome);
+  if (readBack) addPlaces(readBack->places(), outcome);
   if (refusal.empty()) {
     place(std::move(output), map.get(), outcome);
   } else {

@@ -10,6 +10,7 @@
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Contents.h"
 #include "tools/ppword/LoadedTables.h"
+#include "tools/ppword/ReaderWords.h"
 #include "tools/ppword/Reading.h"
 #include "tools/ppword/Refusal.h"
 
@@ -44,17 +45,6 @@ std::optional<Lines> linesOf(const host::Document& document, std::string_view in
 /// them.
 bool hasOwn(const host::Document& document, std::string_view instruction) {
   return linesOf(document, instruction) != linesOf(*host::newDocument(), instruction);
-}
-
-/// The major words with text of a table.
-std::vector<std::string> textWordsOf(const std::string& table) {
-  constexpr int kWithText = 2;
-  std::vector<std::string> words;
-  const Contents contents = tableContents(table, "words");
-  for (const AptWord& word : contents.words.value_or(std::vector<AptWord>{})) {
-    if (word.kind == kWithText) words.push_back(word.word);
-  }
-  return words;
 }
 
 /// The tool table that an option names; null without one.
@@ -157,6 +147,11 @@ void ToolPathInput::setUp(host::TableWords words) {
 
 std::vector<std::string> ToolPathInput::textWords() const {
   return table_.path.empty() ? std::vector<std::string>{} : textWordsOf(table_.path);
+}
+
+std::shared_ptr<const ReaderWords> ToolPathInput::readerWords() const {
+  if (tables_ != nullptr) return tables_->readerWords(documentFile(), table_.path);
+  return std::make_shared<ReaderWords>(*document_, table_.path);
 }
 
 host::ToolPathReader& ToolPathInput::events() {

@@ -16,6 +16,7 @@
 #include "tools/ppword/PostTable.h"
 
 class LoadedTables;
+struct ReaderWords;
 
 /// The tool path of a run, a job, a listing or an NC program, with the document and the table that
 /// its text is written with.
@@ -42,6 +43,8 @@ class ToolPathInput {
   [[nodiscard]] host::ProgramListing list();
 
   [[nodiscard]] const KEPVar<host::Document>& document() const noexcept { return document_; }
+  /// What its text is read back with.
+  [[nodiscard]] std::shared_ptr<const ReaderWords> readerWords() const;
   [[nodiscard]] host::ToolPathReader& events();
   [[nodiscard]] const PostTable& table() const noexcept { return table_; }
   /// Null for other tool paths than jobs.

@@ -9,8 +9,9 @@
 #include "inspect/diagnostics/InputDiagnostic.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Commands.h"
-#include "tools/ppword/Contents.h"
 #include "tools/ppword/Kinds.h"
+#include "tools/ppword/ReadBack.h"
+#include "tools/ppword/ReaderWords.h"
 #include "tools/ppword/Refusal.h"
 #include "tools/ppword/StandardStreams.h"
 #include "tools/ppword/ToolPathInput.h"
@@ -54,16 +55,6 @@ class TextFile {
   std::string name_;
   int descriptor_;
 };
-
-// Major words of the table that texts follow are comments to the reader.
-void addTextWords(const std::string& table, verify::Words& words) {
-  constexpr int kWithText = 2;
-  const Contents contents = tableContents(table, "words");
-  for (const AptWord& word : contents.words.value_or(std::vector<AptWord>())) {
-    const bool isNew = word.kind == kWithText && words.find(word.word) == nullptr;
-    if (isNew) words.add(word.word, "PPRINT");
-  }
-}
 
 // Adds the words of a profile.
 void addProfile(const std::string& path, verify::Words& words) {
@@ -115,12 +106,11 @@ class ReadText {
 
 // Calls of a listing of which the text has nothing, or only a part.
 void noteCalls(const host::ListingReader& listing, verify::Comparison& comparison) {
-  constexpr std::string_view kCoolant[] = {"FLOOD_ON", "FLOOD_OFF", "MIST_ON", "MIST_OFF"};
+  noteCoolant(listing, comparison);
   for (const host::CallCount& call : listing.calls().all()) {
     using enum host::CallFate;
-    const bool isCoolant = std::ranges::find(kCoolant, call.name) != std::end(kCoolant);
-    const bool isLost = call.fate == Dropped || call.fate == UnsupportedMove ||
-                        call.fate == Unknown || (call.fate == Other && isCoolant);
+    const bool isLost =
+        call.fate == Dropped || call.fate == UnsupportedMove || call.fate == Unknown;
     if (isLost) comparison.noteLeftOut(call.name, {call.count, {call.firstLine, call.firstFile}});
   }
 }
@@ -132,9 +122,7 @@ void compare(ToolPathInput& input, verify::Comparison& comparison) {
     while (input.events().next(event) && comparison.put(event)) {
     }
   } catch (const verify::UnknownInstruction& unknown) {
-    const std::string& file = unknown.place.file;
-    throw host::InputError(file.empty() ? input.name() : file, unknown.place.line, 0,
-                           "this document has no NC instruction " + unknown.name);
+    refuseInstruction(unknown, input.name());
   }
   comparison.finish();
   if (input.listing() != nullptr) noteCalls(*input.listing(), comparison);
@@ -146,8 +134,9 @@ VerifyReport compared(const VerifyOptions& options) {
   const verify::DocumentWords document = documentWords(*input.document());
   const verify::Words words = readerWords(options, input.table().path);
   ReadText text(options.text, words);
-  verify::Comparison comparison(document, words,
-                                [&](verify::Statement& statement) { return text.next(statement); });
+  verify::Comparison comparison(
+      document, words, [&](verify::Statement& statement) { return text.next(statement); },
+      currentAngleFactor());
   compare(input, comparison);
   VerifyReport& report = text.finish();
   report.add(comparison, input.name());

@@ -40,10 +40,20 @@ host::Diagnostic placeInInput(const verify::Difference& difference, const std::s
   return place;
 }
 
+// What is in the text, and what the input has instead.
+verify::Finding findingOf(const verify::Difference& difference, long lines) {
+  const std::string found = difference.found.empty() ? "the end of the text" : difference.found;
+  const std::string due =
+      difference.expected.empty() ? "the input has ended" : "the input has " + difference.expected;
+  verify::Finding finding{verify::Rule::Difference, difference.text, 1, found + ", where " + due};
+  finding.line = difference.line;
+  if (finding.place.line == 0) finding.place.line = lines;
+  return finding;
+}
+
 }  // namespace
 
-void VerifyReport::add(const verify::Finding& finding, const std::string& file) {
-  if (++counts_[static_cast<std::size_t>(finding.rule)] > kMostOfAKind) return;
+host::Diagnostic diagnosticOf(const verify::Finding& finding, const std::string& file) {
   const verify::RuleRow& row = verify::rowOf(finding.rule);
   host::Diagnostic diagnostic;
   diagnostic.severity = severityOf(row.weight);
@@ -54,7 +64,29 @@ void VerifyReport::add(const verify::Finding& finding, const std::string& file) 
   diagnostic.key = row.key;
   diagnostic.message = verify::messageOf(finding);
   if (!finding.line.empty()) diagnostic.source = host::excerptOf(finding.line, diagnostic.column);
-  findings_.push_back(std::move(diagnostic));
+  return diagnostic;
+}
+
+std::vector<host::Diagnostic> diagnosticsOf(const verify::Difference& difference,
+                                            const std::string& text, long lines,
+                                            const std::string& input) {
+  std::vector<host::Diagnostic> places{diagnosticOf(findingOf(difference, lines), text)};
+  if (!difference.element.empty()) places.push_back(placeInInput(difference, input));
+  return places;
+}
+
+Json sightingsJson(const verify::Comparison::Sightings& sightings) {
+  Json array = Json::array();
+  for (const auto& [name, seen] : sightings) {
+    array.push_back(
+        {{"name", textJson(name)}, {"count", seen.count}, {"firstLine", seen.first.line}});
+  }
+  return array;
+}
+
+void VerifyReport::add(const verify::Finding& finding, const std::string& file) {
+  if (++counts_[static_cast<std::size_t>(finding.rule)] > kMostOfAKind) return;
+  findings_.push_back(diagnosticOf(finding, file));
 }
 
 void VerifyReport::count(const verify::Statement& statement, verify::EventKind kind) {
@@ -117,14 +149,10 @@ std::string VerifyReport::unknownText() const {
 }
 
 void VerifyReport::add(const verify::Difference& difference, const std::string& input) {
-  const std::string found = difference.found.empty() ? "the end of the text" : difference.found;
-  const std::string due =
-      difference.expected.empty() ? "the input has ended" : "the input has " + difference.expected;
-  verify::Finding finding{verify::Rule::Difference, difference.text, 1, found + ", where " + due};
-  finding.line = difference.line;
-  if (finding.place.line == 0) finding.place.line = lines_;
-  add(finding);
-  if (!difference.element.empty()) findings_.push_back(placeInInput(difference, input));
+  ++counts_[static_cast<std::size_t>(verify::Rule::Difference)];
+  for (host::Diagnostic& place : diagnosticsOf(difference, file_, lines_, input)) {
+    findings_.push_back(std::move(place));
+  }
 }
 
 void VerifyReport::add(verify::Rule rule, const verify::Comparison::Sightings& sightings,
@@ -164,18 +192,13 @@ std::string VerifyReport::againstText() const {
 }
 
 Json VerifyReport::againstJson() const {
-  const auto list = [](const verify::Comparison::Sightings& sightings) {
-    Json array = Json::array();
-    for (const auto& [name, seen] : sightings) {
-      array.push_back(
-          {{"name", textJson(name)}, {"count", seen.count}, {"firstLine", seen.first.line}});
-    }
-    return array;
-  };
-  return {{"file", textJson(against_->input)},  {"agrees", against_->agrees},
-          {"elements", against_->elements},     {"verified", against_->verified},
-          {"ownOfTable", against_->ownOfTable}, {"notVerified", list(against_->notVerified)},
-          {"leftOut", list(against_->leftOut)}};
+  return {{"file", textJson(against_->input)},
+          {"agrees", against_->agrees},
+          {"elements", against_->elements},
+          {"verified", against_->verified},
+          {"ownOfTable", against_->ownOfTable},
+          {"notVerified", sightingsJson(against_->notVerified)},
+          {"leftOut", sightingsJson(against_->leftOut)}};
 }
 
 // What of the findings is not shown.

@@ -15,6 +15,16 @@
 #include "verify/Rules.h"
 #include "verify/Words.h"
 
+/// A finding as it is shown; `file` is the one that its place is in.
+[[nodiscard]] host::Diagnostic diagnosticOf(const verify::Finding& finding,
+                                            const std::string& file);
+/// Both places of a difference between a text, of which so many lines were read, and an input.
+[[nodiscard]] std::vector<host::Diagnostic> diagnosticsOf(const verify::Difference& difference,
+                                                          const std::string& text, long lines,
+                                                          const std::string& input);
+/// For programs: name, count and firstLine of each.
+[[nodiscard]] Json sightingsJson(const verify::Comparison::Sightings& sightings);
+
 /// What was seen in a text, and what a reader of it would stumble over.
 class VerifyReport {
  public:

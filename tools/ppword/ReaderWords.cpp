@@ -1,0 +1,25 @@
+#include "tools/ppword/ReaderWords.h"
+
+#include "tools/ppword/Contents.h"
+
+ReaderWords::ReaderWords(const host::Document& content, const std::string& table)
+    : document(documentWords(content)) {
+  if (!table.empty()) addTextWords(table, words);
+}
+
+std::vector<std::string> textWordsOf(const std::string& path) {
+  constexpr int kWithText = 2;
+  std::vector<std::string> words;
+  const Contents contents = tableContents(path, "words");
+  for (const AptWord& word : contents.words.value_or(std::vector<AptWord>())) {
+    if (word.kind == kWithText) words.push_back(word.word);
+  }
+  return words;
+}
+
+// A word that has a meaning for the reader has it still.
+void addTextWords(const std::string& path, verify::Words& words) {
+  for (const std::string& word : textWordsOf(path)) {
+    if (words.find(word) == nullptr) words.add(word, "PPRINT");
+  }
+}

@@ -1,0 +1,132 @@
+#include "verify/ExpectedStatements.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace verify {
+namespace {
+
+using Part = ExpectedStatement::Part;
+
+bool isNoBlank(char c) { return c != ' ' && c != '\t'; }
+
+/// The last character that is printed, without blanks; 0 for none.
+char lastOf(const ExpectedStatement& statement) {
+  for (auto part = statement.parts.rbegin(); part != statement.parts.rend(); ++part) {
+    if (part->kind != Part::Kind::Literal) return '0';
+    const auto last = std::find_if(part->text.rbegin(), part->text.rend(), isNoBlank);
+    if (last != part->text.rend()) return *last;
+  }
+  return '\0';
+}
+
+char firstOf(const ExpectedStatement& statement) {
+  for (const Part& part : statement.parts) {
+    if (part.kind != Part::Kind::Literal) return '0';
+    const auto first = std::ranges::find_if(part.text, isNoBlank);
+    if (first != part.text.end()) return *first;
+  }
+  return '\0';
+}
+
+/// An empty line is not a statement.
+bool isEmpty(const ExpectedStatement& statement) { return firstOf(statement) == '\0'; }
+
+bool hasSlash(const ExpectedStatement& statement) {
+  return std::ranges::any_of(
+      statement.parts, [](const Part& part) { return part.text.find('/') != std::string::npos; });
+}
+
+/// True when the engine writes a $ between a line that ends with a character and the next one.
+bool isContinued(char last, const ExpectedStatement& next) {
+  return (last == ',' || firstOf(next) == ',') && !hasSlash(next);
+}
+
+Part partOf(const Value& value, bool isWord, const DocumentWords& words) {
+  if (value.kind == Value::Kind::Number) return {Part::Kind::Number, {}, value.number};
+  if (value.kind == Value::Kind::Absent) return {Part::Kind::Literal, words.unevaluated};
+  // References in the value of a word are replaced too.
+  const bool isFollowed =
+      value.kind == Value::Kind::Text && !(isWord && value.text.find('%') != std::string::npos);
+  return isFollowed ? Part{Part::Kind::Literal, value.text} : Part{Part::Kind::Anything};
+}
+
+Part partOf(const Piece& piece, const InputValues& values, const DocumentWords& words) {
+  if (piece.kind == Piece::Kind::Literal) return {Part::Kind::Literal, piece.text};
+  if (const double* const number = values.coordinateOf(piece.source)) {
+    return {Part::Kind::Number, {}, *number};
+  }
+  return partOf(values.valueOf(piece.source, piece.text), piece.isWord, words);
+}
+
+/// A line that computes: that can change all of it but its first word.
+void setComputed(const TableLine& line, ExpectedStatement& statement) {
+  statement.isText = false;
+  statement.hasValue = true;
+  statement.parts = {{Part::Kind::Literal, line.word}, {Part::Kind::Anything}};
+}
+
+void set(const TableLine& line, const InputValues& values, const DocumentWords& words,
+         ExpectedStatement& statement) {
+  statement.isKnown = line.isKnown;
+  statement.isDoubtful = false;
+  if (line.isComputed()) return setComputed(line, statement);
+  statement.isText = line.isText || line.word.empty();
+  statement.hasValue = line.hasReference;
+  statement.parts.resize(line.pieces.size());
+  for (std::size_t at = 0; at < line.pieces.size(); ++at) {
+    Part& part = statement.parts[at];
+    part = partOf(line.pieces[at], values, words);
+    if (part.kind == Part::Kind::Anything) return statement.parts.resize(at + 1);
+  }
+}
+
+void append(ExpectedStatement& statement, const ExpectedStatement& next) {
+  if (statement.isOpen()) return;
+  statement.parts.insert(statement.parts.end(), next.parts.begin(), next.parts.end());
+  statement.hasValue = statement.hasValue || next.hasValue;
+}
+
+void dropComma(ExpectedStatement& statement) {
+  while (!statement.parts.empty() && statement.parts.back().text.empty() &&
+         statement.parts.back().kind == Part::Kind::Literal) {
+    statement.parts.pop_back();
+  }
+  if (lastOf(statement) == ',') statement.parts.back().text.remove_suffix(1);
+}
+
+}  // namespace
+
+ExpectedStatement& ExpectedStatements::add() {
+  if (count_ == all_.size()) all_.emplace_back();
+  return all_[count_++];
+}
+
+void ExpectedStatements::addLine(const TableLine& line, bool isJoined, const InputValues& values,
+                                 const DocumentWords& words) {
+  ExpectedStatement& next = add();
+  verify::set(line, values, words, next);
+  const char last = std::exchange(last_, lastOf(next));
+  if (count_ < 2) return;
+  const bool isMarked = !line.isText && isContinued(last, next);
+  if (!isJoined && !isMarked) return;
+  ExpectedStatement& before = all_[count_ - 2];
+  before.isDoubtful = before.isDoubtful || (!isJoined && line.isKnown);
+  append(before, next);
+  --count_;
+}
+
+void ExpectedStatements::set(const std::vector<TableLine>& lines, const InputValues& values,
+                             const DocumentWords& words, bool dropsComma) {
+  count_ = 0;
+  bool isJoined = false;
+  for (const TableLine& line : lines) {
+    addLine(line, isJoined, values, words);
+    isJoined = line.isContinued;
+  }
+  if (dropsComma && lines.size() == 1) dropComma(all_.front());
+  const auto end = all_.begin() + static_cast<std::ptrdiff_t>(count_);
+  count_ = static_cast<std::size_t>(std::remove_if(all_.begin(), end, isEmpty) - all_.begin());
+}
+
+}  // namespace verify
