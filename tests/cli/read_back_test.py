@@ -4,8 +4,10 @@ import errno
 import glob
 import json
 import os
+import shlex
 import shutil
 import signal
+import subprocess
 
 import program
 from program import APT, JOB, REPORT, VERIFIED
@@ -274,6 +276,28 @@ class Inputs(ReadBackTest):
                     done = self.run_program("post", *job, *table, "-o", "apt", "--format", "json")
                     self.assertEqual(done.returncode, 0, done.stderr)
                     self.assertTrue(json.loads(done.stderr)["verified"]["agrees"])
+
+    def test_golden_runs_agree(self):
+        """Those without a file as output too, but what is meant to be another text."""
+        agreeing = 0
+        for case in sorted(glob.glob(os.path.join(program.SOURCE, "tests", "golden", "post-*"))):
+            with open(os.path.join(case, "cmd"), encoding="ascii") as file:
+                cmd = file.read().replace("--strict", "").replace("--format json", "")
+            words = shlex.split(cmd)
+            folder = os.path.join(self.folder, os.path.basename(case))
+            shutil.copytree(case, folder)
+            if "-o" in words:
+                del words[words.index("-o") : words.index("-o") + 2]
+            command = [program.PPWORD, *words, "-o", "read-back", "--format", "json"]
+            done = subprocess.run(command, cwd=folder, capture_output=True, check=False)
+            report = json.loads(done.stderr)
+            if "verified" not in report:
+                self.assertNotIn("difference", done.stderr.decode(), case)
+                continue
+            differs = os.path.basename(case) == "post-without-number"
+            self.assertEqual((report["verified"]["agrees"], done.returncode), (not differs, int(differs)), case)
+            agreeing += not differs
+        self.assertEqual(agreeing, 10)
 
     def test_job_of_a_pipe_is_read_once(self):
         done = self.run_program("post", "-", "-o", "apt", input=JOB, stdin=None)

@@ -70,6 +70,7 @@ class Workshop:
         if done.returncode != 0:
             assert not os.path.exists(output), output
             return None, report
+        assert report["verified"]["agrees"], report["verified"]
         with open(output, encoding="latin-1") as file:
             return file.read(), report
 

@@ -51,6 +51,8 @@ class Programs(unittest.TestCase):
                 [PPWORD, "post", listing, "-o", text, *options], capture_output=True, check=False
             )
             if posted.returncode != 0:
+                # A text that was written is what the listing says.
+                self.assertNotIn(b"error difference", posted.stderr, listing)
                 continue
             read = subprocess.run(
                 [PPWORD, "verify", text, "--against", listing, *options]
