@@ -9,8 +9,10 @@
 #include <unistd.h>
 
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "post/generator/Generator.h"
@@ -35,11 +37,15 @@ PostJob::PostJob()
 
 PostJob::~PostJob() { std::filesystem::remove(path_); }
 
-double peakMemoryOfPost() {
-  const PostJob job;
+namespace {
+
+/// What a process of its own took that posts a job into a file, which is removed; nothing when it
+/// fails. `option`: null for none.
+std::optional<rusage> usageOfPost(const PostJob& job, const char* option) {
   const std::string path = job.path().string();
-  const char* const arguments[] = {PPWORD_PROGRAM, "post",      path.c_str(),
-                                   "-o",           "/dev/null", nullptr};
+  const std::string text = path + ".apt";
+  const char* const arguments[] = {PPWORD_PROGRAM, "post", path.c_str(), "-o",
+                                   text.c_str(),   option, nullptr};
   posix_spawn_file_actions_t quiet;
   posix_spawn_file_actions_init(&quiet);
   posix_spawn_file_actions_addopen(&quiet, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
@@ -47,14 +53,30 @@ double peakMemoryOfPost() {
   const int refused = posix_spawn(&child, PPWORD_PROGRAM, &quiet, nullptr,
                                   const_cast<char* const*>(arguments), environ);
   posix_spawn_file_actions_destroy(&quiet);
-  if (refused != 0) return -1;
+  if (refused != 0) return std::nullopt;
   int status = 0;
   rusage usage{};
   const bool isDone = wait4(child, &status, 0, &usage) == child && status == 0;
-  return isDone ? static_cast<double>(usage.ru_maxrss) / 1024.0 : -1;
+  std::filesystem::remove(text);
+  return isDone ? std::optional(usage) : std::nullopt;
 }
 
-namespace {
+double secondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
+/// With the processor time of the child.
+void postInAProcess(benchmark::State& state, const char* option) {
+  const PostJob job;
+  for (auto _ : state) {
+    const auto usage = usageOfPost(job, option);
+    if (!usage) return state.SkipWithError("the text is not written");
+    state.SetIterationTime(secondsOf(usage->ru_utime) + secondsOf(usage->ru_stime));
+  }
+}
+
+void postReadBack(benchmark::State& state) { postInAProcess(state, nullptr); }
+void postUnread(benchmark::State& state) { postInAProcess(state, "--no-verify"); }
 
 void postMillionPoints(benchmark::State& state) {
   const PostJob job;
@@ -80,6 +102,13 @@ void fprintfMillionPoints(benchmark::State& state) {
 }
 
 BENCHMARK(postMillionPoints)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(postReadBack)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(postUnread)->Iterations(1)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(fprintfMillionPoints)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+double peakMemoryOfPost() {
+  const auto usage = usageOfPost(PostJob(), nullptr);
+  return usage ? static_cast<double>(usage->ru_maxrss) / 1024.0 : -1;
+}
