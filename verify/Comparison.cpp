@@ -148,7 +148,7 @@ bool Comparison::write(const host::Element& element, long point) {
 
 bool Comparison::take(const ExpectedStatement& expected, const host::Element& element, long point) {
   const bool hasStatement = next_(statement_);
-  auto mismatch = hasStatement ? compare(expected, statement_)
+  auto mismatch = hasStatement ? compare(expected, statement_, consumer_)
                                : std::optional(Mismatch{{}, "", expected.text()});
   if (!mismatch) {
     count(expected, element);

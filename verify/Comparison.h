@@ -59,6 +59,9 @@ class Comparison {
   Comparison(const DocumentWords& document, const Words& words, StatementSource next,
              double angleFactor = 1.0);
 
+  /// What the text was written for, from the beginning.
+  void setConsumer(const host::Consumer& consumer) { consumer_ = consumer; }
+
   /// Compares what an event of the input writes. False from the first difference on. Raises an
   /// UnknownInstruction.
   bool put(const host::ToolPathEvent& event);
@@ -94,6 +97,7 @@ class Comparison {
   void noteOtherPoint(const host::Element& element);
 
   const DocumentWords& document_;
+  host::Consumer consumer_;
   StatementSource next_;
   TableLines tables_;
   InputValues values_;

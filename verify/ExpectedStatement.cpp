@@ -37,15 +37,15 @@ std::string shown(double number) {
 /// Walks along a statement of a text.
 class Matcher {
  public:
-  Matcher(const ExpectedStatement& expected, const Statement& found)
-      : expected_(expected), found_(found), text_(found.text) {}
+  Matcher(const ExpectedStatement& expected, const Statement& found, const host::Consumer& consumer)
+      : expected_(expected), found_(found), consumer_(consumer), text_(found.text) {}
 
   std::optional<Mismatch> match() {
     skipBlanks();
     for (const Part& part : expected_.parts) {
       if (part.kind == Part::Kind::Anything) return std::nullopt;
       const bool isSame =
-          part.kind == Part::Kind::Number ? matchNumber(part.number) : matchText(part.text);
+          part.kind == Part::Kind::Number ? matchNumber(part.number) : matchLiteral(part.text);
       if (!isSame) return mismatch_;
     }
     skipBlanks();
@@ -73,6 +73,21 @@ class Matcher {
     at_ += text.size();
     isAfterNumber_ = false;
     return true;
+  }
+
+  bool matchLiteral(std::string_view text) {
+    if (consumer_.characters == host::Consumer::Characters::Any) return matchText(text);
+    std::string written;
+    for (std::size_t at = 0; at < text.size();) {
+      const std::string_view character = host::characterAt(text, at);
+      at += character.size();
+      if (takes(consumer_, character)) {
+        written += character;
+      } else {
+        written += host::replacementOf(character, consumer_);
+      }
+    }
+    return matchText(written);
   }
 
   /// Blanks count between the characters of a text, and nowhere else.
@@ -137,6 +152,7 @@ class Matcher {
 
   const ExpectedStatement& expected_;
   const Statement& found_;
+  const host::Consumer& consumer_;
   std::string_view text_;
   std::size_t at_ = 0;
   /// Blanks are skipped on both sides, at the beginning too.
@@ -160,8 +176,9 @@ std::string ExpectedStatement::text() const {
   return shown(all);
 }
 
-std::optional<Mismatch> compare(const ExpectedStatement& expected, const Statement& found) {
-  return Matcher(expected, found).match();
+std::optional<Mismatch> compare(const ExpectedStatement& expected, const Statement& found,
+                                const host::Consumer& consumer) {
+  return Matcher(expected, found, consumer).match();
 }
 
 }  // namespace verify

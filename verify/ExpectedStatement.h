@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "post/consumer/Consumer.h"
 #include "verify/Statement.h"
 
 namespace verify {
@@ -48,8 +49,10 @@ struct Mismatch {
 
 /// Compares a statement of a text with the expected one: words and texts character by character,
 /// without the blanks around arguments; numbers to half a unit of the last digit printed. Nothing
-/// when they are the same.
+/// when they are the same. A character that the consumer does not take is compared as what is
+/// written in its place.
 [[nodiscard]] std::optional<Mismatch> compare(const ExpectedStatement& expected,
-                                              const Statement& found);
+                                              const Statement& found,
+                                              const host::Consumer& consumer = {});
 
 }  // namespace verify

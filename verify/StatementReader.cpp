@@ -39,22 +39,27 @@ bool isValue(const Token& token) { return token.kind != TokenKind::Mark; }
 
 }  // namespace
 
-StatementReader::StatementReader(ByteSource bytes, const Words& words, FindingSink report)
-    : lines_(std::move(bytes)), words_(words), report_(std::move(report)) {}
+StatementReader::StatementReader(ByteSource bytes, const Words& words, FindingSink report,
+                                 Cards cards)
+    : lines_(std::move(bytes)),
+      words_(words),
+      cards_(cards),
+      report_(std::move(report)),
+      hasSequenceNumbers_(cards == Cards::Always) {}
 
-StatementReader::StatementReader(ByteSource bytes, const Words& words)
-    : lines_(std::move(bytes)), words_(words) {}
+StatementReader::StatementReader(ByteSource bytes, const Words& words, Cards cards)
+    : lines_(std::move(bytes)),
+      words_(words),
+      cards_(cards),
+      hasSequenceNumbers_(cards == Cards::Always) {}
 
 bool StatementReader::nextLine() {
   if (!lines_.next(line_)) return false;
-  if (!report_) {
-    line_ = withoutBlanks(line_);
-    return true;
-  }
-  if (lines_.isCut()) {
+  if (report_ && lines_.isCut()) {
     report_({Rule::LongLine, {lines(), static_cast<long>(TextLines::kLongestLine) + 1}, 1, "", ""});
   }
-  if (lines() == 1) hasSequenceNumbers_ = isNumberedCard(line_);
+  const bool isFirst = cards_ == Cards::Recognised && lines() == 1;
+  if (isFirst) hasSequenceNumbers_ = isNumberedCard(line_);
   if (hasSequenceNumbers_ && line_.size() <= kCardColumns) {
     line_ = line_.substr(0, kStatementColumns);
   }

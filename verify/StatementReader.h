@@ -11,16 +11,20 @@
 
 namespace verify {
 
+/// Whether columns 73 to 80 of the lines are numbers, which are not read: when those of the first
+/// line, which is 80 columns wide, are a number; or in any case; or not.
+enum class Cards { Recognised, Always, Never };
+
 /// Reads a text statement by statement, in constant memory, and reports what a reader would
-/// stumble over. Lines may be cards of 80 columns: when columns 73 to 80 of the first line, which
-/// is 80 columns wide, are a number, these columns of all lines are numbers and are not read.
+/// stumble over.
 class StatementReader {
  public:
   /// The words and what the sink refers to must outlive the reader.
-  StatementReader(ByteSource bytes, const Words& words, FindingSink report);
-  /// Reads what is compared and nothing more: without findings, major words and tokens, and lines
-  /// are never cards.
-  StatementReader(ByteSource bytes, const Words& words);
+  StatementReader(ByteSource bytes, const Words& words, FindingSink report,
+                  Cards cards = Cards::Recognised);
+  /// Reads what is compared and nothing more: without findings, major words and tokens. `cards` is
+  /// Always or Never.
+  StatementReader(ByteSource bytes, const Words& words, Cards cards = Cards::Never);
 
   /// Sets `statement` to the next one; false at the end. Empty lines are no statements.
   [[nodiscard]] bool next(Statement& statement);
@@ -43,6 +47,7 @@ class StatementReader {
 
   TextLines lines_;
   const Words& words_;
+  Cards cards_;
   /// Empty where nothing is reported.
   FindingSink report_;
   /// The line that was read last, without its number and the blanks at its end.

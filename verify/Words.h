@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "verify/Statement.h"
-#include "verify/TextLines.h"
 
 namespace verify {
 
@@ -85,17 +84,6 @@ class Words {
   /// By a character, whether a word with a text begins with it.
   std::array<bool, 256> beginsText_{};
 };
-
-/// What is wrong in a profile, and where.
-struct ProfileError {
-  TextPlace place;
-  std::string message;
-};
-
-/// Adds the words of a profile. Each line is `word WORD = KNOWN`: WORD means what the word KNOWN of
-/// the reader means. # begins a comment. Nothing when the profile is right; otherwise the words
-/// before the error are added.
-[[nodiscard]] std::optional<ProfileError> readProfile(ByteSource bytes, Words& words);
 
 /// The words of the standard.
 [[nodiscard]] std::span<const WordRow> standardWords();

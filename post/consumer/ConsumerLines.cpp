@@ -48,9 +48,7 @@ std::size_t bytesOf(std::string_view line, std::size_t columns) {
 
 ConsumerLines::ConsumerLines(const Consumer& consumer, std::vector<std::string> textWords,
                              LineSink& next)
-    : consumer_(consumer), textWords_(std::move(textWords)), next_(next) {
-  textWords_.insert(textWords_.end(), {"DISPLY", "LETTER", "TITLES", "TPRINT"});
-}
+    : consumer_(consumer), textWords_(withKnownTextWords(std::move(textWords))), next_(next) {}
 
 void ConsumerLines::write(std::string_view line) {
   out_.clear();

@@ -13,4 +13,9 @@ bool isTextLine(std::string_view line, std::span<const std::string> words) {
   return isKnown || std::find(words.begin(), words.end(), word) != words.end();
 }
 
+std::vector<std::string> withKnownTextWords(std::vector<std::string> words) {
+  words.insert(words.end(), {"DISPLY", "LETTER", "TITLES", "TPRINT"});
+  return words;
+}
+
 }  // namespace host

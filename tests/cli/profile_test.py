@@ -77,9 +77,9 @@ class Profiles(program.ProgramTest):
         done = self.run_program("post", "--format", "json", *arguments)
         self.assertEqual(done.returncode, 0)
         self.assertEqual(
-            json.loads(done.stderr)["losses"],
-            [{"key": "replaced-character", "count": 1, "missing": True,
-              "first": {"name": "\u00c2\u00b0", "line": 1}}],
+            json.loads(done.stderr)["losses"][0],
+            {"key": "replaced-character", "count": 1, "missing": True,
+             "first": {"name": "\u00c2\u00b0", "line": 1}},
         )
         for strict in ("--strict", "--strict=replaced-character"):
             self.assertEqual(self.run_program("post", strict, *arguments).returncode, 1)
@@ -101,6 +101,62 @@ class Profiles(program.ProgramTest):
             done = self.run_program("explain", "--map", "map", line)
             self.assertEqual(done.returncode, 0, done.stderr)
             self.assertIn("wide:2", done.stdout)
+
+    def test_text_is_verified_with_its_profile(self):
+        for profile in ("cl", "iso4343"):
+            table = "*START_NC_INSTRUCTION NC_X\nGOTO/%MFG_XPOINT,2,3\nPPRINT 1\u00b0\n*END\n"
+            if profile == "iso4343":
+                table = table.replace("\u00b0", "")
+            self.write("table", table)
+            arguments = ["job", "-t", "table", "--profile", profile, "-o", "apt"]
+            done = self.run_program("post", *arguments)
+            self.assertIn("  verified: 2 statements", done.stderr)
+            done = self.run_program(
+                "verify", "--strict", "apt", "--profile", profile, "--against", "job", "-t", "table"
+            )
+            self.assertEqual((done.returncode, done.stderr), (0, ""))
+            self.assertTrue(done.stdout.endswith("apt: passes\n"), done.stdout)
+
+    def test_words_of_a_profile_are_known_when_the_text_is_read_back(self):
+        self.write("table", "*START_NC_INSTRUCTION NC_X\nMOVE/%MFG_XPOINT,2,3\n*END\n")
+        self.write("mine", "word MOVE = GOTO\n")
+        arguments = ["post", "--strict", "job", "-t", "table", "-o", "apt"]
+        self.assertEqual(self.run_program(*arguments).returncode, 1)
+        done = self.run_program(*arguments, "--profile", "mine")
+        self.assertEqual(done.returncode, 0, done.stderr)
+        self.write("mine", "word MOVE = GOTTO\n")
+        done = self.run_program(*arguments, "--profile", "mine")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn("mine:1:13: error: the reader does not know the word 'GOTTO'", done.stderr)
+
+    def test_lines_that_the_reader_does_not_take_are_found(self):
+        hint = ": the reader of --profile does not take the line; write the text with 'ppword post --profile'"
+        card = "RAPID" + " " * 67
+        for profile, text, findings in (
+            ("line-end = crlf", "RAPID\r\nRAPID\nRAPID\n", ["2:6: the line ends with LF"]),
+            ("line-end = lf", "RAPID\nRAPID\r\n", ["2:6: the line ends with CR LF"]),
+            ("columns = 80", "PPRINT " + 74 * "A", ["1:81: more than 80 columns"]),
+            ("columns = 72", "PPRINT " + 66 * "A" + "\n", ["1:73: more than 72 columns"]),
+            ("longest-word = 6", "PPRINT GOODBYE\nHELICAL/1\n", ["2:1: a word of more than 6 letters"]),
+            ("characters = capitals", "PPRINT A\nPPRINT b\n", ["2:8: a character"]),
+            (
+                "columns = 72\nsequence-numbers = 10",
+                card + "00000010\n" + card + "00000030\n" + card + "00000040\nRAPID\n",
+                [
+                    "2:73: the number 00000030, where 00000020 is due",
+                    "4:73: no number of eight digits in columns 73 to 80",
+                ],
+            ),
+        ):
+            self.write("mine", profile)
+            self.write("text", text)
+            done = self.run_program("verify", "text", "--profile", "./mine")
+            shown = [line for line in done.stderr.splitlines() if line.startswith("text:")]
+            places = [line.replace(": ", ": warning unfit-line: ", 1) for line in findings]
+            self.assertEqual(shown, ["text:" + place + hint for place in places], profile)
+            self.assertEqual(done.returncode, 0)
+            done = self.run_program("verify", "--strict", "text", "--profile", "./mine")
+            self.assertEqual(done.returncode, 1)
 
     def test_mistakes_are_refused_with_their_place(self):
         self.write("bad", "columns = 72\nspeed = 9\n")

@@ -370,7 +370,12 @@ class Verify(program.ProgramTest):
     def test_profiles_that_are_refused(self):
         self.write("text", TEXT)
         for place, mistake, profile in (
-            ("2:1", "'words' is not 'word'", "\nwords A = B"),
+            (
+                "2:1",
+                "'words' is not 'word', 'columns', 'line-end', 'sequence-numbers', 'characters', "
+                "'other-characters' or 'longest-word'",
+                "\nwords A = B",
+            ),
             ("1:5", "a word is expected after 'word'", "word"),
             ("1:6", "a word is expected after 'word'", "word = GOTO"),
             ("1:8", "'=' is expected after the word 'A'", "word A GOTO"),

@@ -70,10 +70,14 @@ NO_INCLUDE = (
     ("post/job", "post/output"),
     ("post/listing", "post/generator"),
     ("post/listing", "post/output"),
-    # The reader of texts shares nothing with the writer but the events of tool paths.
+    # The reader of texts shares nothing with the writer but the events of tool paths, and what a
+    # profile says of consumers.
     *(("verify", f"post/{folder}") for folder in
       ("generator", "job", "listing", "output", "parameters", "program", "text")),
     ("verify", "post/toolpath/LineReader.h"),
+    ("verify", "post/consumer/ConsumerLines.h"),
+    ("verify", "post/consumer/ConsumerText.h"),
+    ("verify", "post/consumer/ConsumerProfile.h"),
 )
 
 SHORT_FILE = 30

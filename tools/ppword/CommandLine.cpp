@@ -232,8 +232,8 @@ void addVerify(CLI::App& command, VerifyOptions& options) {
   addFile(command, "TEXT", options.text, "APT text; - for standard input", " ")->required();
   addFile(command, "--against", options.job, "Compare with this job, listing or NC program",
           "INPUT");
-  addFile(command, "--profile", options.profile, "Words that mean what words of the reader mean",
-          "FILE");
+  addFile(command, "--profile", options.profile, "What the reader takes: iso4343, cl, FILE",
+          "PROFILE");
   addFile(command, "-t,--table", options.table, "PP word table of the input", "TABLE");
   addDocumentFile(command, options);
   addStrictness(command, options.strictness, "Exit with 1 on warnings too, or on these kinds only");

@@ -190,7 +190,8 @@ shown with both places. Table, document and the other options are those of 'ppwo
 and refused by --strict, are statements that were not verified: their line computes, or has a word
 or a value that the reader does not know. What has no line in the table is named.
 
---profile names a file with words of the table in terms of the reader's, such as
+--profile says what the reader takes, iso4343, cl or a file, and reports the lines that it does not.
+The file may have words of the table in terms of the reader's, such as
   word MOVE = GOTO
 
 Lines end with LF or CR LF. Columns 73 to 80 of cards are read as numbers of the lines when the

@@ -26,8 +26,8 @@ std::vector<Kind> makeKinds() {
   }
   kinds.insert(kinds.end(), lossKinds().begin(), lossKinds().end());
   for (const verify::RuleRow& row : verify::rules()) {
-    // The check of tables has one of them too.
-    if (row.key == kWideLine) continue;
+    // The check of tables has them too.
+    if (row.key == kWideLine || row.key == kUnfitLine) continue;
     kinds.push_back({row.key, "verify", weightName(row.weight), row.fault, row.hint, row.about,
                      row.reported, row.sound});
   }

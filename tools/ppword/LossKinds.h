@@ -45,8 +45,9 @@ inline constexpr std::string_view kChords = "arc-as-chords";
 inline constexpr std::string_view kNotVerified = "not-verified";
 inline constexpr std::string_view kOtherPoint = "other-point";
 inline constexpr std::string_view kLeftOut = "left-out";
-// The kind of the lint, for lines that are put out.
+// Kinds of the lint, for lines that are put out.
 inline constexpr std::string_view kWideLine = "wide-line";
+inline constexpr std::string_view kUnfitLine = "unfit-line";
 
 /// The kinds of losses, in the order of docs/losses.md.
 [[nodiscard]] std::span<const Kind> lossKinds();

@@ -36,19 +36,24 @@ void open(const PostOptions& options, ToolPathInput& input, LoadReport& load,
   requireOther(options, input.table().path);
 }
 
-// Null without a profile.
-std::unique_ptr<host::ConsumerLines> consumerOf(const PostOptions& options,
-                                                const ToolPathInput& input, host::LineSink& text) {
+// Null without one.
+std::unique_ptr<host::ConsumerProfile> profileOf(const PostOptions& options) {
   if (options.profile.empty()) return nullptr;
-  return std::make_unique<host::ConsumerLines>(host::readProfile(options.profile).consumer,
-                                               input.textWords(), text);
+  return std::make_unique<host::ConsumerProfile>(host::readProfile(options.profile));
+}
+
+// Null without a profile.
+std::unique_ptr<host::ConsumerLines> consumerOf(const host::ConsumerProfile* profile,
+                                                const ToolPathInput& input, host::LineSink& text) {
+  if (profile == nullptr) return nullptr;
+  return std::make_unique<host::ConsumerLines>(profile->consumer, input.textWords(), text);
 }
 
 // Null for a text that is not read back.
 std::unique_ptr<ReadBack> readBackOf(const PostOptions& options, ToolPathInput& input,
-                                     PostOutput& output) {
+                                     const host::ConsumerProfile* profile, PostOutput& output) {
   if (!options.verifies || !output.file().isBeside()) return nullptr;
-  return std::make_unique<ReadBack>(input, output.file());
+  return std::make_unique<ReadBack>(input, output.file(), profile);
 }
 
 // Writes the text to `sink`, and its map if there is one.
@@ -130,10 +135,11 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict(),
                                              protectionOf(options.force));
   const auto map = mapOf(options, input, origins, *output);
-  const auto readBack = readBackOf(options, input, *output);
+  const auto profile = profileOf(options);
+  const auto readBack = readBackOf(options, input, profile.get(), *output);
   const bool isAlone = tables == nullptr;
   host::LineSink& text = map ? *map : output->lines();
-  const auto consumer = consumerOf(options, input, text);
+  const auto consumer = consumerOf(profile.get(), input, text);
   const host::Summary summary = write(input, map.get(), consumer ? *consumer : text, readBack.get(),
                                       isAlone && showsProgress(options.format));
   const PostReport made{summary,

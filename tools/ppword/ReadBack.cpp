@@ -19,23 +19,40 @@ std::size_t pointsOf(const host::ToolPathEvent& event) {
   return element == nullptr ? 0 : element->positions.size();
 }
 
+std::shared_ptr<const ReaderWords> readerWords(const ToolPathInput& input,
+                                               const host::ConsumerProfile* profile) {
+  auto words = input.readerWords();
+  if (profile == nullptr || profile->words.empty()) return words;
+  auto own = std::make_shared<ReaderWords>(*words);
+  addMeanings(*profile, own->words);
+  return own;
+}
+
+verify::Cards cardsOf(const host::ConsumerProfile* profile) {
+  const bool isNumbered = profile != nullptr && profile->consumer.sequenceStep > 0;
+  return isNumbered ? verify::Cards::Always : verify::Cards::Never;
+}
+
 }  // namespace
 
-ReadBack::ReadBack(ToolPathInput& input, host::OutputFile& file)
+ReadBack::ReadBack(ToolPathInput& input, host::OutputFile& file,
+                   const host::ConsumerProfile* profile)
     : input_(input),
       file_(file),
-      words_(input.readerWords()),
+      words_(readerWords(input, profile)),
       reader_(
           [this](char* to, std::size_t most) {
             const std::size_t count = file_.readBack(to, most, offset_);
             offset_ += count;
             return count;
           },
-          words_->words),
+          words_->words, cardsOf(profile)),
       comparison_(
           words_->document, words_->words,
           [this](verify::Statement& statement) { return reader_.next(statement); },
-          currentAngleFactor()) {}
+          currentAngleFactor()) {
+  if (profile != nullptr) comparison_.setConsumer(profile->consumer);
+}
 
 void ReadBack::run(host::Generator& generator, host::ToolPathReader& events) {
   while (events.next(place())) {

@@ -20,8 +20,10 @@
 /// once, and a group of elements is in memory.
 class ReadBack {
  public:
-  /// `file` receives the lines of the text. The references must outlive the object.
-  ReadBack(ToolPathInput& input, host::OutputFile& file);
+  /// `file` receives the lines of the text. `profile`: what they are written with, null for none;
+  /// it raises an InputError for words of it that mean nothing. The references must outlive the
+  /// object.
+  ReadBack(ToolPathInput& input, host::OutputFile& file, const host::ConsumerProfile* profile);
 
   /// Writes the whole tool path, and compares its text up to the first difference. Raises what the
   /// generator and the file raise.

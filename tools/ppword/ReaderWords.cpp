@@ -1,5 +1,6 @@
 #include "tools/ppword/ReaderWords.h"
 
+#include "post/toolpath/LineReader.h"
 #include "tools/ppword/Contents.h"
 
 ReaderWords::ReaderWords(const host::Document& content, const std::string& table)
@@ -21,5 +22,20 @@ std::vector<std::string> textWordsOf(const std::string& path) {
 void addTextWords(const std::string& path, verify::Words& words) {
   for (const std::string& word : textWordsOf(path)) {
     if (words.find(word) == nullptr) words.add(word, "PPRINT");
+  }
+}
+
+void addMeanings(const host::ConsumerProfile& profile, verify::Words& words) {
+  constexpr std::size_t kLongest = 40;
+  for (const auto& [word, known, line, column] : profile.words) {
+    const auto refuse = [&](const std::string& message) {
+      throw host::InputError(profile.name, line, column, message);
+    };
+    if (words.find(known) == nullptr) {
+      refuse("the reader does not know the word '" + known.substr(0, kLongest) + '\'');
+    }
+    if (!words.add(word, known)) {
+      refuse('\'' + word.substr(0, kLongest) + "' is not a word of APT");
+    }
   }
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/modeler/Document.h"
+#include "post/consumer/ConsumerProfile.h"
 #include "verify/DocumentWords.h"
 #include "verify/Words.h"
 
@@ -19,6 +20,10 @@
 
 /// Adds these words: to a reader they are comments.
 void addTextWords(const std::string& path, verify::Words& words);
+
+/// Adds the words of a profile. Raises an InputError with the place of a word that is none or means
+/// nothing known.
+void addMeanings(const host::ConsumerProfile& profile, verify::Words& words);
 
 /// What a text is read back with: what a document writes, and the words that a reader knows.
 struct ReaderWords {

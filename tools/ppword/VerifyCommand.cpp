@@ -4,9 +4,12 @@
 #include <algorithm>
 #include <cerrno>
 #include <nlohmann/json.hpp>
+#include <optional>
 
 #include "host/system/SystemReason.h"
 #include "inspect/diagnostics/InputDiagnostic.h"
+#include "post/consumer/ConsumerProfile.h"
+#include "post/consumer/ConsumerText.h"
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Kinds.h"
@@ -56,32 +59,46 @@ class TextFile {
   int descriptor_;
 };
 
-// Adds the words of a profile.
-void addProfile(const std::string& path, verify::Words& words) {
-  const TextFile file(path);
-  const auto bytes = [&](char* to, std::size_t most) { return file.read(to, most); };
-  const auto error = verify::readProfile(bytes, words);
-  if (!error) return;
-  throw host::InputError(file.name(), error->place.line, error->place.column, error->message);
-}
+/// What a text is read with: the words that a reader knows, with those of the profile and of the
+/// table, if any.
+struct Reading {
+  Reading(const VerifyOptions& options, const std::string& table) {
+    if (!options.profile.empty()) profile = host::readProfile(options.profile);
+    if (profile) addMeanings(*profile, words);
+    if (table.empty()) return;
+    addTextWords(table, words);
+    textWords = textWordsOf(table);
+  }
 
-/// The words that a reader knows, with those of the profile and of the table, if any.
-verify::Words readerWords(const VerifyOptions& options, const std::string& table) {
+  std::optional<host::ConsumerProfile> profile;
   verify::Words words;
-  if (!options.profile.empty()) addProfile(options.profile, words);
-  if (!table.empty()) addTextWords(table, words);
-  return words;
+  std::vector<std::string> textWords;
+};
+
+verify::Cards cardsOf(const Reading& reading) {
+  if (!reading.profile) return verify::Cards::Recognised;
+  return reading.profile->consumer.sequenceStep > 0 ? verify::Cards::Always : verify::Cards::Never;
 }
 
 /// A text that is read, and counted into a report.
 class ReadText {
  public:
-  ReadText(const std::string& path, const verify::Words& words)
+  ReadText(const std::string& path, const Reading& reading)
       : file_(path),
         report_(file_.name()),
-        reader_([this](char* to, std::size_t most) { return file_.read(to, most); }, words,
-                [this](const verify::Finding& finding) { report_.add(finding); }),
-        events_(words) {}
+        reader_([this](char* to, std::size_t most) { return read(to, most); }, reading.words,
+                [this](const verify::Finding& finding) { add(finding); }, cardsOf(reading)),
+        events_(reading.words) {
+    if (!reading.profile) return;
+    consumer_.emplace(reading.profile->consumer, reading.textWords,
+                      [this](const host::ConsumerText::Unfit& unfit) {
+                        report_.add({verify::Rule::UnfitLine,
+                                     {unfit.line, unfit.column},
+                                     unfit.width,
+                                     unfit.what,
+                                     unfit.text});
+                      });
+  }
 
   [[nodiscard]] bool next(verify::Statement& statement) {
     if (!reader_.next(statement)) return false;
@@ -93,13 +110,29 @@ class ReadText {
     verify::Statement statement;
     while (next(statement)) {
     }
+    if (consumer_) consumer_->finish();
     report_.finish(reader_.lines(), reader_.hasSequenceNumbers());
     return report_;
   }
 
  private:
+  std::size_t read(char* to, std::size_t most) {
+    const std::size_t count = file_.read(to, most);
+    if (consumer_) consumer_->add({to, count});
+    return count;
+  }
+  // What a profile says is not found twice.
+  void add(const verify::Finding& finding) {
+    using enum verify::Rule;
+    const bool isOfConsumer = finding.rule == WideLine || finding.rule == LongWord ||
+                              finding.rule == CharacterInText || finding.rule == TabInLine;
+    if (!consumer_ || !isOfConsumer) report_.add(finding);
+  }
+
   TextFile file_;
   VerifyReport report_;
+  /// Nothing without a profile.
+  std::optional<host::ConsumerText> consumer_;
   verify::StatementReader reader_;
   verify::EventReader events_;
 };
@@ -132,11 +165,12 @@ VerifyReport compared(const VerifyOptions& options) {
   ToolPathInput input(options);
   input.open();
   const verify::DocumentWords document = documentWords(*input.document());
-  const verify::Words words = readerWords(options, input.table().path);
-  ReadText text(options.text, words);
+  const Reading reading(options, input.table().path);
+  ReadText text(options.text, reading);
   verify::Comparison comparison(
-      document, words, [&](verify::Statement& statement) { return text.next(statement); },
+      document, reading.words, [&](verify::Statement& statement) { return text.next(statement); },
       currentAngleFactor());
+  if (reading.profile) comparison.setConsumer(reading.profile->consumer);
   compare(input, comparison);
   VerifyReport& report = text.finish();
   report.add(comparison, input.name());
@@ -145,8 +179,8 @@ VerifyReport compared(const VerifyOptions& options) {
 
 VerifyReport reportOf(const VerifyOptions& options) {
   if (!options.job.empty()) return compared(options);
-  const verify::Words words = readerWords(options, "");
-  return ReadText(options.text, words).finish();
+  const Reading reading(options, "");
+  return ReadText(options.text, reading).finish();
 }
 
 void requireInput(const VerifyOptions& options) {
