@@ -17,6 +17,8 @@ struct DocumentWords {
   std::map<std::string, std::vector<Lines>, std::less<>> instructions;
   /// The words of a parameter, by its name.
   std::map<std::string, Lines, std::less<>> lists;
+  /// The format of a parameter that prints a number, by its name.
+  std::map<std::string, std::string, std::less<>> formats;
   /// The instruction and the sequence of each PP command, by its position from 1.
   std::vector<std::pair<std::string, int>> ppCommands;
   /// What is printed for a parameter without a value.

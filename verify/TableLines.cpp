@@ -111,6 +111,15 @@ bool printsMotion(const TableLine& line) {
          });
 }
 
+/// True when a % that is not one of %% is in a format.
+bool printsNumber(std::string_view format) {
+  for (std::size_t at = format.find('%'); at != std::string_view::npos;
+       at = format.find('%', at + 2)) {
+    if (!format.substr(at + 1).starts_with('%')) return true;
+  }
+  return false;
+}
+
 /// The engine loses a $ after the name of a number.
 bool losesDollar(const TableLine& line) {
   return line.isContinued && !line.pieces.empty() &&
@@ -143,6 +152,17 @@ TableLine readTableLine(std::string_view text, const Words& words) {
   return line;
 }
 
+// What a format without a number prints is not followed.
+void TableLines::followFormats(TableLine& line) const {
+  for (Piece& piece : line.pieces) {
+    const auto format = document_.formats.find(piece.text);
+    const bool isOther = piece.kind != Piece::Kind::Reference || format == document_.formats.end();
+    if (!isOther && !printsNumber(format->second)) {
+      piece.source = {nullptr, 0, [](const InputValues&) { return Value{Value::Kind::Unknown}; }};
+    }
+  }
+}
+
 const InstructionLines* TableLines::find(std::string_view instruction, int sequence) {
   const auto found = document_.instructions.find(instruction);
   if (found == document_.instructions.end() || sequence < 1) return nullptr;
@@ -155,6 +175,7 @@ const InstructionLines* TableLines::find(std::string_view instruction, int seque
   for (const std::string& line : found->second[number - 1]) {
     lines.lines.push_back(readTableLine(line, words_));
   }
+  for (TableLine& line : lines.lines) followFormats(line);
   lines.printsMotion = std::ranges::any_of(lines.lines, printsMotion);
   return &lines;
 }

@@ -70,6 +70,8 @@ class TableLines {
   [[nodiscard]] const InstructionLines* find(std::string_view instruction, int sequence);
 
  private:
+  void followFormats(TableLine& line) const;
+
   const DocumentWords& document_;
   const Words& words_;
   std::map<std::pair<std::string, int>, InstructionLines> read_;

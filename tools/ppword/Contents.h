@@ -55,6 +55,8 @@ struct Contents {
   Lines otherParameters;
   /// By their positions; a document only.
   std::optional<PPCommandEntries> ppCommands;
+  /// Of the other parameters those with a format that has no text; a document only.
+  Lines emptyFormats{};
 };
 
 /// What the reader finds in the table at `path`: at least the section of that name, all sections

@@ -21,6 +21,7 @@ void addParameter(const KEPISpecObject_var& type, Contents& contents) {
     contents.formats.push_back({name, format->front()});
   } else {
     contents.otherParameters.push_back(name);
+    if (format) contents.emptyFormats.push_back(name);
   }
 }
 

@@ -23,6 +23,10 @@ verify::DocumentWords documentWords(const host::Document& document) {
   for (ListEntry& entry : contents.lists) {
     words.lists.emplace(entry.name.value_or(""), std::move(entry.values).value_or(Lines()));
   }
+  for (FormatEntry& entry : contents.formats) {
+    words.formats.emplace(entry.name.value_or(""), std::move(entry.format).value_or(""));
+  }
+  for (std::string& name : contents.emptyFormats) words.formats.emplace(std::move(name), "");
   for (const PPCommandEntry& entry : contents.ppCommands.value_or(PPCommandEntries())) {
     words.ppCommands.emplace_back(entry.name.value_or(""), entry.sequence.value_or(1));
   }

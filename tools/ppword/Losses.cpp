@@ -106,8 +106,7 @@ Counts wideLines(const PostReport& report) {
 // A text that was not read back counts as one, and is refused only where it is named.
 Counts notVerified(const PostReport& report) {
   if (report.comparison == nullptr) return {"NOTE: not verified", kNotVerified, {}, 1};
-  return readBack("WARNING: not verified", kNotVerified, report,
-                  &verify::Comparison::notVerified);
+  return readBack("WARNING: not verified", kNotVerified, report, &verify::Comparison::notVerified);
 }
 
 Counts missing(Counts counts) {
