@@ -246,6 +246,7 @@ class NotVerified(ReadBackTest):
             "",
             "job: 4 elements, 2 lines\n"
             "  table: table, given with -t\n"
+            "  NOTE: built-in lines, the table has none: NC_GOTO (2 times, first in line 4)\n"
             "  NOTE: left out by the table: NC_RAPID (2 times, first in line 2)\n"
             "  verified: 2 statements, 0 of them the table's own\n"
             "apt: written\n",
