@@ -5,9 +5,7 @@
 #include "inspect/explain/PassRecorder.h"
 
 namespace host {
-namespace {
 
-/// Says what became of a line after its passes.
 void addOutput(ExplainedLine& line, std::string_view output) {
   line.output = output;
   const std::string& passed = line.passes.back().line;
@@ -16,8 +14,6 @@ void addOutput(ExplainedLine& line, std::string_view output) {
                               ? "\"$\" is set: the statement goes on in the next line"
                               : "the comma at the end is taken off: a delay without unit");
 }
-
-}  // namespace
 
 Explanation explain(KEPIMfgSyntaxEvaluation& instruction, int sequence) {
   Explanation explanation;

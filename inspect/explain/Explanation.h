@@ -93,6 +93,9 @@ struct Explanation {
 /// a name that is not the one meant, a sign that moved.
 void addNotes(ExplainedLine& line);
 
+/// Adds what a line is in the text after its passes, and says why it differs from them.
+void addOutput(ExplainedLine& line, std::string_view output);
+
 /// Instantiates a sequence (from 1) of an NC instruction, as its document is now, and reports what
 /// every pass did with its lines. Listens to the module meanwhile.
 [[nodiscard]] Explanation explain(KEPIMfgSyntaxEvaluation& instruction, int sequence);

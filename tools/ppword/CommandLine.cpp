@@ -240,6 +240,17 @@ void addVerify(CLI::App& command, VerifyOptions& options) {
   addReading(command, options);
 }
 
+void addView(CLI::App& command, ViewOptions& options) {
+  addFile(command, "INPUT", options.job, "Job, listing or NC program; - for standard input", " ")
+      ->required();
+  addFile(command, "-t,--table", options.table, "PP word table to load", "TABLE");
+  addDocumentFile(command, options);
+  addFile(command, "-o,--output", options.output, "Write the page to FILE; - for standard output",
+          "FILE");
+  command.add_flag("--force", options.force, "Replace a page that is write-protected");
+  addReading(command, options);
+}
+
 void addDiff(CLI::App& command, DiffOptions& options) {
   addFile(command, "OLD", options.before, "PP word table", " ")->required();
   addFile(command, "NEW", options.after, "PP word table to compare with it", " ")->required();
@@ -287,7 +298,7 @@ struct Command {
   Run (*prepare)(CLI::App& command);
 };
 // The commands of the program, in the order of its help.
-constexpr std::array<Command, 12> kCommands{{
+constexpr std::array<Command, 13> kCommands{{
     {"check", help::kCheck, help::kCheckFooter, prepare<CheckOptions, addCheck, checkTables>},
     {"explain", help::kExplain, help::kExplainFooter,
      prepare<ExplainOptions, addExplain, explainSyntax>},
@@ -296,6 +307,7 @@ constexpr std::array<Command, 12> kCommands{{
     {"document", help::kDocument, "", prepare<DocumentOptions, addDocument, runDocument>},
     {"post", help::kPost, help::kPostFooter, prepare<PostOptions, addPost, postJob>},
     {"verify", help::kVerify, help::kVerifyFooter, prepare<VerifyOptions, addVerify, verifyText>},
+    {"view", help::kView, help::kViewFooter, prepare<ViewOptions, addView, viewToolPath>},
     {"words", help::kWords, help::kWordsFooter, prepare<WordsOptions, addWords, showWords>},
     {"code", help::kCode, help::kCodeFooter, prepare<CodeOptions, addCode, showCodes>},
     {"word", help::kWord, help::kWordFooter, prepare<WordOptions, addWord, showWordsOfCodes>},

@@ -186,6 +186,17 @@ struct VerifyOptions : ToolPathOptions {
 /// is not what an input says.
 [[nodiscard]] ExitStatus verifyText(const VerifyOptions& options);
 
+struct ViewOptions : ToolPathOptions {
+  /// The page; "-" is the standard output. Empty: the user named none.
+  std::string output;
+  /// True to replace a write-protected page.
+  bool force = false;
+  OutputFormat format = OutputFormat::ForPeople;
+};
+
+/// Writes a page that shows a tool path beside its text, and a report to the standard error.
+[[nodiscard]] ExitStatus viewToolPath(const ViewOptions& options);
+
 struct DiffOptions {
   std::string before;
   std::string after;

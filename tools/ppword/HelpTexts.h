@@ -206,6 +206,20 @@ Examples:
   ppword verify expected/drilling.apt --against drilling.job.jsonl
   ppword verify expected/five-axis.apt --against five-axis.job.jsonl -t mill-turn.pptable)";
 
+inline constexpr const char* kView = "Write a page that shows a tool path";
+inline constexpr const char* kViewFooter =
+    R"(Writes one HTML file that a browser shows without a network: the tool path in three dimensions,
+beside it the text that 'ppword post' writes. A click on a line shows its motion, the line of the
+table that it comes from and what every pass did; a click on a motion shows its line. What 'ppword
+post' warns of is marked where it is. The key ? in the page lists all keys.
+
+Table, document and the other options are those of 'ppword post', and so is the report on standard
+error. A page has at most 500000 elements and lines.
+
+Examples:
+  ppword view bracket.canon -t mill.pptable -o bracket.html
+  ppword view five-axis.job.jsonl -t mill-turn.pptable -o five-axis.html)";
+
 inline constexpr const char* kWords = "Show the PP words of a table with their kinds and codes";
 inline constexpr const char* kWordsFooter =
     R"(TPRINT (1075) and NOTE (181) are added at the end if the table does not have them.

@@ -102,13 +102,6 @@ void requireSingle(const PostOptions& options) {
   }
 }
 
-void requireOthers(const PostOptions& options) {
-  requireOther(options, options.job == "-" ? "/dev/stdin" : options.job);
-  for (const std::string& file : {options.table, options.tools, options.machine, options.profile}) {
-    requireOther(options, file);
-  }
-}
-
 }  // namespace
 
 ExitStatus postJob(const PostOptions& given) {

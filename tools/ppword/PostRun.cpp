@@ -23,19 +23,6 @@
 
 namespace {
 
-// Opens the tool path with its document and its table; what became of the table goes to the
-// listeners.
-void open(const PostOptions& options, ToolPathInput& input, LoadReport& load,
-          host::TableOrigins& origins) {
-  requireOther(options, input.documentFile());
-  {
-    const host::ListenerScope scope(load);
-    const host::ListenerScope inner(origins);
-    input.open();
-  }
-  requireOther(options, input.table().path);
-}
-
 // Null without one.
 std::unique_ptr<host::ConsumerProfile> profileOf(const PostOptions& options) {
   if (options.profile.empty()) return nullptr;
@@ -130,7 +117,7 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   ToolPathInput input(options, tables);
   LoadReport load;
   host::TableOrigins origins;
-  open(options, input, load, origins);
+  openToolPath(options, input, load, origins);
   const Strictness strictness = strictnessOf(options, input.header());
   auto output = std::make_unique<PostOutput>(options.output, strictness.isStrict(),
                                              protectionOf(options.force));
@@ -181,6 +168,24 @@ void requireOther(const PostOptions& options, const std::string& input) {
   for (const auto& [what, file] : {std::pair("output", options.output), {"map", options.map}}) {
     if (!host::isSameFile(file, input)) continue;
     throw UsageError{"the " + std::string(what) + " would replace the input " + file};
+  }
+}
+
+void openToolPath(const PostOptions& options, ToolPathInput& input, LoadReport& load,
+                  host::TableOrigins& origins) {
+  requireOther(options, input.documentFile());
+  {
+    const host::ListenerScope scope(load);
+    const host::ListenerScope inner(origins);
+    input.open();
+  }
+  requireOther(options, input.table().path);
+}
+
+void requireOthers(const PostOptions& options) {
+  requireOther(options, options.job == "-" ? "/dev/stdin" : options.job);
+  for (const std::string& file : {options.table, options.tools, options.machine, options.profile}) {
+    requireOther(options, file);
   }
 }
 

@@ -9,8 +9,13 @@
 #include "tools/ppword/Json.h"
 #include "tools/ppword/PostOutput.h"
 
+class LoadReport;
 class LoadedTables;
 class PostMap;
+class ToolPathInput;
+namespace host {
+class TableOrigins;
+}
 
 /// What became of a tool path, and what is said of it.
 struct PostOutcome {
@@ -39,5 +44,12 @@ using Placing = std::function<void(std::unique_ptr<PostOutput> text, PostMap* ma
 [[nodiscard]] PostOutcome postToolPath(const PostOptions& options, LoadedTables* tables,
                                        const Placing& place);
 
-/// Raises a UsageError when the output or the map would replace a file that the run reads.
+/// Opens the tool path with its document and its table; what became of the table goes to the
+/// listeners. Raises what ToolPathInput::open raises, and the UsageError of requireOther.
+void openToolPath(const PostOptions& options, ToolPathInput& input, LoadReport& load,
+                  host::TableOrigins& origins);
+
+/// Raises a UsageError when the output or the map would replace a file that the run reads; the
+/// second one asks for all files that the options name.
 void requireOther(const PostOptions& options, const std::string& input);
+void requireOthers(const PostOptions& options);

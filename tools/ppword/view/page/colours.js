@@ -1,0 +1,14 @@
+"use strict";
+
+// The colours of the style sheet, and those of tools.
+const Colours = (() => {
+  // Tools are numbered from 1; 0 is none, and has the last colour. After seven they repeat.
+  const OF_TOOLS = 7;
+  const indexOf = (tool) => (tool === 0 ? OF_TOOLS : (tool - 1) % OF_TOOLS);
+
+  function named(name) {
+    return getComputedStyle(document.documentElement).getPropertyValue(`--${name}`).trim();
+  }
+
+  return { indexOf, named };
+})();
