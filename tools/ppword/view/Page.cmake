@@ -2,7 +2,6 @@
 # libjs-three), as they are when the program is built. Without the library the program has no page.
 set(PPWORD_THREE_FOLDER /usr/share/javascript/three CACHE PATH "The library that draws in pages")
 set(PPWORD_THREE_LICENCE /usr/share/doc/libjs-three/copyright CACHE FILEPATH "Its licence")
-set(view_folder ${CMAKE_CURRENT_LIST_DIR})
 
 set(three_scripts ${PPWORD_THREE_FOLDER}/three.min.js)
 foreach(name controls/OrbitControls lines/LineSegmentsGeometry lines/LineMaterial lines/LineSegments2)
@@ -18,6 +17,7 @@ endforeach()
 
 # Adds the page to a program, with these scripts of the library; without them it draws nothing.
 function(ppword_add_page target library)
+  set(view_folder ${PROJECT_SOURCE_DIR}/tools/ppword/view)
   set(page ${view_folder}/page)
   set(scripts)
   set(licence)

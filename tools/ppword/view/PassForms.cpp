@@ -112,7 +112,8 @@ void addNumber(std::string_view text, const Number& number, const std::vector<Li
 }  // namespace
 
 void PassForms::add(long source, std::string_view line, std::string_view explanation) {
-  const std::vector<LineNumber> numbers = numbersOf(line);
+  const std::vector<LineNumber> numbers = numbersOf(line.substr(0, kLongest));
+  if (explanation.size() > kLongest) explanation = {};
   std::string form;
   std::string own;
   std::size_t at = 0;

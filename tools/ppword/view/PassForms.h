@@ -16,6 +16,8 @@ class PassForms {
  public:
   /// How many forms are stored; lines with further ones have no passes.
   static constexpr std::size_t kMostForms = 2000;
+  /// How many bytes an explanation has at most whose form is stored.
+  static constexpr std::size_t kLongest = 16384;
 
   /// Adds a line, and the explanation of how it arose from a line of an instruction, which has the
   /// number `source`.

@@ -36,9 +36,11 @@ const KEPMfgParameterValue* find(const host::NamedValues& values, std::string_vi
 std::string toolOf(const host::NamedValues& values) {
   const auto* const number = find(values, "MFG_TOOL_NUMBER");
   const auto* const name = find(values, "MFG_TOOL_NAME");
-  std::string text = number == nullptr ? "" : "T" + host::plainText(*number);
-  if (name != nullptr) (text += text.empty() ? "" : " ") += host::plainText(*name);
-  return text;
+  const std::string text = number == nullptr ? "" : "T" + host::plainText(*number);
+  const std::string rest = name == nullptr ? "" : host::plainText(*name);
+  // Names often begin with the number.
+  if (text.empty() || rest.empty() || rest.starts_with(text)) return rest.empty() ? text : rest;
+  return (text + ' ') += rest;
 }
 
 std::string toolOf(const host::ActivityStart& activity) {
@@ -50,11 +52,12 @@ std::string toolOf(const host::ActivityStart& activity) {
 // A feed rate in words; empty when none is stated.
 std::string feedText(const host::FeedrateChange& feed) {
   if (!feed.value) return "";
+  const std::string& type = feed.value->type;
   std::string text = feed.value->text;
-  if (feed.factor && *feed.factor != 1)
-    text += " x " + host::plainText(host::realValue(*feed.factor));
-  if (feed.value->type == "ANGULARFEEDRATE") return text + " per revolution";
-  return text + (feed.value->type == "LINEARFEEDRATE" ? " per minute" : "");
+  if (type == "ANGULARFEEDRATE") text += " per revolution";
+  if (type == "LINEARFEEDRATE") text += " per minute";
+  const bool isFull = !feed.factor || *feed.factor == 1;
+  return isFull ? text : text + ", times " + host::plainText(host::realValue(*feed.factor));
 }
 
 }  // namespace
@@ -104,7 +107,7 @@ void ViewRecorder::requireSmall(const host::Element& element) const {
   const std::string file = element.file.empty() ? input_.name() : std::string(element.file);
   throw host::InputError(file, element.line, 0,
                          "a page shows at most " + std::to_string(kMostElements) +
-                             " elements and lines, and 64 MiB of text; this tool path has more");
+                             " elements and lines, and 32 MiB of text; this tool path has more");
 }
 
 void ViewRecorder::addPlace(const host::WrittenElement& written) {
@@ -153,7 +156,7 @@ void ViewRecorder::addLine(long index, host::ExplainedLine& explained) {
   const std::string& written = written_[static_cast<std::size_t>(index)];
   std::string passes;
   const long source = sources_.of({instruction_, index});
-  if (!explained.passes.empty()) {
+  if (!explained.passes.empty() && written.size() <= PassForms::kLongest) {
     host::addNotes(explained);
     host::addOutput(explained, written);
     passes = host::explanationText({true, {explained}});

@@ -30,7 +30,7 @@ class ViewRecorder final : public host::ToolPathReader,
   /// How many elements, one for each point, and how many lines of text a page has at most, and how
   /// many bytes its text.
   static constexpr long kMostElements = 500000;
-  static constexpr std::size_t kMostBytes = 64U << 20U;
+  static constexpr std::size_t kMostBytes = 32U << 20U;
 
   /// The references must outlive the object.
   ViewRecorder(const ToolPathInput& input, host::ToolPathReader& events,

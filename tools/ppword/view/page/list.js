@@ -3,7 +3,7 @@
 // The list of the text's lines, of which only those in sight are in the document.
 const List = (() => {
   const HEIGHT = 20;
-  const SIGNS = { none: "", start: "o", rapid: "┄", feed: "—", arc: "(", cycle: "+" };
+  const SIGNS = { none: "", start: "o", rapid: "--", feed: "—", arc: "(", cycle: "+" };
 
   function span(name, text) {
     const element = document.createElement("span");
@@ -93,5 +93,5 @@ const List = (() => {
     return { choose, find, linesInSight: () => Math.max(1, Math.floor(box.clientHeight / HEIGHT) - 1) };
   }
 
-  return { create };
+  return { create, SIGNS };
 })();

@@ -130,7 +130,7 @@
     const names = { rapid: "Rapid", feed: "Feed", arc: "Arc", cycle: "Cycle places" };
     for (const [kind, name] of Object.entries(names)) {
       if (!path.kind.includes(kind)) continue;
-      addChoice("kinds", `kind-${kind}`, true, name, [sample(kind)], (isOn) => scene.showKind(kind, isOn));
+      addChoice("kinds", `kind-${kind}`, true, `${name}  ${List.SIGNS[kind]}`, [sample(kind)], (isOn) => scene.showKind(kind, isOn));
     }
     if (scene.hasAxes) addChoice("kinds", "axes", scene.showsAxes(), "Tool axes (A)", [], scene.showAxes);
     if (path.findingsOf.size > 0) addChoice("kinds", "marks", true, "▲ Findings", [], scene.showFindings);

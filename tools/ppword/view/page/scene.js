@@ -24,13 +24,12 @@ const Scene = (() => {
   function boxOf(path) {
     const low = [Infinity, Infinity, Infinity];
     const high = [-Infinity, -Infinity, -Infinity];
-    for (const point of path.point) {
-      if (!point) continue;
-      for (let i = 0; i < 3; ++i) {
-        low[i] = Math.min(low[i], point[i]);
-        high[i] = Math.max(high[i], point[i]);
-      }
-    }
+    const take = (point) => point.forEach((value, i) => {
+      low[i] = Math.min(low[i], value);
+      high[i] = Math.max(high[i], value);
+    });
+    path.point.forEach((point) => point && take(point));
+    for (const element of path.arc.keys()) Path.pointsOf(path, element).forEach(take);
     return low[0] === Infinity ? null : { low, high };
   }
 
@@ -191,6 +190,8 @@ const Scene = (() => {
     scene.add(extras.arc, extras.cycle, extras.findings, extras.axes, chosen, origin);
     const hiddenTools = new Set();
     let isAsked = false;
+    // Until someone moves the picture, all of it is in sight in any window.
+    let isWhole = true;
 
     // How many pixels a unit of length is.
     const scale = () => (camera.zoom * canvas.clientHeight) / (camera.top - camera.bottom);
@@ -262,9 +263,9 @@ const Scene = (() => {
       extras.cycle.material.color.set(Colours.named("ink"));
       extras.findings.material.color.set(Colours.named("warning"));
       extras.axes.material.color.set(Colours.named("quiet"));
-      chosen.line.material.color.set(Colours.named("accent"));
-      chosen.end.material.color.set(Colours.named("accent"));
-      chosen.arrow.setColor(new THREE.Color(Colours.named("accent")));
+      chosen.line.material.color.set(Colours.named("ink"));
+      chosen.end.material.color.set(Colours.named("ink"));
+      chosen.arrow.setColor(new THREE.Color(Colours.named("ink")));
       ask();
     }
 
@@ -278,6 +279,7 @@ const Scene = (() => {
       camera.bottom = -camera.top;
       camera.updateProjectionMatrix();
       chosen.line.material.resolution.set(width, height);
+      if (isWhole) look();
       ask();
     }
 
@@ -293,6 +295,7 @@ const Scene = (() => {
       camera.zoom = zoomToFit();
       camera.updateProjectionMatrix();
       controls.update();
+      isWhole = true;
       ask();
     }
 
@@ -309,12 +312,14 @@ const Scene = (() => {
     }
 
     function zoom(factor) {
+      isWhole = false;
       camera.zoom *= factor;
       camera.updateProjectionMatrix();
       ask();
     }
 
     function turn(right, up) {
+      isWhole = false;
       const offset = camera.position.clone().sub(controls.target);
       const place = new THREE.Spherical().setFromVector3(new THREE.Vector3(offset.x, offset.z, -offset.y));
       place.theta += right;
@@ -375,12 +380,13 @@ const Scene = (() => {
       if (!isDragged) onPick(elementAt(event.offsetX, event.offsetY));
     });
     controls.addEventListener("change", ask);
+    controls.addEventListener("start", () => (isWhole = false));
     new ResizeObserver(resize).observe(canvas.parentElement);
 
+    look("corner");
     resize();
     paint();
     selectChords();
-    look("corner");
     return {
       box: boxOf(path), look, zoom, turn, choose, paint,
       showKind: (kind, isShown) => ((kinds[kind].isShown = isShown), selectChords()),
