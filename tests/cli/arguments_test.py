@@ -14,7 +14,7 @@ class Arguments(program.ProgramTest):
     def test_no_command_names_the_commands(self):
         self.check_mistake(
             [],
-            "a command is required: check, explain, list, diff, document, post, verify, words, code, word, tables or lsp",
+            "a command is required: check, explain, list, diff, document, post, verify, view, words, code, word, tables or lsp",
         )
 
     def test_unknown_command_suggests_the_nearest(self):

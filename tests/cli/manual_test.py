@@ -7,7 +7,7 @@ import shutil
 
 import program
 
-NAMES = ("check", "explain", "list", "diff", "document", "post", "verify", "words", "code", "word", "tables", "lsp")
+NAMES = ("check", "explain", "list", "diff", "document", "post", "verify", "view", "words", "code", "word", "tables", "lsp")
 COMMANDS = ["ppword"] + ["ppword " + name for name in NAMES]
 OPTION = re.compile(r"^\s*((?:-\w, ?)?--[\w-]+)", re.MULTILINE)
 
@@ -52,7 +52,7 @@ class Manual(program.ProgramTest):
         shutil.copytree(program.EXAMPLES, self.folder, dirs_exist_ok=True)
         shown = self.page.split("\n.SH EXAMPLES\n")[1]
         examples = re.findall(r"^ppword (.*)$", shown, re.MULTILINE)
-        self.assertEqual(len(examples), 53)
+        self.assertEqual(len(examples), 55)
         for example in examples:
             done = self.run_program(*shlex.split(example))
             self.assertEqual(done.returncode, 0, example + "\n" + done.stderr)

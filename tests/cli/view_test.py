@@ -325,6 +325,20 @@ class View(program.ProgramTest):
         self.assertEqual(page.data_of(text)["tools"], ["", "T1 " + shown])
         self.assertEqual(page.data_of(text)["table"], "<b>\\xe4")
 
+    def test_scripts_write_no_markup(self):
+        folder = os.path.join(program.SOURCE, "tools", "ppword", "view", "page")
+        scripts = [name for name in os.listdir(folder) if name.endswith(".js")]
+        self.assertEqual(len(scripts), 8)
+        for name in scripts:
+            with open(os.path.join(folder, name), encoding="utf-8") as file:
+                wrong = r"HTML\b|document\.write|\beval\b|\bFunction\(|setTimeout\(.[\"']"
+                self.assertNotRegex(file.read(), wrong, name)
+
+    def test_names_of_tools_are_shortened(self):
+        tool = {"parameters": {"MFG_TOOL_NAME": "D" * 1000}}
+        data = self.job({"activity": "A", "tool": tool}, {"nc": "NC_TOOL_CHANGE"})
+        self.assertEqual(data["tools"], ["", "D" * 100])
+
     def test_size_of_a_motion(self):
         sizes = []
         for count in (500, 1500):

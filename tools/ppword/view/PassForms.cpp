@@ -122,6 +122,7 @@ void PassForms::add(long source, std::string_view line, std::string_view explana
     addNumber(explanation, number, numbers, form, own);
   }
   form += explanation.substr(at);
+  if (numbers_.size() + own.size() > kMostBytes) form.clear();
   const long formNumber = numberOf(source, form);
   lines_.addStep(formNumber);
   ++line_;

@@ -18,6 +18,8 @@ class PassForms {
   static constexpr std::size_t kMostForms = 2000;
   /// How many bytes an explanation has at most whose form is stored.
   static constexpr std::size_t kLongest = 16384;
+  /// How many bytes the numbers of all lines have at most that are not in the lines.
+  static constexpr std::size_t kMostBytes = 16U << 20U;
 
   /// Adds a line, and the explanation of how it arose from a line of an instruction, which has the
   /// number `source`.

@@ -16,6 +16,8 @@ using host::Triple;
 // How many parts of a unit of length are told apart, and of a direction or of an angle.
 constexpr double kLengthParts = 1e5;
 constexpr double kDirectionParts = 1e6;
+// The longest name of a tool that is shown.
+constexpr std::size_t kLongestName = 100;
 
 void addTriple(std::array<Column, 3>& columns, const Triple& values, double parts) {
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -85,7 +87,7 @@ bool ViewRecorder::next(host::ToolPathEvent& event) {
 
 void ViewRecorder::addTool(const host::ActivityStart& activity) {
   const std::string tool = toolOf(activity);
-  if (!tool.empty()) tool_ = tools_.of(host::terminalSafe(tool));
+  if (!tool.empty()) tool_ = host::terminalSafe(tool.substr(0, kLongestName));
 }
 
 void ViewRecorder::elementBegins(const host::WrittenElement& written) {
@@ -96,14 +98,14 @@ void ViewRecorder::elementBegins(const host::WrittenElement& written) {
   instruction_ = instructions_.of({std::string(written.instruction), written.sequence});
   addPlace(written);
   if (written.element.changes.feedrate) addFeed(*written.element.changes.feedrate);
-  toolChanges_.set(elements_, tool_);
+  toolChanges_.set(elements_, tools_.of(tool_));
   feedChanges_.set(elements_, feed_);
   addMotion(motions_.next(written.element, written.point, written.instruction));
 }
 
 void ViewRecorder::requireSmall(const host::Element& element) const {
   const bool isSmall = elements_ < kMostElements && lines_ < kMostElements;
-  if (isSmall && text_.size() < kMostBytes) return;
+  if (isSmall && text_.size() + sourceBytes_ < kMostBytes) return;
   const std::string file = element.file.empty() ? input_.name() : std::string(element.file);
   throw host::InputError(file, element.line, 0,
                          "a page shows at most " + std::to_string(kMostElements) +
@@ -163,6 +165,7 @@ void ViewRecorder::addLine(long index, host::ExplainedLine& explained) {
   }
   if (static_cast<std::size_t>(source) == sourceLines_.size()) {
     sourceLines_.push_back(explained.passes.empty() ? "" : explained.passes.front().line);
+    sourceBytes_ += sourceLines_.back().size();
   }
   // A value with line feeds makes several lines of the text.
   for (std::size_t at = 0, end = 0; at <= written.size(); at = end + 1) {

@@ -113,6 +113,7 @@ class ViewRecorder final : public host::ToolPathReader,
   Numbers<std::pair<std::string, int>> instructions_;
   Numbers<std::pair<long, long>> sources_;
   std::vector<std::string> sourceLines_;
+  std::size_t sourceBytes_ = 0;
   PassForms forms_;
   Numbers<Shape> shapes_;
   Column ofShape_;
@@ -131,6 +132,6 @@ class ViewRecorder final : public host::ToolPathReader,
   Numbers<std::string> feeds_;
   Changes feedChanges_;
   host::FeedrateChange feedrate_;
-  long tool_ = 0;
+  std::string tool_;
   long feed_ = 0;
 };

@@ -6,8 +6,14 @@ const Colours = (() => {
   const OF_TOOLS = 7;
   const indexOf = (tool) => (tool === 0 ? OF_TOOLS : (tool - 1) % OF_TOOLS);
 
+  // As it is now: light or dark.
   function named(name) {
-    return getComputedStyle(document.documentElement).getPropertyValue(`--${name}`).trim();
+    const probe = document.createElement("span");
+    probe.style.color = `var(--${name})`;
+    document.body.append(probe);
+    const colour = getComputedStyle(probe).color;
+    probe.remove();
+    return colour;
   }
 
   return { indexOf, named };

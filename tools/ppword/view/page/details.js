@@ -138,7 +138,7 @@ const Details = (() => {
   }
 
   function showOverview(path, box) {
-    const range = (axis) => box && `${number(box.low[axis])} to ${number(box.high[axis])} ${path.unit}`.trim();
+    const range = (axis) => (box ? `${number(box.low[axis])} to ${number(box.high[axis])} ${path.unit}`.trim() : "");
     document.getElementById("overview").replaceChildren(
       heading("Tool path"),
       facts([["Input", path.data.input], ["Table", path.data.table], ["Document", path.data.document],

@@ -6,6 +6,8 @@
   const path = Path.read(JSON.parse(byId("data").textContent));
   const chosen = { element: -1, line: -1 };
   const search = { found: [], at: -1 };
+  // How many tools the legend has.
+  const MOST_TOOLS = 100;
   let list = null;
   let scene = null;
 
@@ -134,11 +136,12 @@
     }
     if (scene.hasAxes) addChoice("kinds", "axes", scene.showsAxes(), "Tool axes (A)", [], scene.showAxes);
     if (path.findingsOf.size > 0) addChoice("kinds", "marks", true, "▲ Findings", [], scene.showFindings);
-    const used = new Set(path.tool);
-    path.data.tools.forEach((name, tool) => {
-      if (!used.has(tool)) return;
-      addChoice("tools", `tool-${tool}`, true, name || "no tool", [swatch(tool)], (isOn) => scene.showTool(tool, isOn));
-    });
+    const used = [...new Set(path.tool)];
+    for (const tool of used.slice(0, MOST_TOOLS)) {
+      const name = path.data.tools[tool] || "no tool";
+      addChoice("tools", `tool-${tool}`, true, name, [swatch(tool)], (isOn) => scene.showTool(tool, isOn));
+    }
+    if (used.length > MOST_TOOLS) byId("tools").append(`and ${used.length - MOST_TOOLS} more tools`);
   }
 
   // --- Keys
