@@ -271,9 +271,9 @@ class View(program.ProgramTest):
         data = self.data("part.canon")
         found = data["findings"]
         names = [(each["key"], each["name"], each["count"], each["line"]) for each in found["list"]]
-        # The comment "slot (2)" is a statement of its own; no place of it is known.
+        # The comment "slot (2)" is a statement of its own; only its first place is known.
         wanted = [("lost-move", "NURBS_FEED", 1, 6), ("unknown-call", "WARBLE", 1, 8),
-                  ("bare-comment", "", 1, 0)]
+                  ("bare-comment", "COMMENT", 1, 2)]
         self.assertEqual(names, wanted)
         lines = page.sums(data["inputLines"])
         places = [lines[element] for element in page.sums(found["elements"])]

@@ -129,15 +129,9 @@ PostOutcome generate(const PostOptions& options, LoadedTables* tables, const Pla
   const auto consumer = consumerOf(profile.get(), input, text);
   const host::Summary summary = write(input, map.get(), consumer ? *consumer : text, readBack.get(),
                                       isAlone && showsProgress(options.format));
-  const PostReport made{summary,
-                        input.listing(),
-                        load.missing(),
-                        input.table(),
-                        input.isProgram() ? &input.machineWords() : nullptr,
-                        readBack ? &readBack->comparison() : nullptr,
-                        options.output,
-                        consumer.get(),
-                        builtIn(summary, input, load)};
+  PostReport made = reportOf(options, input, load, summary);
+  made.comparison = readBack ? &readBack->comparison() : nullptr;
+  made.consumer = consumer.get();
   const std::string refusal = refusalOf(made, strictness);
   PostOutcome outcome;
   outcome.elements = summary.elements;
@@ -180,6 +174,19 @@ void openToolPath(const PostOptions& options, ToolPathInput& input, LoadReport& 
     input.open();
   }
   requireOther(options, input.table().path);
+}
+
+PostReport reportOf(const PostOptions& options, const ToolPathInput& input, const LoadReport& load,
+                    const host::Summary& summary) {
+  return {summary,
+          input.listing(),
+          load.missing(),
+          input.table(),
+          input.isProgram() ? &input.machineWords() : nullptr,
+          nullptr,
+          options.output,
+          nullptr,
+          builtIn(summary, input, load)};
 }
 
 void requireOthers(const PostOptions& options) {

@@ -13,9 +13,11 @@ class LoadReport;
 class LoadedTables;
 class PostMap;
 class ToolPathInput;
+struct PostReport;
 namespace host {
 class TableOrigins;
-}
+struct Summary;
+}  // namespace host
 
 /// What became of a tool path, and what is said of it.
 struct PostOutcome {
@@ -48,6 +50,11 @@ using Placing = std::function<void(std::unique_ptr<PostOutput> text, PostMap* ma
 /// listeners. Raises what ToolPathInput::open raises, and the UsageError of requireOther.
 void openToolPath(const PostOptions& options, ToolPathInput& input, LoadReport& load,
                   host::TableOrigins& origins);
+
+/// What a run made, without a reading back and without a profile. The input, the summary and the
+/// load must outlive it.
+[[nodiscard]] PostReport reportOf(const PostOptions& options, const ToolPathInput& input,
+                                  const LoadReport& load, const host::Summary& summary);
 
 /// Raises a UsageError when the output or the map would replace a file that the run reads; the
 /// second one asks for all files that the options name.

@@ -11,11 +11,12 @@ namespace {
 // What is counted together beyond the names that are counted each.
 constexpr std::string_view kOthers = "(others)";
 
-// The kind of finding that a call is; empty for one that lost nothing.
+// The kind of finding that a call is; empty for none.
 std::string_view keyOf(host::CallFate fate) {
   using enum host::CallFate;
   if (fate == Dropped) return kLostCall;
   if (fate == UnsupportedMove) return kLostMove;
+  if (fate == Chords) return kChords;
   return fate == Unknown ? kUnknownCall : std::string_view();
 }
 
@@ -35,8 +36,11 @@ FindingPlaces::FindingPlaces(const host::Summary& summary, const host::ListingRe
       followed_{{kUnevaluated, &host::Summary::unevaluated},
                 {kWithoutNumber, &host::Summary::withoutNumber},
                 {kCutOff, &host::Summary::dropped},
+                {kCutText, &host::Summary::cutTexts},
                 {kDeleted, &host::Summary::deleted},
                 {kNeverGiven, &host::Summary::neverGiven},
+                {kRoundedToZero, &host::Summary::roundedToZero},
+                {kMissingDimension, &host::Summary::missingDimensions},
                 {kImpossible, &host::Summary::impossible, true},
                 {kWideLine, &host::Summary::wide}} {}
 
@@ -71,57 +75,38 @@ void FindingPlaces::noteCalls(long element) {
   }
 }
 
-void FindingPlaces::addPlace(std::string_view key, const std::string& name, long element) {
+void FindingPlaces::addPlace(std::string_view key, std::string_view name, long element) {
   if (++places_ > kMostPlaces) return;
   elements_.addStep(element);
-  numbers_.add(static_cast<std::int64_t>(numberOf(key, name)));
+  numbers_.add(static_cast<std::int64_t>(numberOf(key, host::terminalSafe(name))));
 }
 
 std::size_t FindingPlaces::numberOf(std::string_view key, const std::string& name) {
-  const auto [known, isNew] = known_.try_emplace({key, name}, findings_.size());
-  if (isNew) findings_.push_back({key, name});
-  return known->second;
+  return known_.try_emplace({key, name}, known_.size()).first->second;
 }
 
-void FindingPlaces::count(const Finding& finding) {
-  if (finding.count > 0) findings_[numberOf(finding.key, finding.name)] = finding;
+Json FindingPlaces::findingJson(std::string_view key, const Count& count) {
+  return {{"number", numberOf(key, count.name)},
+          {"key", key},
+          {"name", count.name},
+          {"count", count.count},
+          {"line", count.line},
+          {"file", host::terminalSafe(count.file)}};
 }
 
-void FindingPlaces::count(std::string_view key, const host::Tally& tally) {
-  for (const host::Tally::Entry& entry : tally.entries()) {
-    count({key, entry.name, entry.count, entry.firstLine, entry.firstFile});
-  }
-  count({key, std::string(kOthers), tally.others()});
-}
-
-void FindingPlaces::countWithoutPlaces(const PostReport& report) {
-  count(kMisspelt, report.summary.misspelt);
-  count({kTableEntry, "", report.missingEntries});
-  if (report.listing != nullptr) count({kBareComment, "", host::bareTexts(*report.listing)});
-  if (report.machineWords == nullptr) return;
-  for (const host::MachineWord& word : *report.machineWords) {
-    const std::string file = word.file == report.summary.file ? "" : word.file;
-    count({kMachineCoordinates, word.name, word.count, word.line, file});
-  }
+void FindingPlaces::addFindings(const Counts& counts, Json& list) {
+  for (const Count& count : counts.all) list.push_back(findingJson(counts.key, count));
+  const Count others{counts.all.empty() ? "" : std::string(kOthers), counts.others, "", 0, ""};
+  if (counts.others > 0) list.push_back(findingJson(counts.key, others));
 }
 
 Json FindingPlaces::json(const PostReport& report) {
-  for (const Followed& followed : followed_) count(followed.key, report.summary.*followed.tally);
-  for (const host::CallCount& call :
-       report.listing == nullptr ? std::vector<host::CallCount>() : report.listing->calls().all()) {
-    const std::string_view key = keyOf(call.fate);
-    if (!key.empty()) count({key, call.name, call.count, call.firstLine, call.firstFile});
-  }
-  countWithoutPlaces(report);
   Json kinds = Json::object();
   Json list = Json::array();
-  for (const Finding& finding : findings_) {
-    kinds[std::string(finding.key)] = kindJson(finding.key);
-    list.push_back({{"key", finding.key},
-                    {"name", host::terminalSafe(finding.name)},
-                    {"count", finding.count},
-                    {"line", finding.line},
-                    {"file", host::terminalSafe(finding.file)}});
+  for (const Counts& counts : findingsOf(report)) {
+    if (counts.total() == 0) continue;
+    kinds[std::string(counts.key)] = kindJson(counts.key);
+    addFindings(counts, list);
   }
   return {{"kinds", std::move(kinds)},
           {"list", std::move(list)},

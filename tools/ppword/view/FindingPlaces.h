@@ -9,7 +9,7 @@
 #include "post/generator/Summary.h"
 #include "post/listing/ListingReader.h"
 #include "tools/ppword/Json.h"
-#include "tools/ppword/PostReport.h"
+#include "tools/ppword/Losses.h"
 #include "tools/ppword/view/Columns.h"
 
 /// Where the losses and warnings of a run are: what `post` counts, with the elements at which it is
@@ -30,13 +30,6 @@ class FindingPlaces {
   [[nodiscard]] Json json(const PostReport& report);
 
  private:
-  struct Finding {
-    std::string_view key;
-    std::string name;
-    long count = 0;
-    long line = 0;
-    std::string file{};
-  };
   /// A tally that is followed, with what it had counted under each name.
   struct Followed {
     std::string_view key;
@@ -48,18 +41,17 @@ class FindingPlaces {
 
   void note(Followed& followed, long element);
   void noteCalls(long element);
-  void addPlace(std::string_view key, const std::string& name, long element);
+  void addPlace(std::string_view key, std::string_view name, long element);
   [[nodiscard]] std::size_t numberOf(std::string_view key, const std::string& name);
-  void count(const Finding& finding);
-  void count(std::string_view key, const host::Tally& tally);
-  void countWithoutPlaces(const PostReport& report);
+  void addFindings(const Counts& counts, Json& list);
+  [[nodiscard]] Json findingJson(std::string_view key, const Count& count);
 
   const host::Summary& summary_;
   const host::ListingReader* listing_;
   std::vector<Followed> followed_;
   /// How many calls were counted under each name.
   std::vector<long> calls_;
-  std::vector<Finding> findings_;
+  /// The numbers of the findings, by their keys and names.
   std::map<std::pair<std::string_view, std::string>, std::size_t> known_;
   /// Of each place the element and the number of the finding.
   Column elements_;

@@ -92,11 +92,10 @@ Motion Motions::next(const host::Element& element, long point, std::string_view 
   if (point == 1) apply(element.changes);
   const MotionKind kind = motionKindOf(instruction);
   if (instruction == "NC_RAPID") isRapid_ = true;
-  if (kind == MotionKind::Arc) {
-    const bool isHelix = instruction == "NC_HELICAL_INTERPOLATION";
-    const auto& end = isHelix ? helix_.end : circle_.point;
-    if (end) return along(*end, isHelix ? helixTo(*end) : circleTo(*end));
-  }
+  const bool isHelix = instruction == "NC_HELICAL_INTERPOLATION";
+  const auto& end = isHelix ? helix_.end : circle_.point;
+  const bool isArc = kind == MotionKind::Arc && end;
+  if (isArc) return along(*end, isHelix ? helixTo(*end) : circleTo(*end));
   if (element.positions.empty()) return {};
   const host::Position& position = element.positions[static_cast<std::size_t>(point) - 1];
   if (position.toolAxis) toolAxis_ = position.toolAxis;

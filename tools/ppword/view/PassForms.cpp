@@ -32,11 +32,16 @@ std::size_t endOfDigits(std::string_view text, std::size_t at) {
   return at;
 }
 
-// The next number that begins at `from` or after it; nothing at the end of the text.
-bool nextNumber(std::string_view text, std::size_t from, Number& number) {
-  std::size_t at = from;
+// Where the digits of the next number begin, or its point.
+std::size_t nextDigits(std::string_view text, std::size_t at) {
   while (at < text.size() && !isDigit(text, at) && !(text[at] == '.' && isDigit(text, at + 1)))
     ++at;
+  return at;
+}
+
+// The next number that begins at `from` or after it; false at the end of the text.
+bool nextNumber(std::string_view text, std::size_t from, Number& number) {
+  const std::size_t at = nextDigits(text, from);
   if (at == text.size()) return false;
   number.end = endOfDigits(text, at);
   if (number.end < text.size() && text[number.end] == '.') {
@@ -111,22 +116,27 @@ void addNumber(std::string_view text, const Number& number, const std::vector<Li
 
 }  // namespace
 
-void PassForms::add(long source, std::string_view line, std::string_view explanation) {
-  const std::vector<LineNumber> numbers = numbersOf(line.substr(0, kLongest));
-  if (explanation.size() > kLongest) explanation = {};
-  std::string form;
-  std::string own;
+PassForms::Reading PassForms::read(std::string_view line, std::string_view explanation) {
+  const std::vector<LineNumber> numbers = numbersOf(line);
+  Reading reading;
   std::size_t at = 0;
   for (Number number{}; nextNumber(explanation, at, number); at = number.end) {
-    form += explanation.substr(at, number.begin - at);
-    addNumber(explanation, number, numbers, form, own);
+    reading.form += explanation.substr(at, number.begin - at);
+    addNumber(explanation, number, numbers, reading.form, reading.own);
   }
-  form += explanation.substr(at);
-  if (numbers_.size() + own.size() > kMostBytes) form.clear();
-  const long formNumber = numberOf(source, form);
-  lines_.addStep(formNumber);
+  reading.form += explanation.substr(at);
+  return reading;
+}
+
+void PassForms::add(long source, std::string_view line, std::string_view explanation) {
+  Reading reading;
+  if (explanation.size() <= kLongest) reading = read(line, explanation);
+  if (numbers_.size() + reading.own.size() > kMostBytes) reading = {};
+  const long form = numberOf(source, reading.form);
+  lines_.addStep(form);
   ++line_;
-  if (!own.empty() && !forms_[static_cast<std::size_t>(formNumber)].text.empty()) addNumbers(own);
+  const bool isStored = !forms_[static_cast<std::size_t>(form)].text.empty();
+  if (!reading.own.empty() && isStored) addNumbers(reading.own);
 }
 
 void PassForms::addNumbers(const std::string& numbers) {

@@ -34,6 +34,13 @@ class PassForms {
     std::string text;
   };
 
+  /// The form of an explanation, and the numbers between commas that the line does not have.
+  struct Reading {
+    std::string form;
+    std::string own;
+  };
+
+  [[nodiscard]] static Reading read(std::string_view line, std::string_view explanation);
   [[nodiscard]] long numberOf(long source, const std::string& text);
   void addNumbers(const std::string& numbers);
 

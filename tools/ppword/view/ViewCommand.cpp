@@ -36,6 +36,15 @@ void writePage(const PostOptions& options, const std::string& page, PostOutcome&
   outcome.addDoubt(output.file());
 }
 
+// What is said of the run, which may have been doubted already.
+void report(const PostOptions& options, const PostReport& made, PostOutcome& outcome) {
+  if (options.format == OutputFormat::ForPeople) {
+    outcome.text.insert(0, reportText(made, "", false));
+  } else {
+    outcome.report.update(reportJson(made, true));
+  }
+}
+
 PostOutcome view(const PostOptions& options) {
   ToolPathInput input(options);
   LoadReport load;
@@ -45,19 +54,10 @@ PostOutcome view(const PostOptions& options) {
   Progress progress(input.events(), showsProgress(options.format));
   ViewRecorder recorder(input, progress, origins);
   const host::Summary summary = record(input, recorder);
-  const PostReport made{summary,
-                        input.listing(),
-                        load.missing(),
-                        input.table(),
-                        input.isProgram() ? &input.machineWords() : nullptr,
-                        options.output};
+  const PostReport made = reportOf(options, input, load, summary);
   PostOutcome outcome;
   writePage(options, pageOf(recorder.json(made)), outcome);
-  if (options.format == OutputFormat::ForPeople) {
-    outcome.text.insert(0, reportText(made, "", false));
-  } else {
-    outcome.report.update(reportJson(made, true));
-  }
+  report(options, made, outcome);
   return outcome;
 }
 

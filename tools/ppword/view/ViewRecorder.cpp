@@ -62,6 +62,14 @@ std::string feedText(const host::FeedrateChange& feed) {
   return isFull ? text : text + ", times " + host::plainText(host::realValue(*feed.factor));
 }
 
+// What explain says of a line; empty for one that is too long to be stored.
+std::string passesOf(host::ExplainedLine& explained, const std::string& written) {
+  if (explained.passes.empty() || written.size() > PassForms::kLongest) return "";
+  host::addNotes(explained);
+  host::addOutput(explained, written);
+  return host::explanationText({true, {explained}});
+}
+
 }  // namespace
 
 ViewRecorder::ViewRecorder(const ToolPathInput& input, host::ToolPathReader& events,
@@ -131,6 +139,10 @@ void ViewRecorder::addMotion(const Motion& motion) {
   addTriple(points_, motion.point, kLengthParts);
   if (motion.arc) addTriple(centers_, motion.arc->center, kLengthParts);
   if (motion.arc) addTriple(turns_, motion.arc->turn, kDirectionParts);
+  addToolAxis();
+}
+
+void ViewRecorder::addToolAxis() {
   const auto& axis = motions_.toolAxis();
   const bool isShown =
       axis && std::ranges::all_of(*axis, [](double part) { return std::abs(part) <= 2; });
@@ -156,17 +168,8 @@ void ViewRecorder::endElement() {
 
 void ViewRecorder::addLine(long index, host::ExplainedLine& explained) {
   const std::string& written = written_[static_cast<std::size_t>(index)];
-  std::string passes;
-  const long source = sources_.of({instruction_, index});
-  if (!explained.passes.empty() && written.size() <= PassForms::kLongest) {
-    host::addNotes(explained);
-    host::addOutput(explained, written);
-    passes = host::explanationText({true, {explained}});
-  }
-  if (static_cast<std::size_t>(source) == sourceLines_.size()) {
-    sourceLines_.push_back(explained.passes.empty() ? "" : explained.passes.front().line);
-    sourceBytes_ += sourceLines_.back().size();
-  }
+  const long source = sourceOf(index, explained);
+  const std::string passes = passesOf(explained, written);
   // A value with line feeds makes several lines of the text.
   for (std::size_t at = 0, end = 0; at <= written.size(); at = end + 1) {
     end = std::min(written.find('\n', at), written.size());
@@ -175,6 +178,15 @@ void ViewRecorder::addLine(long index, host::ExplainedLine& explained) {
     (text_ += line) += '\n';
     ++lines_;
   }
+}
+
+long ViewRecorder::sourceOf(long index, const host::ExplainedLine& explained) {
+  const long source = sources_.of({instruction_, index});
+  if (static_cast<std::size_t>(source) == sourceLines_.size()) {
+    sourceLines_.push_back(explained.passes.empty() ? "" : explained.passes.front().line);
+    sourceBytes_ += sourceLines_.back().size();
+  }
+  return source;
 }
 
 void ViewRecorder::finish() {

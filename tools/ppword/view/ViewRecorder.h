@@ -62,6 +62,8 @@ class ViewRecorder final : public host::ToolPathReader,
   void addTool(const host::ActivityStart& activity);
   /// Adds a line of the element that ends: which one, and how it arose.
   void addLine(long index, host::ExplainedLine& explained);
+  [[nodiscard]] long sourceOf(long index, const host::ExplainedLine& explained);
+  void addToolAxis();
   void requireSmall(const host::Element& element) const;
   [[nodiscard]] Json sourcesJson() const;
   [[nodiscard]] Json shapesJson() const;

@@ -60,7 +60,7 @@ const Details = (() => {
 
   function findingParts(finding) {
     const name = finding.name ? `: ${finding.name}` : "";
-    return [make("span", `▲ ${finding.severity} ${finding.key} `, "key"), `${finding.fault}${name}`];
+    return [make("span", `${Path.signOf(finding)} ${finding.severity} ${finding.key} `, finding.severity === "note" ? "hint" : "key"), `${finding.fault}${name}`];
   }
 
   function lineParts(path, line) {

@@ -49,9 +49,9 @@ const List = (() => {
       const isLast = line + 1 === path.firstLine[element + 1];
       const sign = span("sign", isLast ? SIGNS[path.kind[element]] : "");
       sign.style.color = `var(--tool-${Colours.indexOf(path.tool[element])})`;
-      const hasFinding = path.findingsOf.has(element) && line === path.firstLine[element];
-      const flag = span("flag", hasFinding ? "▲" : "");
-      if (hasFinding) flag.title = path.findingsOf.get(element).map((each) => each.fault).join("; ");
+      const findings = line === path.firstLine[element] ? path.findingsOf.get(element) ?? [] : [];
+      const flag = span("flag", [...new Set(findings.map(Path.signOf))].sort().at(-1) ?? "");
+      flag.title = findings.map((each) => each.fault).join("; ");
       row.append(span("number", String(line + 1)), flag, sign, marked(path.lines[line], search));
       row.addEventListener("click", () => onPick(line));
       return row;

@@ -53,10 +53,11 @@ const Path = (() => {
   function readFindings(data, path) {
     path.findings = data.findings.list.map((finding) => ({ ...finding, ...data.findings.kinds[finding.key], elements: [] }));
     path.findingsOf = new Map();
+    const byNumber = new Map(path.findings.map((finding) => [finding.number, finding]));
     const numbers = Columns.numbers(data.findings.numbers);
     Columns.sums(data.findings.elements).forEach((element, i) => {
       const place = Math.min(element, path.count - 1);
-      const finding = path.findings[numbers[i]];
+      const finding = byNumber.get(numbers[i]);
       finding.elements.push(place);
       path.findingsOf.set(place, [...(path.findingsOf.get(place) ?? []), finding]);
     });
@@ -134,7 +135,9 @@ const Path = (() => {
     return sum;
   }
 
+  // Of a note nothing has to be done.
+  const signOf = (finding) => (finding.severity === "note" ? "•" : "▲");
   const axisAt = (path, element) => path.axes[path.axis[element]] ?? null;
 
-  return { read, isMotion, pointsOf, lengthOf, axisAt };
+  return { read, isMotion, pointsOf, lengthOf, axisAt, signOf };
 })();
