@@ -21,6 +21,34 @@ def with_data(page, data):
     return DATA.sub(lambda found: found[1] + text + found[3], page)
 
 
+NUMBER = re.compile(r" *[-+]?(?:\d+\.?\d*|\.\d+)")
+
+
+def short(number):
+    """A number without the zeros that say nothing: -1.5 for -01.500."""
+    sign, digits = ("-" if number.startswith("-") else ""), number.lstrip("+-")
+    whole, point, rest = digits.partition(".")
+    whole, rest = whole.lstrip("0") or "0", rest.rstrip("0")
+    return sign + whole + (point if rest else "") + rest
+
+
+def passes_of(data, line):
+    """What the page shows of the passes of a line, from 0."""
+    passes = data["passes"]
+    form = passes["forms"][sums(passes["ofLine"])[line]][1]
+    found = NUMBER.findall(data["text"].split("\n")[line])
+    own = dict(zip(sums(passes["ownLines"]), passes["own"].split("\n")))
+    others = iter(own.get(line, "").split(","))
+    kinds = {"\1": str, "\2": str.strip, "\3": lambda number: short(number.strip())}
+
+    def number(place):
+        if place[0] == "\4":
+            return next(others)
+        return kinds[place[0][0]](found[ord(place[0][1]) - 33])
+
+    return re.sub("[\1-\3].|\4", number, form, flags=re.DOTALL)
+
+
 def policy_of(page):
     return re.search(r'http-equiv="Content-Security-Policy" content="([^"]*)"', page)[1]
 

@@ -164,6 +164,24 @@ class View(program.ProgramTest):
         places = [line for line, count in zip(lines, counts) for _ in range(count)]
         self.assertEqual(places, [record["element"]["line"] for record in records])
 
+    def test_passes_are_those_of_explain(self):
+        self.write("table", (
+            "*START_NC_INSTRUCTION NC_GOTO\nPPRINT 1.50 of 7 is -0.500\n"
+            "GOTO/%MFG_XPOINT,(%MFG_YPOINT*2),((%MFG_ZPOINT+1)/3)\n"
+            "A/-%MFG_XPOINT,%MFG_FEED_VALUE,$\nB/%MFG_NOWHERE,%MFG_YPOINT\n*END\n"
+            "*START_FORMAT MFG_XPOINT\n%.2f\n*END\n*START_FORMAT MFG_FEED_VALUE\n%+09.3f\n*END\n"
+        ))
+        points = [[-0.001, 0, 0], [1, 2, 3], [-12.5, 1e-7, 1e9], [0.125, -70, 3.14159265]]
+        goto = {"nc": "NC_GOTO", "feedrate": {"value": 250}, "points": points}
+        self.write("job", HEADER + json.dumps(goto) + "\n" + END)
+        data = self.data("job", "-t", "table")
+        lines = len(data["text"].splitlines()) // len(points)
+        for point in range(len(points)):
+            done = self.run_program("explain", "--job", f"job:2:{point + 1}", "-t", "table")
+            wanted = done.stdout.encode("latin-1").decode().partition("\n")[2]
+            found = [page.passes_of(data, point * lines + i) for i in range(lines)]
+            self.assertEqual("\n".join(found), wanted)
+
     # --- The motions, worked out by hand
 
     def test_kinds_of_motions(self):

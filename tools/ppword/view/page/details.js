@@ -50,7 +50,7 @@ const Details = (() => {
     return [
       ["Motion", path.kind[element] === "none" ? "none" : path.kind[element]],
       ["From", isMotion ? pointText(path.point[path.from[element]]) : ""],
-      ["To", pointText(path.point[element])],
+      [isMotion ? "To" : "Tool at", pointText(Path.placeAt(path, element))],
       ["Length", isMotion ? `${number(Path.lengthOf(path, element))} ${path.unit}`.trim() : ""],
       ["Tool axis", axisText(Path.axisAt(path, element))],
       ["Tool", path.data.tools[path.tool[element]]],
@@ -151,7 +151,7 @@ const Details = (() => {
   function statusTexts(path, element, line) {
     if (element < 0) return [`${path.lines.length} lines, ${path.findings.length} findings`];
     return [line < 0 ? "no line" : `line ${line + 1} of ${path.lines.length}`, instructionText(path, element),
-      pointText(path.point[element]), axisText(Path.axisAt(path, element)),
+      pointText(Path.placeAt(path, element)), axisText(Path.axisAt(path, element)),
       path.data.tools[path.tool[element]] && `tool ${path.data.tools[path.tool[element]]}`,
       path.data.feeds[path.feed[element]] && `feed rate ${path.data.feeds[path.feed[element]]}`,
       path.kind[element] === "none" ? "no motion" : path.kind[element]];

@@ -22,18 +22,22 @@ const Path = (() => {
     }
   }
 
-  // The point where the tool is after each element, and the element that it came from.
+  // The end of each motion, the element that the tool came from, and the last element with a point: where
+  // the tool is.
   function readPoints(data, path) {
     const points = Columns.points(data.points, data.lengthParts);
     const centers = Columns.points(data.centers, data.lengthParts);
     const turns = Columns.points(data.turns, data.directionParts);
     path.point = new Array(path.count).fill(null);
     path.from = new Int32Array(path.count).fill(-1);
+    path.place = new Int32Array(path.count).fill(-1);
     path.arc = new Map();
     let last = -1;
     let next = 0;
     path.kind.forEach((kind, i) => {
+      path.place[i] = last;
       if (kind === "none") return;
+      path.place[i] = i;
       path.point[i] = points[next++];
       if (kind === "arc") path.arc.set(i, { center: centers[path.arc.size], turn: turns[path.arc.size] });
       if (kind !== "start") path.from[i] = last;
@@ -137,7 +141,8 @@ const Path = (() => {
 
   // Of a note nothing has to be done.
   const signOf = (finding) => (finding.severity === "note" ? "•" : "▲");
+  const placeAt = (path, element) => path.point[path.place[element]] ?? null;
   const axisAt = (path, element) => path.axes[path.axis[element]] ?? null;
 
-  return { read, isMotion, pointsOf, lengthOf, axisAt, signOf };
+  return { read, isMotion, pointsOf, lengthOf, placeAt, axisAt, signOf };
 })();

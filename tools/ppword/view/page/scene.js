@@ -90,8 +90,8 @@ const Scene = (() => {
 
   // Points with a sign, of a size in pixels. `elements` are those that they belong to.
   function pointsOf(path, elements, middle, sign, size) {
-    const places = elements.filter((element) => path.point[element]);
-    const positions = new Float32Array(places.flatMap((element) => path.point[element].map((value, i) => value - middle[i])));
+    const places = elements.map((element) => Path.placeAt(path, element)).filter(Boolean);
+    const positions = new Float32Array(places.flatMap((place) => place.map((value, i) => value - middle[i])));
     const geometry = new THREE.BufferGeometry();
     geometry.setAttribute("position", new THREE.BufferAttribute(positions, 3));
     const material = new THREE.PointsMaterial({
@@ -339,7 +339,7 @@ const Scene = (() => {
         chosen.line.geometry.dispose();
         chosen.line.geometry = new THREE.LineSegmentsGeometry().setPositions(ends);
       }
-      const point = element >= 0 ? path.point[element] : null;
+      const point = element >= 0 ? Path.placeAt(path, element) : null;
       chosen.end.visible = point !== null;
       const axis = point && Path.axisAt(path, element);
       chosen.arrow.visible = Boolean(axis);
