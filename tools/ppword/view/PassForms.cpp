@@ -90,7 +90,7 @@ template <class IsLike>
 bool addPlace(const std::vector<LineNumber>& numbers, Mark mark, std::string& form, IsLike isLike) {
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     if (!isLike(numbers[i])) continue;
-    form += mark;
+    form += static_cast<char>(mark);
     form += static_cast<char>(kFirstIndex + static_cast<char>(i));
     return true;
   }
@@ -109,7 +109,7 @@ void addNumber(std::string_view text, const Number& number, const std::vector<Li
   if (addPlace(numbers, kBare, form, [&](const auto& each) { return each.bare == bare; })) return;
   if (addPlace(numbers, kShort, form, [&](const auto& each) { return each.brief == bare; })) return;
   const bool isOwn = bare.find('.') != std::string_view::npos;
-  if (isOwn) form += kOwn;
+  if (isOwn) form += static_cast<char>(kOwn);
   if (!isOwn) form += bare;
   if (isOwn) (own += own.empty() ? "" : ",") += bare;
 }

@@ -46,7 +46,7 @@ std::string toolOf(const host::NamedValues& values) {
 }
 
 std::string toolOf(const host::ActivityStart& activity) {
-  const std::string own = toolOf(activity.parameters);
+  std::string own = toolOf(activity.parameters);
   if (!own.empty() || !activity.tool) return own;
   return toolOf(activity.tool->parameters);
 }
