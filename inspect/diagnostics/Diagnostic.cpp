@@ -48,6 +48,9 @@ void appendCells(std::string_view character, std::size_t byte, bool harmless,
   for (const char letter : escaped(character)) cells.push_back({{letter}, byte});
 }
 
+// A printable character of ASCII.
+bool isPlain(char byte) { return byte >= ' ' && byte <= '~'; }
+
 std::vector<Cell> cellsOf(std::string_view text) {
   std::vector<Cell> cells;
   for (std::size_t at = 0; at < text.size();) {
@@ -130,6 +133,7 @@ Excerpt excerptOf(std::string_view line, long column) {
 }
 
 std::string terminalSafe(std::string_view text) {
+  if (std::all_of(text.begin(), text.end(), isPlain)) return std::string(text);
   const std::vector<Cell> cells = cellsOf(text);
   return joined(cells, 0, cells.size());
 }

@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr std::string_view kDecimals = "0123456789";
-
 // What is in the place of a number: one of the line as it is there, without its blanks, or without
 // blanks and zeros; a number of its own. Except for the last one its index follows.
 enum Mark : char { kWhole = 1, kBare = 2, kShort = 3, kOwn = 4 };
@@ -23,7 +21,7 @@ struct Number {
 };
 
 bool isDigit(std::string_view text, std::size_t at) {
-  return at < text.size() && kDecimals.find(text[at]) != std::string_view::npos;
+  return at < text.size() && text[at] >= '0' && text[at] <= '9';
 }
 
 // The end of the digits at a place, which is the place itself where there are none.
