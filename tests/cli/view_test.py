@@ -114,6 +114,23 @@ class View(program.ProgramTest):
         self.check(done, 2, stderr=NO_LIBRARY)
         self.assertEqual(self.files(), ["job"])
 
+    def test_part_that_would_end_its_block_is_not_built_in(self):
+        folder = os.path.join(program.SOURCE, "tools", "ppword", "view")
+        self.write("page", "")
+        self.write("style", "")
+        for ending in ("</script", "<!--", "</STYLE"):
+            self.write("script", f"const text = '{ending}';")
+            done = subprocess.run(
+                ["cmake", "-DOUTPUT=out", "-DPAGE=page", "-DSTYLE=style", "-DLICENCE=",
+                 "-DSCRIPTS=script", "-P", os.path.join(folder, "EmbedPage.cmake")],
+                cwd=self.folder, capture_output=True, encoding="utf-8", timeout=60, check=False,
+            )
+            self.assertEqual(done.returncode, 1)
+            said = " ".join(done.stderr.split())
+            wanted = f"script has {ending.lower()}, which would end its block in the page"
+            self.assertIn(wanted, said)
+            self.assertNotIn("out", self.files())
+
     # --- The report
 
     def test_report_is_that_of_post(self):
