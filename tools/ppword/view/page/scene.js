@@ -177,7 +177,7 @@ const Scene = (() => {
       scene.add(kinds[kind].lines);
     }
     const extras = {
-      arc: pointsOf(path, ringsOf(path), middle, "ring", 8),
+      arc: pointsOf(path, ringsOf(path), middle, "ring", 6),
       cycle: pointsOf(path, elementsOf(path, "cycle"), middle, "cross", 13),
       findings: pointsOf(path, [...path.findingsOf.keys()], middle, "triangle", 15),
       axes: axisLinesOf(path, middle, size / 18),
