@@ -301,6 +301,14 @@ class Page(program.ProgramTest):
         self.assertEqual(counts[:2], [418 + 3, 58 + 418 + 3])
         self.assertLess(counts[2], counts[1])
 
+    def test_hidden_tools_have_no_signs(self):
+        self.open(self.page_of("drilling.job.jsonl", "-t", "mill.pptable"))
+        # Five holes.
+        self.assertEqual(self.find("#canvas").get_attribute("data-points"), "5")
+        self.find("#tool-1").click()
+        self.settle()
+        self.assertEqual(self.find("#canvas").get_attribute("data-points"), "0")
+
     def test_light_and_dark(self):
         text = self.page_of("drilling.job.jsonl", "-t", "mill.pptable")
         grounds = []

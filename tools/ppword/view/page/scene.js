@@ -88,18 +88,20 @@ const Scene = (() => {
     disc: (context) => (context.arc(16, 16, 13, 0, 7), context.fill()),
   };
 
-  // Points with a sign, of a size in pixels. `elements` are those that they belong to.
-  function pointsOf(path, elements, middle, sign, size) {
-    const places = elements.map((element) => Path.placeAt(path, element)).filter(Boolean);
-    const positions = new Float32Array(places.flatMap((place) => place.map((value, i) => value - middle[i])));
+  // Points with a sign, of a size in pixels, where the tool is at `places`; they belong to `elements`.
+  function pointsOf(path, places, middle, sign, size, elements = places) {
+    const drawn = places.map((place, i) => [Path.placeAt(path, place), elements[i]]).filter(([point]) => point);
+    const positions = new Float32Array(drawn.flatMap(([point]) => point.map((value, i) => value - middle[i])));
     const geometry = new THREE.BufferGeometry();
     geometry.setAttribute("position", new THREE.BufferAttribute(positions, 3));
+    geometry.setIndex(new THREE.BufferAttribute(new Uint32Array(drawn.length), 1));
     const material = new THREE.PointsMaterial({
       size: size * devicePixelRatio, sizeAttenuation: false, map: signOf(SIGNS[sign]), transparent: true,
       depthTest: false, alphaTest: 0.3,
     });
     const points = new THREE.Points(geometry, material);
     points.frustumCulled = false;
+    points.elements = drawn.map(([, element]) => element);
     return points;
   }
 
@@ -127,9 +129,11 @@ const Scene = (() => {
     return elements;
   }
 
-  function ringsOf(path) {
+  // Both ends of each arc.
+  function ringsOf(path, middle) {
     const arcs = elementsOf(path, "arc");
-    return arcs.concat(arcs.map((element) => path.from[element])).filter((element) => element >= 0);
+    const places = arcs.concat(arcs.map((element) => path.from[element]));
+    return pointsOf(path, places, middle, "ring", 6, arcs.concat(arcs));
   }
 
   // The thick line of the chosen motion, its ends and the tool axis there.
@@ -177,7 +181,7 @@ const Scene = (() => {
       scene.add(kinds[kind].lines);
     }
     const extras = {
-      arc: pointsOf(path, ringsOf(path), middle, "ring", 6),
+      arc: ringsOf(path, middle),
       cycle: pointsOf(path, elementsOf(path, "cycle"), middle, "cross", 13),
       findings: pointsOf(path, [...path.findingsOf.keys()], middle, "triangle", 15),
       axes: axisLinesOf(path, middle, size / 18),
@@ -189,6 +193,7 @@ const Scene = (() => {
     origin.material.depthTest = false;
     scene.add(extras.arc, extras.cycle, extras.findings, extras.axes, chosen, origin);
     const hiddenTools = new Set();
+    let showsFindings = true;
     let isAsked = false;
     // Until someone moves the picture, all of it is in sight in any window.
     let isWhole = true;
@@ -208,6 +213,7 @@ const Scene = (() => {
       canvas.dataset.calls = renderer.info.render.calls;
       canvas.dataset.triangles = renderer.info.render.triangles;
       canvas.dataset.lines = renderer.info.render.lines;
+      canvas.dataset.points = renderer.info.render.points;
       placeLetters(unit);
     }
 
@@ -230,22 +236,24 @@ const Scene = (() => {
       });
     }
 
-    // Which chords are drawn: those of tools that are not hidden.
-    function selectChords() {
-      for (const { chords, lines, isShown } of Object.values(kinds)) {
-        const index = lines.geometry.index;
-        let count = 0;
-        for (let i = 0; i < chords.elements.length; ++i) {
-          if (hiddenTools.has(path.tool[chords.elements[i]])) continue;
-          index.array[count++] = 2 * i;
-          index.array[count++] = 2 * i + 1;
-        }
-        index.needsUpdate = true;
-        lines.geometry.setDrawRange(0, count);
-        lines.visible = isShown && count > 0;
-      }
-      extras.arc.visible = kinds.arc.isShown;
-      extras.cycle.visible = kinds.cycle.isShown;
+    // Draws those parts of an object, of so many vertices each, that belong to tools which are not hidden.
+    function select(object, elements, vertices, isShown) {
+      const { geometry } = object;
+      let count = 0;
+      elements.forEach((element, i) => {
+        if (hiddenTools.has(path.tool[element])) return;
+        for (let vertex = 0; vertex < vertices; ++vertex) geometry.index.array[count++] = vertices * i + vertex;
+      });
+      geometry.index.needsUpdate = true;
+      geometry.setDrawRange(0, count);
+      object.visible = isShown && count > 0;
+    }
+
+    function selectAll() {
+      for (const { chords, lines, isShown } of Object.values(kinds)) select(lines, chords.elements, 2, isShown);
+      select(extras.arc, extras.arc.elements, 1, kinds.arc.isShown);
+      select(extras.cycle, extras.cycle.elements, 1, kinds.cycle.isShown);
+      select(extras.findings, extras.findings.elements, 1, showsFindings);
       ask();
     }
 
@@ -386,13 +394,13 @@ const Scene = (() => {
     look("corner");
     resize();
     paint();
-    selectChords();
+    selectAll();
     return {
       box: boxOf(path), look, zoom, turn, choose, paint,
-      showKind: (kind, isShown) => ((kinds[kind].isShown = isShown), selectChords()),
-      showTool: (tool, isShown) => (isShown ? hiddenTools.delete(tool) : hiddenTools.add(tool), selectChords()),
+      showKind: (kind, isShown) => ((kinds[kind].isShown = isShown), selectAll()),
+      showTool: (tool, isShown) => (isShown ? hiddenTools.delete(tool) : hiddenTools.add(tool), selectAll()),
       showAxes: (isShown) => ((extras.axes.visible = isShown), ask()),
-      showFindings: (isShown) => ((extras.findings.visible = isShown), ask()),
+      showFindings: (isShown) => ((showsFindings = isShown), selectAll()),
       hasAxes: path.axes.length > 0,
       showsAxes: () => extras.axes.visible,
     };
