@@ -78,7 +78,7 @@ class View(program.ProgramTest):
         self.assertEqual(done.returncode, 3)
         self.assertEqual(self.read("page.html"), "old")
         done = self.run_program("view", "job", "-o", "page.html", "--force")
-        self.check(done, 0, stderr=program.REPORT + "page.html: written\n")
+        self.check(done, 0, stderr=program.REPORT + "  not verified\npage.html: written\n")
 
     def test_full_disk(self):
         self.write("job", program.JOB)
@@ -142,13 +142,14 @@ class View(program.ProgramTest):
         wanted = self.read("stderr").replace("standard output: written", "page.html: written")
         self.check(done, 0, stderr=wanted)
         done = self.run_program("view", "job", "-t", "table", "-o", "page.html", "--format", "json")
-        posted = self.run_program("post", "job", "-t", "table", "-o", "page.html", "--format", "json")
+        posted = self.run_program(
+            "post", "job", "-t", "table", "-o", "page.html", "--no-verify", "--format", "json")
         self.assertEqual(done.stderr, posted.stderr)
 
     def test_page_can_go_to_the_standard_output(self):
         self.write("job", program.JOB)
         done = self.run_program("view", "job", "-o", "-")
-        self.assertEqual(done.stderr, program.REPORT + "standard output: written\n")
+        self.assertEqual(done.stderr, program.REPORT + "  not verified\nstandard output: written\n")
         self.assertTrue(done.stdout.startswith("<!doctype html>\n"))
         self.assertTrue(done.stdout.endswith("</html>\n\n"))
 

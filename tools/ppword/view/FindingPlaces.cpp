@@ -104,7 +104,8 @@ Json FindingPlaces::json(const PostReport& report) {
   Json kinds = Json::object();
   Json list = Json::array();
   for (const Counts& counts : findingsOf(report)) {
-    if (counts.total() == 0) continue;
+    // The text of a page is not read back: there is no file of it.
+    if (counts.total() == 0 || counts.key == kNotVerified) continue;
     kinds[std::string(counts.key)] = kindJson(counts.key);
     addFindings(counts, list);
   }
