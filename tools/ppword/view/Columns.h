@@ -24,3 +24,19 @@ class Column {
   std::string bytes_;
   std::int64_t last_ = 0;
 };
+
+/// A value of each element that seldom changes: the elements where it does, and the values. It is 0
+/// at first.
+struct Changes {
+  Column elements{};
+  Column values{};
+  long value = 0;
+
+  /// Sets the value from an element on.
+  void set(long element, long newValue) {
+    if (newValue == value) return;
+    elements.addStep(element);
+    values.add(newValue);
+    value = newValue;
+  }
+};

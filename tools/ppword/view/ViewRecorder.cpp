@@ -29,6 +29,10 @@ Json triplesJson(const std::array<Column, 3>& columns) {
   return Json::array({columns[0].text(), columns[1].text(), columns[2].text()});
 }
 
+Json changesJson(const Changes& changes) {
+  return Json::array({changes.elements.text(), changes.values.text()});
+}
+
 const KEPMfgParameterValue* find(const host::NamedValues& values, std::string_view name) {
   const auto found = std::ranges::find(values, name, &host::NamedValues::value_type::first);
   return found == values.end() ? nullptr : &found->second;
@@ -84,8 +88,6 @@ void ViewRecorder::follow(const host::Summary& summary, host::PassRecorder& pass
   passes_ = &passes;
   findings_.emplace(summary, input_.listing());
 }
-
-Json ViewRecorder::Changes::json() const { return Json::array({elements.text(), values.text()}); }
 
 bool ViewRecorder::next(host::ToolPathEvent& event) {
   if (!events_.next(event)) return false;
@@ -236,8 +238,8 @@ Json ViewRecorder::json(const PostReport& report) {
           {"ofShape", ofShape_.text()},
           {"inputLines", inputLines_.text()},
           {"files", files_.all},
-          {"ofFile", fileChanges_.json()},
-          {"ofPoint", pointChanges_.json()},
+          {"ofFile", changesJson(fileChanges_)},
+          {"ofPoint", changesJson(pointChanges_)},
           {"lengthParts", kLengthParts},
           {"directionParts", kDirectionParts},
           {"points", triplesJson(points_)},
@@ -246,8 +248,8 @@ Json ViewRecorder::json(const PostReport& report) {
           {"axisElements", axisElements_.text()},
           {"axes", triplesJson(axes_)},
           {"tools", tools_.all},
-          {"ofTool", toolChanges_.json()},
+          {"ofTool", changesJson(toolChanges_)},
           {"feeds", feeds_.all},
-          {"ofFeed", feedChanges_.json()},
+          {"ofFeed", changesJson(feedChanges_)},
           {"findings", findings_->json(report)}};
 }

@@ -81,20 +81,6 @@ class ViewRecorder final : public host::ToolPathReader,
       return entry->second;
     }
   };
-  /// A value that seldom changes: the elements where it does, and the values.
-  struct Changes {
-    Column elements;
-    Column values;
-    long value = 0;
-
-    void set(long element, long newValue) {
-      if (newValue == value) return;
-      elements.addStep(element);
-      values.add(newValue);
-      value = newValue;
-    }
-    [[nodiscard]] Json json() const;
-  };
 
   const ToolPathInput& input_;
   host::ToolPathReader& events_;
