@@ -1,5 +1,5 @@
 # Installation: the program (component "program"), and what others build against (component
-# "embedding"): the two libraries side by side, the headers and the CMake package.
+# "embedding"): the libraries side by side, the headers and the CMake package.
 include(CMakePackageConfigHelpers)
 
 set(include_dir ${CMAKE_INSTALL_INCLUDEDIR}/MfgPPWord)
@@ -25,6 +25,7 @@ install(
   FILES ${PROJECT_SOURCE_DIR}/docs/ppword.1
   DESTINATION ${CMAKE_INSTALL_MANDIR}/man1
   COMPONENT program)
+install(TARGETS MfgPPWordExpressions LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT embedding)
 install(
   TARGETS MfgPPWordPlatform MfgPPWordInterfaces MfgPPWordHost MfgPPWord
   EXPORT MfgPPWordTargets
@@ -46,10 +47,10 @@ install(
   FILES_MATCHING
   PATTERN "*.h"
   # How the host stores documents and files, and how its model offers interfaces, is internal.
-  REGEX "/document/(Database|Digest|DocumentFormat|StoredDocument)\\.h$" EXCLUDE
+  REGEX "/document/(Database|Digest|DocumentFormat|Sqlite|StoredDocument)\\.h$" EXCLUDE
   REGEX "/manufacturing/(OperationExtensions|ToolChange|ToolExtensions)\\.h$" EXCLUDE
   REGEX "/modeler/FeatureOrder\\.h$" EXCLUDE
-  REGEX "/system/(EndingSignals|FileBeside|SystemReason)\\.h$" EXCLUDE)
+  REGEX "/system/(EndingSignals|FileBeside|LateLibrary|SystemReason)\\.h$" EXCLUDE)
 
 install(
   EXPORT MfgPPWordTargets

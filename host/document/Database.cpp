@@ -1,7 +1,6 @@
 #include "host/document/Database.h"
 
 #include <fcntl.h>
-#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -12,6 +11,7 @@
 
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
+#include "host/document/Sqlite.h"
 #include "host/system/SystemReason.h"
 
 namespace host {
@@ -45,8 +45,8 @@ void requireFile(const std::string& path, std::string_view name) {
 int systemError(sqlite3* connection) {
   int error = 0;
   // What the file remembers: undoing a change may have met other errors since.
-  sqlite3_file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
-  return error != 0 ? error : sqlite3_system_errno(connection);
+  sqlite::file_control(connection, "main", SQLITE_FCNTL_LAST_ERRNO, &error);
+  return error != 0 ? error : sqlite::system_errno(connection);
 }
 
 std::string reasonOf(int code, sqlite3* connection) {
@@ -61,18 +61,18 @@ std::string reasonOf(int code, sqlite3* connection) {
   if (code == SQLITE_READONLY_DBMOVED) return "it was moved or removed meanwhile";
   if (code == SQLITE_READONLY_ROLLBACK) return "an unfinished change cannot be undone here";
   if (kind == SQLITE_READONLY) return "it is write-protected";
-  return error != 0 ? systemReason(error) : sqlite3_errstr(code);
+  return error != 0 ? systemReason(error) : sqlite::errstr(code);
 }
 
 }  // namespace
 
-void Database::Close::operator()(sqlite3* connection) const noexcept { sqlite3_close(connection); }
+void Database::Close::operator()(sqlite3* connection) const noexcept { sqlite::close(connection); }
 
 Database::Database(const std::string& path, std::string_view name) : name_(name) {
   requireFile(path, name);
   sqlite3* connection = nullptr;
   const int code =
-      sqlite3_open_v2(plainPath(path).c_str(), &connection, SQLITE_OPEN_READWRITE, nullptr);
+      sqlite::open_v2(plainPath(path).c_str(), &connection, SQLITE_OPEN_READWRITE, nullptr);
   connection_.reset(connection);
   if (connection == nullptr) throw std::bad_alloc();
   if (code != SQLITE_OK) fail(code);
@@ -84,8 +84,8 @@ Database::Database(const std::string& path, std::string_view name) : name_(name)
 
 void Database::harden() {
   sqlite3* const connection = connection_.get();
-  sqlite3_extended_result_codes(connection, 1);
-  sqlite3_busy_timeout(connection, kPatienceInMilliseconds);
+  sqlite::extended_result_codes(connection, 1);
+  sqlite::busy_timeout(connection, kPatienceInMilliseconds);
   constexpr std::array<std::pair<int, int>, 7> kSwitches{{
       {SQLITE_DBCONFIG_DEFENSIVE, 1},
       {SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0},
@@ -96,7 +96,7 @@ void Database::harden() {
       {SQLITE_DBCONFIG_DQS_DML, 0},
   }};
   for (const auto& [what, on] : kSwitches) {
-    const int code = sqlite3_db_config(connection, what, on, nullptr);
+    const int code = sqlite::db_config(connection, what, on, nullptr);
     if (code != SQLITE_OK) fail(code);
   }
   constexpr std::array<std::pair<int, int>, 9> kLimits{{
@@ -110,7 +110,7 @@ void Database::harden() {
       {SQLITE_LIMIT_VARIABLE_NUMBER, 16},
       {SQLITE_LIMIT_TRIGGER_DEPTH, 1},
   }};
-  for (const auto& [what, most] : kLimits) sqlite3_limit(connection, what, most);
+  for (const auto& [what, most] : kLimits) sqlite::limit(connection, what, most);
   // EXTRA is FULL, and the folder is synchronised when the journal goes. Without spilling nothing
   // reaches the file before the commit.
   run("PRAGMA cell_size_check=ON;PRAGMA mmap_size=0;PRAGMA temp_store=MEMORY;"
@@ -123,7 +123,7 @@ void Database::requireRollbackJournal() {
   constexpr std::size_t kWriteVersion = 18;
   constexpr std::size_t kReadVersion = 19;
   sqlite3_file* file = nullptr;
-  sqlite3_file_control(connection_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
+  sqlite::file_control(connection_.get(), "main", SQLITE_FCNTL_FILE_POINTER, &file);
   std::array<char, kHeaderSize> header{};
   if (file == nullptr || file->pMethods == nullptr) refuse("this file is not a document");
   const int code = file->pMethods->xRead(file, header.data(), kHeaderSize, 0);
@@ -137,8 +137,8 @@ void Database::requireRollbackJournal() {
 void Database::requireOwnJournal() {
   constexpr std::string_view kEnd = "\xD9\xD5\x05\xF9\x20\xA1\x63\xD7";
   constexpr auto kSize = static_cast<off_t>(kEnd.size());
-  const char* const file = sqlite3_db_filename(connection_.get(), "main");
-  const int journal = ::open(sqlite3_filename_journal(file), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const char* const file = sqlite::db_filename(connection_.get(), "main");
+  const int journal = ::open(sqlite::filename_journal(file), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (journal < 0) return;
   std::array<char, kEnd.size()> end{};
   const bool isRead =
@@ -149,7 +149,7 @@ void Database::requireOwnJournal() {
 }
 
 void Database::run(const std::string& statements) {
-  const int code = sqlite3_exec(connection_.get(), statements.c_str(), nullptr, nullptr, nullptr);
+  const int code = sqlite::exec(connection_.get(), statements.c_str(), nullptr, nullptr, nullptr);
   if (code != SQLITE_OK) fail(code);
 }
 
@@ -166,7 +166,7 @@ void Database::beginWriting() {
 }
 
 std::string Database::commit() {
-  const int code = sqlite3_exec(connection_.get(), "COMMIT", nullptr, nullptr, nullptr);
+  const int code = sqlite::exec(connection_.get(), "COMMIT", nullptr, nullptr, nullptr);
   if ((code & 0xFF) == SQLITE_NOMEM) throw std::bad_alloc();
   return code == SQLITE_OK ? "" : reasonOf(code, connection_.get());
 }
@@ -193,62 +193,62 @@ void Database::fail(int code) const {
 }
 
 void Statement::Finalize::operator()(sqlite3_stmt* statement) const noexcept {
-  sqlite3_finalize(statement);
+  sqlite::finalize(statement);
 }
 
 Statement::Statement(Database& database, std::string_view text) : database_(database) {
   sqlite3_stmt* statement = nullptr;
-  const int code = sqlite3_prepare_v2(database.handle(), text.data(), static_cast<int>(text.size()),
+  const int code = sqlite::prepare_v2(database.handle(), text.data(), static_cast<int>(text.size()),
                                       &statement, nullptr);
   statement_.reset(statement);
   require(code);
 }
 
 bool Statement::step() {
-  const int code = sqlite3_step(statement_.get());
+  const int code = sqlite::step(statement_.get());
   if (code != SQLITE_ROW && code != SQLITE_DONE) database_.fail(code);
   return code == SQLITE_ROW;
 }
 
 void Statement::execute() {
   static_cast<void>(step());
-  require(sqlite3_reset(statement_.get()));
+  require(sqlite::reset(statement_.get()));
 }
 
 void Statement::bind(int place, std::int64_t number) {
-  require(sqlite3_bind_int64(statement_.get(), place, number));
+  require(sqlite::bind_int64(statement_.get(), place, number));
 }
 
 void Statement::bind(int place, std::string_view text) {
   // A null pointer would be a null value.
   const char* const bytes = text.empty() ? "" : text.data();
   require(
-      sqlite3_bind_text64(statement_.get(), place, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8));
+      sqlite::bind_text64(statement_.get(), place, bytes, text.size(), SQLITE_STATIC, SQLITE_UTF8));
 }
 
-void Statement::bindNull(int place) { require(sqlite3_bind_null(statement_.get(), place)); }
+void Statement::bindNull(int place) { require(sqlite::bind_null(statement_.get(), place)); }
 
 bool Statement::isNull(int column) const {
-  return sqlite3_column_type(statement_.get(), column) == SQLITE_NULL;
+  return sqlite::column_type(statement_.get(), column) == SQLITE_NULL;
 }
 
 bool Statement::isInteger(int column) const {
-  return sqlite3_column_type(statement_.get(), column) == SQLITE_INTEGER;
+  return sqlite::column_type(statement_.get(), column) == SQLITE_INTEGER;
 }
 
 bool Statement::isText(int column) const {
-  return sqlite3_column_type(statement_.get(), column) == SQLITE_TEXT;
+  return sqlite::column_type(statement_.get(), column) == SQLITE_TEXT;
 }
 
 std::int64_t Statement::integer(int column) const {
-  return sqlite3_column_int64(statement_.get(), column);
+  return sqlite::column_int64(statement_.get(), column);
 }
 
 std::string_view Statement::text(int column) const {
   const auto* const bytes =
-      reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
+      reinterpret_cast<const char*>(sqlite::column_text(statement_.get(), column));
   if (bytes == nullptr) throw std::bad_alloc();
-  return {bytes, static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column))};
+  return {bytes, static_cast<std::size_t>(sqlite::column_bytes(statement_.get(), column))};
 }
 
 void Statement::require(int code) const {

@@ -1,4 +1,3 @@
-#include <sqlite3.h>
 
 #include <array>
 #include <charconv>
@@ -10,6 +9,7 @@
 #include "host/document/Digest.h"
 #include "host/document/DocumentError.h"
 #include "host/document/DocumentFormat.h"
+#include "host/document/Sqlite.h"
 #include "host/document/StoredDocument.h"
 #include "host/modeler/FeatureOrder.h"
 
@@ -58,7 +58,7 @@ class Writer {
     writeAttributes(order);
     writeDesignParameters(document);
     std::int64_t stamp = 0;
-    while (stamp == 0) sqlite3_randomness(sizeof stamp, &stamp);
+    while (stamp == 0) sqlite::randomness(sizeof stamp, &stamp);
     Statement statement(database_, "INSERT INTO document VALUES(?,?)");
     statement.bind(1, stamp);
     statement.bind(2, digest_.value());

@@ -345,7 +345,7 @@ std::string unknownOption(const CLI::App& command, std::string_view word) {
 // The program's arguments, and the command that they ask for.
 class Arguments {
  public:
-  Arguments() {
+  Arguments(int argc, const char* const* argv) : words_(argv, argv + argc) {
     app_.set_version_flag("--version", "ppword " PPWORD_VERSION, "Print the version and exit");
     app_.set_help_flag("-h,--help", "Print this help and exit");
     app_.footer(help::kProgramFooter);
@@ -353,6 +353,8 @@ class Arguments {
     for (const Command& row : kCommands) {
       CLI::App* const command = app_.add_subcommand(row.name, row.help);
       command->footer(row.footer);
+      // Options of commands that are not named would be a quarter of the time to start.
+      if (std::ranges::find(words_, row.name) == words_.end()) continue;
       command->final_callback([this, run = row.prepare(*command)] { run_ = run; });
     }
   }
@@ -416,6 +418,7 @@ class Arguments {
     return ExitStatus::Usage;
   }
 
+  std::vector<std::string_view> words_;
   CLI::App app_{help::kProgram, "ppword"};
   Run run_;
   bool forPrograms_ = false;
@@ -436,7 +439,7 @@ bool asksForJson(int argc, const char* const* argv) {
 }
 
 ExitStatus runCommandLine(int argc, const char* const* argv) {
-  Arguments arguments;
+  Arguments arguments(argc, argv);
   if (const auto ended = arguments.parse(argc, argv)) return *ended;
   host::loadModule();
   return arguments.run();
