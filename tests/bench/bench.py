@@ -57,16 +57,11 @@ def count_works():
     return {name: dumps[f"{name}={calls}"] / int(calls) for name, _, calls in named}
 
 
-def option_of_today():
-    """Texts are not read back while posting is measured, where the program does that."""
-    return ("--no-verify",) if "--no-verify" in run(PPWORD, "post", "--help") else ()
-
-
 def prepared(build, folder, size):
     command = build(folder, size)
     if command[0] == "document":
         run(PPWORD, "document", "new", command[2])
-    return [PPWORD, *command, *(option_of_today() if command[0] == "post" else ())]
+    return [PPWORD, *command]
 
 
 def count_run(name, build, size):

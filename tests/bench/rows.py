@@ -51,6 +51,8 @@ SECTIONS = (
             Row("a point, 1,000 a line, to strtod and fprintf by hand", each("post", 10_000, 30_000),
                 each("strtod", 10_000, 30_000), 0.6, 0.68),
             Row("a point, 1,000 a line", each("post/job", 5_000, 20_000), None, 3_300, 5_450),
+            Row("a point that is read back, to one that is not", each("post/read back", 5_000, 20_000),
+                each("post/job", 5_000, 20_000), 1.5, 1.4),
             Row("a point, one a line", each("post/lines", 1_000, 4_000)),
             Row("a circle of a job", each("post/circles", 500, 2_000)),
             Row("a helix of a job", each("post/helices", 500, 2_000)),
@@ -93,4 +95,4 @@ SECTIONS = (
 )
 
 # Runs without valgrind: the most memory that a process held, in MiB.
-MEMORY = (("a million points", "post/job", 1_000_000, 32), ("ten thousand small jobs", "jobs", 10_000, 32))
+MEMORY = (("a million points", "post/read back", 1_000_000, 32), ("ten thousand small jobs", "jobs", 10_000, 32))

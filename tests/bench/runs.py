@@ -78,8 +78,12 @@ def write(folder, name, text):
 
 
 def posting(text):
-    """What writes the text of an input of a size."""
-    return lambda folder, size: ("post", write(folder, "input", text(size)), "-o", "/dev/null")
+    """What posts an input of a size into a file, which is not read back."""
+    return lambda folder, size: reading_back(text)(folder, size) + ("--no-verify",)
+
+
+def reading_back(text):
+    return lambda folder, size: ("post", write(folder, "input", text(size)), "-o", os.path.join(folder, "text"))
 
 
 def reading(*command):
@@ -93,12 +97,13 @@ def adding(folder, size):
 
 def small_jobs(folder, size):
     jobs = [write(folder, f"{i}.jsonl", job(points(10, 10))) for i in range(size)]
-    return "post", *jobs, "--output-dir", os.path.join(folder, "texts"), "-q"
+    return "post", *jobs, "--output-dir", os.path.join(folder, "texts"), "-q", "--no-verify"
 
 
 # Of each run its name, how its files and arguments come about, and its sizes.
 RUNS = (
     ("post/job", posting(lambda size: job(points(size, 1000))), (5_000, 20_000)),
+    ("post/read back", reading_back(lambda size: job(points(size, 1000))), (5_000, 20_000)),
     ("post/lines", posting(lambda size: job(points(size, 1))), (1_000, 4_000)),
     ("post/circles", posting(lambda size: job(circle(i) for i in range(size))), (500, 2_000)),
     ("post/helices", posting(lambda size: job(helix(i) for i in range(size))), (500, 2_000)),
