@@ -14,6 +14,8 @@ KEPIDocument_var documentOf(const KEPBaseUnknown_var& object) {
 
 }  // namespace
 
+// A library that is not installed is reported by the exception of computeExpression: no answer here
+// would be true.
 HRESULT KEPMfgDesignParameter::GetExtendedValue(const KEPBaseUnknown_var& object,
                                                 std::string_view expression,
                                                 KEPMfgParameterValue& value) {
