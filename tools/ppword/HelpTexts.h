@@ -142,10 +142,10 @@ A file appears whole or not at all. One that is replaced keeps its permissions a
 allows, its owner and group; one that is write-protected is replaced only with --force. On standard
 output the lines appear one after the other; with --strict only at the end, if nothing is missing.
 
-The text of a file is read back before it gets its name, by the reader of 'ppword verify', and compared
-with the tool path. At a difference the file stays as it was, and the exit status is 1. What could not be
-compared is named and counted, and refused by --strict. --no-verify turns this off; other outputs are
-not verified.
+The text of a file is read back before it gets its name, by the reader of 'ppword verify', and is
+compared with the tool path. At a difference the file stays as it was, and the exit status is 1.
+What could not be compared is named and counted, and refused by --strict. --no-verify turns this
+off; other outputs are not verified.
 
 --map writes a record for each line of the text: its element, its NC instruction, and the line of
 the table. It needs -o, a JOB that is a file, and appears after the text; then 'ppword explain
