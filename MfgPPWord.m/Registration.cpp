@@ -4,7 +4,6 @@
 #include <string_view>
 #include <type_traits>
 
-#include "KEPIMfgParameterEvaluation.h"
 #include "MfgPPWordExport.h"
 #include "src/buffer/KEPMfgBufferCircle.h"
 #include "src/buffer/KEPMfgBufferComment.h"
@@ -21,6 +20,7 @@
 #include "src/container/KEPMfgPPWordContainerTie.h"
 #include "src/container/KEPMfgPPWordFactory.h"
 #include "src/container/KEPMfgPPWordTable.h"
+#include "src/evaluation/LineEvaluation.h"
 #include "src/evaluation/ParameterEvaluations.h"
 #include "src/syntax/KEPMfgSyntaxEvaluation.h"
 
@@ -33,7 +33,7 @@ KEPBaseUnknown& checked(KEPBaseUnknown* extended) {
 
 /// Serves KEPIMfgParameterEvaluation: owns an evaluation and forwards the operation to it.
 template <class Evaluation>
-class ParameterEvaluationTie final : public KEPIMfgParameterEvaluation {
+class ParameterEvaluationTie final : public ppword::LineEvaluation {
  public:
   /// Both this object and the one it owns become extensions of `extended`.
   explicit ParameterEvaluationTie(KEPBaseUnknown& extended) {
@@ -45,6 +45,10 @@ class ParameterEvaluationTie final : public KEPIMfgParameterEvaluation {
     return evaluation_.GetMetaObject();
   }
   [[nodiscard]] bool Evaluate(KEPString& value) override { return evaluation_.Evaluate(value); }
+  [[nodiscard]] bool appendText(ppword::LineWriter& out) override {
+    if constexpr (requires { evaluation_.appendText(out); }) return evaluation_.appendText(out);
+    return ppword::appendEvaluated(evaluation_, out);
+  }
 
  private:
   Evaluation evaluation_;

@@ -50,7 +50,7 @@ install(
   REGEX "/document/(Database|Digest|DocumentFormat|Sqlite|StoredDocument)\\.h$" EXCLUDE
   REGEX "/manufacturing/(OperationExtensions|ToolChange|ToolExtensions)\\.h$" EXCLUDE
   REGEX "/modeler/FeatureOrder\\.h$" EXCLUDE
-  REGEX "/system/(EndingSignals|FileBeside|LateLibrary|SystemReason)\\.h$" EXCLUDE)
+  REGEX "/system/(EndingSignals|FileBeside|LateLibrary|Revision|SystemReason)\\.h$" EXCLUDE)
 
 install(
   EXPORT MfgPPWordTargets

@@ -2,6 +2,7 @@
 #include <limits>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/document/Digest.h"
@@ -172,7 +173,7 @@ class Reader {
       position = rows.key(0) == feature ? position + 1 : 1;
       feature = rows.number(1, static_cast<std::int64_t>(features_.size()));
       static_cast<void>(rows.number(position, position));
-      Slot& slot = readSlot(rows, *features_[static_cast<std::size_t>(feature) - 1].feature);
+      Slot slot = readSlot(rows);
       for (std::int64_t at = 1; isText && texts.key(0) == feature && texts.key(1) == position;
            ++at) {
         if (texts.key(2) != at) rows.damaged();
@@ -180,21 +181,21 @@ class Reader {
         slot.texts.Append(KEPUnicodeString(texts.text()));
         isText = texts.next();
       }
-      if (!isWellFormed(slot)) rows.damaged();
+      Feature& owner = *features_[static_cast<std::size_t>(feature) - 1].feature;
+      if (!isWellFormed(slot) || !owner.addStored(std::move(slot))) rows.damaged();
     }
     if (isText) rows.damaged();
   }
 
-  [[nodiscard]] static Slot& readSlot(Rows& rows, Feature& feature) {
-    const std::string name(rows.text());
+  [[nodiscard]] static Slot readSlot(Rows& rows) {
+    std::string name(rows.text());
     const AttributeKind kind = rows.kind(format::kAttributeKinds);
     const bool declared = rows.number(0, 1) == 1;
-    if (feature.attributes().find(name) != nullptr) rows.damaged();
-    Slot& slot = feature.attributes().add(name, kind, declared);
+    Slot slot{std::move(name), kind, declared};
     slot.set = rows.number(0, 1) == 1;
     const auto number =
         rows.optionalNumber(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    if (number.has_value() != (slot.set && kind == AttributeKind::Integer)) rows.damaged();
+    if (number.has_value() != (slot.set && slot.kind == AttributeKind::Integer)) rows.damaged();
     slot.integer = static_cast<int>(number.value_or(0));
     return slot;
   }

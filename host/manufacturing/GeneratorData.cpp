@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "host/system/Revision.h"
 #include "host/system/Session.h"
 
 namespace host {
@@ -34,11 +35,17 @@ KEPVar<GeneratorData> GeneratorData::create(std::string_view pointFormat,
   return KEPVar<GeneratorData>::Adopt(new GeneratorData(std::move(settings)));
 }
 
+void GeneratorData::setAngleFactor(double factor) noexcept {
+  Revision::raise();
+  angleFactor_ = factor;
+}
+
 KEPBaseUnknown* GeneratorData::Answer(const KEPMetaClass* interfaceClass) {
   return interfaceClass == KEPInterfaceId<KEPIMfgGeneratorData>() ? this : nullptr;
 }
 
 void setCurrentGeneratorData(KEPIMfgGeneratorData_var data) {
+  Revision::raise();
   session().generatorData = std::move(data);
 }
 

@@ -16,7 +16,7 @@ class KEP_PLATFORM GeneratorData final : public KEPIMfgGeneratorData {
 
   [[nodiscard]] KEPIMfgOutputSettings_var GetOutputSettings() const override { return settings_; }
   void GetAngleFactor(double& factor) const override { factor = angleFactor_.value_or(factor); }
-  void setAngleFactor(double factor) noexcept { angleFactor_ = factor; }
+  void setAngleFactor(double factor) noexcept;
 
  private:
   explicit GeneratorData(KEPIMfgOutputSettings_var settings) : settings_(std::move(settings)) {}

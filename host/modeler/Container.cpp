@@ -1,8 +1,24 @@
 #include "host/modeler/Container.h"
 
 #include "host/system/Dictionary.h"
+#include "host/system/Revision.h"
 
 namespace host {
+namespace {
+
+/// Offers the counter of all changes.
+class Changes final : public KEPIRevision {
+ public:
+  [[nodiscard]] const Count& GetCount() const override { return Revision::count(); }
+};
+
+KEPBaseUnknown* createChanges(KEPBaseUnknown* extended) {
+  auto* const changes = new Changes;
+  changes->BindTo(*extended);
+  return changes;
+}
+
+}  // namespace
 
 Container::Container(ContainerOwner& document, std::string_view lateType)
     : document_(&document), lateType_(lateType) {
@@ -30,6 +46,7 @@ Feature* Container::addMember(Feature::Kind kind, std::string_view name,
                               const KEPISpecObject_var& type) {
   auto* const own = dynamic_cast<Feature*>(type.Get());
   if (type && own == nullptr) return nullptr;
+  Revision::raise();
   auto feature = KEPVar<Feature>::Adopt(new Feature(kind, name, KEPVar<Feature>(own), *this));
   Feature::Members added = {feature};
   feature->place_ = added.begin();
@@ -52,12 +69,14 @@ std::vector<KEPBaseUnknown_var> Container::ListMembersHere(
 KEPIDocument_var Container::GetDocument() const { return KEPIDocument_var(document_); }
 
 void Container::removeMember(Feature& member) {
+  Revision::raise();
   if (member.kind_ == Feature::Kind::StartUp) types_.erase(member);
   member.container_ = nullptr;
   members_.erase(member.place_);
 }
 
 void Container::close() {
+  Revision::raise();
   if (document_ != nullptr) document_->remove(*this);
   document_ = nullptr;
   while (!members_.empty()) removeMember(*members_.back());
@@ -65,7 +84,8 @@ void Container::close() {
 
 KEPBaseUnknown* Container::Answer(const KEPMetaClass* interfaceClass) {
   if (interfaceClass == KEPInterfaceId<KEPIContainer>()) return this;
-  const KEPCreator creator = findCreator(lateType_, interfaceClass);
+  const bool isCounter = interfaceClass == KEPInterfaceId<KEPIRevision>();
+  const KEPCreator creator = isCounter ? &createChanges : findCreator(lateType_, interfaceClass);
   return creator == nullptr ? nullptr : extensions_.make(creator, *this);
 }
 

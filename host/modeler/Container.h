@@ -27,8 +27,9 @@ class KEP_PLATFORM ContainerOwner : public KEPIDocument {
 };
 
 /// A container of a document, itself a component of a late type. Types are found by a hash of their
-/// name; members are listed in creation order.
-class KEP_PLATFORM Container final : public FeatureOwner {
+/// name; members are listed in creation order. It offers KEPIRevision and what the dictionary has
+/// for its late type.
+class KEP_PLATFORM Container : public FeatureOwner {
  public:
   Container(ContainerOwner& document, std::string_view lateType);
   ~Container() override;
@@ -48,8 +49,10 @@ class KEP_PLATFORM Container final : public FeatureOwner {
 
   [[nodiscard]] std::string_view lateType() const noexcept { return lateType_; }
 
- private:
+ protected:
   [[nodiscard]] KEPBaseUnknown* Answer(const KEPMetaClass* interfaceClass) override;
+
+ private:
   [[nodiscard]] bool HasType(std::string_view lateType) const override {
     return lateType == lateType_;
   }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/modeler/FeatureOrder.h"
+#include "host/system/Revision.h"
 
 namespace host {
 namespace {
@@ -44,7 +45,7 @@ class Copying {
                                      ? home.CreateStartUp(feature.GetName(), base)
                                      : home.CreateInstance(base, feature.GetName());
     auto copied = KEPVar<Feature>::Adopt(static_cast<Feature*>(made));
-    copied->attributes() = feature.attributes();
+    copied->setAttributes(feature.attributes());
     if (feature.isPublished()) copied->publish();
     // Its name is free again for another type.
     if (!entry.container) home.removeMember(*copied);
@@ -72,6 +73,7 @@ Document::Document()
       ppWords_(KEPVar<Container>::Adopt(new Container(*this, "MfgPPWordCont"))) {}
 
 Document::~Document() {
+  Revision::raise();
   while (!containers().empty()) containers().back()->close();
   root_->close();
   if (const KEPIMfgPPWordContainer_var words = ppWordContainer()) {
@@ -81,12 +83,19 @@ Document::~Document() {
   }
 }
 
+void Document::setNeedsUpgrade(bool needed) noexcept {
+  Revision::raise();
+  needsUpgrade_ = needed;
+}
+
 Container& Document::addContainer(std::string_view lateType) {
+  Revision::raise();
   furtherContainers_.push_back(KEPVar<Container>::Adopt(new Container(*this, lateType)));
   return *furtherContainers_.back();
 }
 
 void Document::setDesignParameter(std::string_view name, double value) {
+  Revision::raise();
   designParameters_.insert_or_assign(std::string(name), value);
 }
 

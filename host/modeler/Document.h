@@ -27,7 +27,7 @@ class KEP_PLATFORM Document final : public ContainerOwner {
   ~Document() override;
 
   [[nodiscard]] bool NeedsUpgrade() const override { return needsUpgrade_; }
-  void setNeedsUpgrade(bool needed) noexcept { needsUpgrade_ = needed; }
+  void setNeedsUpgrade(bool needed) noexcept;
 
   [[nodiscard]] KEPIMfgRootContainer_var rootContainer() const { return root_; }
   /// The PP word container as the feature modeler sees it.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/system/Dictionary.h"
+#include "host/system/Revision.h"
 
 namespace host {
 
@@ -12,7 +13,25 @@ using Slot = AttributeTable::Slot;
 Feature::Feature(Kind kind, std::string_view name, KEPVar<Feature> type, FeatureOwner& container)
     : kind_(kind), name_(name), type_(std::move(type)), container_(&container) {}
 
-Feature::~Feature() = default;
+Feature::~Feature() { Revision::raise(); }
+
+void Feature::publish() noexcept {
+  Revision::raise();
+  published_ = true;
+}
+
+void Feature::setAttributes(const AttributeTable& attributes) {
+  Revision::raise();
+  attributes_ = attributes;
+}
+
+bool Feature::addStored(Slot attribute) {
+  if (attributes_.find(attribute.name) != nullptr) return false;
+  Revision::raise();
+  Slot& added = attributes_.add(attribute.name, attribute.kind, attribute.declared);
+  added = std::move(attribute);
+  return true;
+}
 
 KEPISpecObject_var Feature::GetBaseType() const { return KEPISpecObject_var(type_.Get()); }
 
@@ -60,6 +79,8 @@ const Slot* Feature::nearestSlot(std::string_view name, bool set) const {
 }
 
 Slot* Feature::writableSlot(std::string_view name) {
+  // Also for a write that fails: the slots may be elsewhere afterwards.
+  Revision::raise();
   if (Slot* const own = attributes_.find(name)) return own;
   const Slot* const inherited = nearestSlot(name, /*set=*/false);
   if (inherited == nullptr) return nullptr;
@@ -80,6 +101,7 @@ KEPISpecAttribute Feature::view(const Slot& declaration, bool isOwn) const {
 
 HRESULT Feature::AttrAccess::AddAttribute(std::string_view name, AttributeKind kind) {
   if (feature_.nearestSlot(name, /*set=*/false) == nullptr) {
+    Revision::raise();
     feature_.attributes_.add(name, kind, /*declared=*/true);
   }
   return S_OK;
@@ -150,6 +172,7 @@ HRESULT Feature::AttrAccess::RemoveAll(std::string_view name) { return SetList(n
 HRESULT Feature::AttrAccess::Unset(std::string_view name) {
   if (feature_.nearestSlot(name, /*set=*/false) == nullptr) return E_FAIL;
   if (Slot* const own = feature_.attributes_.find(name)) {
+    Revision::raise();
     own->texts.RemoveAll();
     own->integer = 0;
     own->set = false;

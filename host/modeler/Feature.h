@@ -42,12 +42,15 @@ class KEP_PLATFORM Feature final : public KEPISpecObject {
 
   /// True once the attributes were brought up to date.
   [[nodiscard]] bool isPublished() const noexcept { return published_; }
-  void publish() noexcept { published_ = true; }
+  void publish() noexcept;
 
   [[nodiscard]] Kind kind() const noexcept { return kind_; }
   /// The attributes that the feature itself declares or sets, for storing them.
   [[nodiscard]] const AttributeTable& attributes() const noexcept { return attributes_; }
-  [[nodiscard]] AttributeTable& attributes() noexcept { return attributes_; }
+  /// Replaces them, those of a copy by those of its original.
+  void setAttributes(const AttributeTable& attributes);
+  /// Adds an attribute as it was stored. False, and nothing added, when there is one of its name.
+  [[nodiscard]] bool addStored(AttributeTable::Slot attribute);
 
  private:
   /// Adds features to its members and takes them out.

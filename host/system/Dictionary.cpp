@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "host/system/Revision.h"
 #include "host/system/TextHash.h"
 
 namespace host {
@@ -78,12 +79,14 @@ const KEPMetaClass* KEPMetaClass::Interface(std::string_view interfaceName) {
 }
 
 void KEPMetaClass::Extend(std::string_view lateType) {
+  host::Revision::raise();
   host::dictionary().lateTypes.try_emplace(std::string(lateType));
   lateTypes_.emplace_back(lateType);
 }
 
 void KEPFillDictionary(const KEPMetaClass* extension, const KEPMetaClass* interfaceClass,
                        KEPCreator creator, const void* data, int flag) {
+  host::Revision::raise();
   auto& dictionary = host::dictionary();
   for (const std::string& lateType : extension->GetLateTypes()) {
     auto& providers = dictionary.lateTypes[lateType];

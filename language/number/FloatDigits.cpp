@@ -9,7 +9,7 @@
 #include <cstring>
 #include <optional>
 
-// How writeExactFixed prints
+// How exactFixed and writeFixed print
 //
 // printf prints the exact decimal value of a double, rounded half to even. A double is a whole
 // number of 53 bits over a power of two, so for the numbers of tool paths its exact value fits into
@@ -71,12 +71,6 @@ std::optional<BinaryParts> binaryParts(double value) {
                      mantissa << (kFractionBits - shift)};
 }
 
-/// A number in fixed notation as two whole numbers.
-struct FixedNumber {
-  std::uint32_t whole;
-  std::uint32_t places;
-};
-
 /// Rounds to a count of places, half to even as printf does; the number is exact.
 FixedNumber rounded(BinaryParts number, std::size_t count) {
   constexpr std::uint64_t kHalf = std::uint64_t{1} << (kFractionBits - 1);
@@ -124,8 +118,10 @@ std::string_view standardDigits(double value, std::chars_format format, int prec
 
 std::string_view fixedDigits(double value, int precision, Buffer buffer) {
   char* const end = buffer.data() + buffer.size();
-  char* const first = writeExactFixed(value, static_cast<std::size_t>(precision), end);
-  if (first == nullptr) return standardDigits(value, std::chars_format::fixed, precision, buffer);
+  const auto places = static_cast<std::size_t>(precision);
+  const auto number = exactFixed(value, places);
+  if (!number) return standardDigits(value, std::chars_format::fixed, precision, buffer);
+  const char* const first = writeFixed(*number, places, end);
   return {first, static_cast<std::size_t>(end - first)};
 }
 
@@ -159,17 +155,19 @@ std::string_view generalDigits(double value, int precision, bool alternate, Buff
 
 }  // namespace
 
-char* writeExactFixed(double value, std::size_t places, char* end) {
-  if (places > kMostExactPlaces) return nullptr;
-  const auto parts = binaryParts(value);
-  if (!parts) return nullptr;
-  auto [whole, fraction] = rounded(*parts, places);
+std::optional<FixedNumber> exactFixed(double value, std::size_t count) {
+  const auto parts = count <= kMostExactPlaces ? binaryParts(value) : std::nullopt;
+  return parts ? std::optional(rounded(*parts, count)) : std::nullopt;
+}
+
+char* writeFixed(FixedNumber number, std::size_t count, char* end) {
+  auto [whole, fraction] = number;
   char* at = end;
-  std::size_t left = places;
+  std::size_t left = count;
   for (; left > 2; left -= 2) takePair(fraction, at);
   if (left == 2) writePair(fraction, at);
   if (left == 1) writeDigit(fraction, at);
-  if (places > 0) *--at = '.';
+  if (count > 0) *--at = '.';
   while (whole >= 100) takePair(whole, at);
   whole >= 10 ? writePair(whole, at) : writeDigit(whole, at);
   return at;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstring>
 #include <span>
 
 #include "language/number/FloatDigits.h"
@@ -51,41 +52,32 @@ void appendLiteral(std::string_view text, std::string& out) {
   out.append(text);
 }
 
-/// A format "%W.Pf" with a width of at most two digits and one digit of places.
-struct PlainFixed {
-  unsigned width;
-  unsigned places;
-};
-
 unsigned digitOf(char character) { return static_cast<unsigned>(character) - unsigned{'0'}; }
 
-std::optional<PlainFixed> plainFixed(std::string_view format) {
-  const std::size_t size = format.size();
-  if (size < 4 || size > 6 || format.front() != '%' || format[size - 3] != '.' ||
-      format.back() != 'f') {
-    return std::nullopt;
-  }
-  const unsigned tens = size == 6 ? digitOf(format[1]) : 0;
-  const unsigned ones = size > 4 ? digitOf(format[size - 4]) : 0;
-  const unsigned places = digitOf(format[size - 2]);
-  // A "0" in front would be a flag.
-  const bool isPlain = format[1] != '0' && tens < 10 && ones < 10 && places < 10;
-  return isPlain ? std::optional(PlainFixed{tens * 10 + ones, places}) : std::nullopt;
+/// How many digits a whole number has.
+std::size_t digitCount(std::uint32_t number) {
+  std::size_t count = 1;
+  for (; number >= 1000; number /= 1000) count += 3;
+  return count + (number >= 10 ? 1 : 0) + (number >= 100 ? 1 : 0);
 }
 
-/// Prints a finite number from its last character to its first; false, with `text` untouched, when
-/// its digits need the general way.
-bool printPlainFixed(PlainFixed format, double value, std::string& text) {
-  std::array<char, 128> buffer;
-  // All of it at once: the size is known, that of the padding is not.
-  buffer.fill(' ');
-  char* const end = buffer.data() + buffer.size();
-  char* first = writeExactFixed(std::fabs(value), format.places, end);
-  if (first == nullptr) return false;
-  if (std::signbit(value)) *--first = '-';
-  first = std::min(first, end - format.width);
-  text.clear();
-  text.append(first, static_cast<std::size_t>(end - first));
+/// Makes `count` characters blank, and those after them as far as this is quicker.
+void fillBlank(char* at, std::size_t count) {
+  constexpr std::size_t kAtOnce = 32;
+  std::memset(at, ' ', kAtOnce);
+  if (count > kAtOnce) std::memset(at + kAtOnce, ' ', count - kAtOnce);
+}
+
+/// The rule for numbers that are nearly 0.
+double snapped(double value) { return std::fabs(value) < kSnapToZero ? 0.0 : value; }
+
+/// Prints a number with a plain format; false, with `text` untouched, when it is not finite or
+/// needs the general way.
+bool printPlain(PlainFixed format, double value, std::string& text) {
+  std::array<char, PlainFixed::kCapacity> buffer;
+  const char* const end = format.print(value, buffer.data());
+  if (end == nullptr) return false;
+  text.assign(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
   return true;
 }
 
@@ -103,6 +95,41 @@ bool printPlainFixed(PlainFixed format, double value, std::string& text) {
 }
 
 }  // namespace
+
+std::optional<PlainFixed> PlainFixed::parse(std::string_view format) {
+  const std::size_t size = format.size();
+  if (size < 4 || size > 6 || format.front() != '%' || format[size - 3] != '.' ||
+      format.back() != 'f') {
+    return std::nullopt;
+  }
+  const unsigned tens = size == 6 ? digitOf(format[1]) : 0;
+  const unsigned ones = size > 4 ? digitOf(format[size - 4]) : 0;
+  const unsigned places = digitOf(format[size - 2]);
+  // A "0" in front would be a flag.
+  const bool isPlain = format[1] != '0' && tens < 10 && ones < 10 && places < 10;
+  return isPlain ? std::optional(PlainFixed(tens * 10 + ones, places)) : std::nullopt;
+}
+
+char* PlainFixed::print(double value, char* at) const {
+  const double size = std::fabs(value);
+  const bool isZero = size < kSnapToZero;
+  const auto number = exactFixed(isZero ? 0.0 : size, places_);
+  if (!number) return nullptr;
+  const bool isNegative = value < 0.0 && !isZero;
+  const std::size_t length =
+      digitCount(number->whole) + (places_ > 0 ? places_ + 1 : 0) + (isNegative ? 1 : 0);
+  char* const end = at + std::max<std::size_t>(length, width_);
+  fillBlank(at, width_);
+  char* const first = writeFixed(*number, places_, end);
+  if (isNegative) *(first - 1) = '-';
+  return end;
+}
+
+std::string PlainFixed::text() const {
+  std::string format = "%";
+  if (width_ > 0) format += std::to_string(width_);
+  return format + '.' + std::to_string(places_) + 'f';
+}
 
 std::optional<NumberFormat> NumberFormat::parse(std::string_view text) {
   NumberFormat format;
@@ -196,11 +223,14 @@ char* NumberFormat::writeInFront(bool isNegative, char conversion, std::size_t l
 }
 
 bool printNumber(std::string_view format, double value, std::string& text) {
-  if (!std::isfinite(value)) return false;
-  const double snapped = std::fabs(value) < kSnapToZero ? 0.0 : value;
-  // Nearly every format is a plain one.
-  const auto plain = plainFixed(format);
-  return (plain && printPlainFixed(*plain, snapped, text)) || printParsed(format, snapped, text);
+  const auto plain = PlainFixed::parse(format);
+  if (plain && printPlain(*plain, value, text)) return true;
+  return std::isfinite(value) && printParsed(format, snapped(value), text);
+}
+
+bool printNumber(PlainFixed format, double value, std::string& text) {
+  if (printPlain(format, value, text)) return true;
+  return std::isfinite(value) && printParsed(format.text(), snapped(value), text);
 }
 
 bool printsNumbers(std::string_view format) {

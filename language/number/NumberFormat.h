@@ -48,11 +48,38 @@ class NumberFormat {
   void appendNumber(double value, std::string& out) const;
 };
 
+/// A format "%W.Pf" with a width of at most two digits and one digit of places, as nearly every
+/// format of a parameter is.
+class PlainFixed {
+ public:
+  /// The format "%.0f".
+  PlainFixed() = default;
+  /// Nothing for any other format.
+  [[nodiscard]] static std::optional<PlainFixed> parse(std::string_view format);
+
+  /// The most characters that `print` writes.
+  static constexpr std::size_t kCapacity = 128;
+  /// Writes `value` at `at`, where there is space for kCapacity characters, as printNumber prints
+  /// it. Returns the end; null for a number whose digits need the general way, or that is not
+  /// finite: it is printed, or refused, by printNumber.
+  [[nodiscard]] char* print(double value, char* at) const;
+
+  /// The format that was parsed.
+  [[nodiscard]] std::string text() const;
+
+ private:
+  PlainFixed(unsigned width, unsigned places) noexcept : width_(width), places_(places) {}
+
+  unsigned width_ = 0;
+  unsigned places_ = 0;
+};
+
 /// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes
 /// 0, the format applies, and the first "," of the whole text becomes ".". A format without a
 /// conversion prints as it is. Sets `text`; false, with `text` untouched, when the format is
 /// not acceptable or the value not finite.
 [[nodiscard]] bool printNumber(std::string_view format, double value, std::string& text);
+[[nodiscard]] bool printNumber(PlainFixed format, double value, std::string& text);
 
 /// True for a format that prints numbers: an acceptable one with a conversion. One without prints
 /// every number alike.

@@ -27,6 +27,13 @@ class LineWriter {
     at_ = std::fill_n(at_, count, character);
   }
 
+  /// Where up to `count` characters may be written; `advance` says how far they were.
+  [[nodiscard]] char* space(std::size_t count) {
+    if (left() < count) grow(count);
+    return at_;
+  }
+  void advance(const char* end) noexcept { at_ += end - at_; }
+
   /// What was written so far; valid until more is.
   [[nodiscard]] std::string_view text() const noexcept { return {buffer_.data(), size()}; }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -13,6 +14,22 @@ struct ParameterNumber {
   bool isInteger;
 };
 
+/// A parameter that a source found.
+class LineParameter {
+ public:
+  virtual ~LineParameter() = default;
+  /// Appends the parameter's text. False, and nothing appended, when it cannot be evaluated.
+  [[nodiscard]] virtual bool appendText(LineWriter& out) = 0;
+};
+
+/// What a source found for the name of a reference, and when. It belongs to the reference, which is
+/// asked again with it as long as the text of its line is the same; whether it is still good only
+/// the source knows.
+struct FoundParameter {
+  LineParameter* parameter = nullptr;
+  std::uint64_t revision = 0;
+};
+
 /// The door through which the passes see the world: a parameter name becomes a text.
 class ParameterSource {
  public:
@@ -22,8 +39,8 @@ class ParameterSource {
   virtual ~ParameterSource() = default;
 
   /// Appends to `out` the text of the parameter called `name`, or the text that replaces one that
-  /// cannot be evaluated.
-  virtual void appendText(std::string_view name, LineWriter& out) = 0;
+  /// cannot be evaluated. `found`: the source's own note on this name, empty at first.
+  virtual void appendText(std::string_view name, FoundParameter& found, LineWriter& out) = 0;
 
   /// The number of the parameter called `name`; nothing when it is unknown or is not a finite
   /// number.

@@ -31,7 +31,7 @@ void References::find(SyntaxLine& line, ParameterSource& parameters) {
   ReferenceCursor references(line.text(), prefix_, line.characters());
   while (const auto reference = references.next()) {
     isDropped = reportDropped(*reference, parameters) || isDropped;
-    found_.push_back(*reference);
+    found_.push_back({*reference});
   }
   // Dropped text is reported each time.
   revision_ = isDropped ? SyntaxLine::kNoRevision : line.revision();

@@ -9,6 +9,11 @@
 
 namespace ppword {
 
+/// A reference, and what the source of parameters found for its name.
+struct FoundReference : Reference {
+  FoundParameter parameter{};
+};
+
 /// The references of a line that one prefix opens. What was found in a text is known as long as the
 /// line has the same text: a line that comes again is not read again.
 class References {
@@ -21,11 +26,11 @@ class References {
   void find(SyntaxLine& line, ParameterSource& parameters);
 
   /// From left to right.
-  [[nodiscard]] const std::vector<Reference>& found() const noexcept { return found_; }
+  [[nodiscard]] std::vector<FoundReference>& found() noexcept { return found_; }
 
  private:
   std::string_view prefix_;
-  std::vector<Reference> found_;
+  std::vector<FoundReference> found_;
   SyntaxLine::Revision revision_ = SyntaxLine::kNoRevision;
 };
 

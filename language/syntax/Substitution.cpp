@@ -11,9 +11,9 @@ void substitute(SyntaxLine& line, References& references, ParameterSource& param
   const std::string_view text = line.text();
   LineWriter& out = line.writer();
   std::size_t from = 0;
-  for (const Reference& reference : references.found()) {
+  for (FoundReference& reference : references.found()) {
     out.append(text.substr(from, reference.start - from));
-    parameters.appendText(reference.name, out);
+    parameters.appendText(reference.name, reference.parameter, out);
     if (reference.parentheses > 0) out.append(reference.parentheses, ')');
     from = reference.end;
   }

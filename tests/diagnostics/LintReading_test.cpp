@@ -80,7 +80,7 @@ class Passes final : public ParameterSource, public LineObserver {
   [[nodiscard]] const State& after(Pass pass) { return states_[place(pass)]; }
   [[nodiscard]] const std::string& text() const { return text_; }
 
-  void appendText(std::string_view name, LineWriter& out) override {
+  void appendText(std::string_view name, FoundParameter&, LineWriter& out) override {
     state_.names.emplace_back(name);
     out.append(text_);
   }

@@ -20,7 +20,7 @@ class MapParameters final : public ParameterSource {
   MapParameters(Texts texts, std::string_view unevaluated)
       : texts_(std::move(texts)), unevaluated_(unevaluated) {}
 
-  void appendText(std::string_view name, LineWriter& out) override {
+  void appendText(std::string_view name, FoundParameter&, LineWriter& out) override {
     const auto found = texts_.find(name);
     out.append(found == texts_.end() ? unevaluated_ : found->second);
   }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "System/KEPString.h"
-#include "src/evaluation/ParameterContext.h"
+#include "src/evaluation/KnownNumber.h"
 #include "src/registration/Registered.h"
 
 namespace ppword {
@@ -43,9 +43,10 @@ template <class Self, auto kGet, Component kComponent, FormatSource kSource>
 class BufferNumberEvaluation : public Registered<Self> {
  public:
   /// As KEPIMfgParameterEvaluation::Evaluate.
-  [[nodiscard]] bool Evaluate(KEPString& value) const {
-    return ParameterContext::printBuffered(*this, KEPInterfaceId<typename Getter::Interface>(),
-                                           &read, kSource, value);
+  [[nodiscard]] bool Evaluate(KEPString& value) { return known_.print(wanted(), value); }
+  /// As LineParameter::appendText.
+  [[nodiscard]] bool appendText(LineWriter& out) {
+    return known_.isKnown(kSource) ? known_.appendKnown<&read>(out) : known_.append(wanted(), out);
   }
 
  private:
@@ -55,6 +56,12 @@ class BufferNumberEvaluation : public Registered<Self> {
     return Getter::template read<kGet, kComponent>(
         static_cast<const typename Getter::Interface&>(buffer));
   }
+
+  [[nodiscard]] KnownNumber::Wanted wanted() const {
+    return {*this, KEPInterfaceId<typename Getter::Interface>(), &read, kSource};
+  }
+
+  KnownNumber known_;
 };
 
 }  // namespace ppword

@@ -8,13 +8,6 @@
 
 namespace ppword {
 
-/// Where the format of a number comes from: the "Format" of the parameter type, or first the point
-/// or axis format of the running generation.
-enum class FormatSource { Type, Points, Axes };
-
-/// Reads one number from a motion buffer.
-using BufferNumber = double (*)(const KEPBaseUnknown& buffer);
-
 /// What an evaluation sees: the parameter type that it extends, and of the container that holds the
 /// type the motion buffers and the activity. Nothing is counted, so a context is made for one
 /// evaluation and not stored; whoever evaluates holds the component and its container.
@@ -41,6 +34,9 @@ class ParameterContext {
     return number;
   }
 
+  /// Null when there is none.
+  [[nodiscard]] const KEPIContainer* container() const noexcept { return container_; }
+
   /// The activity that the document is generating; null when there is none.
   [[nodiscard]] KEPIMfgActivity_var activity() const;
 
@@ -50,19 +46,12 @@ class ParameterContext {
   /// Prints a number with the type's "Format". False, with `text` untouched, when there is none or
   /// it cannot print the number.
   [[nodiscard]] bool print(double number, KEPString& text) const;
-  /// Prints a number of a motion buffer, which `read` reads, for the type that `evaluation`
-  /// extends. False, with `text` untouched, when there is no such buffer, no format, or the format
-  /// cannot print the number; an evaluation that extends no feature raises the null-handle error.
-  [[nodiscard]] static bool printBuffered(const KEPBaseUnknown& evaluation,
-                                          const KEPMetaClass* bufferClass, BufferNumber read,
-                                          FormatSource source, KEPString& text);
+  /// The "Format" of the type. False, with `format` untouched, when there is none.
+  [[nodiscard]] bool findFormat(KEPUnicodeString& format) const;
 
  private:
   explicit ParameterContext(KEPISpecObject* type)
       : type_(type), container_(type != nullptr ? type->GetContainer() : nullptr) {}
-
-  /// The format of the type. False, with `format` untouched, when there is none.
-  [[nodiscard]] bool findFormat(KEPUnicodeString& format) const;
 
   KEPISpecObject* type_;
   const KEPIContainer* container_;

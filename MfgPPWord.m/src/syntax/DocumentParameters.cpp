@@ -2,8 +2,8 @@
 
 #include <cmath>
 #include <optional>
+#include <utility>
 
-#include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
 #include "language/syntax/Passes.h"
@@ -39,14 +39,6 @@ class WrittenName {
   std::string_view name_;
 };
 
-[[gnu::always_inline]] inline bool appendEvaluation(KEPIMfgParameterEvaluation& evaluation,
-                                                    LineWriter& out) {
-  KEPString text;
-  if (!evaluation.Evaluate(text)) return false;
-  out.append(text.View());
-  return true;
-}
-
 /// The print format that a parameter type gives to a looked-up value.
 std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
   bool found = false;
@@ -78,36 +70,64 @@ std::optional<ParameterNumber> numberOf(const KEPMfgParameterValue& value) {
 }  // namespace
 
 DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
-                                       const KEPIMfgPPWordContainer_var& container)
-    : feature_(feature), container_(KEPBorrow<KEPIContainer>(container.Get())) {}
+                                       const KEPIMfgPPWordContainer_var& container,
+                                       const KEPIRevision::Count& revision)
+    : feature_(feature),
+      container_(KEPBorrow<KEPIContainer>(container.Get())),
+      revision_(revision) {}
 
-void DocumentParameters::appendText(std::string_view name, LineWriter& out) {
-  const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
-  // Held by its type.
-  auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
-  if (listener_ != nullptr) return appendReported(name, type, evaluation, out);
-  static_cast<void>(appendValue(name, type, evaluation, out));
+void DocumentParameters::appendText(std::string_view name, FoundParameter& found, LineWriter& out) {
+  const bool isKnown = found.revision == revision_ && found.parameter != nullptr;
+  if (!isKnown || listener_ != nullptr) return appendFound(name, found, out);
+  auto& evaluation = static_cast<LineEvaluation&>(*found.parameter);
+  // An evaluation, or whoever is asked by it, may remove its type.
+  const KEPBaseUnknown_var held(&evaluation);
+  if (!evaluation.appendText(out)) out.append(unevaluatedText());
 }
 
-[[gnu::always_inline]] inline bool DocumentParameters::appendValue(
-    std::string_view name, const KEPISpecObject_var& type, KEPIMfgParameterEvaluation* evaluation,
-    LineWriter& out) {
-  const bool done = evaluation != nullptr ? appendEvaluation(*evaluation, out)
-                                          : appendLookedUp(name, feature_, type, listener_, out);
+void DocumentParameters::appendFound(std::string_view name, FoundParameter& found,
+                                     LineWriter& out) {
+  const Parameter parameter = find(name, found);
+  if (listener_ != nullptr) return appendReported(name, parameter, out);
+  static_cast<void>(appendValue(name, parameter, out));
+}
+
+DocumentParameters::Parameter DocumentParameters::find(std::string_view name,
+                                                       FoundParameter& found) const {
+  const auto revision = revision_;
+  if (found.revision == revision && found.parameter != nullptr) {
+    auto* const evaluation = static_cast<LineEvaluation*>(found.parameter);
+    return {KEPISpecObject_var::Of(evaluation), evaluation, true};
+  }
+  auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
+  auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
+  if (evaluation == nullptr || revision == 0) return {std::move(type), evaluation, false};
+  if (found.revision != revision) found = {dynamic_cast<LineEvaluation*>(evaluation), revision};
+  return {std::move(type), evaluation, found.parameter != nullptr};
+}
+
+[[gnu::always_inline]] inline bool DocumentParameters::appendValue(std::string_view name,
+                                                                   const Parameter& parameter,
+                                                                   LineWriter& out) {
+  auto* const evaluation = parameter.evaluation;
+  const bool done = evaluation == nullptr
+                        ? appendLookedUp(name, feature_, parameter.type, listener_, out)
+                    : parameter.isOwn ? static_cast<LineEvaluation*>(evaluation)->appendText(out)
+                                      : appendEvaluated(*evaluation, out);
   if (!done) out.append(unevaluatedText());
   return done;
 }
 
-void DocumentParameters::appendReported(std::string_view name, const KEPISpecObject_var& type,
-                                        KEPIMfgParameterEvaluation* evaluation, LineWriter& out) {
+void DocumentParameters::appendReported(std::string_view name, const Parameter& parameter,
+                                        LineWriter& out) {
   const WrittenName written(name);
-  listener_->ReferenceLookedUp(written, type.Get(), evaluation);
+  listener_->ReferenceLookedUp(written, parameter.type.Get(), parameter.evaluation);
   const std::size_t start = out.text().size();
-  const bool done = appendValue(name, type, evaluation, out);
-  const Source source = !done                   ? Source::NotEvaluated
-                        : evaluation != nullptr ? Source::Evaluation
-                        : type                  ? Source::FormattedParameter
-                                                : Source::Parameter;
+  const bool done = appendValue(name, parameter, out);
+  const Source source = !done                             ? Source::NotEvaluated
+                        : parameter.evaluation != nullptr ? Source::Evaluation
+                        : parameter.type                  ? Source::FormattedParameter
+                                                          : Source::Parameter;
   listener_->ReferenceReplaced(written, source, out.text().substr(start));
 }
 

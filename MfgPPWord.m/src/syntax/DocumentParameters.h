@@ -4,24 +4,26 @@
 #include <string_view>
 
 #include "KEPIMfgPPWordContainer.h"
-#include "KEPIMfgParameterEvaluation.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
+#include "ObjectSpecsModeler/KEPIRevision.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
-#include "language/syntax/ParameterSource.h"
+#include "src/evaluation/LineEvaluation.h"
 
 namespace ppword {
 
 /// The parameters that a syntax feature can name: the parameter types of its PP word container with
 /// their evaluations, the parameters of the current activity, and design-parameter expressions.
-/// Everything is looked up afresh for each reference.
+/// What a reference names is looked up again unless nothing has changed since it was asked last;
+/// the values of the activity and of expressions are asked each time.
 class DocumentParameters final : public ParameterSource {
  public:
   /// `container`: the PP word container that holds the feature. Both handles outlive this object.
-  DocumentParameters(const KEPISpecObject_var& feature,
-                     const KEPIMfgPPWordContainer_var& container);
+  /// `revision`: the counter of changes that the container offers; one that is always 0 without it.
+  DocumentParameters(const KEPISpecObject_var& feature, const KEPIMfgPPWordContainer_var& container,
+                     const KEPIRevision::Count& revision);
 
-  void appendText(std::string_view name, LineWriter& out) override;
+  void appendText(std::string_view name, FoundParameter& found, LineWriter& out) override;
   [[nodiscard]] std::optional<ParameterNumber> number(std::string_view name) override;
   void textDropped(std::string_view name, std::string_view text) override;
 
@@ -29,17 +31,30 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:
-  /// Appends the text of a parameter type, null for none, with its evaluation, null for none; false
-  /// when the text is that of one that cannot be evaluated.
-  [[nodiscard]] bool appendValue(std::string_view name, const KEPISpecObject_var& type,
-                                 KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
+  /// What a name names.
+  struct Parameter {
+    /// Null for none.
+    KEPISpecObject_var type;
+    /// Held by its type; null for none.
+    KEPIMfgParameterEvaluation* evaluation;
+    /// True for an evaluation that is a LineEvaluation.
+    bool isOwn;
+  };
+
+  /// As appendText, for a name that is not known or is reported.
+  void appendFound(std::string_view name, FoundParameter& found, LineWriter& out);
+  /// What is known of the name, or else what the container has; sets `found`.
+  [[nodiscard]] Parameter find(std::string_view name, FoundParameter& found) const;
+  /// Appends the text of a parameter; false when it is that of one that cannot be evaluated.
+  [[nodiscard]] bool appendValue(std::string_view name, const Parameter& parameter,
+                                 LineWriter& out);
   /// As appendValue, and reports it to the listener.
-  void appendReported(std::string_view name, const KEPISpecObject_var& type,
-                      KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
+  void appendReported(std::string_view name, const Parameter& parameter, LineWriter& out);
 
   // Not counted again for every line.
   const KEPISpecObject_var& feature_;
   KEPIContainer* container_;
+  const KEPIRevision::Count& revision_;
   KEPMfgPPWordListener* listener_ = KEPMfgPPWordListener::Current();
 };
 

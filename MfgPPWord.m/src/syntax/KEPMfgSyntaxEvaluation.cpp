@@ -68,8 +68,7 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   const auto feature = KEPISpecObject_var::Of(GetImpl());
   Outcome outcome = Outcome::NoSyntax;
   if (feature) {
-    KEPIMfgPPWordContainer_var container;
-    KEPMfgModelUtilities::GetPPWordContainer(feature, container);
+    const KEPIMfgPPWordContainer_var container = containerOf(feature);
     tellSequentialMotion(container);
     outcome = appendLines(feature, container, index, lines);
   }
@@ -77,6 +76,30 @@ bool KEPMfgSyntaxEvaluation::InstantiateSyntax(KEPListValKEPUnicodeString& lines
   setContinuationMarks(lines);
   if (hasTrailingComma(lines) && IsAKindOf(kDelayInstruction)) dropLastCharacter(lines[1]);
   return outcome == Outcome::AllLines;
+}
+
+KEPIMfgPPWordContainer_var KEPMfgSyntaxEvaluation::containerOf(const KEPISpecObject_var& feature) {
+  if (known_.mark.isCurrent()) return known_.container;
+  known_.mark.set(feature->GetContainer());
+  KEPIMfgPPWordContainer_var container;
+  KEPMfgModelUtilities::GetPPWordContainer(feature, container);
+  known_.container = container.Get();
+  known_.texts = nullptr;
+  if (!container) known_.mark.clear();
+  return container;
+}
+
+const KEPListValKEPUnicodeString* KEPMfgSyntaxEvaluation::knownTexts(int index) const noexcept {
+  return known_.index == index && known_.mark.isCurrent() ? known_.texts : nullptr;
+}
+
+const KEPListValKEPUnicodeString* KEPMfgSyntaxEvaluation::textsOf(const KEPISpecAttribute& syntax,
+                                                                  int index) noexcept {
+  if (known_.mark.isCurrent() && syntax.IsAList()) {
+    known_.texts = &syntax.GetTexts();
+    known_.index = index;
+  }
+  return &syntax.GetTexts();
 }
 
 void KEPMfgSyntaxEvaluation::tellSequentialMotion(
@@ -88,24 +111,28 @@ void KEPMfgSyntaxEvaluation::tellSequentialMotion(
 KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
     const KEPISpecObject_var& feature, const KEPIMfgPPWordContainer_var& container, int index,
     KEPListValKEPUnicodeString& lines) {
-  const auto syntax = syntaxAttribute(feature, index);
-  if (!syntax) {
-    return feature->GetNumberOfAttributes() == 0 ? Outcome::NoSyntax : Outcome::Failed;
+  const auto* texts = knownTexts(index);
+  if (texts == nullptr) {
+    const auto syntax = syntaxAttribute(feature, index);
+    if (!syntax) {
+      return feature->GetNumberOfAttributes() == 0 ? Outcome::NoSyntax : Outcome::Failed;
+    }
+    if (!syntax->IsAList()) return Outcome::NoSyntax;
+    texts = textsOf(*syntax, index);
   }
-  if (!syntax->IsAList()) return Outcome::NoSyntax;
-  const int count = syntax->GetTexts().Size();
+  const int count = texts->Size();
   if (count > 0 && !container) return Outcome::Failed;
-  DocumentParameters parameters(feature, container);
+  DocumentParameters parameters(feature, container, known_.mark.counter());
   ListenedLine listened(parameters.listener());
   LineObserver* const observer = parameters.listener() == nullptr ? nullptr : &listened;
   // Taken out for the call: an evaluation may instantiate this very syntax again.
   auto scratch =
       scratch_ ? std::move(scratch_) : std::make_unique<LineScratch>(cleansParentheses());
   for (int i = 1; i <= count; ++i) {
-    // Read again after the first line: an evaluation may have changed the syntax.
-    const auto current = i == 1 ? syntax : syntaxAttribute(feature, index);
-    if (!current || i > current->GetTexts().Size()) return Outcome::Failed;
-    scratch->start(static_cast<std::size_t>(i), current->GetTexts()[i]);
+    // Found again after the first line: an evaluation may have changed the syntax.
+    if (i > 1) texts = textsNow(feature, index);
+    if (texts == nullptr || i > texts->Size()) return Outcome::Failed;
+    scratch->start(static_cast<std::size_t>(i), (*texts)[i]);
     if (!instantiateLine(*scratch, parameters, observer)) {
       return Outcome::Failed;
     }
@@ -113,6 +140,13 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   }
   scratch_ = std::move(scratch);
   return Outcome::AllLines;
+}
+
+const KEPListValKEPUnicodeString* KEPMfgSyntaxEvaluation::textsNow(
+    const KEPISpecObject_var& feature, int index) {
+  if (const auto* const texts = knownTexts(index)) return texts;
+  const auto syntax = syntaxAttribute(feature, index);
+  return syntax ? textsOf(*syntax, index) : nullptr;
 }
 
 int KEPMfgSyntaxEvaluation::SetAuxNumber(int number) {

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "KEPIMfgParameterEvaluation.h"
+#include "language/syntax/ParameterSource.h"
+
+namespace ppword {
+
+/// An evaluation of the module: it also appends its text to a line, without a string in between.
+/// The engine sees by the type of the object whether an evaluation is one; evaluations of others
+/// are asked for their text:
+///
+///     auto* const own = dynamic_cast<LineEvaluation*>(evaluation);
+///     const bool done = own != nullptr ? own->appendText(line) : evaluation->Evaluate(text);
+class LineEvaluation : public KEPIMfgParameterEvaluation, public LineParameter {};
+
+/// As LineParameter::appendText, for an evaluation that sets a string.
+template <class Evaluation>
+[[nodiscard]] bool appendEvaluated(Evaluation& evaluation, LineWriter& out) {
+  KEPString text;
+  if (!evaluation.Evaluate(text)) return false;
+  out.append(text.View());
+  return true;
+}
+
+}  // namespace ppword
