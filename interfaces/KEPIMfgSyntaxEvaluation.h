@@ -4,7 +4,7 @@
 #include "System/KEPList.h"
 
 /// Turns the syntax of an NC instruction into finished APT lines. Get one from a PP word container,
-/// and use it as often as you like: each call looks everything up again. With a container `words`,
+/// and use it as often as you like: each call uses the document as it is. With a container `words`,
 /// this writes one line of your own:
 ///
 ///     words->SetUserSyntax("GOTO/%MFG_XPOINT+10,0");

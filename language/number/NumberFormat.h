@@ -6,6 +6,8 @@
 
 namespace ppword {
 
+class PlainFixed;
+
 /// A print format for one number, checked. Formats come from documents and table files, so they are
 /// parsed and never handed to a printf. Accepted: literal text, "%%", and at most one conversion of
 /// e E f F g G a A with flags of "-+ #0", a width and a precision of at most three digits each, and
@@ -46,32 +48,6 @@ class NumberFormat {
   [[nodiscard]] char* writeInFront(bool isNegative, char conversion, std::size_t length,
                                    char* digits) const;
   void appendNumber(double value, std::string& out) const;
-};
-
-/// A format "%W.Pf" with a width of at most two digits and one digit of places, as nearly every
-/// format of a parameter is.
-class PlainFixed {
- public:
-  /// The format "%.0f".
-  PlainFixed() = default;
-  /// Nothing for any other format.
-  [[nodiscard]] static std::optional<PlainFixed> parse(std::string_view format);
-
-  /// The most characters that `print` writes.
-  static constexpr std::size_t kCapacity = 128;
-  /// Writes `value` at `at`, where there is space for kCapacity characters, as printNumber prints
-  /// it. Returns the end; null for a number whose digits need the general way, or that is not
-  /// finite: it is printed, or refused, by printNumber.
-  [[nodiscard]] char* print(double value, char* at) const;
-
-  /// The format that was parsed.
-  [[nodiscard]] std::string text() const;
-
- private:
-  PlainFixed(unsigned width, unsigned places) noexcept : width_(width), places_(places) {}
-
-  unsigned width_ = 0;
-  unsigned places_ = 0;
 };
 
 /// The rule by which every number of the module is printed: an absolute value below 1e-6 becomes

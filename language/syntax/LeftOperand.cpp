@@ -1,24 +1,10 @@
 #include "language/syntax/LeftOperand.h"
 
-#include <utility>
-
 #include "language/number/DecimalPrefix.h"
 #include "language/number/NumberFormat.h"
 #include "language/syntax/Arithmetic.h"
 
 namespace ppword {
-namespace {
-
-/// The result of an operation; nothing when it cannot be printed.
-std::optional<std::string> resultOf(double left, char sign, double right) {
-  const double value = computed(sign, left, right);
-  std::string text;
-  // deliberate: a result that is too large becomes 0; large negative ones are not bounded.
-  const bool done = printNumber(kResultFormat, value > kOverflowBound ? 0.0 : value, text);
-  return done ? std::optional(std::move(text)) : std::nullopt;
-}
-
-}  // namespace
 
 void LeftOperand::read(const Operation& operation) {
   const std::size_t from = operation.at - operation.before.size();
@@ -27,14 +13,27 @@ void LeftOperand::read(const Operation& operation) {
   text_ += operation.before;
 }
 
-std::optional<std::string> LeftOperand::computedWith(const Operation& operation) {
+std::optional<std::string_view> LeftOperand::computedWith(const Operation& operation) {
   const auto left = number();
   const auto right = left ? operandNumber(operation.right) : std::nullopt;
-  return right ? resultOf(*left, operation.sign, *right) : std::nullopt;
+  if (!right) return std::nullopt;
+  const double value = computed(operation.sign, *left, *right);
+  // deliberate: a result that is too large becomes 0; large negative ones are not bounded.
+  return printed(value > kOverflowBound ? 0.0 : value);
+}
+
+std::optional<std::string_view> LeftOperand::printed(double result) {
+  static const PlainFixed format = PlainFixed::parse(kResultFormat).value();
+  const char* const end = format.print(result, digits_.data());
+  if (end != nullptr) return std::string_view(digits_.data(), end);
+  // A number with more digits.
+  const bool done = printNumber(kResultFormat, result, longDigits_);
+  return done ? std::optional<std::string_view>(longDigits_) : std::nullopt;
 }
 
 void LeftOperand::replace(std::string_view by) {
-  text_.replace(start_, std::string::npos, by);
+  text_.resize(start_);
+  text_ += by;
   begin(start_);
 }
 
@@ -45,11 +44,14 @@ void LeftOperand::keep(const Operation& operation) {
 
 std::optional<double> LeftOperand::number() {
   if (plainEnd_ == start_) {
-    // Padding before a negative number: the sign after it may make it a number.
-    if (view().find_first_not_of(' ') == std::string_view::npos) return std::nullopt;
     number_ = plainDecimal(view());
     isConverted_ = number_.has_value();
-    if (isConverted_) plainEnd_ = text_.size();
+    if (isConverted_) {
+      plainEnd_ = text_.size();
+    } else if (view().find_first_not_of(' ') == std::string_view::npos) {
+      // Padding before a negative number: the sign after it may make it a number.
+      return std::nullopt;
+    }
   }
   plainEnd_ = kNumberCharacters.firstOtherIn(text_, plainEnd_);
   if (plainEnd_ < text_.size()) return std::nullopt;

@@ -1,9 +1,11 @@
 #pragma once
 
+#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "language/number/PlainFixed.h"
 #include "language/syntax/OperationCursor.h"
 
 namespace ppword {
@@ -21,9 +23,9 @@ class LeftOperand {
   /// Appends the text before the next operation, so that it ends in its left operand.
   void read(const Operation& operation);
 
-  /// The result of an operation with both operands; nothing when one is not a number, or the
-  /// result cannot be printed.
-  [[nodiscard]] std::optional<std::string> computedWith(const Operation& operation);
+  /// The result of an operation with both operands, valid until the next one; nothing when one is
+  /// not a number, or the result cannot be printed.
+  [[nodiscard]] std::optional<std::string_view> computedWith(const Operation& operation);
 
   /// Puts a result in its place, or nothing for an operation that is deleted.
   void replace(std::string_view by);
@@ -33,6 +35,7 @@ class LeftOperand {
 
  private:
   [[nodiscard]] std::optional<double> number();
+  [[nodiscard]] std::optional<std::string_view> printed(double result);
   /// The next operand begins at a place of the text.
   void begin(std::size_t start);
 
@@ -42,6 +45,9 @@ class LeftOperand {
   std::size_t plainEnd_ = 0;
   std::optional<double> number_;
   bool isConverted_ = false;
+  /// The result that was computed last, in one of them.
+  std::array<char, PlainFixed::kCapacity> digits_;
+  std::string longDigits_;
 };
 
 }  // namespace ppword

@@ -46,11 +46,15 @@ void readLine(LineScratch& scratch, const Report& report) {
 
 void LineScratch::start(std::size_t number, std::string_view text) {
   const std::size_t place = std::min(number, kMostKnown) - 1;
-  while (lines_.size() <= place) lines_.push_back(std::make_unique<KnownLine>());
+  if (lines_.size() <= place) addLines(place + 1);
   known_ = lines_[place].get();
   if (text == known_->written) return;
   known_->isRead = false;
   known_->written = text;
+}
+
+void LineScratch::addLines(std::size_t count) {
+  while (lines_.size() < count) lines_.push_back(std::make_unique<KnownLine>());
 }
 
 void LineScratch::store() {
@@ -70,7 +74,7 @@ bool instantiateLine(LineScratch& scratch, ParameterSource& parameters, LineObse
   if (!known.isRead) scratch.store();
   scratch.resume();
   for (const Prefix& prefix : kPrefixes) {
-    computeGroups(line, prefix.text, parameters, observer);
+    if (line.mayHoldGroups()) computeGroups(line, prefix.text, parameters, observer);
     report(prefix.groupsPass);
     if (line.holdsAny(prefix.mark)) substitute(line, known.*prefix.references, parameters);
     report(prefix.referencesPass);

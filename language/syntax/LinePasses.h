@@ -53,6 +53,8 @@ class LineScratch {
   /// Lines with higher numbers share the last place.
   static constexpr std::size_t kMostKnown = 16;
 
+  void addLines(std::size_t count);
+
   bool cleansParentheses_;
   SyntaxLine line_;
   std::vector<std::unique_ptr<KnownLine>> lines_;

@@ -20,6 +20,11 @@ class LineWriter {
 
   [[gnu::always_inline]] void append(std::string_view piece) {
     if (left() < piece.size()) grow(piece.size());
+    // Most pieces between two references are a comma.
+    if (piece.size() == 1) {
+      *at_++ = piece.front();
+      return;
+    }
     at_ = std::copy(piece.begin(), piece.end(), at_);
   }
   void append(std::size_t count, char character) {

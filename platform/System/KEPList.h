@@ -28,6 +28,8 @@ class KEPListVal {
     for (std::size_t i = 0; i < count; ++i) values_.push_back(other.values_[i]);
   }
   void RemoveAll() noexcept { values_.clear(); }
+  /// Makes space for `count` values; changes nothing else.
+  void Reserve(int count) { values_.reserve(static_cast<std::size_t>(count)); }
 
   /// The position of the first entry equal to `value`, 0 when there is none.
   [[nodiscard]] int Locate(const T& value) const {

@@ -1,6 +1,8 @@
 #include "post/generator/Generator.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -106,7 +108,7 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   }
 
   void evaluationReplaced(std::string_view name, std::string_view text) {
-    const BufferValues values = valuesOf(name);
+    const BufferValues values = recentValuesOf(name);
     const bool isOwn = hasOwnSpeeds_ && name == "MFG_SPNDL_SPEED";
     const bool isGiven = isOwn || given_.holdAll(values);
     if (!isGiven) count(summary_.neverGiven, name);
@@ -114,6 +116,12 @@ class Generator::Listener final : public KEPMfgPPWordListener {
     if (kDigitsButZero.firstIn(text) < text.size()) return;
     if (lacksNumber(text)) return count(summary_.withoutNumber, name);
     if (isGiven && !isOwn && given_.cannotBeZero(values)) count(summary_.roundedToZero, name);
+  }
+
+  [[nodiscard]] BufferValues recentValuesOf(std::string_view parameter) {
+    Reading& recent = recent_[std::hash<const KEPBaseUnknown*>{}(type_) / kTypeSize % kRecent];
+    if (recent.type != type_) recent = {type_, valuesOf(parameter)};
+    return recent.values;
   }
 
   /// The values of buffers that a parameter of the type that was looked up last prints.
@@ -135,8 +143,17 @@ class Generator::Listener final : public KEPMfgPPWordListener {
   Summary& summary_;
   const GivenValues& given_;
   StatedNames& names_;
-  /// What the parameters print, by their types.
+  struct Reading {
+    const KEPBaseUnknown* type = nullptr;
+    BufferValues values{};
+  };
+  static constexpr std::size_t kRecent = 64;
+  /// About what a type takes, so that types which were created one after the other differ.
+  static constexpr std::size_t kTypeSize = 256;
+
+  /// What the parameters print, by their types, and those that were asked for last.
   std::unordered_map<const KEPBaseUnknown*, BufferValues> readings_;
+  std::array<Reading, kRecent> recent_;
   bool hasOwnSpeeds_ = false;
   const Element* element_ = nullptr;
   /// Of the reference that was looked up last.

@@ -25,6 +25,17 @@ void requireFormat(const JobHeader& header, std::string_view key, std::string fo
                        "g or a, such as %.3f"));
 }
 
+/// Null for a job that states nothing about how its numbers are printed: a generation would be
+/// asked for each of them.
+KEPIMfgGeneratorData_var generationOf(const JobHeader& header) {
+  const bool isStated =
+      header.angleFactor || !header.pointFormat.empty() || !header.axisFormat.empty();
+  if (!isStated) return nullptr;
+  const auto generation = GeneratorData::create(header.pointFormat, header.axisFormat);
+  if (header.angleFactor) generation->setAngleFactor(*header.angleFactor);
+  return generation;
+}
+
 KEPIMfgResource_var machineOf(const JobHeader& header) {
   if (header.resource.empty()) return nullptr;
   const auto machine = Resource::create(header.resource);
@@ -38,9 +49,7 @@ JobSetup::JobSetup(const JobHeader& header, Document& document)
     : previous_(session().generatorData) {
   requireFormat(header, "pointFormat", header.pointFormat, header.pointFormatColumn);
   requireFormat(header, "axisFormat", header.axisFormat, header.axisFormatColumn);
-  const auto generation = GeneratorData::create(header.pointFormat, header.axisFormat);
-  if (header.angleFactor) generation->setAngleFactor(*header.angleFactor);
-  setCurrentGeneratorData(generation);
+  setCurrentGeneratorData(generationOf(header));
   for (const auto& [name, value] : header.designParameters) {
     document.setDesignParameter(name, value);
   }

@@ -1,6 +1,7 @@
 #include "src/container/KEPMfgPPWordContainer.h"
 
 #include <memory>
+#include <utility>
 
 #include "Manufacturing/KEPMfgAttributeUtilities.h"
 #include "Manufacturing/KEPMfgEnvVarMgt.h"
@@ -118,7 +119,20 @@ void KEPMfgPPWordContainer::GetPPCommand(KEPIMfgPPCommand_var& command,
 
 void KEPMfgPPWordContainer::GetSyntaxEvaluation(KEPIMfgSyntaxEvaluation_var& evaluation,
                                                 const KEPUnicodeString& name) {
-  evaluation = findSyntaxEvaluation(container(), name);
+  if (last_.mark.isCurrent() && last_.name == name.View()) {
+    // Held while it is told: its number may be set by somebody else's code.
+    KEPIMfgSyntaxEvaluation_var known(last_.evaluation);
+    known->SetSeqMotionNumber(kNoMotion);
+    evaluation = std::move(known);
+    return;
+  }
+  const KEPIContainer_var features = container();
+  ppword::RevisionMark mark;
+  mark.set(features.Get());
+  evaluation = findSyntaxEvaluation(features, name);
+  // A name with the number of a motion is read each time.
+  const bool isPlain = name.View().find(kMotionMarker) == std::string_view::npos;
+  if (evaluation && isPlain) last_ = {mark, std::string(name.View()), evaluation.Get()};
 }
 
 HRESULT KEPMfgPPWordContainer::LoadPPWordTable(const KEPUnicodeString& path) {

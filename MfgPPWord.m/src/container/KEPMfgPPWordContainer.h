@@ -1,11 +1,14 @@
 #pragma once
 
+#include <string>
+
 #include "KEPIMfgPPWordContainer.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "src/registration/Registered.h"
+#include "src/revision/RevisionMark.h"
 
 /// The behaviour of a PP word container, as an extension of the container component. The operations
-/// are those of KEPIMfgPPWordContainer; all types live in the container, nothing is cached here.
+/// are those of KEPIMfgPPWordContainer; all types live in the container.
 class KEPMfgPPWordContainer final : public ppword::Registered<KEPMfgPPWordContainer> {
  public:
   [[nodiscard]] KEPISpecObject* FindPPWord(const KEPString& name);
@@ -27,6 +30,14 @@ class KEPMfgPPWordContainer final : public ppword::Registered<KEPMfgPPWordContai
   /// extended object is none.
   [[nodiscard]] KEPIContainer_var container() const;
 
+  /// The instruction that was asked for last, as long as nothing has changed; not counted.
+  struct LastInstruction {
+    ppword::RevisionMark mark;
+    std::string name;
+    KEPIMfgSyntaxEvaluation* evaluation = nullptr;
+  };
+
+  LastInstruction last_;
   KEPBaseUnknown_var firstObject_;
   KEPBaseUnknown_var secondObject_;
 };

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Manufacturing/KEPMfgPPWordListener.h"
+#include "language/number/NumberFormat.h"
 #include "src/evaluation/ParameterContext.h"
 
 namespace ppword {

@@ -4,7 +4,7 @@
 
 #include "Manufacturing/KEPIMfgGeneratorData.h"
 #include "System/KEPString.h"
-#include "language/number/NumberFormat.h"
+#include "language/number/PlainFixed.h"
 #include "language/syntax/LineWriter.h"
 #include "src/revision/RevisionMark.h"
 

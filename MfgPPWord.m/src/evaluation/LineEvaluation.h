@@ -1,6 +1,7 @@
 #pragma once
 
 #include "KEPIMfgParameterEvaluation.h"
+#include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "language/syntax/ParameterSource.h"
 
 namespace ppword {
@@ -11,7 +12,17 @@ namespace ppword {
 ///
 ///     auto* const own = dynamic_cast<LineEvaluation*>(evaluation);
 ///     const bool done = own != nullptr ? own->appendText(line) : evaluation->Evaluate(text);
-class LineEvaluation : public KEPIMfgParameterEvaluation, public LineParameter {};
+class LineEvaluation : public KEPIMfgParameterEvaluation, public LineParameter {
+ public:
+  /// The type that it extends, always the same one; null when it extends no feature.
+  [[nodiscard]] KEPISpecObject* type() {
+    if (type_ == nullptr) type_ = KEPBorrow<KEPISpecObject>(this);
+    return type_;
+  }
+
+ private:
+  KEPISpecObject* type_ = nullptr;
+};
 
 /// As LineParameter::appendText, for an evaluation that sets a string.
 template <class Evaluation>

@@ -31,25 +31,20 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] KEPMfgPPWordListener* listener() const noexcept { return listener_; }
 
  private:
-  /// What a name names.
-  struct Parameter {
-    /// Null for none.
-    KEPISpecObject_var type;
-    /// Held by its type; null for none.
-    KEPIMfgParameterEvaluation* evaluation;
-    /// True for an evaluation that is a LineEvaluation.
-    bool isOwn;
-  };
+  using Source = KEPMfgPPWordListener::Source;
 
-  /// As appendText, for a name that is not known or is reported.
-  void appendFound(std::string_view name, FoundParameter& found, LineWriter& out);
-  /// What is known of the name, or else what the container has; sets `found`.
-  [[nodiscard]] Parameter find(std::string_view name, FoundParameter& found) const;
-  /// Appends the text of a parameter; false when it is that of one that cannot be evaluated.
-  [[nodiscard]] bool appendValue(std::string_view name, const Parameter& parameter,
-                                 LineWriter& out);
-  /// As appendValue, and reports it to the listener.
-  void appendReported(std::string_view name, const Parameter& parameter, LineWriter& out);
+  /// As appendText, for a name that is not known; sets `found`.
+  void appendNamed(std::string_view name, FoundParameter& found, LineWriter& out);
+  /// Appends the text of a parameter type, null for none, with its evaluation, null for none, or
+  /// that of one that cannot be evaluated; returns where it came from.
+  [[nodiscard]] Source appendValue(std::string_view name, const KEPISpecObject_var& type,
+                                   KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
+  /// Calls `append`, which appends the text of the parameter and returns its source, and reports
+  /// the reference to the listener.
+  template <class Append>
+  void appendReported(std::string_view name, const KEPISpecObject_var& type,
+                      KEPIMfgParameterEvaluation* evaluation, LineWriter& out,
+                      const Append& append);
 
   // Not counted again for every line.
   const KEPISpecObject_var& feature_;

@@ -122,6 +122,8 @@ KEPMfgSyntaxEvaluation::Outcome KEPMfgSyntaxEvaluation::appendLines(
   }
   const int count = texts->Size();
   if (count > 0 && !container) return Outcome::Failed;
+  // A list that the caller fills grows as it does.
+  if (lines.Size() == 0) lines.Reserve(count);
   DocumentParameters parameters(feature, container, known_.mark.counter());
   ListenedLine listened(parameters.listener());
   LineObserver* const observer = parameters.listener() == nullptr ? nullptr : &listened;
