@@ -71,7 +71,9 @@ void closeUpNegatives(std::string& line) {
 
 }  // namespace
 
-void evaluateLine(SyntaxLine& line, const SignRecords& records, LineObserver* observer) {
+// Few lines compute: apart, so that the others do not pay for its variables.
+[[gnu::noinline]] void evaluateLine(SyntaxLine& line, const SignRecords& records,
+                                    LineObserver* observer) {
   if (records.signs.empty() || isComment(line.text())) return;
   const std::string_view text = line.text();
   std::string& out = line.draft();

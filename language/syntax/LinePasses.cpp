@@ -81,7 +81,7 @@ bool instantiateLine(LineScratch& scratch, ParameterSource& parameters, LineObse
   }
   if (!restoreSigns(line, known.signs, observer)) return false;
   report(Pass::RestoreSigns);
-  evaluateLine(line, known.signs, observer);
+  if (!known.signs.signs.empty()) evaluateLine(line, known.signs, observer);
   report(Pass::Evaluate);
   unmaskEscapedPercents(line);
   report(Pass::UnmaskEscapes);

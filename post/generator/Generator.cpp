@@ -201,7 +201,8 @@ void Generator::put(const ActivityStart& start) {
 void Generator::put(const Element& element) {
   listener_->listenFor(element);
   buffers_.apply(element.changes);
-  const std::string title = titleOf(element);
+  const std::string ofCommand = element.ppCommand > 0 ? titleOf(element) : std::string();
+  const std::string_view title = element.ppCommand > 0 ? ofCommand : element.instruction;
   given_.read(element, title);
   const Instruction instruction = instructionOf(element);
   long point = 0;

@@ -21,26 +21,13 @@ std::string_view unevaluatedText() {
   return text.View();
 }
 
-/// A name as it is written in the syntax, for the listener: few hold a mask, the others are not
-/// copied.
-class WrittenName {
- public:
-  explicit WrittenName(std::string_view name) : name_(name) {
-    // Few names have its first character, which is found faster.
-    if (name.find(kPercentMask.front()) == std::string_view::npos) return;
-    copy_ = withEscapedPercents(name);
-    name_ = copy_;
-  }
-  WrittenName(const WrittenName&) = delete;
-  WrittenName& operator=(const WrittenName&) = delete;
-  operator std::string_view() const noexcept { return name_; }
+/// True for a name that may hold a mask, which listeners see as it is written in the syntax. Few
+/// names have its first character, which is found faster.
+bool isMasked(std::string_view name) {
+  return name.find(kPercentMask.front()) != std::string_view::npos;
+}
 
- private:
-  std::string copy_;
-  std::string_view name_;
-};
-
-Source appendOwn(LineEvaluation& evaluation, LineWriter& out) {
+[[gnu::always_inline]] inline Source appendOwn(LineEvaluation& evaluation, LineWriter& out) {
   if (evaluation.appendText(out)) return Source::Evaluation;
   out.append(unevaluatedText());
   return Source::NotEvaluated;
@@ -88,11 +75,13 @@ template <class Append>
                                                           const KEPISpecObject_var& type,
                                                           KEPIMfgParameterEvaluation* evaluation,
                                                           LineWriter& out, const Append& append) {
-  const WrittenName written(name);
-  listener_->ReferenceLookedUp(written, type.Get(), evaluation);
-  const std::size_t start = out.text().size();
-  const Source source = append();
-  listener_->ReferenceReplaced(written, source, out.text().substr(start));
+  const auto report = [&](std::string_view written) {
+    listener_->ReferenceLookedUp(written, type.Get(), evaluation);
+    const std::size_t start = out.text().size();
+    const Source source = append();
+    listener_->ReferenceReplaced(written, source, out.text().substr(start));
+  };
+  isMasked(name) ? report(withEscapedPercents(name)) : report(name);
 }
 
 void DocumentParameters::appendText(std::string_view name, FoundParameter& found, LineWriter& out) {
@@ -143,7 +132,7 @@ KEPMfgPPWordListener::Source DocumentParameters::appendValue(std::string_view na
 
 std::optional<ParameterNumber> DocumentParameters::number(std::string_view name) {
   if (listener_ != nullptr) {
-    listener_->ReferenceLookedUp(WrittenName(name), nullptr, nullptr);
+    listener_->ReferenceLookedUp(withEscapedPercents(name), nullptr, nullptr);
   }
   const auto value = parameterValue(feature_, name);
   if (listener_ != nullptr && value) listener_->ValueFound(*value, nullptr);
@@ -152,7 +141,7 @@ std::optional<ParameterNumber> DocumentParameters::number(std::string_view name)
 
 void DocumentParameters::textDropped(std::string_view name, std::string_view text) {
   if (listener_ == nullptr) return;
-  listener_->TextDropped(WrittenName(name), WrittenName(text));
+  listener_->TextDropped(withEscapedPercents(name), withEscapedPercents(text));
 }
 
 }  // namespace ppword
