@@ -1,6 +1,7 @@
 #include "post/toolpath/LineReader.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -40,6 +41,15 @@ InputError::InputError(std::string_view file, long line, long column, std::strin
       message_(message) {}
 
 InputError::~InputError() = default;
+
+std::optional<double> shareRead(int descriptor, std::size_t unused) {
+  struct stat status {};
+  if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode)) return std::nullopt;
+  const off_t at = ::lseek(descriptor, 0, SEEK_CUR);
+  if (at < 0 || status.st_size <= 0) return std::nullopt;
+  const double used = static_cast<double>(at) - static_cast<double>(unused);
+  return std::clamp(used / static_cast<double>(status.st_size), 0.0, 1.0);
+}
 
 LineReader::LineReader(const std::string& path)
     : name_(path == "-" ? "standard input" : path),

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -28,6 +29,10 @@ class InputError : public std::runtime_error {
   std::string message_;
 };
 
+/// How much of an open file was read, from 0 to 1, without the bytes that were read and not used;
+/// nothing for one without a length, such as a pipe.
+[[nodiscard]] std::optional<double> shareRead(int descriptor, std::size_t unused);
+
 /// Reads a text file line by line in constant memory.
 class LineReader {
  public:
@@ -53,6 +58,10 @@ class LineReader {
 
   /// Number of the line that was read last, from 1; 0 before the first.
   [[nodiscard]] long lineNumber() const noexcept { return lineNumber_; }
+  /// How much of the file was read, from 0 to 1; nothing for one without a length, such as a pipe.
+  [[nodiscard]] std::optional<double> share() const {
+    return shareRead(descriptor_, unread().size());
+  }
   /// The file's name for messages.
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
 

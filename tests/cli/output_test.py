@@ -368,6 +368,23 @@ class Terminal(program.ProgramTest):
             self.assertNotIn("\x1b", text)
             self.assertEqual(text, self.run_program("check", "bad").stderr)
 
+    def test_progress_has_the_share_of_a_file_and_the_time_left(self):
+        lines = JOB.splitlines(keepends=True)
+        self.write("long", lines[0] + 400_000 * lines[1] + lines[2])
+        reader, writer = os.openpty()
+        with subprocess.Popen(
+            [program.PPWORD, "post", "long", "-o", "/dev/null"], cwd=self.folder, stderr=writer
+        ) as process:
+            os.close(writer)
+            seen = b""
+            while b" left" not in seen:
+                seen += os.read(reader, 4096)
+            process.kill()
+        os.close(reader)
+        self.assertRegex(
+            seen, rb"\r\d\d? %, \d+ elements, \d+ a second, \d+ (s|min|h \d+ min) left"
+        )
+
     def test_long_work_shows_progress_on_a_terminal_only(self):
         reader, writer = os.openpty()
         command = [program.PPWORD, "post", "-", "-o", "/dev/null"]
@@ -375,7 +392,7 @@ class Terminal(program.ProgramTest):
             lines = JOB.splitlines(keepends=True)
             process.stdin.write(lines[0].encode())
             seen = b""
-            while b" elements read" not in seen:
+            while b" a second" not in seen:
                 process.stdin.write(1000 * lines[1].encode())
                 process.stdin.flush()
                 os.set_blocking(reader, False)
@@ -388,7 +405,7 @@ class Terminal(program.ProgramTest):
             process.wait(60)
         os.close(writer)
         os.close(reader)
-        self.assertRegex(seen, rb"^\r\d+ elements read")
+        self.assertRegex(seen, rb"^\r\d+ elements, \d+ a second")
         self.assertEqual(process.returncode, 0)
 
 

@@ -300,7 +300,7 @@ class Inputs(ReadBackTest):
                 continue
             self.assertEqual((report["verified"]["agrees"], done.returncode), (True, 0), case)
             agreeing += 1
-        self.assertEqual(agreeing, 11)
+        self.assertEqual(agreeing, 13)
 
     def test_job_of_a_pipe_is_read_once(self):
         done = self.run_program("post", "-", "-o", "apt", input=JOB, stdin=None)

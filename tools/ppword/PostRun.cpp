@@ -47,11 +47,11 @@ std::unique_ptr<ReadBack> readBackOf(const PostOptions& options, ToolPathInput& 
 host::Summary write(ToolPathInput& input, PostMap* map, host::LineSink& sink, ReadBack* readBack,
                     bool showsProgress) {
   host::Generator generator(input.document(), input.name(), sink, map);
-  Progress progress(input.events(), showsProgress);
+  CountedEvents events(input, showsProgress);
   if (readBack != nullptr) {
-    readBack->run(generator, progress);
+    readBack->run(generator, events);
   } else {
-    generator.run(progress);
+    generator.run(events);
   }
   return generator.summary();
 }
@@ -64,18 +64,22 @@ std::unique_ptr<PostMap> mapOf(const PostOptions& options, const ToolPathInput& 
   return std::make_unique<PostMap>(options, input, origins, output.lines());
 }
 
-// What the options refuse, and the job itself.
-Strictness strictnessOf(const PostOptions& options, const host::JobHeader* header) {
-  Strictness strictness(options.strictness);
-  if (header == nullptr) return strictness;
-  if (header->isStrict) strictness.require();
-  for (const auto& [key, column] : header->strictKeys) {
+// Adds what a job itself refuses.
+void require(const host::JobHeader& header, Strictness& strictness) {
+  if (header.isStrict) strictness.require();
+  for (const auto& [key, column] : header.strictKeys) {
     try {
       strictness.require(key);
     } catch (const UsageError& unknown) {
-      throw host::InputError(header->file, header->line, column, "$.strict: " + unknown.message);
+      throw host::InputError(header.file, header.line, column, "$.strict: " + unknown.message);
     }
   }
+}
+
+// What the options refuse, and the job itself.
+Strictness strictnessOf(const PostOptions& options, const host::JobHeader* header) {
+  Strictness strictness(options.strictness);
+  if (header != nullptr) require(*header, strictness);
   return strictness;
 }
 

@@ -57,7 +57,10 @@ std::shared_ptr<const host::ToolTable> toolsOf(const ToolPathOptions& options) {
 }  // namespace
 
 ToolPathInput::ToolPathInput(const ToolPathOptions& options, LoadedTables* tables)
-    : options_(options), tables_(tables), lines_(std::make_unique<host::LineReader>(options.job)) {
+    : options_(options),
+      tables_(tables),
+      lines_(std::make_unique<host::LineReader>(options.job)),
+      reading_(lines_.get()) {
   kind_ = host::recogniseToolPath(*lines_);
   refuseOptions();
   if (kind_ == host::ToolPathKind::Job) job_.emplace(std::move(lines_));
@@ -140,6 +143,7 @@ void ToolPathInput::setUp(host::TableWords words) {
   if (isProgram()) {
     host::ProgramListing program = list();
     lines_ = std::move(program.lines);
+    reading_ = lines_.get();
     reading.blocks = std::move(program.places);
   }
   listing_.emplace(std::move(lines_), std::move(reading));

@@ -46,6 +46,8 @@ class ToolPathInput {
   /// What its text is read back with.
   [[nodiscard]] std::shared_ptr<const ReaderWords> readerWords() const;
   [[nodiscard]] host::ToolPathReader& events();
+  /// How much of the tool path was read, from 0 to 1; nothing when that is unknown.
+  [[nodiscard]] std::optional<double> share() const { return reading_->share(); }
   [[nodiscard]] const PostTable& table() const noexcept { return table_; }
   /// Null for other tool paths than jobs.
   [[nodiscard]] const host::JobHeader* header() const { return job_ ? &job_->header() : nullptr; }
@@ -73,6 +75,8 @@ class ToolPathInput {
   host::ToolPathKind kind_ = host::ToolPathKind::Job;
   std::vector<host::MachineWord> machineWords_;
   std::unique_ptr<host::LineReader> lines_;
+  /// Whoever has the lines.
+  const host::LineReader* reading_;
   KEPVar<host::Document> document_;
   PostTable table_;
   std::optional<host::ListingReader> listing_;

@@ -13,6 +13,7 @@
 #include "post/toolpath/LineReader.h"
 #include "tools/ppword/Commands.h"
 #include "tools/ppword/Kinds.h"
+#include "tools/ppword/Progress.h"
 #include "tools/ppword/ReadBack.h"
 #include "tools/ppword/ReaderWords.h"
 #include "tools/ppword/Refusal.h"
@@ -47,6 +48,7 @@ class TextFile {
       if (errno != EINTR) raise("cannot be read: ");
     }
   }
+  [[nodiscard]] std::optional<double> share() const { return host::shareRead(descriptor_, 0); }
   /// What messages call the file.
   [[nodiscard]] const std::string& name() const noexcept { return name_; }
 
@@ -106,10 +108,13 @@ class ReadText {
     return true;
   }
 
-  VerifyReport& finish() {
+  /// Reads the rest of the text.
+  VerifyReport& finish(bool showsProgress) {
+    constexpr long kBetweenLooks = 1000;
+    Progress progress(
+        "statements", kBetweenLooks, [this] { return file_.share(); }, showsProgress);
     verify::Statement statement;
-    while (next(statement)) {
-    }
+    while (next(statement)) progress.add(1);
     if (consumer_) consumer_->finish();
     report_.finish(reader_.lines(), reader_.hasSequenceNumbers());
     return report_;
@@ -149,10 +154,11 @@ void noteCalls(const host::ListingReader& listing, verify::Comparison& compariso
 }
 
 // Compares until the input ends, or at the first difference.
-void compare(ToolPathInput& input, verify::Comparison& comparison) {
+void compare(ToolPathInput& input, bool showsProgress, verify::Comparison& comparison) {
+  CountedEvents events(input, showsProgress);
   host::ToolPathEvent event;
   try {
-    while (input.events().next(event) && comparison.put(event)) {
+    while (events.next(event) && comparison.put(event)) {
     }
   } catch (const verify::UnknownInstruction& unknown) {
     refuseInstruction(unknown, input.name());
@@ -171,8 +177,8 @@ VerifyReport compared(const VerifyOptions& options) {
       document, reading.words, [&](verify::Statement& statement) { return text.next(statement); },
       currentAngleFactor());
   if (reading.profile) comparison.setConsumer(reading.profile->consumer);
-  compare(input, comparison);
-  VerifyReport& report = text.finish();
+  compare(input, showsProgress(options.format), comparison);
+  VerifyReport& report = text.finish(showsProgress(options.format));
   report.add(comparison, input.name());
   return report;
 }
@@ -180,7 +186,7 @@ VerifyReport compared(const VerifyOptions& options) {
 VerifyReport reportOf(const VerifyOptions& options) {
   if (!options.job.empty()) return compared(options);
   const Reading reading(options, "");
-  return ReadText(options.text, reading).finish();
+  return ReadText(options.text, reading).finish(showsProgress(options.format));
 }
 
 void requireInput(const VerifyOptions& options) {

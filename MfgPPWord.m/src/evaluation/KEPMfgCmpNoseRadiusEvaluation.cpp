@@ -1,4 +1,5 @@
 #include <optional>
+#include <string_view>
 
 #include "KEPIMfgBufferCorrectorNumber.h"
 #include "Manufacturing/KEPIMfgInsert.h"
@@ -21,6 +22,10 @@ struct NoseRadii {
   std::optional<double> left;
   std::optional<double> right;
   bool isGroove = false;
+
+  [[nodiscard]] std::optional<double> at(std::string_view point) const {
+    return point == "P9" || point == "P3" ? left : right;
+  }
 };
 
 NoseRadii radiiOf(const KEPIMfgToolAssembly_var& assembly) {
@@ -64,8 +69,7 @@ double noseRadius(const KEPIMfgActivity_var& activity, int corrector) {
   const auto tooling = ppword::toolingOf(activity);
   const NoseRadii radii = radiiOf(tooling.assembly);
   const KEPUnicodeString point = outputPoint(activity, tooling, corrector);
-  const bool isLeft = point.View() == "P9" || point.View() == "P3";
-  const std::optional<double> stated = isLeft ? radii.left : radii.right;
+  const std::optional<double> stated = radii.at(point.View());
   const KEPIMfgLatheToolInsertUtilities_var utilities = tooling.assembly;
   double radius = stated.value_or(0.0);
   const bool isReplaced =

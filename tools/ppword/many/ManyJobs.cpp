@@ -107,14 +107,16 @@ ExitStatus statusOf(const JobRecord& record) { return static_cast<ExitStatus>(re
 // Shows the records as they come, and the totals.
 class Records {
  public:
-  Records(const PostOptions& options, std::size_t jobs) : options_(options), jobs_(jobs) {}
+  Records(const PostOptions& options, std::size_t jobs)
+      : options_(options),
+        jobs_(jobs),
+        progress_(
+            "jobs", 1, [this] { return share(); }, showsProgress(options.format)) {}
 
   void take(const JobRecord& record) {
     count(record);
     if (!options_.quiet || statusOf(record) != ExitStatus::Done) show(record.text);
-    if (showsProgress(options_.format) && line_.isDue() && ended_ < jobs_) {
-      line_.show(std::to_string(ended_) + " of " + std::to_string(jobs_) + " jobs");
-    }
+    progress_.add(1);
   }
 
   [[nodiscard]] ExitStatus finish() {
@@ -125,8 +127,12 @@ class Records {
  private:
   void show(const std::string& text) {
     if (options_.format == OutputFormat::Records) return writeOutput(text);
-    line_.clear();
+    progress_.clear();
     writeMessage(text);
+  }
+
+  [[nodiscard]] double share() const {
+    return static_cast<double>(ended_) / static_cast<double>(jobs_);
   }
 
   void count(const JobRecord& record) {
@@ -165,7 +171,7 @@ class Records {
   long elements_ = 0;
   long lines_ = 0;
   ExitStatus status_ = ExitStatus::Done;
-  ProgressLine line_;
+  Progress progress_;
 };
 
 // All jobs in this process.

@@ -51,8 +51,8 @@ PostOutcome view(const PostOptions& options) {
   host::TableOrigins origins;
   openToolPath(options, input, load, origins);
   if (!input.table().path.empty()) origins.read(input.table().path);
-  Progress progress(input.events(), showsProgress(options.format));
-  ViewRecorder recorder(input, progress, origins);
+  CountedEvents events(input, showsProgress(options.format));
+  ViewRecorder recorder(input, events, origins);
   const host::Summary summary = record(input, recorder);
   const PostReport made = reportOf(options, input, load, summary);
   PostOutcome outcome;
