@@ -9,7 +9,7 @@ namespace {
 
 /// The expression without its opening parenthesis. Nothing that could be computed truthfully comes
 /// with a further parenthesis, where the text was cut at the first ")" inside a nested group, and
-/// with a comma, which stands where the syntax had a "+", "-" or "*".
+/// with a comma, which is where the syntax had a "+", "-" or "*".
 std::string_view flatExpression(std::string_view text) {
   if (text.empty() || text.front() != '(') return {};
   text.remove_prefix(1);

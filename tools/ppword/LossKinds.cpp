@@ -28,7 +28,7 @@ constexpr Kind kLossKinds[] = {
      "The machine would stop, or refuse the line.", "", ""},
     {kMissingDimension, "post", "warning", "a dimension of the tool is not stated and taken as 0",
      "state it in the job: MFG_TL_SET_X, Y and Z of the assembly, the nose radius of its insert",
-     "The text has a tool setting or a nose radius that no one measured.", "", ""},
+     "The text has a tool setting or a nose radius that is a guess.", "", ""},
     {kImpossible, "post", "warning", "a value is stated that no machine can mean",
      "correct it in the job",
      "A tool axis whose length differs from 1 by more than 0.0001, a negative feed rate or speed, "

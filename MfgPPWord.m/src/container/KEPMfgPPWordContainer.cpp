@@ -120,7 +120,7 @@ void KEPMfgPPWordContainer::GetPPCommand(KEPIMfgPPCommand_var& command,
 void KEPMfgPPWordContainer::GetSyntaxEvaluation(KEPIMfgSyntaxEvaluation_var& evaluation,
                                                 const KEPUnicodeString& name) {
   if (last_.mark.isCurrent() && last_.name == name.View()) {
-    // Held while it is told: its number may be set by somebody else's code.
+    // Held meanwhile: its number may be set by somebody else's code.
     KEPIMfgSyntaxEvaluation_var known(last_.evaluation);
     known->SetSeqMotionNumber(kNoMotion);
     evaluation = std::move(known);
