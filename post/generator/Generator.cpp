@@ -24,6 +24,7 @@
 namespace host {
 namespace {
 
+constexpr ppword::CharacterTable kDigits("0123456789");
 constexpr ppword::CharacterTable kDigitsButZero("123456789");
 
 /// What messages call an element.
@@ -113,9 +114,11 @@ class Generator::Listener final : public KEPMfgPPWordListener {
     const bool isGiven = isOwn || given_.holdAll(values);
     if (!isGiven) count(summary_.neverGiven, name);
     if (lacksDimension_) count(summary_.missingDimensions, name);
-    if (kDigitsButZero.firstIn(text) < text.size()) return;
     if (lacksNumber(text)) return count(summary_.withoutNumber, name);
-    if (isGiven && !isOwn && given_.cannotBeZero(values)) count(summary_.roundedToZero, name);
+    const bool cannotBeZero = isGiven && !isOwn && given_.cannotBeZero(values);
+    if (cannotBeZero && kDigitsButZero.firstIn(text) == text.size()) {
+      count(summary_.roundedToZero, name);
+    }
   }
 
   [[nodiscard]] BufferValues recentValuesOf(std::string_view parameter) {
@@ -135,7 +138,9 @@ class Generator::Listener final : public KEPMfgPPWordListener {
 
   /// True for the text of a parameter type that prints numbers when no digit is in it.
   [[nodiscard]] bool lacksNumber(std::string_view text) const {
-    if (text.find('0') < text.size()) return false;
+    // Most texts end with a digit.
+    if (!text.empty() && kDigits.holds(text.back())) return false;
+    if (kDigits.firstIn(text) < text.size()) return false;
     const auto* const attributes = KEPBorrow<KEPISpecAttrAccess>(type_);
     return attributes != nullptr && attributes->FindText("Format") != nullptr;
   }
@@ -288,22 +293,22 @@ void Generator::instantiate(const Instruction& instruction, const Element& eleme
            "cannot be written: " +
                (element.sequence > count ? lacking : "one of its lines cannot be computed"));
   }
+  try {
+    writeLines(instruction, element);
+  } catch (const UnfitLine& unfit) {
+    refuse(element, "cannot be written: " + std::string(unfit.what()));
+  }
+}
+
+void Generator::writeLines(const Instruction& instruction, const Element& element) {
   for (const KEPUnicodeString& line : lines_) {
-    put(line, element);
+    sink_.write(line);
     // A line has no more columns than bytes.
     if (line.View().size() <= kStatementColumns) continue;
     if (line.GetLengthInChar() <= kStatementColumns) continue;
     summary_.wide.add(instruction.name, element.place(), titleOf(element));
   }
   summary_.lines += lines_.Size();
-}
-
-void Generator::put(const KEPUnicodeString& line, const Element& element) {
-  try {
-    sink_.write(line);
-  } catch (const UnfitLine& unfit) {
-    refuse(element, "cannot be written: " + std::string(unfit.what()));
-  }
 }
 
 std::string_view Generator::fileOf(const Element& element) const {

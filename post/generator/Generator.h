@@ -84,7 +84,8 @@ class Generator {
   [[nodiscard]] KEPIMfgSyntaxEvaluation_var evaluationOf(const Element& element);
   [[nodiscard]] KEPIMfgPPCommand_var commandOf(const Element& element);
   void announce(const Instruction& instruction, const Element& element, long point) const;
-  void put(const KEPUnicodeString& line, const Element& element);
+  /// Those of the element. Raises an UnfitLine.
+  void writeLines(const Instruction& instruction, const Element& element);
   void instantiate(const Instruction& instruction, const Element& element, long point);
   /// The file that holds the line of an element.
   [[nodiscard]] std::string_view fileOf(const Element& element) const;

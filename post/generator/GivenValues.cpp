@@ -11,11 +11,6 @@ namespace {
 constexpr double kUnitTolerance = 1e-4;
 constexpr double kLargest = 1e15;
 
-/// Values whose text is no 0 unless they are 0.
-constexpr BufferValues kMeasures = BufferValues(BufferValue::Feedrate) | BufferValue::SpindleSpeed |
-                                   BufferValue::CircleRadius | BufferValue::HelixRadius |
-                                   BufferValue::HelixPitch;
-
 bool isUnit(const Triple& axis) {
   const double length = std::hypot(axis[0], axis[1], axis[2]);
   return std::abs(length - 1.0) <= kUnitTolerance;
@@ -108,11 +103,6 @@ class GivenValues::ElementReader {
   Tally& impossible_;
   Stated& stated_;
 };
-
-bool GivenValues::cannotBeZero(BufferValues values) const noexcept {
-  const bool isMeasure = !values.isEmpty() && kMeasures.holdAll(values);
-  return isMeasure && !stated_.zeros.holdAll(values) && !stated_.zeroFactors.holdAll(values);
-}
 
 void GivenValues::read(const Element& element, std::string_view title) {
   ElementReader(element, title, impossible_, stated_).read();

@@ -23,7 +23,10 @@ class GivenValues {
     return stated_.given.holdAll(values);
   }
   /// True for a feed rate, a speed, a radius or a pitch which was stated and is not 0.
-  [[nodiscard]] bool cannotBeZero(BufferValues values) const noexcept;
+  [[nodiscard]] bool cannotBeZero(BufferValues values) const noexcept {
+    const bool isMeasure = !values.isEmpty() && kMeasures.holdAll(values);
+    return isMeasure && !stated_.zeros.holdAll(values) && !stated_.zeroFactors.holdAll(values);
+  }
 
  private:
   struct Stated {
@@ -33,6 +36,11 @@ class GivenValues {
     BufferValues zeroFactors;
   };
   class ElementReader;
+
+  /// Values whose text is not 0 unless they are.
+  static constexpr BufferValues kMeasures = BufferValues(BufferValue::Feedrate) |
+                                            BufferValue::SpindleSpeed | BufferValue::CircleRadius |
+                                            BufferValue::HelixRadius | BufferValue::HelixPitch;
 
   Tally& impossible_;
   Stated stated_;
