@@ -66,7 +66,7 @@ SECTIONS = (
     (
         "Starting, and many jobs",
         (
-            Row("a job of one point, in all", one("start/post"), None, 5_000_000, 5_200_000),
+            Row("a job of one point, in all", one("start/post"), None, 5_000_000, 5_000_000),
             Row("ppword --version, in all", one("start/version")),
             Row("a further small job of --output-dir", each("jobs", 100, 300)),
         ),
