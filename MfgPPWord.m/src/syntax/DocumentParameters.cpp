@@ -71,17 +71,14 @@ DocumentParameters::DocumentParameters(const KEPISpecObject_var& feature,
       revision_(revision) {}
 
 template <class Append>
-[[gnu::noinline]] void DocumentParameters::appendReported(std::string_view name,
+[[gnu::noinline]] void DocumentParameters::appendReported(std::string_view written,
                                                           const KEPISpecObject_var& type,
                                                           KEPIMfgParameterEvaluation* evaluation,
                                                           LineWriter& out, const Append& append) {
-  const auto report = [&](std::string_view written) {
-    listener_->ReferenceLookedUp(written, type.Get(), evaluation);
-    const std::size_t start = out.text().size();
-    const Source source = append();
-    listener_->ReferenceReplaced(written, source, out.text().substr(start));
-  };
-  isMasked(name) ? report(withEscapedPercents(name)) : report(name);
+  listener_->ReferenceLookedUp(written, type.Get(), evaluation);
+  const std::size_t start = out.text().size();
+  const Source source = append();
+  listener_->ReferenceReplaced(written, source, out.text().substr(start));
 }
 
 void DocumentParameters::appendText(std::string_view name, FoundParameter& found, LineWriter& out) {
@@ -104,14 +101,18 @@ void DocumentParameters::appendNamed(std::string_view name, FoundParameter& foun
   const auto type = KEPISpecObject_var::Adopt(container_->FindStartUp(name));
   // Held by its type.
   auto* const evaluation = KEPBorrow<KEPIMfgParameterEvaluation>(type.Get());
-  if (evaluation != nullptr && found.revision != revision) {
+  const bool isPlain = !isMasked(name);
+  // What is found is reported under its name.
+  if (evaluation != nullptr && found.revision != revision && isPlain) {
     found = {dynamic_cast<LineEvaluation*>(evaluation), revision};
   }
   const auto append = [&] { return appendValue(name, type, evaluation, out); };
   if (listener_ == nullptr) {
     static_cast<void>(append());
-  } else {
+  } else if (isPlain) {
     appendReported(name, type, evaluation, out, append);
+  } else {
+    appendReported(withEscapedPercents(name), type, evaluation, out, append);
   }
 }
 

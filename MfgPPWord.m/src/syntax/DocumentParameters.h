@@ -40,9 +40,9 @@ class DocumentParameters final : public ParameterSource {
   [[nodiscard]] Source appendValue(std::string_view name, const KEPISpecObject_var& type,
                                    KEPIMfgParameterEvaluation* evaluation, LineWriter& out);
   /// Calls `append`, which appends the text of the parameter and returns its source, and reports
-  /// the reference to the listener.
+  /// the reference to the listener by its name as it is written in the syntax.
   template <class Append>
-  void appendReported(std::string_view name, const KEPISpecObject_var& type,
+  void appendReported(std::string_view written, const KEPISpecObject_var& type,
                       KEPIMfgParameterEvaluation* evaluation, LineWriter& out,
                       const Append& append);
 
