@@ -21,6 +21,12 @@ std::size_t lengthOfWord(std::string_view text) {
 
 }  // namespace
 
+std::string sequenceText(long number) {
+  std::string digits = std::to_string(number);
+  if (digits.size() < kSequenceDigits) digits.insert(0, kSequenceDigits - digits.size(), '0');
+  return digits;
+}
+
 std::string_view characterAt(std::string_view text, std::size_t at) {
   return text.substr(at, std::max<std::size_t>(utf8Length(text, at), 1));
 }

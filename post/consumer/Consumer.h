@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace host {
@@ -24,6 +25,12 @@ struct Consumer {
   /// How many letters and digits a word has at most; 0 for any number.
   int longestWord = 0;
 };
+
+/// The digits of a sequence number, in columns 73 to 80.
+inline constexpr std::size_t kSequenceDigits = 8;
+
+/// A sequence number as it is written: zeros before it, and more digits where it has more.
+[[nodiscard]] std::string sequenceText(long number);
 
 /// The character at a place of a text in UTF-8, or a byte that is none.
 [[nodiscard]] std::string_view characterAt(std::string_view text, std::size_t at);

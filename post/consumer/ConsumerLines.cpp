@@ -9,8 +9,6 @@
 namespace host {
 namespace {
 
-constexpr std::size_t kNumberDigits = 8;
-
 /// A character for messages.
 std::string shown(std::string_view character) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -126,12 +124,12 @@ void ConsumerLines::put(std::string_view columns) {
   out_ += columns;
   ++lines_;
   if (consumer_.sequenceStep > 0) {
-    const std::string number = std::to_string(lines_ * consumer_.sequenceStep);
-    if (number.size() > kNumberDigits) {
+    const std::string number = sequenceText(lines_ * consumer_.sequenceStep);
+    if (number.size() > kSequenceDigits) {
       throw UnfitLine("the number of its line has more than 8 digits");
     }
     out_.append(static_cast<std::size_t>(consumer_.columns) - columnsOf(columns), ' ');
-    out_.append(kNumberDigits - number.size(), '0').append(number);
+    out_ += number;
   }
   if (consumer_.endsWithReturn) out_ += '\r';
 }

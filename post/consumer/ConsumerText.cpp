@@ -11,13 +11,6 @@ namespace {
 
 constexpr std::size_t kLongestLine = std::size_t{1} << 20U;
 constexpr std::size_t kNumberColumn = 72;
-constexpr std::size_t kDigitsOfNumber = 8;
-
-std::string digitsOf(long number) {
-  std::string digits = std::to_string(number);
-  if (digits.size() < kDigitsOfNumber) digits.insert(0, kDigitsOfNumber - digits.size(), '0');
-  return digits;
-}
 
 }  // namespace
 
@@ -66,12 +59,12 @@ std::string_view ConsumerText::withoutEnd(std::string_view line) {
 std::string_view ConsumerText::withoutNumber(std::string_view line) {
   const std::string_view number = line.substr(std::min(line.size(), kNumberColumn));
   const bool isNumber =
-      number.size() == kDigitsOfNumber && number.find_first_not_of("0123456789") == number.npos;
+      number.size() == kSequenceDigits && number.find_first_not_of("0123456789") == number.npos;
   if (!isNumber) {
     report(line, kNumberColumn, 1, "no number of eight digits in columns 73 to 80");
-  } else if (number != digitsOf(due_)) {
+  } else if (number != sequenceText(due_)) {
     report(line, kNumberColumn, number.size(),
-           "the number " + std::string(number) + ", where " + digitsOf(due_) + " is due");
+           "the number " + std::string(number) + ", where " + sequenceText(due_) + " is due");
     due_ = std::stol(std::string(number));
   }
   due_ += consumer_.sequenceStep;

@@ -23,9 +23,6 @@
 
 namespace {
 
-// A sequence number.
-constexpr std::size_t kNumberColumns = 8;
-
 const std::string kAgain = "; write text and map again with 'ppword post --map'";
 
 // A file that a map names, and whether the user named it then.
@@ -203,8 +200,8 @@ std::string asConsumed(host::Consumer consumer, const std::string& line,
 // A line of a text without its end and its number.
 std::string withoutNumber(std::string line, const host::Consumer& consumer) {
   if (consumer.endsWithReturn && line.ends_with('\r')) line.pop_back();
-  if (consumer.sequenceStep == 0 || line.size() <= kNumberColumns) return line;
-  line.resize(line.size() - kNumberColumns);
+  if (consumer.sequenceStep == 0 || line.size() <= host::kSequenceDigits) return line;
+  line.resize(line.size() - host::kSequenceDigits);
   return line.substr(0, line.find_last_not_of(' ') + 1);
 }
 
