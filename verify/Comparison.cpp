@@ -1,14 +1,15 @@
 #include "verify/Comparison.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <tuple>
 #include <utility>
 
+#include "verify/StatementReader.h"
+
 namespace verify {
 namespace {
-
-constexpr std::string_view kDwell = "NC_DELAY";
 
 InputPlace placeOf(const host::Element& element) {
   return {element.line, std::string(element.file)};
@@ -36,34 +37,34 @@ bool isSame(const host::Triple& one, const host::Triple& other) {
                     [](double a, double b) { return std::abs(a - b) <= kSamePoint; });
 }
 
-bool isIn(const host::Triple& point, const std::vector<host::Triple>& points) {
-  return std::ranges::any_of(points, [&](const auto& each) { return isSame(each, point); });
-}
+/// The ends of a line, a circle and a helix; null for each that there is not.
+using Ends = std::array<const host::Triple*, 3>;
 
 /// The points that an element states as its end.
-std::vector<host::Triple> statedEnds(const host::Element& element, const InputValues& values) {
-  std::vector<host::Triple> ends;
+Ends statedEnds(const host::Element& element, const InputValues& values) {
   const auto& changes = element.changes;
-  if (!element.positions.empty()) ends.push_back(values.point());
-  if (changes.circle && changes.circle->point) ends.push_back(*changes.circle->point);
-  if (changes.helix && changes.helix->end) ends.push_back(*changes.helix->end);
+  Ends ends{};
+  if (!element.positions.empty()) ends[0] = &values.point();
+  if (changes.circle && changes.circle->point) ends[1] = &*changes.circle->point;
+  if (changes.helix && changes.helix->end) ends[2] = &*changes.helix->end;
   return ends;
 }
 
 /// The points that lines print as an end.
-std::vector<host::Triple> printedEnds(const std::vector<TableLine>& lines,
-                                      const InputValues& values) {
-  const std::pair<std::string_view, const host::Triple&> ends[] = {
-      {"MFG_XPOINT", values.point()},
-      {"MFG_CIRCLE_X_PT", values.circle().point},
-      {"MFG_HELICAL_X_END", values.helix().end}};
-  std::vector<host::Triple> printed;
-  for (const auto& [name, point] : ends) {
-    const bool isPrinted =
-        std::ranges::any_of(lines, [&](const TableLine& line) { return line.refersTo(name); });
-    if (isPrinted) printed.push_back(point);
-  }
-  return printed;
+Ends printedEnds(const InstructionLines& lines, const InputValues& values) {
+  Ends ends{};
+  if (lines.printsPoint) ends[0] = &values.point();
+  if (lines.printsCircleEnd) ends[1] = &values.circle().point;
+  if (lines.printsHelixEnd) ends[2] = &values.helix().end;
+  return ends;
+}
+
+bool isNone(const host::Triple* end) { return end == nullptr; }
+
+bool isIn(const host::Triple* end, const Ends& ends) {
+  return end != nullptr && std::ranges::any_of(ends, [end](const host::Triple* other) {
+           return other != nullptr && isSame(*end, *other);
+         });
 }
 
 }  // namespace
@@ -130,31 +131,46 @@ void Comparison::noteLeftOut(const host::Element& element) {
 // A circle or a helix whose end is not in its lines, but another point.
 void Comparison::noteOtherPoint(const host::Element& element) {
   if (!element.changes.circle && !element.changes.helix) return;
-  const auto stated = statedEnds(element, values_);
-  const auto printed = printedEnds(lines_->lines, values_);
-  if (stated.empty() || printed.empty()) return;
+  const Ends stated = statedEnds(element, values_);
+  const Ends printed = printedEnds(*lines_, values_);
+  if (std::ranges::all_of(stated, isNone) || std::ranges::all_of(printed, isNone)) return;
   const bool isThere =
-      std::ranges::any_of(stated, [&](const host::Triple& point) { return isIn(point, printed); });
+      std::ranges::any_of(stated, [&](const host::Triple* end) { return isIn(end, printed); });
   if (!isThere) add(otherPoints_, lines_->name, element);
 }
 
 bool Comparison::write(const host::Element& element, long point) {
   ++elements_;
   noteOtherPoint(element);
-  expected_.set(lines_->lines, values_, document_, lines_->name == kDwell);
+  expected_.set(*lines_, values_, document_);
   return std::ranges::all_of(
       expected_, [&](const ExpectedStatement& expected) { return take(expected, element, point); });
 }
 
+// A line that is plainly as expected is the statement. A consumer that does not take each character
+// can have other ones in it.
+bool Comparison::takeLine(const ExpectedStatement& expected) {
+  const bool canTake = reader_ != nullptr && expected.fitsLine &&
+                       consumer_.characters == host::Consumer::Characters::Any;
+  std::string_view line;
+  if (!canTake || !reader_->peek(line) || line.ends_with('$')) return false;
+  if (!isPlainly(expected, line)) return false;
+  reader_->skipLine();
+  return true;
+}
+
 bool Comparison::take(const ExpectedStatement& expected, const host::Element& element, long point) {
-  const bool hasStatement = next_(statement_);
-  auto mismatch = hasStatement ? compare(expected, statement_, consumer_)
-                               : std::optional(Mismatch{{}, "", expected.text()});
-  if (!mismatch) {
+  if (takeLine(expected)) {
     count(expected, element);
     return true;
   }
-  differ(*std::move(mismatch), hasStatement);
+  const bool hasStatement = next_(statement_);
+  if (hasStatement && isSame(expected, statement_, consumer_, mismatch_)) {
+    count(expected, element);
+    return true;
+  }
+  if (!hasStatement) mismatch_.expected = expected.text();
+  differ(std::move(mismatch_), hasStatement);
   difference_->input = placeOf(element);
   difference_->element = titleOf(element, lines_->name, point);
   return false;

@@ -15,6 +15,8 @@
 
 namespace verify {
 
+class StatementReader;
+
 /// A place of an input: a line of it, or of a file that an NC program calls.
 struct InputPlace {
   long line = 0;
@@ -62,6 +64,10 @@ class Comparison {
   /// What the text was written for, from the beginning.
   void setConsumer(const host::Consumer& consumer) { consumer_ = consumer; }
 
+  /// The reader that the statements come from. Lines that are plainly as expected are then not read
+  /// as statements. It must outlive the object.
+  void takeLinesFrom(StatementReader& reader) { reader_ = &reader; }
+
   /// Compares what an event of the input writes. False from the first difference on. Raises an
   /// UnknownInstruction.
   bool put(const host::ToolPathEvent& event);
@@ -88,6 +94,7 @@ class Comparison {
  private:
   bool putElement(const host::Element& element);
   bool write(const host::Element& element, long point);
+  bool takeLine(const ExpectedStatement& expected);
   bool take(const ExpectedStatement& expected, const host::Element& element, long point);
   void differ(Mismatch mismatch, bool hasStatement);
   void chooseLines(const host::Element& element);
@@ -99,6 +106,7 @@ class Comparison {
   const DocumentWords& document_;
   host::Consumer consumer_;
   StatementSource next_;
+  StatementReader* reader_ = nullptr;
   TableLines tables_;
   InputValues values_;
   Statement statement_;
@@ -114,6 +122,7 @@ class Comparison {
   std::string named_;
   int sequence_ = 0;
   ExpectedStatements expected_;
+  Mismatch mismatch_;
 };
 
 }  // namespace verify

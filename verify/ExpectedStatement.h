@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -9,6 +9,8 @@
 #include "verify/Statement.h"
 
 namespace verify {
+
+struct Piece;
 
 /// A statement that a text must have, as the input and the table say.
 struct ExpectedStatement {
@@ -22,6 +24,8 @@ struct ExpectedStatement {
     Kind kind = Kind::Literal;
     std::string_view text{};
     double number = 0.0;
+    /// The reference that a number is the value of.
+    const Piece* piece = nullptr;
   };
   std::vector<Part> parts;
   bool isText = false;
@@ -32,11 +36,15 @@ struct ExpectedStatement {
   /// True when a line that could be a statement is part of it, only because the line before it ends
   /// with a comma.
   bool isDoubtful = false;
+  /// As isOneLine() says, once all parts are there.
+  bool fitsLine = false;
 
   /// How the statement would be written, for messages.
   [[nodiscard]] std::string text() const;
   /// True when the end of it is not known.
   [[nodiscard]] bool isOpen() const;
+  /// True when a line with the characters of it is the statement: without a $, and not open.
+  [[nodiscard]] bool isOneLine() const;
 };
 
 /// Where a statement of a text is not the expected one.
@@ -47,12 +55,16 @@ struct Mismatch {
   std::string expected;
 };
 
+/// True when a text has the characters of a statement, with blanks before its numbers only, as most
+/// texts do. Another text may still be the same.
+[[nodiscard]] bool isPlainly(const ExpectedStatement& expected, std::string_view text,
+                             std::span<const Joint> joints = {});
+
 /// Compares a statement of a text with the expected one: words and texts character by character,
-/// without the blanks around arguments; numbers to half a unit of the last digit printed. Nothing
-/// when they are the same. A character that the consumer does not take is compared as what is
-/// written in its place.
-[[nodiscard]] std::optional<Mismatch> compare(const ExpectedStatement& expected,
-                                              const Statement& found,
-                                              const host::Consumer& consumer = {});
+/// without the blanks around arguments; numbers to half a unit of the last digit printed. False
+/// where they differ; the mismatch is then set. A character that the consumer does not take is
+/// compared as what is written in its place.
+[[nodiscard]] bool isSame(const ExpectedStatement& expected, const Statement& found,
+                          const host::Consumer& consumer, Mismatch& mismatch);
 
 }  // namespace verify

@@ -8,6 +8,9 @@ namespace {
 
 using Part = ExpectedStatement::Part;
 
+/// The instruction that has no comma at its end where it has no unit.
+constexpr std::string_view kDwell = "NC_DELAY";
+
 bool isNoBlank(char c) { return c != ' ' && c != '\t'; }
 
 /// The last character that is printed, without blanks; 0 for none.
@@ -42,21 +45,21 @@ bool isContinued(char last, const ExpectedStatement& next) {
   return (last == ',' || firstOf(next) == ',') && !hasSlash(next);
 }
 
-Part partOf(const Value& value, bool isWord, const DocumentWords& words) {
-  if (value.kind == Value::Kind::Number) return {Part::Kind::Number, {}, value.number};
+Part partOf(const Value& value, const Piece& piece, const DocumentWords& words) {
+  if (value.kind == Value::Kind::Number) return {Part::Kind::Number, {}, value.number, &piece};
   if (value.kind == Value::Kind::Absent) return {Part::Kind::Literal, words.unevaluated};
   // References in the value of a word are replaced too.
-  const bool isFollowed =
-      value.kind == Value::Kind::Text && !(isWord && value.text.find('%') != std::string::npos);
+  const bool isFollowed = value.kind == Value::Kind::Text &&
+                          !(piece.isWord && value.text.find('%') != std::string::npos);
   return isFollowed ? Part{Part::Kind::Literal, value.text} : Part{Part::Kind::Anything};
 }
 
 Part partOf(const Piece& piece, const InputValues& values, const DocumentWords& words) {
   if (piece.kind == Piece::Kind::Literal) return {Part::Kind::Literal, piece.text};
   if (const double* const number = values.coordinateOf(piece.source)) {
-    return {Part::Kind::Number, {}, *number};
+    return {Part::Kind::Number, {}, *number, &piece};
   }
-  return partOf(values.valueOf(piece.source, piece.text), piece.isWord, words);
+  return partOf(values.valueOf(piece.source, piece.text), piece, words);
 }
 
 /// A line that computes: that can change all of it but its first word.
@@ -116,17 +119,51 @@ void ExpectedStatements::addLine(const TableLine& line, bool isJoined, const Inp
   --count_;
 }
 
-void ExpectedStatements::set(const std::vector<TableLine>& lines, const InputValues& values,
-                             const DocumentWords& words, bool dropsComma) {
+void ExpectedStatements::build(const InstructionLines& lines, const InputValues& values,
+                               const DocumentWords& words) {
   count_ = 0;
   bool isJoined = false;
-  for (const TableLine& line : lines) {
+  for (const TableLine& line : lines.lines) {
     addLine(line, isJoined, values, words);
     isJoined = line.isContinued;
   }
-  if (dropsComma && lines.size() == 1) dropComma(all_.front());
+  if (lines.name == kDwell && lines.lines.size() == 1) dropComma(all_.front());
   const auto end = all_.begin() + static_cast<std::ptrdiff_t>(count_);
   count_ = static_cast<std::size_t>(std::remove_if(all_.begin(), end, isEmpty) - all_.begin());
+}
+
+void ExpectedStatements::finish(const InputValues& values) {
+  numbers_.clear();
+  for (std::size_t at = 0; at < count_; ++at) {
+    ExpectedStatement& statement = all_[at];
+    statement.fitsLine = statement.isOneLine();
+    for (Part& part : statement.parts) {
+      if (part.piece != nullptr)
+        numbers_.push_back({&part, values.coordinateOf(part.piece->source)});
+    }
+  }
+}
+
+// Sets the numbers anew; false where one has become something else.
+bool ExpectedStatements::renew(const InputValues& values) {
+  for (const auto& [part, coordinate] : numbers_) {
+    if (coordinate != nullptr) {
+      part->number = *coordinate;
+      continue;
+    }
+    const Value value = values.valueOf(part->piece->source, part->piece->text);
+    if (value.kind != Value::Kind::Number) return false;
+    part->number = value.number;
+  }
+  return true;
+}
+
+void ExpectedStatements::set(const InstructionLines& lines, const InputValues& values,
+                             const DocumentWords& words) {
+  if (renewable_ == &lines && renew(values)) return;
+  build(lines, values, words);
+  finish(values);
+  renewable_ = numbers_.size() == lines.references ? &lines : nullptr;
 }
 
 }  // namespace verify

@@ -13,15 +13,24 @@ namespace verify {
 /// the lines, the values and the words, and their memory is used again.
 class ExpectedStatements {
  public:
-  /// Sets the statements to those of an instruction. `dropsComma`: of the only line, as of a dwell
-  /// without a unit.
-  void set(const std::vector<TableLine>& lines, const InputValues& values,
-           const DocumentWords& words, bool dropsComma);
+  /// Sets the statements to those of an instruction. The same values are passed each time; lines
+  /// and words must not change in between.
+  void set(const InstructionLines& lines, const InputValues& values, const DocumentWords& words);
 
   [[nodiscard]] const ExpectedStatement* begin() const { return all_.data(); }
   [[nodiscard]] const ExpectedStatement* end() const { return all_.data() + count_; }
 
  private:
+  /// A number of a statement that is the value of a reference, and where that value is if it is a
+  /// coordinate.
+  struct Number {
+    ExpectedStatement::Part* part;
+    const double* coordinate;
+  };
+
+  [[nodiscard]] bool renew(const InputValues& values);
+  void build(const InstructionLines& lines, const InputValues& values, const DocumentWords& words);
+  void finish(const InputValues& values);
   ExpectedStatement& add();
   void addLine(const TableLine& line, bool isJoined, const InputValues& values,
                const DocumentWords& words);
@@ -29,6 +38,9 @@ class ExpectedStatements {
   /// The first `count_` are those of the instruction.
   std::vector<ExpectedStatement> all_;
   std::size_t count_ = 0;
+  /// Null where more than numbers can change when the instruction is used again.
+  const InstructionLines* renewable_ = nullptr;
+  std::vector<Number> numbers_;
   /// The last character of the last line.
   char last_ = '\0';
 };

@@ -8,7 +8,6 @@
 namespace verify {
 namespace {
 
-constexpr std::string_view kWhiteSpace = " \t";
 constexpr std::string_view kFigures = "0123456789";
 constexpr std::size_t kCardColumns = 80;
 constexpr std::size_t kStatementColumns = 72;
@@ -18,9 +17,15 @@ std::string_view withoutBlanks(std::string_view line) {
   return line;
 }
 
-bool isComment(std::string_view line) {
-  const std::size_t first = line.find_first_not_of(kWhiteSpace);
-  return first != std::string_view::npos && line.substr(first).starts_with("$$");
+std::size_t blanksBefore(std::string_view line) {
+  std::size_t blanks = 0;
+  while (blanks < line.size() && (line[blanks] == ' ' || line[blanks] == '\t')) ++blanks;
+  return blanks;
+}
+
+/// True where $$ is.
+bool hasComment(std::string_view line, std::size_t at) {
+  return at + 1 < line.size() && line[at] == '$' && line[at + 1] == '$';
 }
 
 /// True for letters, then digits, at least one: PART0010 or 00000010.
@@ -68,12 +73,7 @@ bool StatementReader::nextLine() {
 }
 
 void StatementReader::begin(Statement& statement) const {
-  long column = 1;
-  for (const char c : line_) {
-    if (c != ' ' && c != '\t') break;
-    ++column;
-  }
-  statement.place = {lines(), column};
+  statement.place = {lines(), static_cast<long>(blanksBefore(line_)) + 1};
   statement.text.clear();
   statement.tokens.clear();
   statement.joints.clear();
@@ -81,23 +81,30 @@ void StatementReader::begin(Statement& statement) const {
   statement.isCut = false;
 }
 
-bool StatementReader::next(Statement& statement) {
-  while (isPending_ || nextLine()) {
-    isPending_ = false;
-    if (line_.empty()) continue;
-    begin(statement);
-    read(statement);
-    if (report_) checkStatement(statement, words_, report_);
-    return true;
+bool StatementReader::peek(std::string_view& line) {
+  while (!isPending_ || line_.empty()) {
+    isPending_ = nextLine();
+    if (!isPending_) return false;
   }
-  return false;
+  line = line_;
+  return true;
+}
+
+bool StatementReader::next(Statement& statement) {
+  std::string_view line;
+  if (!peek(line)) return false;
+  isPending_ = false;
+  begin(statement);
+  read(statement);
+  if (report_) checkStatement(statement, words_, report_);
+  return true;
 }
 
 void StatementReader::read(Statement& statement) {
   const auto first = static_cast<std::size_t>(statement.place.column) - 1;
   const std::string_view content = line_.substr(first);
   const WordRow* const word = words_.textWordOf(content);
-  statement.isText = word != nullptr || content.starts_with("$$");
+  statement.isText = word != nullptr || hasComment(content, 0);
   if (statement.isText) {
     readText(statement, word);
   } else if (report_) {
@@ -141,7 +148,7 @@ void StatementReader::readBytes(Statement& statement) {
 // Adds a line without the $ that continues it; true when there is one. $$ begins a comment.
 bool StatementReader::addBytes(Statement& statement) const {
   const std::size_t dollar = line_.find('$');
-  const bool isOpen = dollar != std::string_view::npos && !line_.substr(dollar).starts_with("$$");
+  const bool isOpen = dollar != std::string_view::npos && !hasComment(line_, dollar);
   statement.isCut = statement.isCut || statement.text.size() + line_.size() > kLongestStatement;
   if (!statement.isCut) statement.text.append(isOpen ? line_.substr(0, dollar) : line_);
   return isOpen;
@@ -154,7 +161,7 @@ bool StatementReader::continues() {
     reportOpen(mark);
     return false;
   }
-  if (!line_.empty() && !isComment(line_)) return true;
+  if (!line_.empty() && !hasComment(line_, blanksBefore(line_))) return true;
   reportOpen(mark);
   isPending_ = true;
   return false;

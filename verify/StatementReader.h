@@ -28,6 +28,11 @@ class StatementReader {
 
   /// Sets `statement` to the next one; false at the end. Empty lines are no statements.
   [[nodiscard]] bool next(Statement& statement);
+  /// Sets `line` to the one that the next statement begins with, without its number and the blanks
+  /// at its end; false at the end of the text. It is valid until the next call.
+  [[nodiscard]] bool peek(std::string_view& line);
+  /// Leaves out the line that peek() has set.
+  void skipLine() noexcept { isPending_ = false; }
 
   /// The line that was read last, from 1.
   [[nodiscard]] long lines() const noexcept { return lines_.number(); }

@@ -120,6 +120,16 @@ bool printsNumber(std::string_view format) {
   return false;
 }
 
+std::size_t referencesOf(const InstructionLines& lines) {
+  std::size_t count = 0;
+  for (const TableLine& line : lines.lines) {
+    if (line.isComputed()) continue;
+    count += static_cast<std::size_t>(
+        std::ranges::count(line.pieces, Piece::Kind::Reference, &Piece::kind));
+  }
+  return count;
+}
+
 /// The engine loses a $ after the name of a number.
 bool losesDollar(const TableLine& line) {
   return line.isContinued && !line.pieces.empty() &&
@@ -132,6 +142,10 @@ bool TableLine::refersTo(std::string_view part) const {
   return std::ranges::any_of(pieces, [part](const Piece& piece) {
     return piece.kind != Piece::Kind::Literal && piece.text.find(part) != std::string::npos;
   });
+}
+
+bool InstructionLines::refersTo(std::string_view part) const {
+  return std::ranges::any_of(lines, [part](const TableLine& line) { return line.refersTo(part); });
 }
 
 TableLine readTableLine(std::string_view text, const Words& words) {
@@ -177,6 +191,10 @@ const InstructionLines* TableLines::find(std::string_view instruction, int seque
   }
   for (TableLine& line : lines.lines) followFormats(line);
   lines.printsMotion = std::ranges::any_of(lines.lines, printsMotion);
+  lines.references = referencesOf(lines);
+  lines.printsPoint = lines.refersTo("MFG_XPOINT");
+  lines.printsCircleEnd = lines.refersTo("MFG_CIRCLE_X_PT");
+  lines.printsHelixEnd = lines.refersTo("MFG_HELICAL_X_END");
   return &lines;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <string_view>
@@ -57,6 +58,14 @@ struct InstructionLines {
   std::vector<TableLine> lines;
   /// True when a point, a circle or a helix is in them, or may be.
   bool printsMotion = false;
+  /// True when the end of one is in them: of a line, of a circle, of a helix.
+  bool printsPoint = false;
+  bool printsCircleEnd = false;
+  bool printsHelixEnd = false;
+  /// How many references are in those that do not compute.
+  std::size_t references = 0;
+
+  [[nodiscard]] bool refersTo(std::string_view part) const;
 };
 
 /// The lines of the instructions of a document, each read when it is first asked for.

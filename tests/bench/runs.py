@@ -106,6 +106,7 @@ RUNS = (
     ("post/read back", reading_back(lambda size: job(points(size, 1000))), (5_000, 20_000)),
     ("post/lines", posting(lambda size: job(points(size, 1))), (1_000, 4_000)),
     ("post/circles", posting(lambda size: job(circle(i) for i in range(size))), (500, 2_000)),
+    ("post/circles read back", reading_back(lambda size: job(circle(i) for i in range(size))), (500, 2_000)),
     ("post/helices", posting(lambda size: job(helix(i) for i in range(size))), (500, 2_000)),
     ("post/moves", posting(lambda size: listing(moves(size))), (1_000, 4_000)),
     ("post/arcs XY", posting(lambda size: listing(arcs(size, "XY", "10, 0, 0", 0))), (500, 2_000)),

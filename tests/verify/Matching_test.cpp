@@ -236,4 +236,48 @@ TEST(Matching, ElementsThatAlternateHaveTheirLines) {
   EXPECT_EQ(matched(lines, text, kTable), "agrees, 15 elements, 15 verified, 15 own");
 }
 
+TEST(Matching, NumbersOfTheSameInstructionAreThoseOfEachElement) {
+  constexpr std::string_view kTable =
+      "*START_NC_INSTRUCTION "
+      "NC_HELICAL_INTERPOLATION\nFEDRAT/%MFG_HELICAL_RADIUS,%MFG_HELICAL_ROUND\n"
+      "*END\n";
+  const std::string lines =
+      R"({"nc":"NC_HELICAL_INTERPOLATION","helix":{"axis":[0,0,1],"end":[0,0,4],"pitch":2,"radius":5}})"
+      "\n"
+      R"({"nc":"NC_HELICAL_INTERPOLATION","helix":{"pitch":0}})"
+      "\n"
+      R"({"nc":"NC_HELICAL_INTERPOLATION","helix":{"pitch":1,"radius":6}})"
+      "\n"
+      R"({"nc":"NC_HELICAL_INTERPOLATION","helix":{"radius":7}})";
+  constexpr std::string_view kText = "FEDRAT/5,2\nFEDRAT/5,UNKNOWN\nFEDRAT/6,4\nFEDRAT/7,4\n";
+  WrittenText written = writeJob(lines, kTable);
+  written.document.unevaluated = "UNKNOWN";
+  EXPECT_EQ(comparisonOf(written, kText), "agrees, 4 elements, 4 verified, 0 own");
+  EXPECT_EQ(comparisonOf(written, "FEDRAT/5,2\nFEDRAT/5,UNKNOWN\nFEDRAT/6,4\nFEDRAT/7,4.1\n"),
+            "4:10 4.1 | 4 | 5 NC_HELICAL_INTERPOLATION");
+  EXPECT_EQ(comparisonOf(written, "FEDRAT/5,2\nFEDRAT/5,UNKNOWN\nFEDRAT/6,2\nFEDRAT/7,4\n"),
+            "3:10 2 | 4 | 4 NC_HELICAL_INTERPOLATION");
+}
+
+TEST(Matching, LineThatLooksAlikeIsReadToItsEnd) {
+  constexpr std::string_view kGo = R"({"nc":"NC_GOTO","points":[[1,2,3]]})";
+  // A comment may follow; a $ continues the line; a blank means nothing.
+  for (const std::string_view text :
+       {"GOTO/1,2,3$\n\n", " GOTO/1,2,3\n", "\n\nGOTO/1,2,3 \n", "GOTO / 1,2 ,3", "GOTO/1,2,$\n3\n",
+        "G$\nOTO/1$\n,2,3\n", "GOTO/1,2, $\n   3\n"}) {
+    EXPECT_EQ(matched(kGo, text, ""), "agrees, 1 elements, 1 verified, 0 own") << text;
+  }
+  EXPECT_EQ(matched(kGo, "GOTO/1,2,3$\nRAPID\n", ""),
+            "2:1 GOTO/1,2,3RAPID | GOTO/1,2,3 | 2 NC_GOTO");
+  EXPECT_EQ(matched(kGo, "GOTO/1,2,3$\n", ""), "agrees, 1 elements, 1 verified, 0 own");
+  EXPECT_EQ(matched(kGo, "GOTO/1,2,3,4\n", ""), "1:11 GOTO/1,2,3,4 | GOTO/1,2,3 | 2 NC_GOTO");
+  EXPECT_EQ(matched(kGo, "GOTO/1,2\n", ""), "1:9 GOTO/1,2 | GOTO/1,2,3 | 2 NC_GOTO");
+}
+
+TEST(Matching, TextWithADollarIsComparedWithTheWholeLine) {
+  constexpr std::string_view kTable = "*START_NC_INSTRUCTION NC_RAPID\nPPRINT A $\nRAPID\n*END\n";
+  EXPECT_EQ(matched(R"({"nc":"NC_RAPID"})", "PPRINT A $\nRAPID\n", kTable),
+            "agrees, 1 elements, 2 verified, 2 own");
+}
+
 }  // namespace

@@ -114,11 +114,14 @@ WrittenText writeJob(std::string_view lines, std::string_view table) {
 
 namespace {
 
+enum class LineUse { Read, Taken };
+
 std::string comparisonOf(const WrittenText& written, verify::StatementReader& reader,
-                         const verify::Words& words) {
+                         const verify::Words& words, LineUse use) {
   verify::Comparison comparison(
       written.document, words, [&](verify::Statement& statement) { return reader.next(statement); },
       written.angleFactor);
+  if (use == LineUse::Taken) comparison.takeLinesFrom(reader);
   for (const host::ToolPathEvent& event : written.events) {
     if (!comparison.put(event)) break;
   }
@@ -142,9 +145,11 @@ std::string comparisonOf(const WrittenText& written, verify::StatementReader& re
 std::string comparisonOf(const WrittenText& written, std::string_view text,
                          const verify::Words& words) {
   verify::StatementReader reader(verify::bytesOf(text), words, [](const verify::Finding&) {});
-  verify::StatementReader quick(verify::bytesOf(text), words);
-  const std::string result = comparisonOf(written, reader, words);
-  EXPECT_EQ(comparisonOf(written, quick, words), result);
+  const std::string result = comparisonOf(written, reader, words, LineUse::Read);
+  for (const LineUse use : {LineUse::Read, LineUse::Taken}) {
+    verify::StatementReader quick(verify::bytesOf(text), words);
+    EXPECT_EQ(comparisonOf(written, quick, words, use), result);
+  }
   return result;
 }
 

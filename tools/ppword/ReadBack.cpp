@@ -51,6 +51,7 @@ ReadBack::ReadBack(ToolPathInput& input, host::OutputFile& file,
           words_->document, words_->words,
           [this](verify::Statement& statement) { return reader_.next(statement); },
           currentAngleFactor()) {
+  comparison_.takeLinesFrom(reader_);
   if (profile != nullptr) comparison_.setConsumer(profile->consumer);
 }
 
