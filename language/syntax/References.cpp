@@ -26,15 +26,20 @@ bool reportDropped(const Reference& reference, ParameterSource& parameters) {
 
 void References::find(SyntaxLine& line, ParameterSource& parameters) {
   if (line.revision() == revision_) return;
+  const bool isKnown = !isDropped_ && text_ == line.text();
+  if (!isKnown) read(line, parameters);
+  revision_ = isDropped_ ? SyntaxLine::kNoRevision : line.revision();
+}
+
+void References::read(SyntaxLine& line, ParameterSource& parameters) {
+  text_ = line.text();
   found_.clear();
-  bool isDropped = false;
-  ReferenceCursor references(line.text(), prefix_, line.characters());
+  isDropped_ = false;
+  ReferenceCursor references(text_, prefix_, line.characters());
   while (const auto reference = references.next()) {
-    isDropped = reportDropped(*reference, parameters) || isDropped;
+    isDropped_ = reportDropped(*reference, parameters) || isDropped_;
     found_.push_back({*reference});
   }
-  // Dropped text is reported each time.
-  revision_ = isDropped ? SyntaxLine::kNoRevision : line.revision();
 }
 
 }  // namespace ppword

@@ -57,6 +57,7 @@ SECTIONS = (
             Row("a circle of a job", each("post/circles", 500, 2_000)),
             Row("a circle that is read back, to one that is not", each("post/circles read back", 500, 2_000),
                 each("post/circles", 500, 2_000), 1.34, 1.34),
+            Row("a feed rate of a job", each("post/feeds", 1_000, 4_000)),
             Row("a helix of a job", each("post/helices", 500, 2_000)),
             Row("a move of a listing", each("post/moves", 1_000, 4_000), None, 6_500, 6_500),
             Row("an arc of a listing in the plane XY", each("post/arcs XY", 500, 2_000)),

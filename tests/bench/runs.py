@@ -28,6 +28,10 @@ def circle(number):
     )
 
 
+def feed(number):
+    return f'"NC_FEEDRATE","feedrate":{{"value":{number % 900 + 100},"type":"linear"}}'
+
+
 def helix(number):
     x = number % 1000 * 0.25
     return (
@@ -107,6 +111,7 @@ RUNS = (
     ("post/lines", posting(lambda size: job(points(size, 1))), (1_000, 4_000)),
     ("post/circles", posting(lambda size: job(circle(i) for i in range(size))), (500, 2_000)),
     ("post/circles read back", reading_back(lambda size: job(circle(i) for i in range(size))), (500, 2_000)),
+    ("post/feeds", posting(lambda size: job(feed(i) for i in range(size))), (1_000, 4_000)),
     ("post/helices", posting(lambda size: job(helix(i) for i in range(size))), (500, 2_000)),
     ("post/moves", posting(lambda size: listing(moves(size))), (1_000, 4_000)),
     ("post/arcs XY", posting(lambda size: listing(arcs(size, "XY", "10, 0, 0", 0))), (500, 2_000)),

@@ -190,5 +190,32 @@ TEST_F(KeptReferences, DroppedTextIsReportedEachTime) {
   EXPECT_EQ(map_.dropped, "[A|$][A|$]");
 }
 
+/// Notes how often it was asked with what it found for a reference.
+class NotingParameters final : public ParameterSource {
+ public:
+  void appendText(std::string_view name, FoundParameter& found, LineWriter&) override {
+    (notes += name) += std::to_string(found.revision++);
+  }
+  [[nodiscard]] std::optional<ParameterNumber> number(std::string_view) override {
+    return std::nullopt;
+  }
+  void textDropped(std::string_view, std::string_view) override {}
+
+  std::string notes;
+};
+
+TEST(References, WhatWasFoundIsKnownAsLongAsTheTextIsTheSame) {
+  SyntaxLine line;
+  References references(kNumberPrefix);
+  NotingParameters parameters;
+  for (const char* const text :
+       {"X/%A,%B", "X/%A,%B", "X/%A,%B", "X/%B", "X/%A,%B", "%A$", "%A$"}) {
+    line.start(text);
+    substitute(line, references, parameters);
+    parameters.notes += ' ';
+  }
+  EXPECT_EQ(parameters.notes, "A0B0 A1B1 A2B2 B0 A0B0 A0 A0 ");
+}
+
 }  // namespace
 }  // namespace ppword
