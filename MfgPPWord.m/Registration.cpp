@@ -46,8 +46,7 @@ class ParameterEvaluationTie final : public ppword::LineEvaluation {
   }
   [[nodiscard]] bool Evaluate(KEPString& value) override { return evaluation_.Evaluate(value); }
   [[nodiscard]] bool appendText(ppword::LineWriter& out) override {
-    if constexpr (requires { evaluation_.appendText(out); }) return evaluation_.appendText(out);
-    return ppword::appendEvaluated(evaluation_, out);
+    return evaluation_.appendText(out);
   }
 
  private:

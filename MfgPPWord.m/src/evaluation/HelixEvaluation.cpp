@@ -51,13 +51,13 @@ std::optional<double> helixAngle(const KEPIMfgBufferHelix& helix) {
   return *turns * 360.0 * KEPDegreeToRadian * angleFactor();
 }
 
-bool evaluateHelix(const KEPBaseUnknown& evaluation, HelixNumber compute, KEPString& value) {
+bool evaluateHelix(const KEPBaseUnknown& evaluation, HelixNumber compute, ParameterText& text) {
   const auto parameter = ParameterContext::of(evaluation);
   const auto* const helix = parameter.buffer<KEPIMfgBufferHelix>();
   if (helix == nullptr) return false;
   const auto number = compute(*helix);
   if (!number) return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Pitch);
-  return parameter.print(*number, value);
+  return parameter.print(*number, text);
 }
 
 }  // namespace ppword

@@ -3,8 +3,7 @@
 #include <optional>
 
 #include "KEPIMfgBufferHelix.h"
-#include "System/KEPString.h"
-#include "src/registration/Registered.h"
+#include "src/evaluation/TextEvaluation.h"
 
 namespace ppword {
 
@@ -20,18 +19,18 @@ using HelixNumber = std::optional<double> (*)(const KEPIMfgBufferHelix& helix);
 [[nodiscard]] std::optional<double> helixAngle(const KEPIMfgBufferHelix& helix);
 
 /// Prints a number of the current helix for the parameter type that `evaluation` extends. False,
-/// with `value` untouched, when there is no helix buffer, no number, no format, or the format
+/// with `text` untouched, when there is no helix buffer, no number, no format, or the format
 /// cannot print it. An evaluation that extends no feature raises the null-handle error.
 [[nodiscard]] bool evaluateHelix(const KEPBaseUnknown& evaluation, HelixNumber compute,
-                                 KEPString& value);
+                                 ParameterText& text);
 
 /// A parameter whose value is computed from the current helix.
 template <class Self, HelixNumber kCompute>
-class HelixEvaluation : public Registered<Self> {
+class HelixEvaluation : public TextEvaluation<Self> {
  public:
-  /// As KEPIMfgParameterEvaluation::Evaluate.
-  [[nodiscard]] bool Evaluate(KEPString& value) const {
-    return evaluateHelix(*this, kCompute, value);
+  /// As TextEvaluation asks for it.
+  [[nodiscard]] bool evaluate(ParameterText& text) const {
+    return evaluateHelix(*this, kCompute, text);
   }
 };
 

@@ -80,12 +80,12 @@ double noseRadius(const KEPIMfgActivity_var& activity, int corrector) {
 
 }  // namespace
 
-bool KEPMfgCmpNoseRadiusEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgCmpNoseRadiusEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   // deliberate: a success even when there was nothing to print
   if (!activity) return !KEPMfgPPWordListener::ReportLack(Lack::Activity);
-  ppword::printSixDecimals(noseRadius(activity, corrector), value);
+  ppword::printSixDecimals(noseRadius(activity, corrector), text);
   return true;
 }

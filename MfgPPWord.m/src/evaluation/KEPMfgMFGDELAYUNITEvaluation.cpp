@@ -46,7 +46,7 @@ int kindOfMotion(const KEPIMfgActivity_var& activity, int number) {
 
 }  // namespace
 
-bool KEPMfgMFGDELAYUNITEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGDELAYUNITEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::ofAny(*this);
   const auto activity = parameter.activity();
   const int kind =
@@ -55,7 +55,8 @@ bool KEPMfgMFGDELAYUNITEvaluation::Evaluate(KEPString& value) const {
           : kindOfOperation(activity);
   if (kind == 0)
     return KEPMfgPPWordListener::ReportLack(activity ? Lack::DwellMode : Lack::Activity);
-  if (!parameter.readWord(kind, value)) return false;
-  if (value.View() == kNoWord) value = KEPString();
+  KEPUnicodeString word;
+  if (!parameter.findWord(kind, word)) return false;
+  text.set(word.View() == kNoWord ? std::string_view() : word.View());
   return true;
 }

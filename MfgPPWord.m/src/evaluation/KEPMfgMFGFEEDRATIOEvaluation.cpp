@@ -22,11 +22,11 @@ int percentage(double factor) {
 
 }  // namespace
 
-bool KEPMfgMFGFEEDRATIOEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGFEEDRATIOEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto* const feed = ppword::ParameterContext::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
   if (feed == nullptr) return false;
   double factor = 0.0;
   feed->GetFactor(factor);
-  value = KEPString(std::to_string(percentage(factor)));
+  text.set(std::to_string(percentage(factor)));
   return true;
 }

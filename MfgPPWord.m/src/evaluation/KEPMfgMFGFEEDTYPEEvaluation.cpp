@@ -27,13 +27,13 @@ std::string_view wordOf(std::string_view feedType) {
 
 }  // namespace
 
-bool KEPMfgMFGFEEDTYPEEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGFEEDTYPEEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto* const feed = ppword::ParameterContext::ofAny(*this).buffer<KEPIMfgBufferFeedrate>();
   if (feed == nullptr) return false;
   KEPUnicodeString type;
   feed->GetFeedType(type);
   // deliberate: a plunge feed rate is a success that leaves the text as it was
   if (type.View() == TPPlungeFeedrate) return true;
-  value = KEPString(wordOf(type.View()));
+  text.set(wordOf(type.View()));
   return true;
 }

@@ -20,7 +20,7 @@ int kindOfBuffer(const KEPIMfgBufferFeedrate* feed) {
 
 }  // namespace
 
-bool KEPMfgMFGFEEDUNITEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGFEEDUNITEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::ofAny(*this);
   int kind = kindOfBuffer(parameter.buffer<KEPIMfgBufferFeedrate>());
   if (kind == 0) {
@@ -29,5 +29,5 @@ bool KEPMfgMFGFEEDUNITEvaluation::Evaluate(KEPString& value) const {
         ppword::kindOf(operation, Mfg_MachiningFeedrateValue, "LINEARFEEDRATE", "ANGULARFEEDRATE");
   }
   if (kind == 0) return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::FeedUnit);
-  return parameter.readWord(kind, value);
+  return parameter.setWord(kind, text);
 }

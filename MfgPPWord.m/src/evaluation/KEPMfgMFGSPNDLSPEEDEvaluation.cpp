@@ -20,7 +20,7 @@ std::optional<double> ownSpeed(const ppword::MotionSpindle& motion,
 
 }  // namespace
 
-bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGSPNDLSPEEDEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::of(*this);
   const auto activity = parameter.activity();
   std::optional<double> speed;
@@ -35,5 +35,5 @@ bool KEPMfgMFGSPNDLSPEEDEvaluation::Evaluate(KEPString& value) const {
     if (spindle == nullptr) return false;
     spindle->GetValue(speed.emplace());
   }
-  return parameter.print(*speed, value);
+  return parameter.print(*speed, text);
 }

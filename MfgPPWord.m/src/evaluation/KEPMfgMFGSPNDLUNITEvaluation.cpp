@@ -36,7 +36,7 @@ int kindOfOperation(const ppword::ParameterContext& parameter,
 
 }  // namespace
 
-bool KEPMfgMFGSPNDLUNITEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGSPNDLUNITEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::of(*this);
   const auto operation = ppword::operationOf(parameter.activity());
   int kind = 0;
@@ -48,5 +48,5 @@ bool KEPMfgMFGSPNDLUNITEvaluation::Evaluate(KEPString& value) const {
   }
   if (kind == 0) kind = kindOfOperation(parameter, operation);
   if (kind == 0) return KEPMfgPPWordListener::ReportLack(Lack::SpindleUnit);
-  return parameter.readWord(kind, value);
+  return parameter.setWord(kind, text);
 }

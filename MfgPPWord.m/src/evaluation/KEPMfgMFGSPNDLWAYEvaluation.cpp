@@ -84,13 +84,13 @@ Way wayOf(const ppword::ParameterContext& parameter) {
 
 }  // namespace
 
-bool KEPMfgMFGSPNDLWAYEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGSPNDLWAYEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::of(*this);
-  KEPString first;
-  KEPString second;
-  if (!parameter.readWord(1, first) || !parameter.readWord(2, second)) return false;
+  KEPUnicodeString first;
+  KEPUnicodeString second;
+  if (!parameter.findWord(1, first) || !parameter.findWord(2, second)) return false;
   const Way way = wayOf(parameter);
   if (way == Way::None) return false;
-  value = way == Way::First ? first : second;
+  text.set(way == Way::First ? first.View() : second.View());
   return true;
 }

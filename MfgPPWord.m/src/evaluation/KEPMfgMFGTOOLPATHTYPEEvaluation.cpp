@@ -20,12 +20,12 @@ int entryOf(const KEPIMfgToolPathManagement_var& activity) {
 
 }  // namespace
 
-bool KEPMfgMFGTOOLPATHTYPEEvaluation::Evaluate(KEPString& value) const {
+bool KEPMfgMFGTOOLPATHTYPEEvaluation::evaluate(ppword::ParameterText& text) const {
   const auto parameter = ppword::ParameterContext::ofAny(*this);
   const auto activity = parameter.activity();
   const int entry = entryOf(activity);
   using Lack = KEPMfgPPWordListener::Lack;
   if (entry == 0)
     return KEPMfgPPWordListener::ReportLack(activity ? Lack::ToolPathType : Lack::Activity);
-  return parameter.readWord(entry, value);
+  return parameter.setWord(entry, text);
 }

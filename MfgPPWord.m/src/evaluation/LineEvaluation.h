@@ -24,13 +24,4 @@ class LineEvaluation : public KEPIMfgParameterEvaluation, public LineParameter {
   KEPISpecObject* type_ = nullptr;
 };
 
-/// As LineParameter::appendText, for an evaluation that sets a string.
-template <class Evaluation>
-[[nodiscard]] bool appendEvaluated(Evaluation& evaluation, LineWriter& out) {
-  KEPString text;
-  if (!evaluation.Evaluate(text)) return false;
-  out.append(text.View());
-  return true;
-}
-
 }  // namespace ppword

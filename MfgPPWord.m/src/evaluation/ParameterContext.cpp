@@ -33,13 +33,17 @@ KEPIMfgActivity_var ParameterContext::activity() const {
   return current;
 }
 
-bool ParameterContext::readWord(int entry, KEPString& word) const {
+bool ParameterContext::findWord(int entry, KEPUnicodeString& word) const {
   int found = 0;
-  KEPUnicodeString text;
   const HRESULT status = KEPMfgAttributeUtilities::StandardQueryForPPWordEvaluation(
-      type_, kListEntry, "MultiListValue", entry, found, text);
-  if (KEPFailed(status) || found == 0) return KEPMfgPPWordListener::ReportLack(Lack::Entry);
-  word = KEPString(text.View());
+      type_, kListEntry, "MultiListValue", entry, found, word);
+  return (KEPSucceeded(status) && found != 0) || KEPMfgPPWordListener::ReportLack(Lack::Entry);
+}
+
+bool ParameterContext::setWord(int entry, ParameterText& text) const {
+  KEPUnicodeString word;
+  if (!findWord(entry, word)) return false;
+  text.set(word.View());
   return true;
 }
 
@@ -50,10 +54,13 @@ bool ParameterContext::findFormat(KEPUnicodeString& format) const {
   return KEPSucceeded(status) && found != 0;
 }
 
-bool ParameterContext::print(double number, KEPString& text) const {
+bool ParameterContext::print(double number, ParameterText& text) const {
   KEPUnicodeString format;
-  const bool done = findFormat(format) && printNumber(format, number, text.Edit());
-  return done || KEPMfgPPWordListener::ReportLack(Lack::Format);
+  std::string digits;
+  const bool done = findFormat(format) && printNumber(format, number, digits);
+  if (!done) return KEPMfgPPWordListener::ReportLack(Lack::Format);
+  text.set(digits);
+  return true;
 }
 
 }  // namespace ppword

@@ -5,6 +5,7 @@
 #include "ObjectSpecsModeler/KEPIContainer.h"
 #include "ObjectSpecsModeler/KEPISpecObject.h"
 #include "System/KEPString.h"
+#include "src/evaluation/TextEvaluation.h"
 
 namespace ppword {
 
@@ -40,12 +41,14 @@ class ParameterContext {
   /// The activity that the document is generating; null when there is none.
   [[nodiscard]] KEPIMfgActivity_var activity() const;
 
-  /// Sets `word` to an entry (from 1) of the type's "MultiListValue", as it is. False, with `word`
-  /// untouched, when there is no such entry.
-  [[nodiscard]] bool readWord(int entry, KEPString& word) const;
+  /// Sets `word` to an entry (from 1) of the type's "MultiListValue", as it is. False, after a
+  /// report, when there is no such entry.
+  [[nodiscard]] bool findWord(int entry, KEPUnicodeString& word) const;
+  /// Sets `text` to such a word; untouched where there is none.
+  [[nodiscard]] bool setWord(int entry, ParameterText& text) const;
   /// Prints a number with the type's "Format". False, with `text` untouched, when there is none or
   /// it cannot print the number.
-  [[nodiscard]] bool print(double number, KEPString& text) const;
+  [[nodiscard]] bool print(double number, ParameterText& text) const;
   /// The "Format" of the type. False, with `format` untouched, when there is none.
   [[nodiscard]] bool findFormat(KEPUnicodeString& format) const;
 

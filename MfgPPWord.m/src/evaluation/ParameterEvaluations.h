@@ -7,6 +7,7 @@
 #include "KEPIMfgBufferTLAxis.h"
 #include "src/evaluation/BufferNumberEvaluation.h"
 #include "src/evaluation/HelixEvaluation.h"
+#include "src/evaluation/TextEvaluation.h"
 #include "src/evaluation/ToolCompensationEvaluation.h"
 
 // The classes of the parameter evaluations: one for each of their rows in Registrations.def.
@@ -20,10 +21,10 @@
   class Class final : public ppword::HelixEvaluation<Class, &ppword::function> {};
 #define PPWORD_TOOL_SETTING(Class, LateType, axis) \
   class Class final : public ppword::ToolCompensationEvaluation<Class, ppword::axis> {};
-#define PPWORD_OWN(Class, LateType, SecondLateType)      \
-  class Class final : public ppword::Registered<Class> { \
-   public:                                               \
-    /* As KEPIMfgParameterEvaluation::Evaluate. */       \
-    [[nodiscard]] bool Evaluate(KEPString& value) const; \
+#define PPWORD_OWN(Class, LateType, SecondLateType)                 \
+  class Class final : public ppword::TextEvaluation<Class> {        \
+   public:                                                          \
+    /* As TextEvaluation asks for it. */                            \
+    [[nodiscard]] bool evaluate(ppword::ParameterText& text) const; \
   };
 #include "Registrations.def"

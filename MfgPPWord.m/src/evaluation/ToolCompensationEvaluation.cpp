@@ -56,7 +56,7 @@ std::optional<KEPMathVector> correctorOffset(const KEPIMfgActivity_var& activity
 }  // namespace
 
 bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis& axis,
-                         KEPString& value) {
+                         ParameterText& text) {
   const auto parameter = ParameterContext::of(evaluation);
   const auto activity = parameter.activity();
   // deliberate: a success even when there was nothing to print
@@ -69,15 +69,15 @@ bool evaluateToolSetting(const KEPBaseUnknown& evaluation, const ToolSettingAxis
   const int corrector = parameter.bufferedNumber<KEPIMfgBufferCorrectorNumber>();
   const auto offset = correctorOffset(activity, tooling, corrector);
   // Adding a zero would change a negative zero.
-  printSixDecimals(offset ? setting + (*offset).*axis.component : setting, value);
+  printSixDecimals(offset ? setting + (*offset).*axis.component : setting, text);
   return true;
 }
 
-void printSixDecimals(double number, KEPString& text) {
+void printSixDecimals(double number, ParameterText& text) {
   if (!std::isfinite(number)) return;
   std::string digits;
   NumberFormat::parse("%f")->append(number, digits);
-  text = KEPString(std::move(digits));
+  text.set(digits);
 }
 
 }  // namespace ppword

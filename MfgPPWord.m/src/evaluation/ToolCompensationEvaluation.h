@@ -3,8 +3,7 @@
 #include <string_view>
 
 #include "Mathematics/KEPMathVector.h"
-#include "System/KEPString.h"
-#include "src/registration/Registered.h"
+#include "src/evaluation/TextEvaluation.h"
 
 namespace ppword {
 
@@ -21,22 +20,22 @@ inline constexpr ToolSettingAxis kToolSettingZ{"MFG_TL_SET_Z", &KEPMathVector::z
 
 /// Prints the tool setting value of the current activity's tool, from the spindle or turret to the
 /// point of the current corrector, in the turning axis system; lengths in the unit of the output.
-/// Always true: `value` is untouched when there is no PP word container or no activity, or the
+/// Always true: `text` is untouched when there is no PP word container or no activity, or the
 /// value is not finite. An evaluation that extends no feature raises the null-handle error.
 [[nodiscard]] bool evaluateToolSetting(const KEPBaseUnknown& evaluation,
-                                       const ToolSettingAxis& axis, KEPString& value);
+                                       const ToolSettingAxis& axis, ParameterText& text);
 
 /// Prints a number of the tool compensation as "%f" does in the C locale: six decimals, nothing
 /// snapped to zero. A number that is not finite leaves `text` untouched.
-void printSixDecimals(double number, KEPString& text);
+void printSixDecimals(double number, ParameterText& text);
 
 /// A tool setting value along one axis.
 template <class Self, const ToolSettingAxis& kAxis>
-class ToolCompensationEvaluation : public Registered<Self> {
+class ToolCompensationEvaluation : public TextEvaluation<Self> {
  public:
-  /// As KEPIMfgParameterEvaluation::Evaluate.
-  [[nodiscard]] bool Evaluate(KEPString& value) const {
-    return evaluateToolSetting(*this, kAxis, value);
+  /// As TextEvaluation asks for it.
+  [[nodiscard]] bool evaluate(ParameterText& text) const {
+    return evaluateToolSetting(*this, kAxis, text);
   }
 };
 

@@ -33,6 +33,13 @@ bool isMasked(std::string_view name) {
   return Source::NotEvaluated;
 }
 
+[[nodiscard]] bool appendEvaluated(KEPIMfgParameterEvaluation& evaluation, LineWriter& out) {
+  KEPString text;
+  if (!evaluation.Evaluate(text)) return false;
+  out.append(text.View());
+  return true;
+}
+
 /// The print format that a parameter type gives to a looked-up value.
 std::optional<KEPUnicodeString> formatOf(const KEPISpecObject_var& type) {
   bool found = false;
