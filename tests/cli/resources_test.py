@@ -71,12 +71,13 @@ class NoneLeft(program.ProgramTest):
     STEP = 41
     MOST = 40_000
 
-    def run_with(self, allocations, *arguments):
+    def run_with(self, allocations, *arguments, **settings):
         environment = {
             **os.environ,
             "LD_PRELOAD": os.environ["PPWORD_LACK_OF_MEMORY"],
             "PPWORD_ALLOCATIONS": str(allocations),
             "TMPDIR": self.folder,
+            **settings,
         }
         return self.run_program(*arguments, env=environment)
 
@@ -111,6 +112,17 @@ class NoneLeft(program.ProgramTest):
             self.assertTrue(done.stderr.endswith(self.MESSAGE), (allocations, done.stderr))
             self.assertIn(self.files(), (before, files), allocations)
         return self.fail("no run was done")
+
+    def test_libraries_are_loaded_or_not(self):
+        statuses = []
+        for allocations in range(0, 2_000, 7):
+            done = self.run_with(2_000, "--version", PPWORD_EARLY_ALLOCATIONS=str(allocations))
+            statuses.append(done.returncode)
+            if done.returncode == 0:
+                break
+            self.check(done, 4, "", self.MESSAGE)
+        self.assertGreater(len(statuses), 10)
+        self.assertEqual(statuses[-1], 0)
 
     def test_text_is_whole_or_not_written(self):
         held = self.check_all("post", "job", "-t", "table", "-o", "apt")

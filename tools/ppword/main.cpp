@@ -52,12 +52,20 @@ ExitStatus run(int argc, const char* const* argv) {
   std::abort();
 }
 
+// The program's libraries take memory when they are loaded, where an exception ends it at once:
+// what is set here before them ends the run with a message.
+void prepareLibraries() {
+  std::set_new_handler([] { _exit(static_cast<int>(failedWithoutMemory())); });
+}
+[[gnu::section(".preinit_array"), gnu::used]] void (*const beforeLibraries)() = prepareLibraries;
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::set_new_handler(nullptr);
+  std::set_terminate(endRun);
   prepareStandardStreams();
   host::removeFilesAtSignals();
-  std::set_terminate(endRun);
   // Messages only: numbers and characters do not depend on the locale.
   std::setlocale(LC_MESSAGES, "");
   return static_cast<int>(run(argc, argv));
