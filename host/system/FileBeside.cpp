@@ -97,7 +97,7 @@ void removeLeftOvers(const std::string& folder, std::string_view begin) {
   while (const dirent* const entry = entries ? ::readdir(entries.get()) : nullptr) {
     if (isName(entry->d_name, begin)) names.emplace_back(entry->d_name);
   }
-  for (const std::string& name : names) removeLeftOver(folder + '/' + name);
+  for (std::string& name : names) removeLeftOver(name.insert(0, folder + '/'));
 }
 
 }  // namespace

@@ -27,7 +27,8 @@ void appendNumber(std::string& text, double number) {
 
 void appendPoint(std::string& text, int number) {
   appendNumber(text += '[', number % 1000 * 0.25 - 125.0);
-  appendNumber(text += ',', number / 1000 * 0.125);
+  const int row = number / 1000;
+  appendNumber(text += ',', row * 0.125);
   appendNumber(text += ',', number % 64 * 0.0625 - 2.0);
   text += ']';
 }

@@ -88,8 +88,8 @@ TEST(LineDifference, AsManyLinesAsPossibleStay) {
 }
 
 TEST(LineDifference, ListsWithTooManyEditsAreOneHunk) {
-  std::vector<std::string> texts;
-  for (int i = 0; i < 4000; ++i) texts.push_back(std::to_string(i));
+  std::vector<std::string> texts(4000);
+  std::ranges::generate(texts, [i = 0]() mutable { return std::to_string(i++); });
   Lines before{"first"};
   Lines after{"first"};
   for (int i = 0; i < 2000; ++i) {

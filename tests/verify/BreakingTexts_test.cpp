@@ -282,7 +282,7 @@ TEST(BreakingTexts, EveryChangeOfWhatATextSaysIsFound) {
       ++found[way];
     } else {
       const std::string reason = reasonOf(written, before, lines, place, way);
-      ++unseen[way + ": " + reason];
+      ++unseen[std::string(way).append(": ").append(reason)];
       EXPECT_NE(reason, "") << "seed " << seed << ", " << written.name << ", " << way << " in line "
                             << place + 1 << "\n"
                             << before[place] << "\n"

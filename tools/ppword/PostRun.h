@@ -20,6 +20,7 @@ struct Summary;
 }  // namespace host
 
 /// What became of a tool path, and what is said of it.
+// NOLINTNEXTLINE(bugprone-exception-escape): to move a report does not raise anything.
 struct PostOutcome {
   ExitStatus status = ExitStatus::Done;
   long elements = 0;

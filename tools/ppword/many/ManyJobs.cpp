@@ -38,7 +38,9 @@ std::vector<JobFile> jobsOf(const PostOptions& options) {
     const std::string& output = jobs.back().output;
     const auto [known, isNew] = taken.emplace(host::placeOf(output), job);
     if (isNew) continue;
-    throw UsageError{"the texts of " + known->second + " and " + job + " would both be " + output};
+    std::string reason = "the texts of " + known->second;
+    reason.append(" and ").append(job).append(" would both be ").append(output);
+    throw UsageError{std::move(reason)};
   }
   return jobs;
 }

@@ -4,7 +4,7 @@
 #
 # SCRIPTS are separated by commas; with none the program draws nothing, and LICENCE is empty. A text that
 # could end its own block in the page is refused.
-set(source "#include \"tools/ppword/view/Page.h\"\n")
+set(source "#pragma GCC diagnostic ignored \"-Woverlength-strings\"\n#include \"tools/ppword/view/Page.h\"\n")
 
 # Adds a file to the source as the array `name`, and sets `name` to what initialises a ViewFile.
 function(embed name file)
