@@ -103,6 +103,13 @@ bool isAskedFor(const Document& document, std::string_view parameter) {
 
 }  // namespace
 
+bool writesBareTexts(const Document& document, const std::vector<std::string>& textWords) {
+  const Texts lines = textsOf(document, "NC_OUTPUT_COMMENT", "Syntaxe");
+  return std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
+    return refersTo(line, "MFG_OUTPUT_COMMENT") && !isTextLine(line.View(), textWords);
+  });
+}
+
 Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
   Vocabulary vocabulary;
   vocabulary.feedPerMinute = printedUnit(document, "NC_FEEDRATE", "MFG_FEED_UNIT", 1);
@@ -113,10 +120,7 @@ Vocabulary vocabularyOf(const Document& document, const TableWords& table) {
                        hasLines(document, "NC_COOLANT", "Syntaxe3");
   vocabulary.programStop = hasLines(document, "NC_PROGRAM_STOP");
   vocabulary.optionalStop = hasLines(document, "NC_OPTIONAL_STOP");
-  const Texts lines = textsOf(document, "NC_OUTPUT_COMMENT", "Syntaxe");
-  vocabulary.bareTexts = std::any_of(lines.begin(), lines.end(), [&](const auto& line) {
-    return refersTo(line, "MFG_OUTPUT_COMMENT") && !isTextLine(line.View(), table.textWords);
-  });
+  vocabulary.bareTexts = writesBareTexts(document, table.textWords);
   vocabulary.startMacro = table.startMacro && hasLines(document, "NC_START_MACRO");
   const Texts origin = textsOf(document, "NC_ORIGIN", "Syntaxe");
   if (table.origin && origin.Size() > 0) {

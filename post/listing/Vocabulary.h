@@ -37,8 +37,7 @@ struct Vocabulary {
   bool coolant = false;
   bool programStop = false;
   bool optionalStop = false;
-  /// Whether NC_OUTPUT_COMMENT writes texts as statements: without a word before them that readers
-  /// take for a comment.
+  /// As writesBareTexts() says.
   bool bareTexts = false;
   /// Whether a table has an NC_START_MACRO of its own.
   bool startMacro = false;
@@ -55,6 +54,11 @@ struct TableWords {
   bool startMacro = false;
   bool origin = false;
 };
+
+/// Whether a document's NC_OUTPUT_COMMENT writes texts as statements: without a word before them
+/// that readers take for a comment, of their own or of a table's.
+[[nodiscard]] bool writesBareTexts(const Document& document,
+                                   const std::vector<std::string>& textWords);
 
 /// The vocabulary of a document in its current state.
 [[nodiscard]] Vocabulary vocabularyOf(const Document& document, const TableWords& table = {});

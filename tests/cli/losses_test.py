@@ -131,6 +131,19 @@ class Losses(program.ProgramTest):
         for key, (path, table, name, line) in JOBS.items():
             self.met(key, self.post(path, table), name, line)
 
+    def test_of_bare_comments_of_jobs(self):
+        commented = job('{"nc":"NC_OUTPUT_COMMENT","comment":"STOP"}')
+        self.met("bare-comment", self.post(commented, None), "NC_OUTPUT_COMMENT", 2)
+        done = self.run_program("post", *self.post(commented, None))
+        self.assertIn(
+            "  WARNING: comments written as statements: NC_OUTPUT_COMMENT (in line 2)\n",
+            done.stderr,
+        )
+        written = table("PPRINT %MFG_OUTPUT_COMMENT", "NC_OUTPUT_COMMENT")
+        self.assertNotIn("bare-comment", self.losses(*self.post(commented, written))[1])
+        without = table("COOLNT/ON", "NC_OUTPUT_COMMENT")
+        self.assertNotIn("bare-comment", self.losses(*self.post(commented, without))[1])
+
     def test_of_listings_are_counted_and_refused(self):
         for key, (calls, table) in LISTINGS.items():
             name = calls[-1].split("(")[0]

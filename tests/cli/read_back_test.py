@@ -24,6 +24,7 @@ PLACES = (
     "the input; nothing after it was compared\n"
     "job:2: note difference: NC_OUTPUT_COMMENT is here\n"
 )
+BARE = "  WARNING: comments written as statements: NC_OUTPUT_COMMENT (in line 2)\n"
 NONE = "  verified: 0 statements, 0 of them the table's own; the next one differs\n"
 COMPUTES = "*START_NC_INSTRUCTION NC_GOTO\nGOTO/%MFG_XPOINT+0,%MFG_YPOINT,%MFG_ZPOINT\n*END\n"
 
@@ -48,7 +49,7 @@ class Differences(ReadBackTest):
     def test_difference_leaves_the_old_file(self):
         self.write("job", DOLLAR)
         done = self.post()
-        self.check(done, 1, "", PLACES + "job: 2 elements, 2 lines\n" + NONE + "apt: " + WHY)
+        self.check(done, 1, "", PLACES + "job: 2 elements, 2 lines\n" + BARE + NONE + "apt: " + WHY)
         self.check_old()
         os.remove(os.path.join(self.folder, "apt"))
         self.assertEqual(self.post("-q").stderr, done.stderr)
@@ -81,7 +82,7 @@ class Differences(ReadBackTest):
     def test_unread_text_is_written(self):
         self.write("job", DOLLAR)
         done = self.post("--no-verify")
-        self.check(done, 0, "", "job: 2 elements, 2 lines\n  not verified\napt: written\n")
+        self.check(done, 0, "", "job: 2 elements, 2 lines\n" + BARE + "  not verified\napt: written\n")
         self.assertEqual(self.read("apt"), "PRICE $\nRAPID\n")
         self.assertIsNone(json.loads(self.post("--no-verify", "--format", "json").stderr)["verified"])
 
@@ -112,7 +113,7 @@ class Differences(ReadBackTest):
         self.write("job", program.LACKING_JOB.replace('{"nc":"NC_R', DOLLAR.splitlines()[1] + '\n{"nc":"NC_R'))
         done = self.post("--strict")
         self.assertEqual(done.returncode, 1)
-        self.assertTrue(done.stderr.endswith("apt: not written: 2 pieces of the text would be missing\n"))
+        self.assertTrue(done.stderr.endswith("apt: not written: 3 findings are refused\n"), done.stderr)
         self.assertTrue(done.stderr.startswith("apt:4:1: error difference: "), done.stderr)
 
 

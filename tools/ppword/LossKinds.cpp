@@ -42,8 +42,9 @@ constexpr Kind kLossKinds[] = {
      "The text has the character of other-characters, or a capital for a small letter, in its "
      "place.",
      "", ""},
-    {kBareComment, "post", "warning", "a comment of the listing is written as a statement",
-     "use --comments none, or a table with the lines *START_NC_INSTRUCTION NC_OUTPUT_COMMENT, "
+    {kBareComment, "post", "warning", "a comment is written as a statement",
+     "leave the comments of a listing out with --comments none, or use a table with the lines "
+     "*START_NC_INSTRUCTION NC_OUTPUT_COMMENT, "
      "PPRINT %MFG_OUTPUT_COMMENT and *END",
      "The line does not begin with PPRINT, REMARK, $$ or a word with text of the table, so that a "
      "reader takes the text for a statement: (FROM/0,0,5) would be a motion.",

@@ -56,19 +56,24 @@ Counts machineWords(const PostReport& report) {
   return counts;
 }
 
-Counts bareComments(const PostReport& report) {
-  Counts counts{"", kBareComment, {}};
-  if (report.listing == nullptr) return counts;
-  for (const host::CallCount& call : host::bareTexts(*report.listing)) add(call, counts);
+Counts instructionsOf(std::string_view opening, std::string_view key, const PostReport& report,
+                      const std::set<std::string>& names) {
+  Counts counts{opening, key, {}};
+  for (const Tally::Entry& entry : report.summary.instructions.entries()) {
+    if (names.contains(entry.name)) add(entry, counts);
+  }
   return counts;
 }
 
-Counts builtInLines(const PostReport& report) {
-  Counts counts{"NOTE: built-in lines, the table has none", kBuiltIn, {}};
-  for (const Tally::Entry& entry : report.summary.instructions.entries()) {
-    if (report.builtIn.contains(entry.name)) add(entry, counts);
+// Those of a listing are in a line of its own.
+Counts bareComments(const PostReport& report) {
+  if (report.listing != nullptr) {
+    Counts counts{"", kBareComment, {}};
+    for (const host::CallCount& call : host::bareTexts(*report.listing)) add(call, counts);
+    return counts;
   }
-  return counts;
+  return instructionsOf("WARNING: comments written as statements", kBareComment, report,
+                        report.bare);
 }
 
 Counts replacedCharacters(const PostReport& report) {
@@ -147,7 +152,7 @@ std::vector<Counts> findingsOf(const PostReport& report) {
       notVerified(report),
       readBack("WARNING: another point than stated", kOtherPoint, report,
                &verify::Comparison::otherPoints),
-      builtInLines(report),
+      instructionsOf("NOTE: built-in lines, the table has none", kBuiltIn, report, report.builtIn),
       readBack("NOTE: left out by the table", kLeftOut, report, &verify::Comparison::leftOut),
       callsOf("NOTE: arcs written as chords", kChords, report, CallFate::Chords),
       wideLines(report)};

@@ -34,6 +34,8 @@ struct PostReport {
   const host::ConsumerLines* consumer = nullptr;
   /// The instructions whose lines are built in although a table was loaded.
   std::set<std::string> builtIn{};
+  /// The instruction of a job whose comments are written as statements.
+  std::set<std::string> bare{};
 };
 
 /// What was counted under one name, and where it was first.

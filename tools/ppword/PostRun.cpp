@@ -1,5 +1,6 @@
 #include "tools/ppword/PostRun.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <utility>
 #include <vector>
@@ -93,6 +94,16 @@ std::set<std::string> builtIn(const host::Summary& summary, const ToolPathInput&
     if (!load.hasLines(entry.name)) names.insert(entry.name);
   }
   return names;
+}
+
+// The instruction of a job whose comments are statements. A listing knows its own.
+std::set<std::string> bareComments(const host::Summary& summary, const ToolPathInput& input) {
+  const std::string name = "NC_OUTPUT_COMMENT";
+  const auto& used = summary.instructions.entries();
+  const bool isUsed = std::ranges::find(used, name, &host::Tally::Entry::name) != used.end();
+  const bool isBare = isUsed && input.listing() == nullptr &&
+                      host::writesBareTexts(*input.document(), input.textWords());
+  return isBare ? std::set{name} : std::set<std::string>();
 }
 
 // What is said of the run: for people and for programs.
@@ -190,7 +201,8 @@ PostReport reportOf(const PostOptions& options, const ToolPathInput& input, cons
           nullptr,
           options.output,
           nullptr,
-          builtIn(summary, input, load)};
+          builtIn(summary, input, load),
+          bareComments(summary, input)};
 }
 
 void requireOthers(const PostOptions& options) {
