@@ -188,7 +188,9 @@ TEST(TableDifference, InsertsThatMultiplyTakeNoTime) {
   std::string table = command("NC_0", "");
   for (int i = 1; i < 300; ++i) {
     const std::string insert = "*INSERT NC_" + std::to_string(i - 1);
-    table += command("NC_" + std::to_string(i), insert + '\n' + insert);
+    std::string twice = insert;
+    twice.append("\n").append(insert);
+    table += command("NC_" + std::to_string(i), twice);
   }
   EXPECT_EQ(difference(table, table + command("NC_Z", "Z")), "NC_Z entry ->1200:?\n");
 }

@@ -257,7 +257,7 @@ class World {
     features_.push_back(type);
   }
   KEPISpecObject_var instruction(std::size_t number) {
-    const auto type = make("NC_" + std::to_string(number), roots_[1]);
+    auto type = make("NC_" + std::to_string(number), roots_[1]);
     const KEPISpecAttrAccess_var attributes(type);
     attributes->AddAttribute("Syntaxe", Kind::StringList);
     attributes->SetList("Syntaxe", list({kLines[number], kLines[number + 2]}));

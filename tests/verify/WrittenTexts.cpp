@@ -145,7 +145,7 @@ std::string comparisonOf(const WrittenText& written, verify::StatementReader& re
 std::string comparisonOf(const WrittenText& written, std::string_view text,
                          const verify::Words& words) {
   verify::StatementReader reader(verify::bytesOf(text), words, [](const verify::Finding&) {});
-  const std::string result = comparisonOf(written, reader, words, LineUse::Read);
+  std::string result = comparisonOf(written, reader, words, LineUse::Read);
   for (const LineUse use : {LineUse::Read, LineUse::Taken}) {
     verify::StatementReader quick(verify::bytesOf(text), words);
     EXPECT_EQ(comparisonOf(written, quick, words, use), result);

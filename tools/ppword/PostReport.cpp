@@ -54,7 +54,7 @@ std::string firstText(const std::string& opening, const Count& first, bool hasPl
   for (const std::string& place : {first.place, line, std::string()}) {
     Count shown = first;
     shown.place = place;
-    const std::string text = opening + countText(shown, hasPlace);
+    std::string text = opening + countText(shown, hasPlace);
     if (host::columnsOf(text) + host::columnsOf(more) <= host::kScreenColumns) return text;
   }
   return shortened(opening + first.name, host::kScreenColumns - host::columnsOf(more));

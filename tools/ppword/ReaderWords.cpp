@@ -27,15 +27,15 @@ void addTextWords(const std::string& path, verify::Words& words) {
 
 void addMeanings(const host::ConsumerProfile& profile, verify::Words& words) {
   constexpr std::size_t kLongest = 40;
-  for (const auto& [word, known, line, column] : profile.words) {
+  for (const host::WordMeaning& meaning : profile.words) {
     const auto refuse = [&](const std::string& message) {
-      throw host::InputError(profile.name, line, column, message);
+      throw host::InputError(profile.name, meaning.line, meaning.column, message);
     };
-    if (words.find(known) == nullptr) {
-      refuse("the reader does not know the word '" + known.substr(0, kLongest) + '\'');
+    if (words.find(meaning.known) == nullptr) {
+      refuse("the reader does not know the word '" + meaning.known.substr(0, kLongest) + '\'');
     }
-    if (!words.add(word, known)) {
-      refuse('\'' + word.substr(0, kLongest) + "' is not a word of APT");
+    if (!words.add(meaning.word, meaning.known)) {
+      refuse('\'' + meaning.word.substr(0, kLongest) + "' is not a word of APT");
     }
   }
 }
