@@ -6,17 +6,13 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <deque>
-#include <functional>
 #include <memory>
 #include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "KEPIMfgBufferCircle.h"
 #include "KEPIMfgBufferPoint.h"
-#include "KEPIMfgBufferSeqMotionNumber.h"
 #include "KEPIMfgBufferTLAxis.h"
 #include "KEPIMfgParameterEvaluation.h"
 #include "KEPIMfgSyntaxEvaluation.h"
@@ -31,6 +27,7 @@
 #include "host/system/Dictionary.h"
 #include "host/system/ListenerScope.h"
 #include "tests/support/PPWordDocument.h"
+#include "tests/syntax/OutsideCode.h"
 
 namespace ppword::test::changing {
 namespace {
@@ -38,95 +35,6 @@ namespace {
 using Kind = KEPISpecAttribute::Kind;
 
 constexpr int kChanges = 30000;
-constexpr const char* kLateType = "ChangingWords";
-constexpr const char* kHook = "CHANGE_HOOK";
-
-/// Called by code that the application brings; does what the running step wants.
-std::function<void()> fromOutside = [] {};
-
-class HookEvaluation final : public KEPIMfgParameterEvaluation {
- public:
-  ~HookEvaluation() override {
-    try {
-      fromOutside();
-    } catch (const KEPError&) {
-      // Whoever ends a feature does not see the errors of its extensions.
-    }
-  }
-  [[nodiscard]] bool Evaluate(KEPString& value) override {
-    fromOutside();
-    value = "h";
-    return true;
-  }
-};
-
-class HookCircle final : public KEPIMfgBufferCircle {
- public:
-  void SetTgt(double, double, double) override {}
-  void GetTgt(double& x, double& y, double& z) const override { x = y = z = 1.0; }
-  void SetCenter(double, double, double) override {}
-  void GetCenter(double& x, double& y, double& z) const override { x = y = z = 2.0; }
-  void SetNormal(double, double, double) override {}
-  void GetNormal(double& x, double& y, double& z) const override { x = y = z = 3.0; }
-  void SetPt(double, double, double) override {}
-  void GetPt(double& x, double& y, double& z) const override { x = y = z = 4.0; }
-  void SetRadius(double) override {}
-  void GetRadius(double& radius) const override {
-    fromOutside();
-    radius = 5.0;
-  }
-};
-
-class HookSettings final : public KEPIMfgOutputSettings {
- public:
-  [[nodiscard]] KEPUnicodeString GetPointFormat(int) const override {
-    fromOutside();
-    return points;
-  }
-  [[nodiscard]] KEPUnicodeString GetAxisFormat(int) const override { return axes; }
-  KEPUnicodeString points, axes;
-};
-
-class HookGeneration final : public KEPIMfgGeneratorData {
- public:
-  [[nodiscard]] KEPIMfgOutputSettings_var GetOutputSettings() const override { return settings; }
-  void GetAngleFactor(double& factor) const override { factor = 2.0; }
-  KEPVar<HookSettings> settings = KEPVar<HookSettings>::Adopt(new HookSettings);
-};
-
-template <class Class>
-KEPBaseUnknown* create(KEPBaseUnknown* extended) {
-  auto* const made = new Class;
-  made->BindTo(*extended);
-  return made;
-}
-
-/// A class that extends a late type; lives as long as the process.
-const KEPMetaClass& extensionOf(const std::string& lateType) {
-  static auto& classes = *new std::deque<KEPMetaClass>;
-  return classes.emplace_back(lateType + "Class", KEPMetaClass::TypeOfClass::DataExtension, nullptr,
-                              lateType, "Test");
-}
-
-void enter(const KEPMetaClass& meta, const KEPMetaClass* offered, KEPCreator creator) {
-  KEPFillDictionary(&meta, offered, creator, nullptr, 1);
-}
-
-void registerOnce() {
-  static const bool isDone = [] {
-    const KEPMetaClass& words = extensionOf(kLateType);
-    enter(words, KEPInterfaceId<KEPIMfgBufferCircle>(), &create<HookCircle>);
-    for (const KEPMetaClass* offered :
-         {KEPInterfaceId<KEPIMfgPPWordContainer>(), KEPInterfaceId<KEPIMfgBufferPoint>(),
-          KEPInterfaceId<KEPIMfgBufferTLAxis>(), KEPInterfaceId<KEPIMfgBufferSeqMotionNumber>()}) {
-      enter(words, offered, host::findCreator("MfgPPWordCont", offered));
-    }
-    enter(extensionOf(kHook), KEPInterfaceId<KEPIMfgParameterEvaluation>(),
-          &create<HookEvaluation>);
-    return true;
-  }();
-  static_cast<void>(isDone);
-}
 
 /// A container as an application without the counter has it.
 class PlainContainer final : public host::Container {
@@ -303,7 +211,7 @@ void World::registerLate() {
   enter(extensionOf(lateType), KEPInterfaceId<KEPIMfgParameterEvaluation>(),
         lateTypes_ % 2 == 0
             ? host::findCreator("MFG_XPOINT", KEPInterfaceId<KEPIMfgParameterEvaluation>())
-            : &create<HookEvaluation>);
+            : &createHook);
   features_.push_back(named ? named : type);
 }
 
@@ -497,7 +405,7 @@ std::string World::step(Numbers numbers) {
 
 class ChangingDocuments : public testing::TestWithParam<unsigned> {
  protected:
-  ChangingDocuments() { registerOnce(); }
+  ChangingDocuments() { registerOutsideCode(); }
   ~ChangingDocuments() override {
     host::setCurrentGeneratorData(nullptr);
     KEPError::KEPCleanLastError();
