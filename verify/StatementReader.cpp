@@ -3,14 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "post/consumer/Consumer.h"
 #include "verify/LineTokens.h"
 
 namespace verify {
 namespace {
 
 constexpr std::string_view kFigures = "0123456789";
-constexpr std::size_t kCardColumns = 80;
 constexpr std::size_t kStatementColumns = 72;
+constexpr std::size_t kNumberColumns = 8;
 
 std::string_view withoutBlanks(std::string_view line) {
   while (line.ends_with(' ') || line.ends_with('\t')) line.remove_suffix(1);
@@ -36,8 +37,14 @@ bool isSequenceNumber(std::string_view field) {
   return !number.empty() && number.find_first_not_of(kFigures) == std::string_view::npos;
 }
 
+/// What is in a line after the columns of a statement.
+std::string_view numberOf(std::string_view line) {
+  return line.substr(host::bytesOfColumns(line, kStatementColumns));
+}
+
 bool isNumberedCard(std::string_view line) {
-  return line.size() == kCardColumns && isSequenceNumber(line.substr(kStatementColumns));
+  const std::string_view number = numberOf(line);
+  return number.size() == kNumberColumns && isSequenceNumber(number);
 }
 
 bool isValue(const Token& token) { return token.kind != TokenKind::Mark; }
@@ -65,8 +72,9 @@ bool StatementReader::nextLine() {
   }
   const bool isFirst = cards_ == Cards::Recognised && lines() == 1;
   if (isFirst) hasSequenceNumbers_ = isNumberedCard(line_);
-  if (hasSequenceNumbers_ && line_.size() <= kCardColumns) {
-    line_ = line_.substr(0, kStatementColumns);
+  if (hasSequenceNumbers_) {
+    const std::size_t width = numberOf(line_).size();
+    if (width <= kNumberColumns) line_.remove_suffix(width);
   }
   line_ = withoutBlanks(line_);
   return true;

@@ -31,6 +31,12 @@ std::string_view characterAt(std::string_view text, std::size_t at) {
   return text.substr(at, std::max<std::size_t>(utf8Length(text, at), 1));
 }
 
+std::size_t bytesOfColumns(std::string_view line, std::size_t columns) {
+  std::size_t end = 0;
+  for (; columns > 0 && end < line.size(); --columns) end += characterAt(line, end).size();
+  return end;
+}
+
 bool takes(const Consumer& consumer, std::string_view character) {
   using enum Consumer::Characters;
   if (consumer.characters == Any) return true;

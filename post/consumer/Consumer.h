@@ -35,6 +35,9 @@ inline constexpr std::size_t kSequenceDigits = 8;
 /// The character at a place of a text in UTF-8, or a byte that is none.
 [[nodiscard]] std::string_view characterAt(std::string_view text, std::size_t at);
 
+/// How many bytes the first columns of a line have; all of a line that has fewer columns.
+[[nodiscard]] std::size_t bytesOfColumns(std::string_view line, std::size_t columns);
+
 /// True for a character that the consumer takes.
 [[nodiscard]] bool takes(const Consumer& consumer, std::string_view character);
 

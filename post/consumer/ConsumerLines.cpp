@@ -35,13 +35,6 @@ void requireWords(std::string_view line, int longest, bool isText) {
                   " letters");
 }
 
-/// How many bytes of a line have at most `columns` characters.
-std::size_t bytesOf(std::string_view line, std::size_t columns) {
-  std::size_t end = 0;
-  for (; columns > 0 && end < line.size(); --columns) end += characterAt(line, end).size();
-  return end;
-}
-
 }  // namespace
 
 ConsumerLines::ConsumerLines(const Consumer& consumer, std::vector<std::string> textWords,
@@ -106,7 +99,7 @@ void ConsumerLines::wrap(std::string_view line, bool isText) {
     if (isText) throw UnfitLine("the text " + beginning(line) + within);
     // The $ needs a column, and a comment stays with the end of its statement.
     const std::string_view part =
-        line.substr(0, std::min(bytesOf(line, most - 1), line.find("$$")));
+        line.substr(0, std::min(bytesOfColumns(line, most - 1), line.find("$$")));
     const std::size_t comma = part.rfind(',');
     if (comma == part.npos) {
       throw UnfitLine(beginning(line) + within + ", and has no comma where it can go on");

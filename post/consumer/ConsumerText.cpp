@@ -57,26 +57,26 @@ std::string_view ConsumerText::withoutEnd(std::string_view line) {
 }
 
 std::string_view ConsumerText::withoutNumber(std::string_view line) {
-  const std::string_view number = line.substr(std::min(line.size(), kNumberColumn));
+  const std::size_t at = bytesOfColumns(line, kNumberColumn);
+  const std::string_view number = line.substr(at);
   const bool isNumber =
       number.size() == kSequenceDigits && number.find_first_not_of("0123456789") == number.npos;
   if (!isNumber) {
-    report(line, kNumberColumn, 1, "no number of eight digits in columns 73 to 80");
+    report(line, std::max(at, kNumberColumn), 1, "no number of eight digits in columns 73 to 80");
   } else if (number != sequenceText(due_)) {
-    report(line, kNumberColumn, number.size(),
+    report(line, at, number.size(),
            "the number " + std::string(number) + ", where " + sequenceText(due_) + " is due");
     due_ = std::stol(std::string(number));
   }
   due_ += consumer_.sequenceStep;
-  line = line.substr(0, kNumberColumn);
+  line = line.substr(0, at);
   return line.substr(0, line.find_last_not_of(' ') + 1);
 }
 
 void ConsumerText::checkWidth(std::string_view line) const {
   const auto most = static_cast<std::size_t>(consumer_.columns);
   if (most == 0 || columnsOf(line) <= most) return;
-  std::size_t at = 0;
-  for (std::size_t column = 0; column < most; ++column) at += characterAt(line, at).size();
+  const std::size_t at = bytesOfColumns(line, most);
   report(line, at, line.size() - at, "more than " + std::to_string(most) + " columns");
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "language/syntax/Characters.h"
+#include "post/text/Utf8.h"
 
 namespace host {
 namespace {
@@ -45,7 +45,11 @@ std::vector<std::string> foldedLines(std::string_view text, std::size_t first, s
 }
 
 std::size_t columnsOf(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), ppword::startsCharacter));
+  std::size_t columns = 0;
+  for (std::size_t at = 0; at < text.size(); ++columns) {
+    at += std::max<std::size_t>(utf8Length(text, at), 1);
+  }
+  return columns;
 }
 
 }  // namespace host

@@ -15,7 +15,7 @@ inline constexpr std::size_t kScreenColumns = 80;
 [[nodiscard]] std::vector<std::string> foldedLines(std::string_view text, std::size_t first,
                                                    std::size_t next);
 
-/// The columns of a text, one for each character.
+/// The columns of a text, one for each character of UTF-8 and for each byte of none.
 [[nodiscard]] std::size_t columnsOf(std::string_view text);
 
 }  // namespace host

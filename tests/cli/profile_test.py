@@ -117,6 +117,20 @@ class Profiles(program.ProgramTest):
             self.assertEqual((done.returncode, done.stderr), (0, ""))
             self.assertTrue(done.stdout.endswith("apt: passes\n"), done.stdout)
 
+    def test_numbers_of_lines_are_in_the_same_columns_after_other_characters(self):
+        self.write("table", "*START_NC_INSTRUCTION NC_X\nPPRINT 1\u00b0 \u20ac\n%MFG_XPOINT\n*END\n")
+        self.write("mine", "columns = 72\nsequence-numbers = 10\n")
+        done = self.run_program("post", "job", "-t", "table", "--profile", "mine", "-o", "apt")
+        self.assertIn("  verified: 2 statements", done.stderr)
+        self.assertEqual(
+            self.read("apt").encode("latin-1").decode(),
+            "PPRINT 1\u00b0 \u20ac" + 61 * " " + "00000010\n    1.00000" + 61 * " " + "00000020\n",
+        )
+        done = self.run_program(
+            "verify", "--strict", "apt", "--profile", "mine", "--against", "job", "-t", "table"
+        )
+        self.assertEqual((done.returncode, done.stderr), (0, ""))
+
     def test_words_of_a_profile_are_known_when_the_text_is_read_back(self):
         self.write("table", "*START_NC_INSTRUCTION NC_X\nMOVE/%MFG_XPOINT,2,3\n*END\n")
         self.write("mine", "word MOVE = GOTO\n")

@@ -117,6 +117,15 @@ TEST(ConsumerLines, LinesAreNumberedInColumns73To80) {
                           std::string(20, '2') + std::string(52, ' ') + "00000015\r"}));
 }
 
+TEST(ConsumerLines, CharacterOrAByteThatIsNoneHasOneColumn) {
+  Consumer consumer = withColumns(72);
+  consumer.sequenceStep = 1;
+  const std::string blanks(64, ' ');
+  EXPECT_EQ(
+      written(consumer, {"PPRINT \xB0", "PPRINT \xC2\xB0"}),
+      (LineList{"PPRINT \xB0" + blanks + "00000001", "PPRINT \xC2\xB0" + blanks + "00000002"}));
+}
+
 TEST(ConsumerLines, NumberHasEightDigits) {
   Consumer consumer = withColumns(72);
   consumer.sequenceStep = 9'999'999;

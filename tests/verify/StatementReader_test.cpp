@@ -133,6 +133,16 @@ TEST(StatementReader, OldTextsAreRead) {
                    "a text; write it with ASCII characters"}));
 }
 
+TEST(StatementReader, CharacterOfSeveralBytesHasOneColumnOfACard) {
+  const std::string blanks(64, ' ');
+  const ReadText read = readText("PPRINT \xC3\x98" + blanks + "00000010\nPPRINT \xD8" + blanks +
+                                 "00000020\nPPRINT \xE2\x82\xAC" + blanks + "00000030\n");
+  ASSERT_EQ(read.statements.size(), 3U);
+  EXPECT_EQ(read.statements[0].text, "PPRINT \xC3\x98");
+  EXPECT_EQ(read.statements[1].text, "PPRINT \xD8");
+  EXPECT_EQ(read.statements[2].text, "PPRINT \xE2\x82\xAC");
+}
+
 TEST(StatementReader, WideLineIsNotACardWithoutANumberInTheFirstLine) {
   const std::string wide = "GOTO/" + std::string(70, ' ') + "1,2,3";
   EXPECT_EQ(findingsOf("GOTO/1,2,3\n" + wide),
