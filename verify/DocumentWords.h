@@ -18,8 +18,8 @@ struct DocumentWords {
   /// The words of a parameter, by its name.
   std::map<std::string, Lines, std::less<>> lists;
   /// The format of a parameter that prints a number, by its name. The reader asks only whether it
-  /// prints one: how many digits there are is seen in the text, and a number is compared to half a
-  /// unit of the last one.
+  /// prints one, and nothing else: how many digits there are is seen in the text, and a number is
+  /// compared to half a unit of the last one.
   std::map<std::string, std::string, std::less<>> formats;
   /// The instruction and the sequence of each PP command, by its position from 1.
   std::vector<std::pair<std::string, int>> ppCommands;

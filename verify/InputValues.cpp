@@ -11,8 +11,9 @@ namespace {
 constexpr std::string_view kMotionMark = "#SEQMOTION#";
 constexpr double kSmallestPitch = 1e-6;
 constexpr std::size_t kLongestText = 79;
-/// The word of a list that prints nothing.
+/// The word that prints nothing, and the parameter in whose list it does.
 constexpr std::string_view kNoWord = "________";
+constexpr std::string_view kDwellUnit = "MFG_DELAY_UNIT";
 constexpr int kReverseWay = -1;
 constexpr int kSwapped = 2;
 
@@ -193,7 +194,7 @@ constexpr WordRowOfList kListWords[] = {
     {"MFG_FEED_UNIT", &InputValues::feedUnit},   {"MFG_FED_UNIT", &InputValues::feedUnit},
     {"MFG_SPNDL_UNIT", &InputValues::speedUnit}, {"MFG_SPINDL_UNIT", &InputValues::speedUnit},
     {"MFG_SPNDL_WAY", &InputValues::way, 2},     {"MFG_SPINDL_WAY", &InputValues::way, 2},
-    {"MFG_DELAY_UNIT", &InputValues::delayUnit}, {"MFG_TOOLPATH_TYPE", &InputValues::toolPathType},
+    {kDwellUnit, &InputValues::delayUnit},       {"MFG_TOOLPATH_TYPE", &InputValues::toolPathType},
 };
 
 /// The component of a triple that a parameter names; without a triple for none.
@@ -390,7 +391,8 @@ Value InputValues::wordOf(std::string_view parameter, int entry, std::size_t lea
   if (entry < 1 || list == words_.lists.end()) return {};
   if (std::max(static_cast<std::size_t>(entry), least) > list->second.size()) return {};
   const std::string& word = list->second[static_cast<std::size_t>(entry) - 1];
-  return word == kNoWord ? textValue("") : textValue(word);
+  const bool isNone = word == kNoWord && parameter == kDwellUnit;
+  return isNone ? textValue("") : textValue(word);
 }
 
 // A parameter of the activity, its tool, the assembly or the insert.

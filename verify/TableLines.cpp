@@ -11,6 +11,7 @@ constexpr std::string_view kWordEnds = " \t,/()=$%&\\";
 constexpr std::string_view kNameCharacters =
     "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_.#";
 constexpr std::string_view kOperators = "+-*";
+constexpr std::string_view kNumerals = "0123456789";
 
 bool isAnyOf(char c, std::string_view set) { return set.find(c) != std::string_view::npos; }
 bool isAsciiDigit(char c) { return c >= '0' && c <= '9'; }
@@ -111,13 +112,25 @@ bool printsMotion(const TableLine& line) {
          });
 }
 
-/// True when a % that is not one of %% is in a format.
-bool printsNumber(std::string_view format) {
-  for (std::size_t at = format.find('%'); at != std::string_view::npos;
-       at = format.find('%', at + 2)) {
-    if (!format.substr(at + 1).starts_with('%')) return true;
-  }
-  return false;
+/// Takes the characters of a set off a format.
+std::string_view takeOf(std::string_view set, std::string_view& format) {
+  const std::size_t end = std::min(format.find_first_not_of(set), format.size());
+  const std::string_view taken = format.substr(0, end);
+  format.remove_prefix(end);
+  return taken;
+}
+
+/// True for a format that prints a number in decimal digits and nothing else. A point may follow
+/// where the number has none: %.0f.
+bool printsOnlyNumber(std::string_view format) {
+  if (takeOf("%", format) != "%") return false;
+  const bool hasPoint = isAnyOf('#', takeOf("-+ #0", format));
+  takeOf(kNumerals, format);
+  const bool isWhole = format.starts_with(".0f") && !hasPoint;
+  if (format.starts_with('.')) format.remove_prefix(1);
+  takeOf(kNumerals, format);
+  if (format.empty() || !isAnyOf(format.front(), "eEfFgG")) return false;
+  return format.size() == 1 || (isWhole && format == "f.");
 }
 
 std::size_t referencesOf(const InstructionLines& lines) {
@@ -166,12 +179,12 @@ TableLine readTableLine(std::string_view text, const Words& words) {
   return line;
 }
 
-// What a format without a number prints is not followed.
+// What a format prints that has more than a number, or none, is not followed.
 void TableLines::followFormats(TableLine& line) const {
   for (Piece& piece : line.pieces) {
     const auto format = document_.formats.find(piece.text);
     const bool isOther = piece.kind != Piece::Kind::Reference || format == document_.formats.end();
-    if (!isOther && !printsNumber(format->second)) {
+    if (!isOther && !printsOnlyNumber(format->second)) {
       piece.source = {nullptr, 0, [](const InputValues&) { return Value{Value::Kind::Unknown}; }};
     }
   }

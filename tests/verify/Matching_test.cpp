@@ -274,6 +274,39 @@ TEST(Matching, LineThatLooksAlikeIsReadToItsEnd) {
   EXPECT_EQ(matched(kGo, "GOTO/1,2\n", ""), "1:9 GOTO/1,2 | GOTO/1,2,3 | 2 NC_GOTO");
 }
 
+TEST(Matching, OnlyTheUnitOfADwellHasAWordThatPrintsNothing) {
+  constexpr std::string_view kTable =
+      "*START_LIST MFG_FEED_UNIT\n________,MMPR\n*END\n"
+      "*START_NC_INSTRUCTION NC_FEEDRATE\nFEDRAT/%MFG_FEED_VALUE,&MFG_FEED_UNIT\n*END\n";
+  const WrittenText written =
+      writeJob(R"({"nc":"NC_FEEDRATE","feedrate":{"value":5,"type":"linear"}})", kTable);
+  EXPECT_EQ(written.text, "FEDRAT/    5.0000,________\n");
+  EXPECT_EQ(comparisonOf(written, written.text), "agrees, 1 elements, 1 verified, 0 own");
+  EXPECT_EQ(comparisonOf(written, "FEDRAT/5,\n"),
+            "1:10 FEDRAT/5, | FEDRAT/5,________ | 2 NC_FEEDRATE");
+}
+
+TEST(Matching, FormatWithMoreThanANumberIsNotFollowed) {
+  for (const std::string_view format :
+       {"X%.2f", "%.2fMM", "%.1f%%", "%.1f.", "%.1fE2", "%a", "%A"}) {
+    const std::string table = "*START_FORMAT MFG_YPOINT\n" + std::string(format) +
+                              "\n*END\n*START_NC_INSTRUCTION NC_GOTO\n"
+                              "GOTO/%MFG_XPOINT,%MFG_YPOINT,%MFG_ZPOINT\n*END\n";
+    const WrittenText written = writeJob(R"({"nc":"NC_GOTO","points":[[1,2,3]]})", table);
+    EXPECT_EQ(comparisonOf(written, written.text),
+              "agrees, 1 elements, 0 verified, 0 own; not verified NC_GOTO 1 from 2")
+        << format;
+  }
+  for (const std::string_view format : {"%.3f", "%-+12.4e", "%#G", "%.0f.", "%08.2F"}) {
+    const std::string table = "*START_FORMAT MFG_YPOINT\n" + std::string(format) +
+                              "\n*END\n*START_NC_INSTRUCTION NC_GOTO\n"
+                              "GOTO/%MFG_XPOINT,%MFG_YPOINT,%MFG_ZPOINT\n*END\n";
+    const WrittenText written = writeJob(R"({"nc":"NC_GOTO","points":[[1,2,3]]})", table);
+    EXPECT_EQ(comparisonOf(written, written.text), "agrees, 1 elements, 1 verified, 0 own")
+        << format;
+  }
+}
+
 TEST(Matching, TextWithADollarIsComparedWithTheWholeLine) {
   constexpr std::string_view kTable = "*START_NC_INSTRUCTION NC_RAPID\nPPRINT A $\nRAPID\n*END\n";
   EXPECT_EQ(matched(R"({"nc":"NC_RAPID"})", "PPRINT A $\nRAPID\n", kTable),
