@@ -49,7 +49,7 @@ struct Statement {
   std::vector<Joint> joints;
   /// True for a comment and for a word with a text.
   bool isText = false;
-  /// True when it is longer than a statement may be; its end is then left out.
+  /// True when it, or a line of it, is longer than it may be; its end is then left out.
   bool isCut = false;
   /// The major word; empty for a comment and where a statement begins with something else.
   std::string word;

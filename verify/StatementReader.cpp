@@ -89,21 +89,27 @@ void StatementReader::begin(Statement& statement) const {
   statement.isCut = false;
 }
 
-bool StatementReader::peek(std::string_view& line) {
+// Reads on to the line that the next statement begins with; false when there is none.
+bool StatementReader::findBegin() {
   while (!isPending_ || line_.empty()) {
     isPending_ = nextLine();
     if (!isPending_) return false;
   }
+  return true;
+}
+
+bool StatementReader::peek(std::string_view& line) {
+  if (!findBegin() || lines_.isCut()) return false;
   line = line_;
   return true;
 }
 
 bool StatementReader::next(Statement& statement) {
-  std::string_view line;
-  if (!peek(line)) return false;
+  if (!findBegin()) return false;
   isPending_ = false;
   begin(statement);
   read(statement);
+  statement.isCut = statement.isCut || lines_.isCut();
   if (report_) checkStatement(statement, words_, report_);
   return true;
 }

@@ -29,7 +29,8 @@ class StatementReader {
   /// Sets `statement` to the next one; false at the end. Empty lines are no statements.
   [[nodiscard]] bool next(Statement& statement);
   /// Sets `line` to the one that the next statement begins with, without its number and the blanks
-  /// at its end; false at the end of the text. It is valid until the next call.
+  /// at its end; false at the end of the text, and for a line that is too long. It is valid until
+  /// the next call.
   [[nodiscard]] bool peek(std::string_view& line);
   /// Leaves out the line that peek() has set.
   void skipLine() noexcept { isPending_ = false; }
@@ -40,6 +41,7 @@ class StatementReader {
 
  private:
   [[nodiscard]] bool nextLine();
+  [[nodiscard]] bool findBegin();
   void begin(Statement& statement) const;
   void read(Statement& statement);
   void readText(Statement& statement, const WordRow* word);

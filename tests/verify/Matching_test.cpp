@@ -274,6 +274,19 @@ TEST(Matching, LineThatLooksAlikeIsReadToItsEnd) {
   EXPECT_EQ(matched(kGo, "GOTO/1,2\n", ""), "1:9 GOTO/1,2 | GOTO/1,2,3 | 2 NC_GOTO");
 }
 
+TEST(Matching, NumberBeyondAComputersIsNoPrintOfAnother) {
+  constexpr std::string_view kGo = R"({"nc":"NC_GOTO","points":[[1,2,3]]})";
+  EXPECT_EQ(matched(kGo, "GOTO/1,1e999,3\n", ""), "1:8 1e999 | 2 | 2 NC_GOTO");
+  EXPECT_EQ(matched(kGo, "GOTO/1,0e999,3\n", ""), "1:8 0e999 | 2 | 2 NC_GOTO");
+}
+
+TEST(Matching, EndOfALineOrAStatementThatIsNotReadIsNotWhatTheInputSays) {
+  const WrittenText written = writeJob(R"({"nc":"NC_RAPID"})");
+  const std::string blanks(verify::TextLines::kLongestLine, ' ');
+  EXPECT_FALSE(agrees(written, "RAPID" + blanks + "/ON\nGOTO/1,2,3\n"));
+  EXPECT_FALSE(agrees(written, "RAPID$\n" + blanks.substr(3) + "/ON\n"));
+}
+
 TEST(Matching, OnlyTheUnitOfADwellHasAWordThatPrintsNothing) {
   constexpr std::string_view kTable =
       "*START_LIST MFG_FEED_UNIT\n________,MMPR\n*END\n"
