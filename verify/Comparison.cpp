@@ -21,10 +21,45 @@ std::string titleOf(const host::Element& element, std::string_view instruction, 
   return title;
 }
 
-void add(Comparison::Sightings& sightings, const std::string& name, const host::Element& element) {
+void add(Comparison::Sightings& sightings, const std::string& name, InputPlace place) {
   Sighting& sighting = sightings[name];
-  if (sighting.count++ == 0) sighting.first = placeOf(element);
+  if (sighting.count++ == 0) sighting.first = std::move(place);
 }
+
+void add(Comparison::Sightings& sightings, const std::string& name, const host::Element& element) {
+  add(sightings, name, placeOf(element));
+}
+
+/// True for a tool axis that does not point along Z.
+bool isTilted(const std::optional<host::Triple>& axis) {
+  return axis && !((*axis)[0] == 0.0 && (*axis)[1] == 0.0 && (*axis)[2] >= 0.0);
+}
+
+bool hasAxis(const host::Position& position) { return position.toolAxis.has_value(); }
+
+bool statesAxis(const host::Element& element) {
+  return isTilted(element.changes.toolAxis) ||
+         std::ranges::any_of(element.positions, isTilted, &host::Position::toolAxis);
+}
+
+bool statesFeed(const host::Element& element) {
+  return element.changes.feedrate && element.changes.feedrate->value;
+}
+
+bool statesSpeed(const host::Element& element) {
+  return element.changes.spindle && element.changes.spindle->value;
+}
+
+/// A value that elements state, and whether the lines of an instruction print it.
+struct StatedValue {
+  std::string_view name;
+  bool (*isStated)(const host::Element& element);
+  bool InstructionLines::*isPrinted;
+};
+constexpr StatedValue kStatedValues[] = {
+    {"tool axis of ", &statesAxis, &InstructionLines::printsAxis},
+    {"feed rate of ", &statesFeed, &InstructionLines::printsFeed},
+    {"spindle speed of ", &statesSpeed, &InstructionLines::printsSpeed}};
 
 bool statesMotion(const host::Element& element) {
   return !element.positions.empty() || element.changes.circle || element.changes.helix;
@@ -70,11 +105,12 @@ bool isIn(const host::Triple* end, const Ends& ends) {
 }  // namespace
 
 Comparison::Comparison(const DocumentWords& document, const Words& words, StatementSource next,
-                       double angleFactor)
+                       Generation generation)
     : document_(document),
+      generation_(std::move(generation)),
       next_(std::move(next)),
-      tables_(document, words),
-      values_(document, angleFactor) {}
+      tables_(document, words, generation_),
+      values_(document, generation_.angleFactor) {}
 
 bool Comparison::put(const host::ToolPathEvent& event) {
   if (difference_) return false;
@@ -101,12 +137,23 @@ const InstructionLines& Comparison::linesOf(const host::Element& element) {
   return *lines;
 }
 
+// As linesOf; the first sequence of an instruction is looked for once.
+const InstructionLines& Comparison::linesNamedBy(const host::Element& element) {
+  if (element.ppCommand > 0 || element.sequence != 1) return linesOf(element);
+  const std::string_view name =
+      std::string_view(element.instruction).substr(0, element.instruction.find('#'));
+  const auto known = firstSequences_.find(name);
+  if (known != firstSequences_.end()) return *known->second;
+  return *firstSequences_.emplace(std::string(name), &linesOf(element)).first->second;
+}
+
 // Most elements name what the one before them does.
 void Comparison::chooseLines(const host::Element& element) {
   const bool isSame = lines_ != nullptr && element.ppCommand == 0 &&
                       element.sequence == sequence_ && element.instruction == named_;
   if (isSame) return;
-  lines_ = &linesOf(element);
+  lines_ = &linesNamedBy(element);
+  expected_ = &allExpected_[lines_];
   sequence_ = element.ppCommand == 0 ? element.sequence : 0;
   named_ = element.instruction;
 }
@@ -115,6 +162,7 @@ bool Comparison::putElement(const host::Element& element) {
   chooseLines(element);
   values_.begin(element);
   noteLeftOut(element);
+  noteValues(element);
   long point = 0;
   for (const host::Position& position : element.positions) {
     values_.apply(position);
@@ -128,8 +176,32 @@ void Comparison::noteLeftOut(const host::Element& element) {
   if (isLacking) add(leftOut_, lines_->name, element);
 }
 
-// A circle or a helix whose end is not in its lines, but another point.
+// A value may be printed by a later element; it is left out when another one takes its place
+// before.
+void Comparison::noteValues(const host::Element& element) {
+  const auto& changes = element.changes;
+  const bool statesAny = changes.toolAxis || changes.feedrate || changes.spindle ||
+                         std::ranges::any_of(element.positions, hasAxis);
+  if (!statesAny && !hasUnprinted_) return;
+  hasUnprinted_ = false;
+  for (std::size_t at = 0; at < unprinted_.size(); ++at) {
+    const StatedValue& value = kStatedValues[at];
+    auto& unprinted = unprinted_[at];
+    if (value.isStated(element)) {
+      if (unprinted) add(leftOut_, unprinted->name, std::move(unprinted->place));
+      unprinted = {std::string(value.name) + lines_->name, placeOf(element)};
+    }
+    if (lines_->*value.isPrinted) unprinted.reset();
+    hasUnprinted_ = hasUnprinted_ || unprinted;
+  }
+}
+
+// A point in other coordinates, and a circle or a helix whose end is not in its lines, but another
+// point.
 void Comparison::noteOtherPoint(const host::Element& element) {
+  if (lines_->printsOtherPoint && !element.positions.empty()) {
+    add(otherPoints_, lines_->name, element);
+  }
   if (!element.changes.circle && !element.changes.helix) return;
   const Ends stated = statedEnds(element, values_);
   const Ends printed = printedEnds(*lines_, values_);
@@ -142,9 +214,10 @@ void Comparison::noteOtherPoint(const host::Element& element) {
 bool Comparison::write(const host::Element& element, long point) {
   ++elements_;
   noteOtherPoint(element);
-  expected_.set(*lines_, values_, document_);
-  return std::ranges::all_of(
-      expected_, [&](const ExpectedStatement& expected) { return take(expected, element, point); });
+  expected_->set(*lines_, values_, document_);
+  return std::ranges::all_of(*expected_, [&](const ExpectedStatement& expected) {
+    return take(expected, element, point);
+  });
 }
 
 // A line that is plainly as expected is the statement. A consumer that does not take each character
@@ -160,15 +233,19 @@ bool Comparison::takeLine(const ExpectedStatement& expected) {
 }
 
 bool Comparison::take(const ExpectedStatement& expected, const host::Element& element, long point) {
+  if (isLost_) return add(notVerified_, lines_->name, element), true;
   if (takeLine(expected)) {
     count(expected, element);
     return true;
   }
   const bool hasStatement = next_(statement_);
   if (hasStatement && isSame(expected, statement_, consumer_, mismatch_)) {
+    mayBeShifted_ = mayBeShifted_ || expected.mayBeEmpty();
     count(expected, element);
     return true;
   }
+  isLost_ = mayBeShifted_ || expected.mayBeEmpty();
+  if (isLost_) return add(notVerified_, lines_->name, element), true;
   if (!hasStatement) mismatch_.expected = expected.text();
   differ(std::move(mismatch_), hasStatement);
   difference_->input = placeOf(element);
@@ -197,8 +274,15 @@ void Comparison::count(const ExpectedStatement& expected, const host::Element& e
 }
 
 bool Comparison::finish() {
+  for (auto& unprinted : unprinted_) {
+    if (unprinted) add(leftOut_, unprinted->name, std::move(unprinted->place));
+    unprinted.reset();
+  }
   constexpr std::size_t kLongestShown = 60;
-  if (difference_ || !next_(statement_)) return !difference_;
+  if (isLost_ || difference_) return isLost_;
+  if (!next_(statement_)) return true;
+  isLost_ = mayBeShifted_;
+  if (isLost_) return true;
   differ({statement_.place, statement_.text.substr(0, kLongestShown), ""}, true);
   return false;
 }

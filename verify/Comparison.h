@@ -1,12 +1,15 @@
 #pragma once
 
+#include <array>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
+#include "host/system/TextHash.h"
 #include "post/toolpath/ToolPath.h"
 #include "verify/DocumentWords.h"
 #include "verify/ExpectedStatements.h"
@@ -57,9 +60,9 @@ class Comparison {
   /// Sets the next statement of the text; false at its end.
   using StatementSource = std::function<bool(Statement& statement)>;
 
-  /// The references must stay valid. Angles in radians are multiplied by the factor.
+  /// The references must stay valid.
   Comparison(const DocumentWords& document, const Words& words, StatementSource next,
-             double angleFactor = 1.0);
+             Generation generation = {});
 
   /// What the text was written for, from the beginning.
   void setConsumer(const host::Consumer& consumer) { consumer_ = consumer; }
@@ -99,11 +102,14 @@ class Comparison {
   void differ(Mismatch mismatch, bool hasStatement);
   void chooseLines(const host::Element& element);
   [[nodiscard]] const InstructionLines& linesOf(const host::Element& element);
+  [[nodiscard]] const InstructionLines& linesNamedBy(const host::Element& element);
   void count(const ExpectedStatement& expected, const host::Element& element);
   void noteLeftOut(const host::Element& element);
+  void noteValues(const host::Element& element);
   void noteOtherPoint(const host::Element& element);
 
   const DocumentWords& document_;
+  Generation generation_;
   host::Consumer consumer_;
   StatementSource next_;
   StatementReader* reader_ = nullptr;
@@ -117,12 +123,27 @@ class Comparison {
   Sightings notVerified_;
   Sightings leftOut_;
   Sightings otherPoints_;
+  /// A value that was stated and is not yet in the text: where, and what it is called.
+  struct Unprinted {
+    std::string name;
+    InputPlace place;
+  };
+  /// A tool axis, a feed rate and a spindle speed.
+  std::array<std::optional<Unprinted>, 3> unprinted_;
+  bool hasUnprinted_ = false;
   /// Of the element that is being compared, and what it names.
   const InstructionLines* lines_ = nullptr;
   std::string named_;
   int sequence_ = 0;
-  ExpectedStatements expected_;
+  ExpectedStatements* expected_ = nullptr;
+  /// First sequences of instructions, by their names, and what each expects.
+  host::TextMap<const InstructionLines*> firstSequences_;
+  std::unordered_map<const InstructionLines*, ExpectedStatements> allExpected_;
   Mismatch mismatch_;
+  /// True after a statement that can be an empty line, and where the statement after it was found
+  /// to be another one: nothing can be compared from there on.
+  bool mayBeShifted_ = false;
+  bool isLost_ = false;
 };
 
 }  // namespace verify

@@ -27,4 +27,13 @@ struct DocumentWords {
   std::string unevaluated;
 };
 
+/// What the generation states that a text is written in.
+struct Generation {
+  /// Angles in radians are multiplied by it.
+  double angleFactor = 1.0;
+  /// Of the parameters of points and tool axes, before those of the document; empty for none.
+  std::string pointFormat{};
+  std::string axisFormat{};
+};
+
 }  // namespace verify

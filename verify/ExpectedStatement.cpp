@@ -19,8 +19,6 @@ using Part = ExpectedStatement::Part;
 constexpr double kPrintedAsZero = 1e-6;
 constexpr std::size_t kLongestShown = 60;
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
 std::string shown(std::string_view text) {
   const std::size_t first = std::min(text.find_first_not_of(" \t"), text.size());
   text.remove_prefix(first);
@@ -53,11 +51,9 @@ bool take(std::string_view characters, std::string_view& text) {
   return true;
 }
 
-void takeBlanks(std::string_view& text) {
-  std::size_t blanks = 0;
-  while (blanks < text.size() && isBlank(text[blanks])) ++blanks;
-  text.remove_prefix(blanks);
-}
+void takeBlanks(std::string_view& text) { text.remove_prefix(blanksBefore(text)); }
+
+bool isMark(char c) { return c == ',' || c == '/' || c == '(' || c == ')' || c == '='; }
 
 /// Takes a short number off a text, and the blanks before it.
 bool takePrintOf(double due, std::string_view& text) {
@@ -123,34 +119,61 @@ class Matcher {
     return matchText(written);
   }
 
-  /// Blanks count between the characters of a text, and nowhere else.
   bool matchText(std::string_view text) {
-    if (isAfterNumber_) {
-      takeBlanks(rest_);
-      while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    }
-    for (const char due : text) {
-      if (!expected_.isText) takeBlanks(rest_);
-      if (isBlank(due) && isFree()) continue;
-      if (!rest_.starts_with(due)) return differ();
+    return expected_.isText ? matchCharacters(text) : matchWords(text);
+  }
+
+  /// Of a text every character counts; a number may have more blanks on both sides.
+  bool matchCharacters(std::string_view text) {
+    const std::size_t due = std::exchange(isAfterNumber_, false) ? blanksBefore(text) : 0;
+    const std::size_t blanks = blanksBefore(rest_);
+    if (due > 0 && blanks > due) rest_.remove_prefix(blanks - due);
+    for (const char character : text) {
+      if (isBlank(character) && rest_.empty()) continue;
+      if (!rest_.starts_with(character)) return differ();
       rest_.remove_prefix(1);
     }
-    isAfterNumber_ = isAfterNumber_ && text.empty();
     return true;
   }
 
-  /// True where a blank more or less means nothing: at the end, and outside of a text.
-  [[nodiscard]] bool isFree() const { return !expected_.isText || rest_.empty(); }
+  /// Outside of a text blanks count only where they part a word.
+  bool matchWords(std::string_view text) {
+    for (const char character : text) {
+      if (isBlank(character)) {
+        isBlankDue_ = true;
+        continue;
+      }
+      if (!takeGap(character) || !rest_.starts_with(character)) return differ();
+      rest_.remove_prefix(1);
+      before_ = character;
+      isAfterNumber_ = false;
+    }
+    return true;
+  }
+
+  /// Takes the blanks before a character of a word or a mark; false where a blank too many or too
+  /// few makes another word.
+  bool takeGap(char character) {
+    const std::size_t blanks = blanksBefore(rest_);
+    const bool isDue = std::exchange(isBlankDue_, false);
+    const bool isInWord = !isMark(before_) && !isMark(character);
+    if (isInWord && (isDue ? blanks == 0 : blanks > 0 && !isAfterNumber_)) return false;
+    rest_.remove_prefix(blanks);
+    return true;
+  }
 
   bool matchNumber(double due) {
+    const bool isApart = isBlankDue_ && !isMark(before_);
+    if (std::exchange(isBlankDue_, false) && isApart && blanksBefore(rest_) == 0) return differ();
     takeBlanks(rest_);
     isAfterNumber_ = true;
+    before_ = '0';
     PrintedNumber number;
     // Half a unit of one beyond all numbers is too.
     bool isBounded = true;
     std::size_t length = readShortNumber(restOfLine(), number);
     if (length == 0) {
-      length = lengthOfRun();
+      length = lengthOfNumber(restOfLine());
       const auto read = readNumber(rest_.substr(0, length));
       if (!read) return differ();
       number = *read;
@@ -172,18 +195,16 @@ class Matcher {
     return rest_;
   }
 
-  /// How long what looks like a number is.
-  [[nodiscard]] std::size_t lengthOfRun() const {
-    const std::string_view line = restOfLine();
-    return std::min(line.find_first_not_of("0123456789+-.eE"), line.size());
-  }
-
   const ExpectedStatement& expected_;
   const Statement& found_;
   const host::Consumer& consumer_;
   std::string_view rest_;
-  /// Blanks are skipped on both sides, at the beginning too.
-  bool isAfterNumber_ = true;
+  /// A number may be followed by more blanks than are due.
+  bool isAfterNumber_ = false;
+  /// The character before, outside of a text; at the beginning a mark.
+  char before_ = '/';
+  /// True when a blank is due between it and the next one.
+  bool isBlankDue_ = false;
   Mismatch& mismatch_;
 };
 
@@ -191,6 +212,13 @@ class Matcher {
 
 bool ExpectedStatement::isOpen() const {
   return !parts.empty() && parts.back().kind == Part::Kind::Anything;
+}
+
+bool ExpectedStatement::mayBeEmpty() const {
+  const auto first = std::ranges::find_if(parts, [](const Part& part) {
+    return part.kind != Part::Kind::Literal || blanksBefore(part.text) < part.text.size();
+  });
+  return first != parts.end() && first->kind == Part::Kind::Anything;
 }
 
 bool ExpectedStatement::isOneLine() const {

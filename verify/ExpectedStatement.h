@@ -41,6 +41,8 @@ struct ExpectedStatement {
 
   /// How the statement would be written, for messages.
   [[nodiscard]] std::string text() const;
+  /// True when it can be an empty line: nothing is known of its beginning.
+  [[nodiscard]] bool mayBeEmpty() const;
   /// True when the end of it is not known.
   [[nodiscard]] bool isOpen() const;
   /// True when a line with the characters of it is the statement: without a $, and not open.

@@ -99,6 +99,23 @@ std::size_t readShortNumber(std::string_view text, PrintedNumber& number) {
   return static_cast<std::size_t>(at - text.data());
 }
 
+std::size_t lengthOfNumber(std::string_view text) {
+  std::string_view rest = text;
+  takeSign(rest);
+  std::size_t digits = takeDigits(rest);
+  if (rest.starts_with('.')) {
+    rest.remove_prefix(1);
+    digits += takeDigits(rest);
+  }
+  if (digits == 0) return 0;
+  std::string_view after = rest;
+  const bool hasExponent = after.starts_with('E') || after.starts_with('e');
+  if (hasExponent) after.remove_prefix(1);
+  takeSign(after);
+  if (hasExponent && takeDigits(after) > 0) rest = after;
+  return text.size() - rest.size();
+}
+
 std::optional<PrintedNumber> readNumber(std::string_view text) {
   PrintedNumber number;
   if (!text.empty() && readShortNumber(text, number) == text.size()) return number;

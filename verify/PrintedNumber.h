@@ -24,6 +24,9 @@ struct PrintedNumber {
 /// long it is; 0 where the text begins otherwise, or where more follows that a number could have.
 [[nodiscard]] std::size_t readShortNumber(std::string_view text, PrintedNumber& number);
 
+/// How long the number is that a text begins with; 0 for none. What follows it may be anything.
+[[nodiscard]] std::size_t lengthOfNumber(std::string_view text);
+
 /// Reads a number; nothing for another text.
 [[nodiscard]] std::optional<PrintedNumber> readNumber(std::string_view text);
 

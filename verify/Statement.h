@@ -7,6 +7,16 @@
 
 namespace verify {
 
+/// True for blanks and tabs.
+inline bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+/// How many of them a text begins with.
+inline std::size_t blanksBefore(std::string_view text) {
+  std::size_t blanks = 0;
+  while (blanks < text.size() && isBlank(text[blanks])) ++blanks;
+  return blanks;
+}
+
 /// A place of a text; both count from 1, the column in bytes.
 struct TextPlace {
   long line = 0;

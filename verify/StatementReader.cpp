@@ -18,12 +18,6 @@ std::string_view withoutBlanks(std::string_view line) {
   return line;
 }
 
-std::size_t blanksBefore(std::string_view line) {
-  std::size_t blanks = 0;
-  while (blanks < line.size() && (line[blanks] == ' ' || line[blanks] == '\t')) ++blanks;
-  return blanks;
-}
-
 /// True where $$ is.
 bool hasComment(std::string_view line, std::size_t at) {
   return at + 1 < line.size() && line[at] == '$' && line[at + 1] == '$';

@@ -1,6 +1,9 @@
 #include "verify/TableLines.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
+#include <span>
 #include <utility>
 
 namespace verify {
@@ -102,14 +105,44 @@ std::string_view trimmed(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kNone) + 1);
 }
 
-/// What the parameters of points have in their names.
-constexpr std::string_view kMotionNames[] = {"MFG_XPOINT", "MFG_YPOINT", "MFG_ZPOINT",
-                                             "MFG_CIRCLE_", "MFG_HELICAL_"};
+/// The parameters that a generation has formats for.
+constexpr std::array<std::string_view, 3> kPointNames{"MFG_XPOINT", "MFG_YPOINT", "MFG_ZPOINT"};
+constexpr std::array<std::string_view, 3> kAxisNames{"MFG_XAXIS", "MFG_YAXIS", "MFG_ZAXIS"};
 
-bool printsMotion(const TableLine& line) {
-  return line.isComputed() || std::ranges::any_of(kMotionNames, [&](std::string_view name) {
-           return line.refersTo(name);
-         });
+/// The format of a generation may have commas for points.
+std::string withPoints(std::string format) {
+  std::ranges::replace(format, ',', '.');
+  return format;
+}
+
+/// True when a statement of an instruction, not a text, has all of some parameters, or may have
+/// them: one that computes may have any.
+bool prints(const InstructionLines& lines, std::span<const std::string_view> parameters) {
+  return std::ranges::any_of(lines.lines, [&](const TableLine& line) {
+    const auto isIn = [&](std::string_view name) { return line.refersTo(name); };
+    return !line.isText && (line.isComputed() || std::ranges::all_of(parameters, isIn));
+  });
+}
+
+bool prints(const InstructionLines& lines, std::string_view parameter) {
+  return prints(lines, {&parameter, 1});
+}
+
+bool printsMotion(const InstructionLines& lines) {
+  return prints(lines, kPointNames) || prints(lines, "MFG_CIRCLE_") ||
+         prints(lines, "MFG_HELICAL_");
+}
+
+/// True for a line of a point whose coordinates are not X, Y and Z.
+bool printsOtherPoint(const TableLine& line) {
+  if (line.isComputed() || (line.word != "GOTO" && line.word != "FROM")) return false;
+  std::vector<std::string_view> coordinates;
+  for (const Piece& piece : line.pieces) {
+    const bool isCoordinate = piece.kind == Piece::Kind::Reference &&
+                              std::ranges::find(kPointNames, piece.text) != kPointNames.end();
+    if (isCoordinate) coordinates.push_back(piece.text);
+  }
+  return !coordinates.empty() && !std::ranges::equal(coordinates, kPointNames);
 }
 
 /// Takes the characters of a set off a format.
@@ -179,12 +212,22 @@ TableLine readTableLine(std::string_view text, const Words& words) {
   return line;
 }
 
+// Nothing for a parameter without one.
+std::optional<std::string> TableLines::formatOf(std::string_view parameter) const {
+  for (const auto& [names, stated] : {std::pair(kPointNames, &generation_.pointFormat),
+                                      std::pair(kAxisNames, &generation_.axisFormat)}) {
+    const bool isStated = !stated->empty() && std::ranges::find(names, parameter) != names.end();
+    if (isStated) return withPoints(*stated);
+  }
+  const auto format = document_.formats.find(parameter);
+  return format == document_.formats.end() ? std::nullopt : std::optional(format->second);
+}
+
 // What a format prints that has more than a number, or none, is not followed.
 void TableLines::followFormats(TableLine& line) const {
   for (Piece& piece : line.pieces) {
-    const auto format = document_.formats.find(piece.text);
-    const bool isOther = piece.kind != Piece::Kind::Reference || format == document_.formats.end();
-    if (!isOther && !printsOnlyNumber(format->second)) {
+    const auto format = piece.kind == Piece::Kind::Reference ? formatOf(piece.text) : std::nullopt;
+    if (format && !printsOnlyNumber(*format)) {
       piece.source = {nullptr, 0, [](const InputValues&) { return Value{Value::Kind::Unknown}; }};
     }
   }
@@ -203,7 +246,11 @@ const InstructionLines* TableLines::find(std::string_view instruction, int seque
     lines.lines.push_back(readTableLine(line, words_));
   }
   for (TableLine& line : lines.lines) followFormats(line);
-  lines.printsMotion = std::ranges::any_of(lines.lines, printsMotion);
+  lines.printsMotion = printsMotion(lines);
+  lines.printsOtherPoint = std::ranges::any_of(lines.lines, printsOtherPoint);
+  lines.printsAxis = prints(lines, kAxisNames);
+  lines.printsFeed = prints(lines, "MFG_FEED_VALUE");
+  lines.printsSpeed = prints(lines, "MFG_SPNDL_SPEED");
   lines.references = referencesOf(lines);
   lines.printsPoint = lines.refersTo("MFG_XPOINT");
   lines.printsCircleEnd = lines.refersTo("MFG_CIRCLE_X_PT");

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -56,8 +57,14 @@ struct TableLine {
 struct InstructionLines {
   std::string name;
   std::vector<TableLine> lines;
-  /// True when a point, a circle or a helix is in them, or may be.
+  /// True when a whole point, a circle or a helix is in a statement of them, or may be.
   bool printsMotion = false;
+  /// True when a GOTO or FROM has other coordinates than X, Y and Z in this order.
+  bool printsOtherPoint = false;
+  /// The same for a tool axis, a feed rate and a spindle speed.
+  bool printsAxis = false;
+  bool printsFeed = false;
+  bool printsSpeed = false;
   /// True when the end of one is in them: of a line, of a circle, of a helix.
   bool printsPoint = false;
   bool printsCircleEnd = false;
@@ -71,18 +78,20 @@ struct InstructionLines {
 /// The lines of the instructions of a document, each read when it is first asked for.
 class TableLines {
  public:
-  /// Both must outlive the object.
-  TableLines(const DocumentWords& document, const Words& words)
-      : document_(document), words_(words) {}
+  /// All must outlive the object.
+  TableLines(const DocumentWords& document, const Words& words, const Generation& generation)
+      : document_(document), words_(words), generation_(generation) {}
 
   /// The lines of a sequence, from 1, of an instruction; null when the document does not have it.
   [[nodiscard]] const InstructionLines* find(std::string_view instruction, int sequence);
 
  private:
+  [[nodiscard]] std::optional<std::string> formatOf(std::string_view parameter) const;
   void followFormats(TableLine& line) const;
 
   const DocumentWords& document_;
   const Words& words_;
+  const Generation& generation_;
   std::map<std::pair<std::string, int>, InstructionLines> read_;
 };
 

@@ -56,7 +56,7 @@ SECTIONS = (
             Row("a point, one a line", each("post/lines", 1_000, 4_000)),
             Row("a circle of a job", each("post/circles", 500, 2_000)),
             Row("a circle that is read back, to one that is not", each("post/circles read back", 500, 2_000),
-                each("post/circles", 500, 2_000), 1.34, 1.34),
+                each("post/circles", 500, 2_000), 1.34, 1.35),
             Row("a feed rate of a job", each("post/feeds", 1_000, 4_000)),
             Row("a helix of a job", each("post/helices", 500, 2_000)),
             Row("a move of a listing", each("post/moves", 1_000, 4_000), None, 6_500, 6_500),

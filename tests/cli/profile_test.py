@@ -13,6 +13,7 @@ JOB = (
     '{"end":true}\n'
 )
 WIDE = "*START_NC_INSTRUCTION NC_X\nLONGER/" + ",".join(["%MFG_XPOINT"] * 8) + "\n*END\n"
+POINT = "GOTO/%MFG_XPOINT,%MFG_YPOINT,%MFG_ZPOINT"
 TEXT = "*START_NC_INSTRUCTION NC_X\nPPRINT " + "A, B" * 20 + "\n*END\n"
 
 
@@ -104,7 +105,7 @@ class Profiles(program.ProgramTest):
 
     def test_text_is_verified_with_its_profile(self):
         for profile in ("cl", "iso4343"):
-            table = "*START_NC_INSTRUCTION NC_X\nGOTO/%MFG_XPOINT,2,3\nPPRINT 1\u00b0\n*END\n"
+            table = "*START_NC_INSTRUCTION NC_X\n" + POINT + "\nPPRINT 1\u00b0\n*END\n"
             if profile == "iso4343":
                 table = table.replace("\u00b0", "")
             self.write("table", table)
@@ -118,13 +119,13 @@ class Profiles(program.ProgramTest):
             self.assertTrue(done.stdout.endswith("apt: passes\n"), done.stdout)
 
     def test_numbers_of_lines_are_in_the_same_columns_after_other_characters(self):
-        self.write("table", "*START_NC_INSTRUCTION NC_X\nPPRINT 1\u00b0 \u20ac\n%MFG_XPOINT\n*END\n")
+        self.write("table", "*START_NC_INSTRUCTION NC_X\nPPRINT 1\u00b0 \u20ac\n" + POINT + "\n*END\n")
         self.write("mine", "columns = 72\nsequence-numbers = 10\n")
         done = self.run_program("post", "job", "-t", "table", "--profile", "mine", "-o", "apt")
         self.assertIn("  verified: 2 statements", done.stderr)
         self.assertEqual(
             self.read("apt").encode("latin-1").decode(),
-            "PPRINT 1\u00b0 \u20ac" + 61 * " " + "00000010\n    1.00000" + 61 * " " + "00000020\n",
+            "PPRINT 1\u00b0 \u20ac" + 61 * " " + "00000010\nGOTO/    1.00000,    2.00000,    3.00000" + 32 * " " + "00000020\n",
         )
         done = self.run_program(
             "verify", "--strict", "apt", "--profile", "mine", "--against", "job", "-t", "table"

@@ -12,7 +12,7 @@ TABLE = (
     "*START_NC_COMMAND NC_LOOP\n*INSERT NC_LOOP\n*END\n"
     "*START_NC_COMMAND MINE NC_B\n*END\n"
     "*START_NC_INSTRUCTION NC_SPINDLE_STOP\nSPINDL/OFF\n*END\n"
-    "*START_NC_INSTRUCTION NC_GOTO\nGOTO/%MFG_XPOINT\n*END\n"
+    "*START_NC_INSTRUCTION NC_GOTO\nGOTO/%MFG_XPOINT,%MFG_YPOINT,%MFG_ZPOINT\n*END\n"
     "*START_FORMAT MFG_XPOINT\n%.1f\n*END\n"
     "*START_FORMAT MFG_FEED_UNIT\n%f\n*END\n"
     "*START_LIST MFG_MINE\nA,B\n*END\n"
@@ -38,7 +38,7 @@ class LoadReport(program.ProgramTest):
 
     def test_text_tells_where_everything_comes_from(self):
         done = self.run_program("post", "-v", "job", "-t", "table")
-        self.assertEqual((done.returncode, done.stdout), (0, "GOTO/1.0\nGOTO/4.0\n"))
+        self.assertEqual((done.returncode, done.stdout), (0, "GOTO/1.0,    2.00000,    3.00000\nGOTO/4.0,    5.00000,    6.00000\n"))
         expected = (
             "load report:\n"
             "  from the table, new:\n"

@@ -254,7 +254,7 @@ class Verify(program.ProgramTest):
             (
                 0,
                 "job:2: note left-out: NC_RAPID, 1 time: the text has no line for it, or not its "
-                "point; write a line for it in the table, or none on purpose\n",
+                "values; write a line for it in the table, or none on purpose\n",
             ),
         )
         done = self.verify("--strict=left-out", "text", "--against", "job", "-t", "table")

@@ -79,15 +79,37 @@ std::vector<std::pair<std::size_t, std::size_t>> numbersOf(const std::string& li
   return numbers;
 }
 
-/// What a text says, apart from how it is written: its lines joined, without blanks, each number by
-/// its value.
+bool isText(std::string_view line) {
+  return line.starts_with("PPRINT") || line.starts_with("PARTNO");
+}
+
+/// A line with one blank where blanks part words, and none beside marks.
+std::string withoutGaps(const std::string& line) {
+  constexpr std::string_view kMarks = ",/()=";
+  std::string all;
+  bool isGap = false;
+  for (const char c : line) {
+    if (c == ' ') {
+      isGap = true;
+      continue;
+    }
+    const bool isBetweenWords =
+        !all.empty() && kMarks.find(all.back()) == kMarks.npos && kMarks.find(c) == kMarks.npos;
+    if (std::exchange(isGap, false) && isBetweenWords) all += ' ';
+    all += c;
+  }
+  return all;
+}
+
+/// What a text says, apart from how it is written: its lines joined, without blanks beside marks,
+/// each number by its value.
 std::string meaningOf(const Lines& lines) {
   std::string all;
   for (std::string line : lines) {
-    const bool isText = line.starts_with("PPRINT") || line.starts_with("PARTNO");
-    const bool goesOn = !isText && line.ends_with('$');
+    const bool isPlain = isText(line);
+    const bool goesOn = !isPlain && line.ends_with('$');
     if (goesOn) line.pop_back();
-    if (!isText) {
+    if (!isPlain) {
       auto numbers = numbersOf(line);
       for (auto number = numbers.rbegin(); number != numbers.rend(); ++number) {
         double value = numberIn(std::string_view(line).substr(number->first, number->second));
@@ -96,7 +118,7 @@ std::string meaningOf(const Lines& lines) {
         std::snprintf(printed, sizeof printed, "%.9g", value == 0.0 ? 0.0 : value);
         line.replace(number->first, number->second, printed);
       }
-      line.erase(std::remove(line.begin(), line.end(), ' '), line.end());
+      line = withoutGaps(line);
     }
     all += line + (goesOn ? "" : "\n");
   }
@@ -117,7 +139,7 @@ class Breaker {
   std::string breakText(Lines& lines, std::size_t& place) {
     place = below(lines.size());
     std::string& line = lines[place];
-    switch (below(8)) {
+    switch (below(9)) {
       case 0:
         return changeDigit(line) ? "digit" : "";
       case 1:
@@ -136,6 +158,10 @@ class Breaker {
         return "lines swapped";
       case 6:
         return changeUnit(line) ? "unit" : "";
+      case 7:
+        if (line.size() < 2) return "";
+        line.insert(1 + below(line.size() - 1), 1, ' ');
+        return "blank";
       default:
         return turnArc(line) ? "direction" : "";
     }
@@ -240,11 +266,12 @@ std::string reasonOf(const WrittenText& written, const Lines& before, const Line
                      std::size_t place, const std::string& way) {
   const std::string& line = before[place];
   const bool isSwapped = way == "lines swapped";
-  const bool isOfLine = way == "digit" || way == "digit removed" || way == "sign";
+  const bool isOfLine = way == "digit" || way == "digit removed" || way == "sign" || way == "blank";
   if ((isOfLine || isSwapped) && isComputed(written, line) &&
       (!isSwapped || isComputed(written, before[place + 1]))) {
     return "not verified: a computed value";
   }
+  if (way == "blank" && isText(line)) return "beside a number of a text";
   const auto numbers = numbersOf(line);
   const auto others = numbersOf(after[place]);
   if (!isOfLine || numbers.size() != others.size()) return "";

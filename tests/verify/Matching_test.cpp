@@ -326,4 +326,117 @@ TEST(Matching, TextWithADollarIsComparedWithTheWholeLine) {
             "agrees, 1 elements, 2 verified, 2 own");
 }
 
+TEST(Matching, BlankInAWordMakesAnotherOne) {
+  constexpr std::string_view kRapid = R"({"nc":"NC_RAPID"})";
+  EXPECT_EQ(matched(kRapid, "RAP ID\n", ""), "1:4 RAP ID | RAPID | 2 NC_RAPID");
+  EXPECT_EQ(matched(kRapid, "  RAPID  \n", ""), "agrees, 1 elements, 1 verified, 1 own");
+}
+
+TEST(Matching, BlankBetweenWordsIsOneOrMore) {
+  constexpr std::string_view kTable =
+      "*START_NC_INSTRUCTION NC_RAPID\nLOADTL/1,%MFG_OUTPUT_COMMENT\n*END\n";
+  constexpr std::string_view kWords = R"({"nc":"NC_RAPID","comment":"A B"})";
+  for (const std::string_view text : {"LOADTL / 1,A B", " LOADTL/1 ,  A\t B"}) {
+    EXPECT_EQ(matched(kWords, text, kTable), "agrees, 1 elements, 1 verified, 0 own");
+  }
+  EXPECT_EQ(matched(kWords, "LOAD TL/1,A B\n", kTable),
+            "1:5 LOAD TL/1,A B | LOADTL/1,A B | 2 NC_RAPID");
+  EXPECT_EQ(matched(kWords, "LOADTL/1,AB\n", kTable),
+            "1:11 LOADTL/1,AB | LOADTL/1,A B | 2 NC_RAPID");
+}
+
+TEST(Matching, BlanksAroundANumberAreThoseOfItsFormat) {
+  constexpr std::string_view kGo = R"({"nc":"NC_GOTO","points":[[1,2,3]]})";
+  constexpr std::string_view kText =
+      "*START_NC_INSTRUCTION NC_GOTO\nPPRINT AT %MFG_XPOINT PERCENT\n*END\n";
+  const std::string agrees = "agrees, 1 elements, 1 verified, 0 own; left out NC_GOTO 1 from 2";
+  for (const std::string_view text : {"PPRINT AT 1 PERCENT", "PPRINT AT   1.0   PERCENT"}) {
+    EXPECT_EQ(matched(kGo, text, kText), agrees) << text;
+  }
+  EXPECT_EQ(matched(kGo, "PPRINT AT 1PERCENT\n", kText),
+            "1:12 PPRINT AT 1PERCENT | PPRINT AT 1 PERCENT | 2 NC_GOTO; left out NC_GOTO 1 from 2");
+  EXPECT_EQ(matched(kGo, "PPRINT AT1 PERCENT\n", kText),
+            "1:10 PPRINT AT1 PERCENT | PPRINT AT 1 PERCENT | 2 NC_GOTO; left out NC_GOTO 1 from 2");
+}
+
+TEST(Matching, SignAfterANumberOfATextIsNotPartOfIt) {
+  constexpr std::string_view kGo = R"({"nc":"NC_GOTO","points":[[1,2,3]]})";
+  constexpr std::string_view kTable =
+      "*START_NC_INSTRUCTION NC_GOTO\nPPRINT %MFG_XPOINT-MM,%MFG_YPOINT+%MFG_ZPOINT\n*END\n";
+  const WrittenText written = writeJob(kGo, kTable);
+  EXPECT_EQ(comparisonOf(written, written.text),
+            "agrees, 1 elements, 1 verified, 0 own; left out NC_GOTO 1 from 2");
+  EXPECT_EQ(matched(kGo, "PPRINT 1-MM,2+3\n", kTable),
+            "agrees, 1 elements, 1 verified, 0 own; left out NC_GOTO 1 from 2");
+  EXPECT_EQ(matched(kGo, "PPRINT 1-MM,2-3\n", kTable),
+            "1:14 PPRINT 1-MM,2-3 | PPRINT 1-MM,2+3 | 2 NC_GOTO; left out NC_GOTO 1 from 2");
+  EXPECT_EQ(matched(kGo, "PPRINT 1-MM,2+4\n", kTable),
+            "1:15 4 | 3 | 2 NC_GOTO; left out NC_GOTO 1 from 2");
+}
+
+TEST(Matching, FormatsOfTheGenerationAreFollowedAsThoseOfTheDocument) {
+  WrittenText written = writeJob(R"({"nc":"NC_GOTO","points":[[1,2,3]]})", "");
+  written.generation.pointFormat = "X%.3f";
+  EXPECT_EQ(comparisonOf(written, "GOTO/X1.000,X2.000,X3.000\n"),
+            "agrees, 1 elements, 0 verified, 0 own; not verified NC_GOTO 1 from 2");
+  written.generation.pointFormat = "%,3f";
+  EXPECT_EQ(comparisonOf(written, "GOTO/1.000,2.000,3.000\n"),
+            "agrees, 1 elements, 1 verified, 0 own");
+  written.generation.pointFormat = "";
+  written.generation.axisFormat = "%a";
+  EXPECT_EQ(comparisonOf(written, "GOTO/1,2,3\n"), "agrees, 1 elements, 1 verified, 0 own");
+}
+
+TEST(Matching, NothingIsRefusedAfterALineThatMayBeEmpty) {
+  constexpr std::string_view kTable =
+      "*START_NC_INSTRUCTION NC_RAPID\n%MFG_XPOINT/%MFG_YPOINT\nRAPID\n*END\n";
+  constexpr std::string_view kGo = R"({"nc":"NC_RAPID"}
+{"nc":"NC_GOTO","points":[[1,2,3]]})";
+  const WrittenText written = writeJob(kGo, kTable);
+  EXPECT_EQ(written.text, "\nRAPID\nGOTO/    1.00000,    2.00000,    3.00000\n");
+  EXPECT_EQ(comparisonOf(written, written.text),
+            "agrees, 2 elements, 0 verified, 0 own; not verified NC_GOTO 1 from 3; "
+            "not verified NC_RAPID 2 from 2");
+  // Where the line is there, all goes on.
+  EXPECT_EQ(comparisonOf(written, "0.5\nRAPID\nGOTO/1,2,3\n"),
+            "agrees, 2 elements, 2 verified, 1 own; not verified NC_RAPID 1 from 2");
+}
+
+TEST(Matching, PointInOtherCoordinatesIsNotTheStatedOne) {
+  constexpr std::string_view kGo = R"({"nc":"NC_GOTO","points":[[1,2,3],[1,2,4]]})";
+  const auto table = [](std::string_view line) {
+    return "*START_NC_INSTRUCTION NC_GOTO\n" + std::string(line) + "\n*END\n";
+  };
+  EXPECT_EQ(
+      matched(kGo, "GOTO/2,1,3\nGOTO/2,1,4\n", table("GOTO/%MFG_YPOINT,%MFG_XPOINT,%MFG_ZPOINT")),
+      "agrees, 2 elements, 2 verified, 0 own; other point NC_GOTO 2 from 2");
+  EXPECT_EQ(matched(kGo, "GOTO/1,2,7\nGOTO/1,2,7\n", table("GOTO/%MFG_XPOINT,%MFG_YPOINT,7")),
+            "agrees, 2 elements, 2 verified, 0 own; left out NC_GOTO 1 from 2; "
+            "other point NC_GOTO 2 from 2");
+  EXPECT_EQ(
+      matched(kGo, "GOTO/9,2,3\nGOTO/9,2,4\n", table("GOTO/%MFG_XPOINT+8,%MFG_YPOINT,%MFG_ZPOINT")),
+      "agrees, 2 elements, 0 verified, 0 own; not verified NC_GOTO 2 from 2");
+}
+
+TEST(Matching, ValuesThatNoLinePrintsAreLeftOut) {
+  constexpr std::string_view kTable =
+      "*START_NC_INSTRUCTION NC_FEEDRATE\nFEDRAT/7\n*END\n"
+      "*START_NC_INSTRUCTION NC_SPINDLE\nSPINDL/%MFG_SPNDL_SPEED\n*END\n"
+      "*START_NC_INSTRUCTION NC_RAPID\nRAPID\n*END\n";
+  constexpr std::string_view kJob = R"({"nc":"NC_FEEDRATE","feedrate":{"value":5}}
+{"nc":"NC_FEEDRATE","feedrate":{"value":6}}
+{"nc":"NC_RAPID","spindle":{"value":100}}
+{"nc":"NC_SPINDLE"}
+{"nc":"NC_RAPID","spindle":{"value":200}}
+{"nc":"NC_RAPID","spindle":{"value":300}}
+{"nc":"NC_SPINDLE"}
+{"nc":"NC_GOTO","points":[[1,2,3,0,0,1],[1,2,3,0,1,0]]})";
+  EXPECT_EQ(matched(kJob,
+                    "FEDRAT/7\nFEDRAT/7\nRAPID\nSPINDL/100\nRAPID\nRAPID\nSPINDL/300\n"
+                    "GOTO/1,2,3\nGOTO/1,2,3\n",
+                    kTable),
+            "agrees, 9 elements, 9 verified, 5 own; left out feed rate of NC_FEEDRATE 2 from 2; "
+            "left out spindle speed of NC_RAPID 1 from 6; left out tool axis of NC_GOTO 1 from 9");
+}
+
 }  // namespace

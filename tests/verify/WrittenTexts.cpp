@@ -50,7 +50,7 @@ void load(host::Document& document, const std::string& table) {
 void write(const KEPVar<host::Document>& document, host::ToolPathReader& reader,
            WrittenText& written) {
   written.document = documentWords(*document);
-  written.angleFactor = currentAngleFactor();
+  written.generation = currentGeneration();
   StoredEvents events(reader, written.events);
   TextLines lines;
   host::Generator generator(document, written.name, lines);
@@ -120,7 +120,7 @@ std::string comparisonOf(const WrittenText& written, verify::StatementReader& re
                          const verify::Words& words, LineUse use) {
   verify::Comparison comparison(
       written.document, words, [&](verify::Statement& statement) { return reader.next(statement); },
-      written.angleFactor);
+      written.generation);
   if (use == LineUse::Taken) comparison.takeLinesFrom(reader);
   for (const host::ToolPathEvent& event : written.events) {
     if (!comparison.put(event)) break;

@@ -14,7 +14,7 @@ struct WrittenText {
   std::string text;
   std::vector<host::ToolPathEvent> events;
   verify::DocumentWords document;
-  double angleFactor = 1.0;
+  verify::Generation generation{};
 };
 
 /// What is posted: files of the examples, or their paths. Of a listing also the rotary axes.

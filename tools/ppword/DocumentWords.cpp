@@ -35,9 +35,15 @@ verify::DocumentWords documentWords(const host::Document& document) {
   return words;
 }
 
-double currentAngleFactor() {
-  double factor = 1.0;
+verify::Generation currentGeneration() {
+  constexpr int kNcDataFormat = 1;
+  verify::Generation current;
   const auto generation = KEPMfgGeneratorData::GetCurrentKEPIMfgGeneratorData();
-  if (generation) generation->GetAngleFactor(factor);
-  return factor;
+  if (!generation) return current;
+  generation->GetAngleFactor(current.angleFactor);
+  const KEPIMfgOutputSettings_var settings = generation->GetOutputSettings();
+  if (!settings) return current;
+  current.pointFormat = settings->GetPointFormat(kNcDataFormat).View();
+  current.axisFormat = settings->GetAxisFormat(kNcDataFormat).View();
+  return current;
 }

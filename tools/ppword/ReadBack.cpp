@@ -50,7 +50,7 @@ ReadBack::ReadBack(ToolPathInput& input, host::OutputFile& file,
       comparison_(
           words_->document, words_->words,
           [this](verify::Statement& statement) { return reader_.next(statement); },
-          currentAngleFactor()) {
+          currentGeneration()) {
   comparison_.takeLinesFrom(reader_);
   if (profile != nullptr) comparison_.setConsumer(profile->consumer);
 }

@@ -13,7 +13,7 @@
 [[nodiscard]] verify::DocumentWords documentWords(const host::Document& document);
 
 /// What angles in radians are multiplied by in the program that is being generated.
-[[nodiscard]] double currentAngleFactor();
+[[nodiscard]] verify::Generation currentGeneration();
 
 /// The major words of the table at `path` that texts follow.
 [[nodiscard]] std::vector<std::string> textWordsOf(const std::string& path);

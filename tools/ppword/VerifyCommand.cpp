@@ -175,7 +175,7 @@ VerifyReport compared(const VerifyOptions& options) {
   ReadText text(options.text, reading);
   verify::Comparison comparison(
       document, reading.words, [&](verify::Statement& statement) { return text.next(statement); },
-      currentAngleFactor());
+      currentGeneration());
   if (reading.profile) comparison.setConsumer(reading.profile->consumer);
   compare(input, showsProgress(options.format), comparison);
   VerifyReport& report = text.finish(showsProgress(options.format));
