@@ -27,6 +27,15 @@ std::string sequenceText(long number) {
   return digits;
 }
 
+std::string shownCharacter(std::string_view character) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  const auto byte = static_cast<unsigned char>(character[0]);
+  if (character.size() > 1 || (byte > ' ' && byte < 0x7F)) {
+    return '\'' + std::string(character) + '\'';
+  }
+  return std::string("the byte ") + kDigits[byte / 16] + kDigits[byte % 16];
+}
+
 std::string_view characterAt(std::string_view text, std::size_t at) {
   return text.substr(at, std::max<std::size_t>(utf8Length(text, at), 1));
 }

@@ -32,6 +32,9 @@ inline constexpr std::size_t kSequenceDigits = 8;
 /// A sequence number as it is written: zeros before it, and more digits where it has more.
 [[nodiscard]] std::string sequenceText(long number);
 
+/// A character for messages: in quotes, or its byte.
+[[nodiscard]] std::string shownCharacter(std::string_view character);
+
 /// The character at a place of a text in UTF-8, or a byte that is none.
 [[nodiscard]] std::string_view characterAt(std::string_view text, std::size_t at);
 

@@ -9,16 +9,6 @@
 namespace host {
 namespace {
 
-/// A character for messages.
-std::string shown(std::string_view character) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  const auto byte = static_cast<unsigned char>(character[0]);
-  if (character.size() > 1 || (byte > ' ' && byte < 0x7F)) {
-    return '\'' + std::string(character) + '\'';
-  }
-  return std::string("the byte ") + kDigits[byte / 16] + kDigits[byte % 16];
-}
-
 /// The line for messages: as much of it as fits into one.
 std::string beginning(std::string_view line) {
   constexpr std::size_t kMost = 40;
@@ -71,7 +61,8 @@ std::string ConsumerLines::inSet(std::string_view line) {
     } else {
       const char other = replacementOf(character, consumer_);
       if (other == '\0')
-        throw UnfitLine("its reader does not take " + shown(character) + "; write another one");
+        throw UnfitLine("its reader does not take " + shownCharacter(character) +
+                        "; write another one");
       text += other;
       count(character);
     }

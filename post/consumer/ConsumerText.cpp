@@ -83,7 +83,9 @@ void ConsumerText::checkWidth(std::string_view line) const {
 void ConsumerText::checkCharacters(std::string_view line) const {
   for (std::size_t at = 0; at < line.size();) {
     const std::string_view character = characterAt(line, at);
-    if (!takes(consumer_, character)) return report(line, at, character.size(), "a character");
+    if (!takes(consumer_, character)) {
+      return report(line, at, character.size(), shownCharacter(character));
+    }
     at += character.size();
   }
 }
