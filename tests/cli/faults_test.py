@@ -62,6 +62,36 @@ class PlaceOfText(program.ProgramTest):
         self.assertEqual((os.listdir(f"{self.folder}/out"), self.read("out/apt")), (["apt"], "old\n"))
 
 
+class Records(program.ProgramTest):
+    """Each text is synchronised, and the records of all jobs once, in a file as in a pipe."""
+
+    JOBS = 5
+
+    def post(self, fault):
+        names = [f"part{number}.jsonl" for number in range(self.JOBS)]
+        for name in names:
+            self.write(name, JOB)
+        command = ("post", *names, "--output-dir", "out", "--format", "jsonl")
+        with open(os.path.join(self.folder, "records"), "w", encoding="ascii") as records:
+            return self.run_with_fault(fault, *command, stdout=records)
+
+    def test_file_of_records_is_synchronised_once(self):
+        self.check(self.post(f"fsync:file:{self.JOBS + 1}:{errno.EIO}"), 0)
+        records = [json.loads(line) for line in self.read("records").splitlines()]
+        self.assertEqual([record["status"] for record in records], [0] * (self.JOBS + 1))
+        self.assertEqual(records[-1]["totals"]["written"], self.JOBS)
+
+    def test_records_that_are_not_synchronised_are_an_error(self):
+        done = self.post(f"fsync:file:{self.JOBS}:{errno.EIO}")
+        self.assertEqual(done.returncode, 3)
+        message = "standard output cannot be written: Input/output error"
+        self.assertEqual(
+            json.loads(done.stderr),
+            {"status": 3, "diagnostics": [{"severity": "error", "message": message}]},
+        )
+        self.assertEqual(len(os.listdir(os.path.join(self.folder, "out"))), self.JOBS)
+
+
 class PlaceOfDocument(program.ProgramTest):
     def commands(self):
         return self.run_program("document", "show", "d", "pp-commands").stdout

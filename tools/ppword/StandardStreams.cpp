@@ -10,6 +10,14 @@
 #include "post/output/OutputFile.h"
 #include "tools/ppword/Commands.h"
 
+namespace {
+
+void putText(std::string_view text, host::OutputFile& output) {
+  if (!text.empty()) output.write(text.substr(0, text.size() - 1));
+}
+
+}  // namespace
+
 void prepareStandardStreams() {
   for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(descriptor, F_GETFD) != -1 || errno != EBADF) continue;
@@ -23,8 +31,14 @@ void prepareStandardStreams() {
 
 void writeOutput(std::string_view text) {
   host::OutputFile output("-");
-  if (!text.empty()) output.write(text.substr(0, text.size() - 1));
+  putText(text, output);
   output.finish();
+}
+
+void writePartOfOutput(std::string_view text) {
+  host::OutputFile output("-");
+  putText(text, output);
+  output.complete();
 }
 
 bool showsColours() noexcept {

@@ -7,9 +7,13 @@
 /// become write errors.
 void prepareStandardStreams();
 
-/// Writes all of `text`, which is empty or ends with a line feed, to the standard output. Raises an
-/// OutputError when that fails.
+/// Writes all of `text`, which is empty or ends with a line feed, to the standard output, and makes
+/// sure that a file is on the disk. Raises an OutputError when that fails.
 void writeOutput(std::string_view text);
+
+/// Writes a part of what is synchronised once, with the last part: by writeOutput. Otherwise the
+/// same.
+void writePartOfOutput(std::string_view text);
 
 /// True when the standard error is a terminal that shows colours: not with TERM=dumb, nor with a
 /// setting NO_COLOR that is not empty.

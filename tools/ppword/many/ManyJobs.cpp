@@ -117,18 +117,20 @@ class Records {
 
   void take(const JobRecord& record) {
     count(record);
-    if (!options_.quiet || statusOf(record) != ExitStatus::Done) show(record.text);
+    const bool isShown = !options_.quiet || statusOf(record) != ExitStatus::Done;
+    if (isShown) show(record.text, writePartOfOutput);
     progress_.add(1);
   }
 
   [[nodiscard]] ExitStatus finish() {
-    if (!options_.quiet || status_ != ExitStatus::Done) show(totals());
+    if (!options_.quiet || status_ != ExitStatus::Done) show(totals(), writeOutput);
     return status_;
   }
 
  private:
-  void show(const std::string& text) {
-    if (options_.format == OutputFormat::Records) return writeOutput(text);
+  // A file of records is synchronised once, with the totals.
+  void show(const std::string& text, void (*writeRecord)(std::string_view)) {
+    if (options_.format == OutputFormat::Records) return writeRecord(text);
     progress_.clear();
     writeMessage(text);
   }
