@@ -329,6 +329,16 @@ class Options(ManyJobs):
             "3 jobs: 2 written, 1 not written; 4 elements, 4 lines\n",
         )
 
+    def test_quiet_records_end_with_the_totals(self):
+        names = self.write_jobs(2)
+        counts = {"jobs": 2, "written": 2, "notWritten": 0, "elements": 4, "lines": 4}
+        wanted = {"layout": 1, "status": 0, "totals": counts}
+        self.assertEqual(self.records(*names, "-q"), (0, [], wanted))
+        status, records, totals = self.records(*names, "absent", "-q", "-j", "2")
+        self.assertEqual((status, [each["file"] for each in records]), (1, ["absent"]))
+        counts = {**counts, "jobs": 3, "notWritten": 1}
+        self.assertEqual(totals, {"layout": 1, "status": 1, "totals": counts})
+
 
 if __name__ == "__main__":
     program.main()

@@ -117,17 +117,22 @@ class Records {
 
   void take(const JobRecord& record) {
     count(record);
-    const bool isShown = !options_.quiet || statusOf(record) != ExitStatus::Done;
-    if (isShown) show(record.text, writePartOfOutput);
+    if (isShown(statusOf(record))) show(record.text, writePartOfOutput);
     progress_.add(1);
   }
 
   [[nodiscard]] ExitStatus finish() {
-    if (!options_.quiet || status_ != ExitStatus::Done) show(totals(), writeOutput);
+    // Programs read the totals as the end of the records.
+    const bool isRead = options_.format == OutputFormat::Records;
+    if (isRead || isShown(status_)) show(totals(), writeOutput);
     return status_;
   }
 
  private:
+  [[nodiscard]] bool isShown(ExitStatus status) const {
+    return !options_.quiet || status != ExitStatus::Done;
+  }
+
   // A file of records is synchronised once, with the totals.
   void show(const std::string& text, void (*writeRecord)(std::string_view)) {
     if (options_.format == OutputFormat::Records) return writeRecord(text);
