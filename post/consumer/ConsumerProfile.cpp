@@ -156,12 +156,36 @@ class ProfileReader {
     if (setting == kSettings.end()) line.refuse(unknown(name));
     readSetting(*setting, line);
   }
+  /// Refuses settings that contradict each other.
   void finish() const {
-    if (profile_.consumer.sequenceStep == 0 || profile_.consumer.columns == 72) return;
-    throw InputError(file_, sequenceLine_, 1, "sequence-numbers need columns = 72");
+    const Consumer& consumer = profile_.consumer;
+    if (consumer.sequenceStep != 0 && consumer.columns != 72) {
+      const Place& step = placeOf(readSequence);
+      throw InputError(file_, step.line, 1, "sequence-numbers need columns = 72");
+    }
+    const std::string_view replacement(&consumer.replacement, 1);
+    if (consumer.replacement == '\0' || takes(consumer, replacement)) return;
+    // Any other set has all that a replacement can be.
+    const Place& place = placeOf(readReplacement);
+    throw InputError(file_, place.line, place.column,
+                     quoted(replacement) +
+                         " is not among characters = capitals; write a capital, "
+                         "a digit or one of + - * / , . ( ) = $ '");
   }
 
  private:
+  /// Of a value, from 1; 0 for a setting that is not there.
+  struct Place {
+    long line = 0;
+    long column = 0;
+  };
+
+  [[nodiscard]] const Place& placeOf(decltype(Setting::read) reader) const {
+    const auto* const setting =
+        std::find_if(kSettings.begin(), kSettings.end(),
+                     [reader](const Setting& each) { return each.read == reader; });
+    return places_[static_cast<std::size_t>(setting - kSettings.data())];
+  }
   static std::string unknown(std::string_view name) {
     std::string message = quoted(name) + " is not 'word'";
     for (const Setting& setting : kSettings) {
@@ -180,21 +204,19 @@ class ProfileReader {
     line.requireEnd();
   }
   void readSetting(const Setting& setting, ProfileLine& line) {
-    bool& isSet = isSet_[static_cast<std::size_t>(&setting - kSettings.data())];
-    if (isSet) line.refuse(quoted(setting.name) + " is there twice");
-    isSet = true;
+    Place& place = places_[static_cast<std::size_t>(&setting - kSettings.data())];
+    if (place.line != 0) line.refuse(quoted(setting.name) + " is there twice");
     const std::string_view value = line.takeValue(quoted(setting.name), setting.values);
+    place = {line.number(), line.column()};
     if (!setting.read(value, profile_.consumer)) {
       line.refuse(std::string(setting.values) + " is expected, found " + quoted(value));
     }
-    if (setting.read == readSequence) sequenceLine_ = line.number();
     line.requireEnd();
   }
 
   std::string_view file_;
   ConsumerProfile& profile_;
-  std::array<bool, kSettings.size()> isSet_{};
-  long sequenceLine_ = 0;
+  std::array<Place, kSettings.size()> places_{};
 };
 
 /// Passes the lines of a text to a reader.

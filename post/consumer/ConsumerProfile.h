@@ -41,13 +41,13 @@ struct ShippedProfile {
 ///   line-end = lf | crlf
 ///   sequence-numbers = off | STEP     a whole number from 1 to 9999999
 ///   characters = any | ascii | capitals
-///   other-characters = refuse | CHARACTER
+///   other-characters = refuse | CHARACTER     one of the characters above
 ///   longest-word = any | LETTERS      from 1 to 80
 ///   word WORD = KNOWN
 ///
 /// Raises an InputError with the place of what is wrong: an unknown setting, one that is there
-/// twice, another value, numbers without columns = 72, more than 10,000 lines, and what a
-/// LineReader refuses.
+/// twice, another value, numbers without columns = 72, a replacement that is not among the
+/// characters, more than 10,000 lines, and what a LineReader refuses.
 [[nodiscard]] ConsumerProfile readProfile(const std::string& nameOrFile);
 
 }  // namespace host

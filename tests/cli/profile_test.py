@@ -177,8 +177,13 @@ class Profiles(program.ProgramTest):
             "bad:2:1: error: 'speed' is not 'word', 'columns', 'line-end', 'sequence-numbers', "
             "'characters', 'other-characters' or 'longest-word'"
         )
+        self.write("small", "characters = capitals\nother-characters = a\n")
+        small = (
+            "small:2:20: error: 'a' is not among characters = capitals; write a capital, a digit "
+            "or one of + - * / , . ( ) = $ '"
+        )
         missing = "none: error: cannot be opened: No such file or directory"
-        for profile, expected in (("bad", message), ("none", missing)):
+        for profile, expected in (("bad", message), ("small", small), ("none", missing)):
             for command in (
                 ("post", "job", "-t", "wide", "-o", "apt"),
                 ("check", "--lint", "wide"),

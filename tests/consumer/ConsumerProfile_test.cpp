@@ -45,7 +45,7 @@ TEST(ConsumerProfile, EverySettingIsRead) {
       "line-end = crlf\n"
       "  sequence-numbers\t= 100\n"
       "characters = capitals\n"
-      "other-characters = #\n"
+      "other-characters = *\n"
       "longest-word = 8\n"
       "word MOVE = GOTO\n"
       "word FAST=RAPID");
@@ -54,7 +54,7 @@ TEST(ConsumerProfile, EverySettingIsRead) {
   EXPECT_TRUE(consumer.endsWithReturn);
   EXPECT_EQ(consumer.sequenceStep, 100);
   EXPECT_EQ(consumer.characters, Consumer::Characters::Capitals);
-  EXPECT_EQ(consumer.replacement, '#');
+  EXPECT_EQ(consumer.replacement, '*');
   EXPECT_EQ(consumer.longestWord, 8);
   ASSERT_EQ(profile.words.size(), 2U);
   EXPECT_EQ(profile.words[0].word, "MOVE");
@@ -121,6 +121,22 @@ TEST(ConsumerProfile, MistakesAreRefusedWithTheirPlace) {
   EXPECT_EQ(mistake("word A = B C"), "1:12 'C' is one word too many");
   EXPECT_EQ(mistake(std::string(10000, '\n')), "");
   EXPECT_EQ(mistake(std::string(10000, '\n') + "#\n"), "10001:1 a profile has at most 10000 lines");
+}
+
+TEST(ConsumerProfile, ReplacementIsOneThatTheReaderTakes) {
+  const std::string advice =
+      " is not among characters = capitals; write a capital, a digit or one of + - * / , . ( ) = "
+      "$ '";
+  EXPECT_EQ(mistake("characters = capitals\nother-characters = a"), "2:20 'a'" + advice);
+  EXPECT_EQ(mistake("other-characters =  ? # mark\n\ncharacters = capitals\n"),
+            "1:21 '?'" + advice);
+  for (const char each : std::string("AZ09+-*/,.()=$'")) {
+    EXPECT_EQ(mistake(std::string("characters = capitals\nother-characters = ") + each), "")
+        << each;
+  }
+  EXPECT_EQ(mistake("characters = ascii\nother-characters = a"), "");
+  EXPECT_EQ(mistake("characters = any\nother-characters = ~"), "");
+  EXPECT_EQ(mistake("characters = capitals\nother-characters = refuse"), "");
 }
 
 }  // namespace
