@@ -1,5 +1,6 @@
 """The manual page and the help texts tell the same, and what they show as examples runs."""
 
+import json
 import os
 import re
 import shlex
@@ -62,6 +63,15 @@ class Manual(program.ProgramTest):
         self.assertEqual(len(names), 4)
         for name in names:
             self.assertIn(f"\n.B {name}\n", self.page)
+
+    def test_every_member_of_a_report_is_described(self):
+        described = self.page.split("\n.SH JSON\n")[1].split("\n.TP\n.B post\n")[1]
+        words = set(re.findall(r"\w+", described.split("\n.TP\n")[0]))
+        listing = os.path.join(program.EXAMPLES, "bracket.canon")
+        done = self.run_program("post", listing, "-o", "text", "-v", "--format", "json")
+        report = json.loads(done.stderr)
+        self.assertGreater(len(report), 20)
+        self.assertEqual(set(report) - words, set())
 
     def test_version_is_that_of_the_program(self):
         version = self.run_program("--version").stdout.strip()
