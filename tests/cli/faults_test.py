@@ -165,6 +165,22 @@ class SuccessThatCannotBePrinted(program.ProgramTest):
             self.check(self.run_document(action, "d"), 3, "", f"ppword: error: {FULL}")
 
 
+class MessagesThatCannotBePrinted(program.ProgramTest):
+    def run_in_silence(self, *arguments):
+        with open("/dev/full", "w", encoding="ascii") as full:
+            return self.run_program(*arguments, stderr=full)
+
+    def test_exit_status_is_the_same(self):
+        self.write("job", JOB)
+        for form in ("text", "json"):
+            self.check(self.run_in_silence("post", "job", "-o", "apt", "--format", form), 0)
+            self.assertEqual(self.read("apt"), APT)
+            self.check(self.run_in_silence("post", "job", "-o", "no/apt", "--format", form), 3)
+        self.check(self.run_in_silence("post", "job", "--output-dir", "out"), 0)
+        self.check(self.run_in_silence("post", "absent"), 1)
+        self.check(self.run_in_silence("post", "--nosuch"), 2)
+
+
 class Tables(program.ProgramTest):
     ERROR = "ERR_5009: the PP word table cannot be opened: "
     COMMANDS = (
