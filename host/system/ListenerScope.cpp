@@ -59,4 +59,9 @@ void ListenerScope::ValueLacking(Lack why) {
   previous_->ValueLacking(why);
 }
 
+void ListenerScope::GenerationFormatUsed(const KEPUnicodeString& format) {
+  listener_.GenerationFormatUsed(format);
+  previous_->GenerationFormatUsed(format);
+}
+
 }  // namespace host

@@ -34,6 +34,7 @@ class KEP_PLATFORM ListenerScope final : private KEPMfgPPWordListener {
                       std::string_view result) override;
   void TableEntry(Section section, int number, std::string_view name, Outcome outcome) override;
   void ValueLacking(Lack why) override;
+  void GenerationFormatUsed(const KEPUnicodeString& format) override;
 
   KEPMfgPPWordListener& listener_;
   KEPMfgPPWordListener* previous_;

@@ -26,7 +26,7 @@ struct ExplainedReference {
   std::optional<KEPMfgParameterValue> value;
   /// Why there is no value, or an empty one.
   std::optional<KEPMfgPPWordListener::Lack> lack;
-  /// The format of the type.
+  /// The format of the running generation that printed the number, otherwise that of the type.
   std::optional<std::string> format;
   KEPMfgPPWordListener::Source source = KEPMfgPPWordListener::Source::NotEvaluated;
   /// What took its place; nothing for an operand between parentheses.

@@ -55,6 +55,10 @@ void PassRecorder::ValueLacking(Lack why) {
   if (!pass_.references.empty()) pass_.references.back().lack = why;
 }
 
+void PassRecorder::GenerationFormatUsed(const KEPUnicodeString& format) {
+  if (!pass_.references.empty()) pass_.references.back().format = format.View();
+}
+
 void PassRecorder::TextDropped(std::string_view name, std::string_view text) {
   pass_.cuts.push_back({std::string(name), std::string(text)});
 }

@@ -20,6 +20,7 @@ class PassRecorder final : public KEPMfgPPWordListener {
   void ValueFound(const KEPMfgParameterValue& value, const KEPUnicodeString* format) override;
   void ReferenceReplaced(std::string_view name, Source source, std::string_view text) override;
   void ValueLacking(Lack why) override;
+  void GenerationFormatUsed(const KEPUnicodeString& format) override;
   void TextDropped(std::string_view name, std::string_view text) override;
   void OperationEnded(Operation outcome, std::string_view operation,
                       std::string_view result) override;

@@ -175,6 +175,10 @@ class KEP_PLATFORM KEPMfgPPWordListener {
   /// False when LineAfterPass does nothing: the lines are not reported then, which is quicker.
   [[nodiscard]] virtual bool ReceivesLines() const { return true; }
 
+  /// The number of the reference that was looked up last is printed in this format of the running
+  /// generation, not in that of its type.
+  virtual void GenerationFormatUsed(const KEPUnicodeString& /*format*/) {}
+
   /// The listener of the session; null when there is none.
   [[nodiscard]] static KEPMfgPPWordListener* Current() noexcept;
 };

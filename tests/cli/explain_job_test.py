@@ -170,6 +170,34 @@ class Elements(Place):
         self.write("job:4", JOB)
         self.assertEqual(self.outputs("--job", "job:4:6:1", "table")[0][0], "NC_TEXT")
 
+    def test_format_is_the_one_of_the_header_that_printed_the_number(self):
+        formats = '"units":"mm","pointFormat":"%.3f","axisFormat":"%.1f"}'
+        self.write("own", JOB.replace('"units":"mm"}', formats, 1))
+        syntax = "X/%MFG_XPOINT,%MFG_XAXIS,%MFG_FEED_VALUE,%DEPTH"
+        self.write("mixed", f"*START_NC_INSTRUCTION NC_GOTO\n{syntax}\n*END\n")
+
+        def printed(job):
+            element = self.explain("--job", f"{job}:4", "mixed")["elements"][0]
+            passes = element["lines"][0]["passes"]
+            return [
+                (each["reference"], each["format"], each["text"])
+                for made in passes
+                for each in made["references"]
+            ]
+
+        plain, own = printed("job"), printed("own")
+        self.assertEqual(
+            own[:2], [("%MFG_XPOINT", "%.3f", "1.000"), ("%MFG_XAXIS", "%.1f", "0.0")]
+        )
+        self.assertEqual(
+            plain[:1] + own[2:],
+            [
+                ("%MFG_XPOINT", "%11.5f", "    1.00000"),
+                ("%MFG_FEED_VALUE", "%10.4f", "  300.0000"),
+                ("%DEPTH", None, "    2.500000"),
+            ],
+        )
+
 
 class Refusals(Place):
     def test_line_without_an_element_names_the_nearest(self):

@@ -8,6 +8,7 @@
 #include "KEPIMfgPPWordContainer.h"
 #include "Manufacturing/KEPMfgPPWordListener.h"
 #include "ObjectSpecsModeler/KEPIContainer.h"
+#include "host/manufacturing/GeneratorData.h"
 #include "host/system/Session.h"
 #include "inspect/explain/Explanation.h"
 #include "tests/support/Mutator.h"
@@ -61,6 +62,28 @@ TEST_F(Explain, ReferencesHaveThePrefixOfTheirPass) {
   }
   EXPECT_EQ(references, (Texts{"references &: &W", "references %(: %(D)", "groups %: %I",
                                "groups %: %J", "references %: %K"}));
+}
+
+TEST_F(Explain, FormatIsTheOneThatPrintedTheNumber) {
+  format("MFG_XPOINT", "%11.5f");
+  format("MFG_XAXIS", "%.1f");
+  format("MFG_CIRCLE_RADIUS", "%.2f");
+  const Texts syntax{"X/%MFG_XPOINT,%MFG_XAXIS,%MFG_CIRCLE_RADIUS"};
+  const auto formats = [&] {
+    Texts all;
+    const auto explanation = explained(syntax);
+    for (const auto& pass : explanation.lines.at(0).passes) {
+      for (const auto& reference : pass.references)
+        all.push_back(reference.format.value_or("none"));
+    }
+    return all;
+  };
+  EXPECT_EQ(formats(), (Texts{"%11.5f", "%.1f", "%.2f"}));
+  host::setCurrentGeneratorData(host::GeneratorData::create("%,3f", "%.4f"));
+  EXPECT_EQ(formats(), (Texts{"%.3f", "%.4f", "%.2f"}));
+  host::setCurrentGeneratorData(host::GeneratorData::create("", "%.4f"));
+  EXPECT_EQ(formats(), (Texts{"%11.5f", "%.4f", "%.2f"}));
+  host::setCurrentGeneratorData(nullptr);
 }
 
 TEST_F(Explain, ListenerOfTheSessionIsAsBefore) {

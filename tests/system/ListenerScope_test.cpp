@@ -47,6 +47,9 @@ class Notes final : public KEPMfgPPWordListener {
                    std::to_string(static_cast<int>(outcome))});
   }
   void ValueLacking(Lack why) override { note("lacking", {std::to_string(static_cast<int>(why))}); }
+  void GenerationFormatUsed(const KEPUnicodeString& format) override {
+    note("format", {format.View()});
+  }
 
  private:
   void note(std::string_view call, const std::vector<std::string_view>& arguments) {
@@ -156,9 +159,11 @@ TEST(ListenerScope, EveryCallIsPassedOnWithItsArguments) {
   listener.TableEntry(KEPMfgPPWordListener::Section::Format, 3, "F",
                       KEPMfgPPWordListener::Outcome::Replaced);
   EXPECT_FALSE(KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Entry));
+  listener.GenerationFormatUsed(format);
   EXPECT_EQ(calls, (Calls{"outer: line evaluate GOTO/1", "outer: looked up A no type no evaluation",
                           "outer: value 7 %d", "outer: replaced A 2 7", "outer: dropped A $",
-                          "outer: operation 1 1+A ", "outer: entry 3 3 F 1", "outer: lacking 1"}));
+                          "outer: operation 1 1+A ", "outer: entry 3 3 F 1", "outer: lacking 1",
+                          "outer: format %d"}));
 }
 
 }  // namespace

@@ -31,6 +31,11 @@ bool findGenerationFormat(FormatSource source, KEPUnicodeString& format) {
   return true;
 }
 
+void reportUsed(const KEPUnicodeString& format) {
+  auto* const listener = KEPMfgPPWordListener::Current();
+  if (listener != nullptr) listener->GenerationFormatUsed(format);
+}
+
 bool reportFormat() { return KEPMfgPPWordListener::ReportLack(KEPMfgPPWordListener::Lack::Format); }
 
 /// Most numbers are printed by the format itself.
@@ -77,6 +82,7 @@ std::optional<KnownNumber::Found> KnownNumber::find(const Wanted& wanted) {
   Found found{buffer_, std::nullopt, {}};
   if (found.buffer == nullptr) return std::nullopt;
   if (wanted.source != FormatSource::Type && findGenerationFormat(wanted.source, found.text)) {
+    reportUsed(found.text);
     found.plain = PlainFixed::parse(found.text);
     return found;
   }
