@@ -240,7 +240,6 @@ bool Comparison::take(const ExpectedStatement& expected, const host::Element& el
   }
   const bool hasStatement = next_(statement_);
   if (hasStatement && isSame(expected, statement_, consumer_, mismatch_)) {
-    mayBeShifted_ = mayBeShifted_ || expected.mayBeEmpty();
     count(expected, element);
     return true;
   }
@@ -265,7 +264,10 @@ void Comparison::differ(Mismatch mismatch, bool hasStatement) {
 // swallowed, and one with a word that the reader does not understand, unless it is a text.
 void Comparison::count(const ExpectedStatement& expected, const host::Element& element) {
   const bool isKnown = expected.isText || expected.isKnown;
-  if (expected.isOpen() || expected.isDoubtful || !isKnown) {
+  const bool isOpen = expected.isOpen();
+  mayBeShifted_ =
+      isOpen ? mayBeShifted_ || expected.mayBeEmpty() : mayBeShifted_ && !expected.hasValue;
+  if (isOpen || expected.isDoubtful || !isKnown) {
     add(notVerified_, lines_->name, element);
     return;
   }

@@ -140,8 +140,8 @@ class Comparison {
   host::TextMap<const InstructionLines*> firstSequences_;
   std::unordered_map<const InstructionLines*, ExpectedStatements> allExpected_;
   Mismatch mismatch_;
-  /// True after a statement that can be an empty line, and where the statement after it was found
-  /// to be another one: nothing can be compared from there on.
+  /// True after a statement that can be an empty line, until one with a value is found; and where
+  /// the statement after it was another one: nothing can be compared from there on.
   bool mayBeShifted_ = false;
   bool isLost_ = false;
 };

@@ -397,7 +397,11 @@ TEST(Matching, NothingIsRefusedAfterALineThatMayBeEmpty) {
   EXPECT_EQ(comparisonOf(written, written.text),
             "agrees, 2 elements, 0 verified, 0 own; not verified NC_GOTO 1 from 3; "
             "not verified NC_RAPID 2 from 2");
-  // Where the line is there, all goes on.
+  // Where the line is there, all goes on, and a value shows that it does.
+  constexpr std::string_view kTwo = R"({"nc":"NC_RAPID"}
+{"nc":"NC_GOTO","points":[[1,2,3],[4,5,6]]})";
+  EXPECT_EQ(matched(kTwo, "0.5\nRAPID\nGOTO/1,2,3\nGOTO/4,5,7\n", kTable),
+            "4:10 7 | 6 | 3 NC_GOTO, point 2; not verified NC_RAPID 1 from 2");
   EXPECT_EQ(comparisonOf(written, "0.5\nRAPID\nGOTO/1,2,3\n"),
             "agrees, 2 elements, 2 verified, 1 own; not verified NC_RAPID 1 from 2");
 }
