@@ -214,19 +214,17 @@ void Comparison::noteOtherPoint(const host::Element& element) {
 bool Comparison::write(const host::Element& element, long point) {
   ++elements_;
   noteOtherPoint(element);
-  expected_->set(*lines_, values_, document_);
+  expected_->set(*lines_, values_, document_, consumer_);
   return std::ranges::all_of(*expected_, [&](const ExpectedStatement& expected) {
     return take(expected, element, point);
   });
 }
 
-// A line that is plainly as expected is the statement. A consumer that does not take each character
-// can have other ones in it.
+// A line that is plainly as expected is the statement.
 bool Comparison::takeLine(const ExpectedStatement& expected) {
-  const bool canTake = reader_ != nullptr && expected.fitsLine &&
-                       consumer_.characters == host::Consumer::Characters::Any;
   std::string_view line;
-  if (!canTake || !reader_->peek(line) || line.ends_with('$')) return false;
+  if (reader_ == nullptr || !expected.fitsLine || !reader_->peek(line) || line.ends_with('$'))
+    return false;
   if (!isPlainly(expected, line)) return false;
   reader_->skipLine();
   return true;

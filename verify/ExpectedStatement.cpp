@@ -41,6 +41,16 @@ bool isPrintOf(const PrintedNumber& number, double due) {
   return std::abs(number.value - due) <= doubt;
 }
 
+bool takesAll(const host::Consumer& consumer, std::string_view text) {
+  if (consumer.characters == host::Consumer::Characters::Any) return true;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::string_view character = host::characterAt(text, at);
+    if (!takes(consumer, character)) return false;
+    at += character.size();
+  }
+  return true;
+}
+
 /// Takes characters off a text that begins with them.
 bool take(std::string_view characters, std::string_view& text) {
   if (text.size() < characters.size()) return false;
@@ -221,9 +231,11 @@ bool ExpectedStatement::mayBeEmpty() const {
   return first != parts.end() && first->kind == Part::Kind::Anything;
 }
 
-bool ExpectedStatement::isOneLine() const {
-  return std::ranges::all_of(parts, [](const Part& part) {
-    return part.kind != Part::Kind::Anything && part.text.find('$') == std::string_view::npos;
+bool ExpectedStatement::isOneLine(const host::Consumer& consumer) const {
+  return std::ranges::all_of(parts, [&](const Part& part) {
+    const bool isPlain =
+        part.kind != Part::Kind::Anything && part.text.find('$') == std::string_view::npos;
+    return isPlain && takesAll(consumer, part.text);
   });
 }
 

@@ -36,7 +36,7 @@ struct ExpectedStatement {
   /// True when a line that could be a statement is part of it, only because the line before it ends
   /// with a comma.
   bool isDoubtful = false;
-  /// As isOneLine() says, once all parts are there.
+  /// As isOneLine() says for the consumer of the text, once all parts are there.
   bool fitsLine = false;
 
   /// How the statement would be written, for messages.
@@ -45,8 +45,9 @@ struct ExpectedStatement {
   [[nodiscard]] bool mayBeEmpty() const;
   /// True when the end of it is not known.
   [[nodiscard]] bool isOpen() const;
-  /// True when a line with the characters of it is the statement: without a $, and not open.
-  [[nodiscard]] bool isOneLine() const;
+  /// True when a line with the characters of it is the statement: without a $, not open, and with
+  /// no character that the consumer does not take.
+  [[nodiscard]] bool isOneLine(const host::Consumer& consumer) const;
 };
 
 /// Where a statement of a text is not the expected one.

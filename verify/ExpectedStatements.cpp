@@ -132,11 +132,11 @@ void ExpectedStatements::build(const InstructionLines& lines, const InputValues&
   count_ = static_cast<std::size_t>(std::remove_if(all_.begin(), end, isEmpty) - all_.begin());
 }
 
-void ExpectedStatements::finish(const InputValues& values) {
+void ExpectedStatements::finish(const InputValues& values, const host::Consumer& consumer) {
   numbers_.clear();
   for (std::size_t at = 0; at < count_; ++at) {
     ExpectedStatement& statement = all_[at];
-    statement.fitsLine = statement.isOneLine();
+    statement.fitsLine = statement.isOneLine(consumer);
     for (Part& part : statement.parts) {
       if (part.piece != nullptr)
         numbers_.push_back({&part, values.coordinateOf(part.piece->source)});
@@ -159,10 +159,10 @@ bool ExpectedStatements::renew(const InputValues& values) {
 }
 
 void ExpectedStatements::set(const InstructionLines& lines, const InputValues& values,
-                             const DocumentWords& words) {
+                             const DocumentWords& words, const host::Consumer& consumer) {
   if (renewable_ == &lines && renew(values)) return;
   build(lines, values, words);
-  finish(values);
+  finish(values, consumer);
   renewable_ = numbers_.size() == lines.references ? &lines : nullptr;
 }
 

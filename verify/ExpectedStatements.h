@@ -15,7 +15,8 @@ class ExpectedStatements {
  public:
   /// Sets the statements to those of an instruction. The same values are passed each time; lines
   /// and words must not change in between.
-  void set(const InstructionLines& lines, const InputValues& values, const DocumentWords& words);
+  void set(const InstructionLines& lines, const InputValues& values, const DocumentWords& words,
+           const host::Consumer& consumer);
 
   [[nodiscard]] const ExpectedStatement* begin() const { return all_.data(); }
   [[nodiscard]] const ExpectedStatement* end() const { return all_.data() + count_; }
@@ -30,7 +31,7 @@ class ExpectedStatements {
 
   [[nodiscard]] bool renew(const InputValues& values);
   void build(const InstructionLines& lines, const InputValues& values, const DocumentWords& words);
-  void finish(const InputValues& values);
+  void finish(const InputValues& values, const host::Consumer& consumer);
   ExpectedStatement& add();
   void addLine(const TableLine& line, bool isJoined, const InputValues& values,
                const DocumentWords& words);

@@ -31,8 +31,9 @@ bool isSequenceNumber(std::string_view field) {
   return !number.empty() && number.find_first_not_of(kFigures) == std::string_view::npos;
 }
 
-/// What is in a line after the columns of a statement.
+/// What is in a line after the columns of a statement: in a line of 80 bytes the last eight.
 std::string_view numberOf(std::string_view line) {
+  if (line.size() == kStatementColumns + kNumberColumns) return line.substr(kStatementColumns);
   return line.substr(host::bytesOfColumns(line, kStatementColumns));
 }
 
