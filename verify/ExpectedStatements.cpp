@@ -160,10 +160,10 @@ bool ExpectedStatements::renew(const InputValues& values) {
 
 void ExpectedStatements::set(const InstructionLines& lines, const InputValues& values,
                              const DocumentWords& words, const host::Consumer& consumer) {
-  if (renewable_ == &lines && renew(values)) return;
+  if (isRenewable_ && renew(values)) return;
   build(lines, values, words);
   finish(values, consumer);
-  renewable_ = numbers_.size() == lines.references ? &lines : nullptr;
+  isRenewable_ = numbers_.size() == lines.references;
 }
 
 }  // namespace verify

@@ -9,12 +9,12 @@
 
 namespace verify {
 
-/// The statements that the lines of an instruction print with the values of an input. They refer to
-/// the lines, the values and the words, and their memory is used again.
+/// The statements that the lines of one instruction print with the values of an input. They refer
+/// to the lines, the values and the words, and their memory is used again.
 class ExpectedStatements {
  public:
-  /// Sets the statements to those of an instruction. The same values are passed each time; lines
-  /// and words must not change in between.
+  /// Sets the statements to what the values are now. Lines, values, words and consumer are the same
+  /// objects each time; only the values may have changed.
   void set(const InstructionLines& lines, const InputValues& values, const DocumentWords& words,
            const host::Consumer& consumer);
 
@@ -39,8 +39,9 @@ class ExpectedStatements {
   /// The first `count_` are those of the instruction.
   std::vector<ExpectedStatement> all_;
   std::size_t count_ = 0;
-  /// Null where more than numbers can change when the instruction is used again.
-  const InstructionLines* renewable_ = nullptr;
+  /// False before the first use, and where more than numbers can change when the instruction is
+  /// used again.
+  bool isRenewable_ = false;
   std::vector<Number> numbers_;
   /// The last character of the last line.
   char last_ = '\0';
